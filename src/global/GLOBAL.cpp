@@ -1,0 +1,3 @@
+#include "global/GLOBAL.h"
+
+Globals GLOBAL;

@@ -1,0 +1,13 @@
+// The shared state. Only shells and forms name GLOBAL; pure functions take the record that they need.
+// `GLOBAL = {}` is the state at start.
+#pragma once
+
+#include "global/CurrentDataFile.h"
+#include "global/GraphHandOver.h"
+#include "global/GraphView.h"
+#include "global/ResultsHandOver.h"
+#include "global/SharedConstants.h"
+
+struct Globals : SharedConstants, CurrentDataFile, ResultsHandOver, GraphHandOver, GraphView {};
+
+extern Globals GLOBAL;

@@ -1,0 +1,18 @@
+// What passes between the runs, the results reader and the forms that show results.
+#pragma once
+
+#include "basic/CheckedArray.h"
+
+#include <string>
+
+struct ResultsHandOver {
+    CheckedArray<std::string, 0, 1> fileNames; // results file of each slot; set by the caller of the reader and by runs
+    int currentSlot = 0;                       // slot of the next load
+    bool loadFailed = false;                   // the last load was abandoned, or no file is current
+    bool graphResultsPending = false;          // set by a run, cleared by the set-up form's automatic load
+    bool reportResultsPending = false;         // set by a run, cleared by the report form's automatic load
+    bool returnedFromGraph = false;            // set when the graph closes; the set-up form then keeps its state
+    // The set-up form's box "Plot auto-interpolated points", which every load sets.
+    bool interpolatedBoxEnabled = true;
+    bool interpolatedBoxTicked = false;
+};

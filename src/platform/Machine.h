@@ -1,0 +1,31 @@
+// What the machine tells and does: the desktop, the day, the application folder, starting programs.
+#pragma once
+
+#include <string>
+
+struct WorkArea { // twips
+    double left = 0;
+    double top = 0;
+    double width = 9600;
+    double height = 6780;
+};
+
+struct Date {
+    int day = 1;
+    int month = 1;
+    int year = 2000;
+};
+
+// "dd/mm/yyyy"
+std::string dayMonthYear(const Date& date);
+
+class Machine {
+  public:
+    virtual ~Machine() = default;
+    virtual std::string applicationFolder() = 0; // a model name without a backslash at the end
+    virtual WorkArea workArea() = 0;
+    virtual Date today() = 0;
+    // Starts the engine's window, maximised and focused, and returns: a process of its own that runs the named
+    // program without arguments in the application folder. 53 where the program isn't there.
+    virtual void startEngine(const std::string& program) = 0;
+};

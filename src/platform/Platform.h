@@ -1,0 +1,18 @@
+// The doors to the outside world, given to every form.
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/Machine.h"
+#include "platform/Paper.h"
+#include "platform/TextMetrics.h"
+#include "platform/Windows.h"
+
+struct Platform {
+    Dialogs& dialogs;
+    Files& files;
+    Machine& machine;
+    Windows& windows;
+    Paper& paper;
+    const TextMetrics& screenMetrics;
+};

@@ -1,0 +1,55 @@
+// The results of one or two model runs, as the results reader leaves them: reaches, plotting points, series and
+// their statistics. One object for the whole program, written by the reader alone.
+//
+// Index conventions: slot 0 or 1; point 1..59999; series 0 flow, 1..n concentrations, n+1..2n loads; level 0, 1, 2
+// for the 90, 95 and 99 percentile; reach 0..59999. An index outside is error 9.
+#pragma once
+
+#include "basic/CheckedArray.h"
+#include "global/GraphHandOver.h"
+#include "results/ValueStore.h"
+
+#include <string>
+#include <vector>
+
+inline constexpr int MaxSeries = 20; // flow, and concentration and load of ten determinands
+inline constexpr int MaxDeterminands = 10;
+inline constexpr int MaxReachNumber = 59999;
+inline constexpr int InterpolatedPointType = 99;
+
+struct ResultsDataSet {
+    std::string resultsTitle;
+    int percentileMode = 0;
+    std::string percentileLevel;   // "95", "90" or "99"
+    std::string percentileCaption; // "95%-ile", "Mean", "90%-ile" or "99%-ile"
+    int determinandCount = 0;
+    int seriesCount = 0; // n while reading, 2n after a load
+    CheckedArray<std::string, 0, MaxSeries> seriesNames;
+    CheckedArray<int, 1, MaxDeterminands> determinandTypes;
+    CheckedArray<int, 1, MaxDeterminands> determinandStatistics;
+    // The names as read, without " (Conc)" and " (Load)", for the comparison with a second file.
+    CheckedArray<std::string, 1, MaxDeterminands> determinandNames;
+
+    int reachCount = 0;
+    // One value with a second role: the level typed in the set-up form's level box is kept here too.
+    int& typedPercentileLevel() { return reachCount; }
+
+    CheckedVector<std::string, MaxReachNumber> reachNames; // 16 characters, "" without a reach line
+    CheckedVector<double, MaxReachNumber> reachLengths;    // see reachLength()
+    CheckedVector<int, MaxReachNumber> reachNext;          // next reach downstream, 0 none
+    std::vector<int> reachOrder;                           // reach numbers in the order of the reach lines
+
+    int pointCount = 0;
+    CheckedVector<int, MaxPlottingPoints> pointReach; // 0 beyond the last point
+    CheckedVector<double, MaxPlottingPoints> pointDistance;
+    CheckedVector<std::string, MaxPlottingPoints> pointLabel;
+    CheckedVector<std::string, MaxPlottingPoints> pointSide; // "U/S", "D/S" or ""
+    CheckedVector<int, MaxPlottingPoints> pointFeatureType;
+
+    bool hasInterpolatedPoints = false;
+    CheckedArray<double, 0, MaxSeries> seriesMaximum;
+
+    CheckedArray<ValueStore, 0, 1> values; // by slot
+};
+
+extern ResultsDataSet RESULTS;

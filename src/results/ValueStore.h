@@ -1,0 +1,45 @@
+// The values of one slot: for each field and series one column of 60000 numbers by point index, in one anonymous
+// mapping whose pages stay untouched until they are written.
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+// Extents: series 0..20 for all; level 0..2 for the percentile fields.
+enum class ValueField {
+    meanValue,
+    meanLimit1,
+    meanLimit2,
+    observedMean,
+    targetValue,
+    percentileValues,
+    percentileLimit1,
+    percentileLimit2,
+    observedPercentiles
+};
+
+class ValueStore {
+  public:
+    ValueStore();
+    ~ValueStore();
+    ValueStore(const ValueStore&) = delete;
+    ValueStore& operator=(const ValueStore&) = delete;
+
+    static constexpr int points = 60000; // indices 0..59999
+
+    // A whole column; error 9 for a series or level outside its extent.
+    std::span<double> column(ValueField field, int series, int level = 0);
+    std::span<const double> column(ValueField field, int series, int level = 0) const;
+    double at(ValueField field, int point, int series, int level = 0) const;
+
+    bool everWritten() const; // a load has stored values here
+    void markWritten();
+    // Gives the memory back; every value is 0 again.
+    void reset();
+
+  private:
+    std::size_t offsetOf(ValueField field, int series, int level) const;
+
+    double* m_values = nullptr;
+    bool m_everWritten = false;
+};
