@@ -1,5 +1,5 @@
-// Free-format list input: fields separated by commas or line ends, strings optionally in double quotes, read in one
-// forward pass over chunks of bytes.
+// Free-format list input: fields separated by commas or line ends, strings optionally in double quotes, read
+// in one forward pass over chunks of bytes.
 #pragma once
 
 #include "basic/ByteSource.h"
@@ -27,9 +27,34 @@ class ListInput {
     // Yes where only blanks, blank lines and Ctrl-Z characters are left.
     bool atEnd();
 
-    std::size_t bytesConsumed() const;
+    std::size_t bytesConsumed() const { return m_dropped + m_next; }
 
   private:
+    struct Field { // from m_kept
+        std::size_t start = 0;
+        std::size_t length = 0;
+    };
+
+    bool more();
+    bool hasByte();
+    void beginField();
+    void endField();
+    void endLine();
+    void skipBlanks();
+    Field quotedField();
+    template <typename IsEnd>
+    Field plainField(IsEnd isEnd);
+    std::string_view viewOf(const Field& field) const;
+    double generalNumber();
+
     ByteSource& m_source;
+    std::size_t m_chunkSize;
+    // The bytes in hand: [m_kept, m_end), of which those before m_next are consumed but still in use. One
+    // line end stands behind them as a sentinel, so that scans need no other bound.
     std::vector<char> m_buffer;
+    std::size_t m_kept = 0;
+    std::size_t m_next = 0;
+    std::size_t m_end = 0;
+    std::size_t m_dropped = 0; // bytes that the buffer no longer holds
+    bool m_sourceEnded = false;
 };
