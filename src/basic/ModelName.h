@@ -12,5 +12,5 @@ std::string modelNameOfHostPath(std::string_view hostPath);
 std::string folderOf(std::string_view modelName);
 // What follows the last backslash; the whole name without one.
 std::string fileOf(std::string_view modelName);
-// A folder with exactly one backslash between it and the file.
+// A folder with exactly one backslash between it and the file; the file alone where the folder is "".
 std::string inFolder(std::string_view folder, std::string_view file);

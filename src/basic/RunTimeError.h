@@ -7,7 +7,8 @@
 
 struct RunTimeError : std::exception {
     RunTimeError(int failureNumber, std::string failureDescription);
-    // The description that belongs to the number; 95's "Application-defined or object-defined error" for an unknown one.
+    // With the description that belongs to the number; an unknown one has "Application-defined or
+    // object-defined error".
     explicit RunTimeError(int failureNumber);
 
     const char* what() const noexcept override { return description.c_str(); }

@@ -1,0 +1,85 @@
+#include "basic/DiskNames.h"
+
+#include "basic/Text.h"
+
+#include <dirent.h>
+#include <memory>
+#include <sys/stat.h>
+#include <vector>
+
+namespace {
+
+std::vector<std::string> componentsOf(std::string_view path, char separator) {
+    std::vector<std::string> components;
+    while (!path.empty()) {
+        const auto end = std::min(path.find(separator), path.size());
+        if (end > 0) components.emplace_back(path.substr(0, end));
+        path.remove_prefix(std::min(end + 1, path.size()));
+    }
+    return components;
+}
+
+// The folder is "" for the root, or ends without a slash.
+std::string pathIn(const std::string& folder, const std::string& component) {
+    return folder + '/' + component;
+}
+
+bool isThere(const std::string& path) {
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0;
+}
+
+// The first name in byte order that differs from the component in case only; the component itself without
+// one.
+std::string firstTwin(const std::string& folder, const std::string& component) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(pathIn(folder, ".").c_str()), closedir);
+    const std::string wanted = upperCase(component);
+    std::string found;
+    if (!listing) return component;
+    while (const dirent* entry = readdir(listing.get())) {
+        const std::string name = entry->d_name;
+        if (upperCase(name) == wanted && (found.empty() || name < found)) found = name;
+    }
+    return found.empty() ? component : found;
+}
+
+std::string spellingOnDisk(const std::string& folder, const std::string& component) {
+    return isThere(pathIn(folder, component)) ? component : firstTwin(folder, component);
+}
+
+bool isOnZ(std::string_view name) {
+    return name.size() >= 2 && (name[0] == 'Z' || name[0] == 'z') && name[1] == ':' &&
+           (name.size() == 2 || name[2] == '\\');
+}
+
+} // namespace
+
+std::string hostPathOf(std::string_view modelName) {
+    if (!isOnZ(modelName)) return std::string(modelName);
+    std::string path;
+    for (const std::string& component : componentsOf(modelName.substr(2), '\\'))
+        path = pathIn(path, spellingOnDisk(path, component));
+    return path.empty() ? "/" : path;
+}
+
+std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse use) {
+    if (contains(hostPath, "\\"))
+        return "The name holds a backslash, which a model name can't hold. Rename the file or folder.";
+    std::string folder;
+    for (const std::string& component : componentsOf(hostPath, '/')) {
+        const std::string spelt = use == NameUse::inUpperCase ? upperCase(component) : component;
+        const std::string found = spellingOnDisk(folder, spelt);
+        if (found != component) {
+            if (isThere(pathIn(folder, found)))
+                return "Another file or folder has the same name but for upper and lower case. Rename one of "
+                       "them.";
+            if (isThere(pathIn(folder, component)))
+                return "The folder of this file can't be listed, so that the file would not be found again. "
+                       "Choose a file "
+                       "in another folder.";
+            return std::nullopt; // a new name, made as it is spelt
+        }
+        folder = pathIn(folder, component);
+    }
+    return std::nullopt;
+}

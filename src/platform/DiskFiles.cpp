@@ -1,0 +1,249 @@
+#include "platform/DiskFiles.h"
+
+#include "basic/DiskNames.h"
+#include "basic/ModelName.h"
+#include "basic/RunTimeError.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+class Descriptor {
+  public:
+    explicit Descriptor(int number = -1) : m_number(number) {}
+    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
+    ~Descriptor() {
+        if (m_number >= 0) ::close(m_number);
+    }
+    int number() const { return m_number; }
+    bool isOpen() const { return m_number >= 0; }
+
+  private:
+    int m_number;
+};
+
+[[noreturn]] void fail(int number) {
+    throw RunTimeError(number);
+}
+
+[[noreturn]] void failWithErrno() {
+    throw runTimeErrorOfErrno(errno);
+}
+
+std::string hostFolderOf(const std::string& path) {
+    const auto slash = path.rfind('/');
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool isThere(const std::string& path) {
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0;
+}
+
+// Where nothing has the name, a missing folder is told from a missing file.
+[[noreturn]] void failOn(const std::string& path) {
+    const int code = errno;
+    struct stat status;
+    if (code == ENOENT && stat(hostFolderOf(path).c_str(), &status) != 0) fail(errors::pathNotFound);
+    throw runTimeErrorOfErrno(code);
+}
+
+[[noreturn]] void failOnFolder() {
+    if (errno == ENOENT) fail(errors::pathNotFound);
+    failWithErrno();
+}
+
+// A name without a place on this machine (another drive) is a path that isn't found.
+std::string hostPathOrFail(const std::string& name) {
+    if (name.empty()) fail(errors::pathFileAccessError);
+    if (name.find('\0') != std::string::npos) fail(errors::badFileNameOrNumber);
+    std::string path = hostPathOf(name);
+    if (!path.starts_with('/')) fail(errors::pathNotFound);
+    return path;
+}
+
+// -1 with errno set, as the system call.
+template <typename Call>
+auto untilNotInterrupted(Call call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+class DiskSource : public ByteSource {
+  public:
+    DiskSource(Descriptor file, std::size_t size) : m_file(std::move(file)), m_size(size) {}
+    std::size_t read(char* into, std::size_t capacity) override {
+        const auto count = untilNotInterrupted([&] { return ::read(m_file.number(), into, capacity); });
+        if (count < 0) fail(errors::deviceIoError);
+        return static_cast<std::size_t>(count);
+    }
+    std::size_t size() const override { return m_size; }
+
+  private:
+    Descriptor m_file;
+    std::size_t m_size;
+};
+
+// What a new file replaces: the file's own path, links followed, and its status where it is there.
+struct Target {
+    std::string path;
+    std::optional<struct stat> status;
+};
+
+Target targetAt(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) {
+        if (errno != ENOENT) failOn(path);
+        return {path, std::nullopt};
+    }
+    if (!S_ISREG(status.st_mode)) fail(errors::pathFileAccessError);
+    const std::unique_ptr<char, void (*)(void*)> resolved(realpath(path.c_str(), nullptr), std::free);
+    return {resolved ? resolved.get() : path, status};
+}
+
+bool isHeldBySpreadsheet(const std::string& path) {
+    const auto nameAt = path.rfind('/') + 1;
+    return isThere(path.substr(0, nameAt) + ".~lock." + path.substr(nameAt) + '#');
+}
+
+void refuseIfUnwritable(const Target& target) {
+    if (isHeldBySpreadsheet(target.path)) fail(errors::permissionDenied);
+    if (target.status && !Descriptor(::open(target.path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC)).isOpen())
+        fail(errors::permissionDenied);
+}
+
+class DiskNewFile : public NewFile {
+  public:
+    explicit DiskNewFile(Target target) : m_target(std::move(target)) {
+        const mode_t mode = m_target.status ? m_target.status->st_mode & 07777 : 0666;
+        createBeside(mode);
+        if (!m_target.status) return;
+        // Root keeps the old file's owner; for anybody else the file becomes their own.
+        if (fchown(m_file.number(), m_target.status->st_uid, m_target.status->st_gid) != 0) errno = 0;
+        if (fchmod(m_file.number(), mode) != 0) failAndRemove();
+    }
+    ~DiskNewFile() override {
+        if (m_file.isOpen()) ::unlink(m_path.c_str());
+    }
+    void write(std::string_view bytes) override {
+        m_pending.append(bytes);
+        if (m_pending.size() >= bufferSize) flush();
+    }
+    void commit() override {
+        flush();
+        if (untilNotInterrupted([&] { return fsync(m_file.number()); }) != 0) failWithErrno();
+        if (std::rename(m_path.c_str(), m_target.path.c_str()) != 0) failWithErrno();
+        m_file = Descriptor();
+        const Descriptor folder(
+            ::open(hostFolderOf(m_target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (folder.isOpen()) fsync(folder.number()); // so that the new name outlasts a power cut
+    }
+
+  private:
+    static constexpr std::size_t bufferSize = 256 * 1024;
+
+    void createBeside(mode_t mode) {
+        const std::string start = m_target.path.substr(0, m_target.path.rfind('/') + 1) + ".korvel-" +
+                                  std::to_string(getpid()) + '-';
+        int attempt = 0;
+        do {
+            m_path = start + std::to_string(attempt++);
+            m_file = Descriptor(::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+        } while (!m_file.isOpen() && errno == EEXIST && attempt < INT_MAX);
+        if (!m_file.isOpen()) failToCreate();
+    }
+    [[noreturn]] void failToCreate() const {
+        const bool closedFolder = errno == EACCES || errno == EPERM || errno == EROFS;
+        if (closedFolder) fail(m_target.status ? errors::permissionDenied : errors::pathFileAccessError);
+        failOn(m_path);
+    }
+    [[noreturn]] void failAndRemove() const {
+        const int code = errno;
+        ::unlink(m_path.c_str());
+        throw runTimeErrorOfErrno(code);
+    }
+    void flush() {
+        std::string_view rest = m_pending;
+        while (!rest.empty()) {
+            const auto count =
+                untilNotInterrupted([&] { return ::write(m_file.number(), rest.data(), rest.size()); });
+            if (count < 0) failWithErrno();
+            rest.remove_prefix(static_cast<std::size_t>(count));
+        }
+        m_pending.clear();
+    }
+
+    Target m_target;
+    std::string m_path; // of the file beside
+    Descriptor m_file;
+    std::string m_pending;
+};
+
+bool isFileIn(const std::string& folder, const dirent& entry) {
+    struct stat status;
+    return stat((folder + '/' + entry.d_name).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+} // namespace
+
+// Opened without waiting, so that a pipe without a writer is refused and doesn't hang the program.
+std::unique_ptr<ByteSource> DiskFiles::open(const std::string& name) {
+    const std::string path = hostPathOrFail(name);
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat status;
+    if (!file.isOpen()) failOn(path);
+    if (fstat(file.number(), &status) != 0) failWithErrno();
+    if (!S_ISREG(status.st_mode)) fail(errors::pathFileAccessError);
+    return std::make_unique<DiskSource>(std::move(file), static_cast<std::size_t>(status.st_size));
+}
+
+std::unique_ptr<NewFile> DiskFiles::create(const std::string& name) {
+    Target target = targetAt(hostPathOrFail(name));
+    refuseIfUnwritable(target);
+    return std::make_unique<DiskNewFile>(std::move(target));
+}
+
+bool DiskFiles::exists(const std::string& name) {
+    struct stat status;
+    return stat(hostPathOf(name).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+void DiskFiles::remove(const std::string& name) {
+    const std::string path = hostPathOrFail(name);
+    if (::unlink(path.c_str()) != 0) failOn(path);
+}
+
+std::vector<std::string> DiskFiles::filesIn(const std::string& folder) {
+    const std::string path = hostPathOrFail(folder);
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(path.c_str()), closedir);
+    if (!listing) failOnFolder();
+    std::vector<std::string> names;
+    while (const dirent* entry = readdir(listing.get()))
+        if (isFileIn(path, *entry)) names.emplace_back(entry->d_name);
+    return names;
+}
+
+std::string DiskFiles::currentFolder() {
+    const std::unique_ptr<char, void (*)(void*)> path(getcwd(nullptr, 0), std::free);
+    if (!path) failOnFolder();
+    return modelNameOfHostPath(path.get());
+}
+
+void DiskFiles::setCurrentFolder(const std::string& folder) {
+    if (chdir(hostPathOrFail(folder).c_str()) != 0) failOnFolder();
+}
