@@ -1,0 +1,117 @@
+// The outside world for tests. What the user will do is queued beforehand, in the order in which it will be
+// asked for; what the program does is written down, one line a call. A question that nobody queued an answer
+// for fails the test at once, and so does an answer that nobody asked for, at the end.
+//
+// Files are real ones, in a temporary application folder that is removed at the end; in the transcript its
+// model name is written "{app}", or "{APP}" in upper case. The current folder is the fake's own: the
+// process's stays.
+#pragma once
+
+#include "fakes/FixedTextMetrics.h"
+#include "platform/DiskFiles.h"
+#include "platform/Platform.h"
+
+#include <deque>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <variant>
+#include <vector>
+
+struct UnexpectedQuestion : std::logic_error {
+    using std::logic_error::logic_error;
+};
+
+class FakePlatform : private Dialogs, private DiskFiles, private Machine, private Windows, private Paper {
+  public:
+    FakePlatform();
+    ~FakePlatform() override;
+    FakePlatform(const FakePlatform&) = delete;
+    FakePlatform& operator=(const FakePlatform&) = delete;
+
+    Platform& platform() { return m_platform; }
+    operator Platform&() { return m_platform; }
+
+    // What the user will do.
+    void willAnswer(Answer answer);
+    void willChoose(const std::string& modelName);
+    void willChooseRefused(const std::string& modelName, const std::string& refusal);
+    void willCancel(); // a file dialog
+    void willFailDialog(const RunTimeError& error);
+    void willChoosePrinter();
+    void willFailPrinterDialog(const RunTimeError& error);
+    // On the modal form of this name, between its activation and its closing.
+    void willActOn(const std::string& formName, std::function<void(ShownForm&)> action);
+    // Fails the test where something queued was never asked for, and forgets it.
+    void expectDone();
+
+    // What the program did since the last call.
+    std::string takeTranscript();
+
+    // The form below all modal ones; it is activated when the last of them has closed.
+    void setBottomForm(ShownForm& form) { m_bottomForm = &form; }
+    bool ended() const { return m_ended; }
+
+    std::string folder() const { return m_folder; } // the application folder's model name
+    std::string pathOf(const std::string& file) const;
+    void putFile(const std::string& name, const std::string& bytes); // a name without folder lies in {app}
+    void putEngine();
+    std::string fileText(const std::string& name);
+    bool hasFile(const std::string& name);
+
+    WorkArea desktop;
+    Date day{5, 11, 2026};
+
+  private:
+    struct Choice {
+        ChosenFile file;
+    };
+    struct Cancel {};
+    struct PrinterChoice {};
+    struct Failure {
+        RunTimeError error;
+    };
+    struct PrinterFailure {
+        RunTimeError error;
+    };
+    struct FormAction {
+        std::string formName;
+        std::function<void(ShownForm&)> action;
+    };
+    using Deed = std::variant<Answer, Choice, Cancel, Failure, PrinterChoice, PrinterFailure, FormAction>;
+
+    Answer show(const Message& message) override;
+    std::optional<ChosenFile> chooseFile(FileDialogKind kind, const FileDialogSettings& settings) override;
+    void choosePrinter(const std::string& objectName) override;
+
+    std::string currentFolder() override { return m_currentFolder; }
+    void setCurrentFolder(const std::string& folder) override;
+
+    std::string applicationFolder() override { return m_folder; }
+    WorkArea workArea() override { return desktop; }
+    Date today() override { return day; }
+    void startEngine(const std::string& program) override;
+
+    void showModal(ShownForm& form) override;
+    void showModeless(ShownForm& form) override;
+    void close(ShownForm& form) override;
+    void endProgram() override;
+    void failProgram(const RunTimeError& error) override;
+    void updateScreen() override {}
+
+    const TextMetrics& metrics() const override { return m_metrics; }
+
+    void note(const std::string& line);
+    Deed nextDeed(const std::string& question);
+    [[noreturn]] void failUnexpected(const std::string& question);
+
+    std::deque<Deed> m_deeds;
+    std::string m_transcript;
+    std::string m_folder;
+    std::string m_currentFolder;
+    ShownForm* m_bottomForm = nullptr;
+    std::vector<ShownForm*> m_modalForms;
+    bool m_ended = false;
+    FixedTextMetrics m_metrics;
+    Platform m_platform;
+};
