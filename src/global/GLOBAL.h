@@ -5,9 +5,12 @@
 #include "global/CurrentDataFile.h"
 #include "global/GraphHandOver.h"
 #include "global/GraphView.h"
+#include "global/MainFormState.h"
 #include "global/ResultsHandOver.h"
 #include "global/SharedConstants.h"
 
-struct Globals : SharedConstants, CurrentDataFile, ResultsHandOver, GraphHandOver, GraphView {};
+struct Globals : SharedConstants, CurrentDataFile, ResultsHandOver, GraphHandOver, GraphView {
+    MainFormState mainForm;
+};
 
 extern Globals GLOBAL;

@@ -16,5 +16,4 @@ struct SharedConstants {
     int highlightColour = colours::yellow;
     std::string doubleLineBreak = "\r\n\r\n";
     std::string LoadingMessage = "PLEASE WAIT - DATA FILE LOADING";
-    int displayLevel = 0;
 };
