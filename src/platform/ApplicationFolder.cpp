@@ -1,0 +1,74 @@
+#include "platform/ApplicationFolder.h"
+
+#include "basic/LineOutput.h"
+#include "basic/ModelName.h"
+#include "basic/Text.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+std::string absolute(const std::string& path) {
+    std::string whole = fs::absolute(path).lexically_normal().string();
+    while (whole.size() > 1 && whole.back() == '/') whole.pop_back();
+    return whole;
+}
+
+fs::path userFolder(const ApplicationFolderSources& sources) {
+    const fs::path data = sources.dataHome.empty() ? fs::path(sources.home) / ".local/share" : fs::path(sources.dataHome);
+    return data / "korvel";
+}
+
+bool isHelpPage(const std::string& file) { return beginsWith(file, "KORDAT") && last(file, 4) == ".TXT"; }
+
+void copyInstalled(const fs::path& from, const fs::path& to) {
+    std::error_code ignored;
+    for (const fs::directory_entry& entry : fs::directory_iterator(from, ignored)) {
+        const std::string file = entry.path().filename().string();
+        if (file == "korvelf157.exe" || isHelpPage(file))
+            fs::copy_file(entry.path(), to / file, fs::copy_options::skip_existing, ignored);
+    }
+}
+
+void writeFirstSettings(const fs::path& file, const std::string& home) {
+    if (fs::exists(file)) return;
+    LineOutput lines;
+    lines.line(modelNameOfHostPath(home));
+    lines.line("");
+    lines.line("False");
+    std::ofstream(file, std::ios::binary) << lines.text();
+}
+
+} // namespace
+
+ApplicationFolderSources applicationFolderSources(std::optional<std::string> option) {
+    std::error_code ignored;
+    return {std::move(option), environment("KORVEL_HOME"),
+            fs::read_symlink("/proc/self/exe", ignored).parent_path().string(), environment("XDG_DATA_HOME"),
+            environment("HOME")};
+}
+
+std::string applicationFolder(const ApplicationFolderSources& sources) {
+    if (sources.option) return absolute(*sources.option);
+    if (!sources.korvelHome.empty()) return absolute(sources.korvelHome);
+    if (access(sources.executableFolder.c_str(), W_OK) == 0) return absolute(sources.executableFolder);
+    return absolute(userFolder(sources).string());
+}
+
+void fillApplicationFolder(const std::string& folder, const ApplicationFolderSources& sources) {
+    if (folder != absolute(userFolder(sources).string())) return;
+    std::error_code ignored;
+    fs::create_directories(folder, ignored);
+    copyInstalled(sources.executableFolder, folder);
+    writeFirstSettings(fs::path(folder) / "MISC.TXT", sources.home);
+}

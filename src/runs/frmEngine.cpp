@@ -1,0 +1,145 @@
+#include "runs/frmEngine.h"
+
+#include "basic/DiskNames.h"
+#include "basic/ModelName.h"
+#include "toolkit/Shown.h"
+
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QScrollBar>
+#include <QTextCursor>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int mostLines = 200000;
+constexpr int tickMilliseconds = 200;
+const char* const engineName = "korvelf157.exe";
+
+// "4.2 s", from a minute on "3 min 07 s".
+std::string timeTaken(qint64 milliseconds) {
+    const qint64 seconds = milliseconds / 1000;
+    if (seconds < 60) return QString::number(static_cast<double>(milliseconds) / 1000, 'f', 1).toStdString() + " s";
+    return QString("%1 min %2 s").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0')).toStdString();
+}
+
+} // namespace
+
+frmEngine::frmEngine(Platform& doors)
+    : Form(doors, "frmEngine", "KORVEL model run"), txtOutput(*new QPlainTextEdit(&client())) {
+    layOut();
+    on(cmdStop, &QPushButton::clicked, [this] { askedToStop(); });
+    on(cmdClose, &QPushButton::clicked, [this] { close(); });
+    on(m_tick, &QTimer::timeout, [this] { refresh(); });
+    m_engine.onOutput = handlers().guarded([this](std::string_view bytes) { showOutput(bytes); });
+    m_engine.onFinished = handlers().guarded([this](int status) { engineFinished(status); });
+}
+
+void frmEngine::layOut() {
+    txtOutput.setObjectName("txtOutput");
+    txtOutput.setAccessibleName("Output of the model");
+    txtOutput.setReadOnly(true);
+    txtOutput.setUndoRedoEnabled(false);
+    txtOutput.setMaximumBlockCount(mostLines);
+    txtOutput.setLineWrapMode(QPlainTextEdit::NoWrap);
+    QFont font("Courier New", 11);
+    font.setStyleHint(QFont::Monospace);
+    txtOutput.setFont(font);
+
+    auto* head = new QHBoxLayout;
+    head->addWidget(&lblState);
+    head->addSpacing(24);
+    head->addWidget(&lblFile, 1);
+    head->addWidget(&lblTime);
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(&lblNext, 1);
+    foot->addWidget(&cmdStop);
+    foot->addWidget(&cmdClose);
+    auto* all = new QVBoxLayout(&client());
+    all->setContentsMargins(16, 12, 16, 12);
+    all->setSpacing(10);
+    all->addLayout(head);
+    all->addWidget(&txtOutput, 1);
+    all->addLayout(foot);
+}
+
+void frmEngine::onActivate() {
+    if (m_started) return;
+    m_started = true;
+    m_clock.start();
+    m_tick.start(tickMilliseconds);
+    startEngine();
+}
+
+void frmEngine::startEngine() {
+    const std::string folder = doors().machine.applicationFolder();
+    const auto problem = m_engine.start(hostPathOf(inFolder(folder, engineName)), hostPathOf(folder));
+    if (problem) {
+        append(*problem + "\n");
+        engineFinished(127);
+    }
+    refresh();
+}
+
+void frmEngine::showOutput(std::string_view bytes) {
+    std::string text;
+    for (const std::string& line : m_output.feed(bytes)) text += shownUtf8(line) + "\n";
+    append(text);
+}
+
+// The line that is still open is taken back and shown anew, as more of it may have come.
+void frmEngine::append(const std::string& text) {
+    QScrollBar& bar = *txtOutput.verticalScrollBar();
+    const bool followsEnd = bar.value() >= bar.maximum();
+    QTextCursor cursor(txtOutput.document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.movePosition(QTextCursor::StartOfBlock, QTextCursor::KeepAnchor);
+    cursor.insertText(shown(text + shownUtf8(m_output.openLine())));
+    if (followsEnd) bar.setValue(bar.maximum());
+}
+
+void frmEngine::engineFinished(int status) {
+    m_status = status;
+    m_milliseconds = m_clock.elapsed();
+    m_tick.stop();
+    m_state = m_stopRequested ? State::stopped : status == 0 ? State::finished : State::failed;
+    refresh();
+    cmdClose.setFocus();
+}
+
+bool frmEngine::wantsToStop() {
+    const Message question{"The model is still running. Do you want to stop it?", "KORVEL", Icon::question, Buttons::yesNo};
+    return doors().dialogs.show(question) == Answer::yes;
+}
+
+void frmEngine::askedToStop() {
+    if (!wantsToStop() || !m_engine.running()) return;
+    m_stopRequested = true;
+    m_engine.stop();
+}
+
+bool frmEngine::onClose() {
+    if (!m_engine.running()) return true;
+    return wantsToStop(); // the engine ends with the window
+}
+
+std::string frmEngine::stateText() const {
+    switch (m_state) {
+    case State::running: return "Running";
+    case State::finished: return "Finished";
+    case State::failed: return "Failed (status " + std::to_string(m_status) + ")";
+    case State::stopped: return "Stopped";
+    }
+    return "";
+}
+
+void frmEngine::refresh() {
+    const bool running = m_state == State::running;
+    lblState.setText(shown(stateText()));
+    lblTime.setText(shown("Time taken: " + timeTaken(running ? m_clock.elapsed() : m_milliseconds)));
+    lblFile.setText(shown(m_output.fileInHand()));
+    cmdStop.setEnabled(running);
+    lblNext.setText(m_state == State::finished
+                        ? "Close this window and choose Graphs or Reports in KORVEL to study the results."
+                        : QString());
+}

@@ -1,0 +1,52 @@
+// The engine's window, a process of its own: it starts the engine, shows its output as it comes, and says how it
+// ended. It outlives the front end.
+#pragma once
+
+#include "runs/EngineOutput.h"
+#include "toolkit/EngineProcess.h"
+#include "toolkit/Form.h"
+
+#include <QElapsedTimer>
+#include <QPlainTextEdit>
+#include <QTimer>
+
+class frmEngine : public Form {
+  public:
+    explicit frmEngine(Platform& doors);
+
+  protected:
+    void onActivate() override;
+    bool onClose() override;
+
+  private:
+    enum class State { running, finished, failed, stopped };
+
+    void layOut();
+    void startEngine();
+    void showOutput(std::string_view bytes);
+    void append(const std::string& text);
+    void engineFinished(int status);
+    void askedToStop();
+    bool wantsToStop();
+    void refresh();
+    std::string stateText() const;
+
+    QLabel& lblState = label("lblState", "Running", {}, {.fontSize = 12, .bold = true});
+    QLabel& lblTime = label("lblTime", "", {}, {.fontSize = 11});
+    QLabel& lblFile = label("lblFile", "", {}, {.fontSize = 11});
+    QPlainTextEdit& txtOutput;
+    QLabel& lblNext = label("lblNext", "", {}, {.fontSize = 11, .wraps = true});
+    QPushButton& cmdStop = button("cmdStop", "&Stop the model", {}, {.fontSize = 11});
+    QPushButton& cmdClose = button("cmdClose", "&Close", {}, {.fontSize = 11});
+
+    EngineProcess m_engine;
+    EngineOutput m_output;
+    QElapsedTimer m_clock;
+    QTimer m_tick;
+    State m_state = State::running;
+    int m_status = 0;
+    qint64 m_milliseconds = 0;
+    bool m_started = false;
+    bool m_stopRequested = false;
+    std::string m_shownOpenLine;
+};

@@ -1,0 +1,90 @@
+#include "toolkit/QtDialogs.h"
+
+#include "basic/ModelName.h"
+#include "toolkit/PrinterChoice.h"
+#include "toolkit/Shown.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+
+namespace {
+
+QWidget* topForm() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+QMessageBox::Icon iconOf(Icon icon) {
+    switch (icon) {
+    case Icon::exclamation: return QMessageBox::Warning;
+    case Icon::question: return QMessageBox::Question;
+    case Icon::critical: return QMessageBox::Critical;
+    case Icon::information: return QMessageBox::Information;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// "caption|pattern|caption|pattern" as Qt lists it. A caption that names its own pattern stands as it is.
+QStringList nameFilters(const std::string& filter) {
+    const QStringList parts = shown(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const bool namesPattern = parts[i].contains('(' + parts[i + 1] + ')');
+        filters << (namesPattern ? parts[i] : parts[i] + " (" + parts[i + 1] + ')');
+    }
+    return filters;
+}
+
+// The dialog takes any name: what is wrong with it is the program's own check to say.
+void prepare(QFileDialog& dialog, FileDialogKind kind, const FileDialogSettings& settings) {
+    dialog.setObjectName(shown(settings.objectName));
+    dialog.setWindowTitle(shown(settings.title));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setAcceptMode(kind == FileDialogKind::open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !settings.overwritePrompt);
+    dialog.setNameFilters(nameFilters(settings.filter));
+    if (!settings.initialFolder.empty())
+        dialog.setDirectory(QFile::decodeName(hostPathOf(settings.initialFolder).c_str()));
+}
+
+} // namespace
+
+Answer QtDialogs::show(const Message& message) {
+    QMessageBox box(topForm());
+    box.setObjectName("messageBox");
+    box.setWindowTitle(shown(message.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(shown(message.text));
+    box.setIcon(iconOf(message.icon));
+    const bool asks = message.buttons == Buttons::yesNo;
+    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::StandardButtons(QMessageBox::Ok));
+    const int pressed = box.exec();
+    if (!asks) return Answer::ok;
+    return pressed == QMessageBox::Yes ? Answer::yes : Answer::no;
+}
+
+std::optional<ChosenFile> QtDialogs::chooseFile(FileDialogKind kind, const FileDialogSettings& settings) {
+    QFileDialog dialog(topForm());
+    prepare(dialog, kind, settings);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    const QString path = QDir::cleanPath(dialog.selectedFiles().constFirst());
+    QDir::setCurrent(QFileInfo(path).absolutePath());
+    const std::string hostPath = QFile::encodeName(path).toStdString();
+    return ChosenFile{modelNameOfHostPath(hostPath), whyNotAModelName(hostPath, settings.nameUse)};
+}
+
+void QtDialogs::choosePrinter(const std::string& objectName) {
+    QPrintDialog dialog(&m_printer.printer(), topForm());
+    dialog.setObjectName(shown(objectName));
+    if (dialog.exec() == QDialog::Accepted) m_printer.setChosen();
+}
+
+QPrinter& PrinterChoice::printer() {
+    if (!m_printer) m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    return *m_printer;
+}

@@ -1,0 +1,25 @@
+// Showing forms with Qt, and ending the program.
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "platform/Windows.h"
+
+#include <vector>
+
+class Form;
+
+class QtWindows : public Windows {
+  public:
+    explicit QtWindows(Dialogs& dialogs) : m_dialogs(dialogs) {}
+
+    void showModal(ShownForm& form) override;
+    void showModeless(ShownForm& form) override;
+    void close(ShownForm& form) override;
+    void endProgram() override;
+    void failProgram(const RunTimeError& error) override;
+    void updateScreen() override;
+
+  private:
+    Dialogs& m_dialogs;
+    std::vector<Form*> m_shown; // the form that a modal one returns to is the last but one
+};

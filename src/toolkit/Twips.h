@@ -1,0 +1,8 @@
+// 15 twips are one logical pixel.
+#pragma once
+
+#include <cmath>
+
+inline constexpr double twipsPerPixel = 15;
+
+inline int pixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }

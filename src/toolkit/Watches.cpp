@@ -1,0 +1,58 @@
+#include "toolkit/Watches.h"
+
+#include "toolkit/Shown.h"
+
+#include <QFocusEvent>
+
+EnterWatch::EnterWatch(QWidget& control, std::function<void()> onEnter)
+    : QObject(&control), m_onEnter(std::move(onEnter)) {
+    control.installEventFilter(this);
+}
+
+bool EnterWatch::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        const bool comesBack = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+                               reason == Qt::MenuBarFocusReason;
+        if (!comesBack) m_onEnter();
+    }
+    return false;
+}
+
+LeaveWatch::LeaveWatch(QWidget& control, std::function<void()> onLeave)
+    : QObject(&control), m_onLeave(std::move(onLeave)) {
+    control.installEventFilter(this);
+}
+
+void LeaveWatch::runPending() {
+    if (!m_pending) return;
+    m_pending = false;
+    m_onLeave();
+}
+
+bool LeaveWatch::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        const bool taken = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+                           reason == Qt::MenuBarFocusReason;
+        if (!taken && !m_pending) {
+            m_pending = true;
+            QMetaObject::invokeMethod(this, [this] { runPending(); }, Qt::QueuedConnection);
+        }
+    }
+    return false;
+}
+
+HoverTip::HoverTip(QWidget& control, std::function<std::string()> text)
+    : QObject(&control), m_control(control), m_text(std::move(text)) {
+    control.setMouseTracking(true);
+    control.installEventFilter(this);
+    control.setToolTip(shown(m_text()));
+}
+
+bool HoverTip::eventFilter(QObject*, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::MouseMove || type == QEvent::Enter || type == QEvent::ToolTip)
+        m_control.setToolTip(shown(m_text()));
+    return false;
+}
