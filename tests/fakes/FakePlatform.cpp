@@ -105,7 +105,9 @@ std::string FakePlatform::pathOf(const std::string& file) const {
 }
 
 void FakePlatform::putFile(const std::string& name, const std::string& bytes) {
-    writeWhole(folderOf(name).empty() ? pathOf(name) : name, bytes);
+    const std::string file = fileOf(name) == name ? pathOf(name) : name;
+    std::filesystem::create_directories(hostPathOf(folderOf(file)));
+    writeWhole(file, bytes);
 }
 
 void FakePlatform::putEngine() {
@@ -113,11 +115,11 @@ void FakePlatform::putEngine() {
 }
 
 std::string FakePlatform::fileText(const std::string& name) {
-    return readAll(folderOf(name).empty() ? pathOf(name) : name);
+    return readAll(fileOf(name) == name ? pathOf(name) : name);
 }
 
 bool FakePlatform::hasFile(const std::string& name) {
-    return exists(folderOf(name).empty() ? pathOf(name) : name);
+    return exists(fileOf(name) == name ? pathOf(name) : name);
 }
 
 void FakePlatform::note(const std::string& line) {
