@@ -1,11 +1,40 @@
-// Paper: the printer, or a PDF file in its place.
+// Paper: pages of a print job, which go to the printer that Printer Setup chose or to a PDF file.
 #pragma once
 
+#include "graphs/draw/Drawing.h"
 #include "platform/TextMetrics.h"
+
+#include <memory>
+#include <string>
+
+enum class Orientation { portrait, landscape };
+
+// The printable area of an A4 sheet, inches; centred on the sheet. One page unit of reports and listings is one inch.
+inline constexpr double printableShortSide = 8.26 / 1.043;
+inline constexpr double printableLongSide = 11.69 / 1.09;
+
+struct PrintRequest {
+    std::string title;        // of the job, as the print system shows it
+    Orientation orientation = Orientation::portrait;
+    std::string fallbackFile; // model name of the PDF file made where no printer was chosen and the system has none
+};
+
+// A job is made page by page. Dropped without finish(), nothing is printed and no file is left.
+class PrintJob {
+  public:
+    virtual ~PrintJob() = default;
+    // The drawing's width and height fill the printable area.
+    virtual void page(const Drawing& drawing) = 0;
+    // Hands the document over; error 482 where the print system refuses it. Returns where it went where the user could
+    // not know: the file's model name, else "".
+    virtual std::string finish() = 0;
+};
 
 class Paper {
   public:
     virtual ~Paper() = default;
-    // Text as the printer's own fonts measure it.
+    // Text as it is measured on paper, in twips of the sheet.
     virtual const TextMetrics& metrics() const = 0;
+    // Error 482 where the chosen printer does not take jobs.
+    virtual std::unique_ptr<PrintJob> begin(const PrintRequest& request) = 0;
 };
