@@ -91,7 +91,13 @@ void FakePlatform::willActOn(const std::string& formName, std::function<void(Sho
     m_deeds.emplace_back(FormAction{formName, std::move(action)});
 }
 
+void FakePlatform::willFailPrinting(PrintStep step, const RunTimeError& error) {
+    m_printFailure = PrintFailure{step, error};
+}
+
 void FakePlatform::expectDone() {
+    EXPECT_FALSE(m_printFailure) << "the failure of the printer never came";
+    m_printFailure.reset();
     EXPECT_TRUE(m_deeds.empty()) << m_deeds.size() << " of the queued deeds never asked for";
     m_deeds.clear();
 }
@@ -220,4 +226,39 @@ void FakePlatform::endProgram() {
 void FakePlatform::failProgram(const RunTimeError& error) {
     note("fail program: Run-time error '" + std::to_string(error.number) + "': " + error.description);
     m_ended = true;
+}
+
+class FakePlatform::Job : public PrintJob {
+  public:
+    Job(FakePlatform& platform, std::size_t number) : m_platform(platform), m_number(number) {}
+    void page(const Drawing& drawing) override {
+        m_platform.note("page");
+        m_platform.failIfTold(PrintStep::page);
+        m_platform.m_printed[m_number].pages.push_back(drawing);
+    }
+    std::string finish() override {
+        m_platform.note("finish");
+        m_platform.failIfTold(PrintStep::finish);
+        m_platform.m_printed[m_number].finished = true;
+        return m_platform.printedTo;
+    }
+
+  private:
+    FakePlatform& m_platform;
+    std::size_t m_number;
+};
+
+std::unique_ptr<PrintJob> FakePlatform::begin(const PrintRequest& request) {
+    note(std::string("print ") + (request.orientation == Orientation::portrait ? "portrait" : "landscape") +
+         ' ' + quoted(request.title));
+    failIfTold(PrintStep::begin);
+    m_printed.push_back({request, {}, false});
+    return std::make_unique<Job>(*this, m_printed.size() - 1);
+}
+
+void FakePlatform::failIfTold(PrintStep step) {
+    if (!m_printFailure || m_printFailure->step != step) return;
+    const RunTimeError error = m_printFailure->error;
+    m_printFailure.reset();
+    throw error;
 }

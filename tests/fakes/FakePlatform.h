@@ -22,6 +22,14 @@ struct UnexpectedQuestion : std::logic_error {
     using std::logic_error::logic_error;
 };
 
+enum class PrintStep { begin, page, finish };
+
+struct PrintedJob {
+    PrintRequest request;
+    std::vector<Drawing> pages;
+    bool finished = false;
+};
+
 class FakePlatform : private Dialogs, private DiskFiles, private Machine, private Windows, private Paper {
   public:
     FakePlatform();
@@ -42,6 +50,8 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     void willFailPrinterDialog(const RunTimeError& error);
     // On the modal form of this name, between its activation and its closing.
     void willActOn(const std::string& formName, std::function<void(ShownForm&)> action);
+    // The next print job fails here, once.
+    void willFailPrinting(PrintStep step, const RunTimeError& error = RunTimeError(errors::printerError));
     // Fails the test where something queued was never asked for, and forgets it.
     void expectDone();
 
@@ -58,9 +68,11 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     void putEngine();
     std::string fileText(const std::string& name);
     bool hasFile(const std::string& name);
+    const std::vector<PrintedJob>& printed() const { return m_printed; }
 
     WorkArea desktop;
     Date day{5, 11, 2026};
+    std::string printedTo; // what a finished job returns: the file that the user could not know of
 
   private:
     struct Choice {
@@ -100,6 +112,14 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     void updateScreen() override {}
 
     const TextMetrics& metrics() const override { return m_metrics; }
+    std::unique_ptr<PrintJob> begin(const PrintRequest& request) override;
+
+    class Job;
+    struct PrintFailure {
+        PrintStep step;
+        RunTimeError error;
+    };
+    void failIfTold(PrintStep step);
 
     void note(const std::string& line);
     Deed nextDeed(const std::string& question);
@@ -112,6 +132,8 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     ShownForm* m_bottomForm = nullptr;
     std::vector<ShownForm*> m_modalForms;
     bool m_ended = false;
+    std::vector<PrintedJob> m_printed;
+    std::optional<PrintFailure> m_printFailure;
     FixedTextMetrics m_metrics;
     Platform m_platform;
 };
