@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 inline std::size_t checkedOffset(long long index, long long low, long long high) {
@@ -32,25 +33,34 @@ class CheckedArray {
     std::array<T, static_cast<std::size_t>(High - Low + 1)> m_items{};
 };
 
-// The same over the indices 0 to High, held on the heap and touched only as far as it has been written: an entry
-// that was never written reads as the default value.
+// The same over the indices 0 to High, held on the heap and touched only as far as it has been written: an
+// entry that was never written reads as the value given for absent ones.
 template <typename T, int High>
 class CheckedVector {
   public:
     static constexpr int high = High;
 
+    CheckedVector() = default;
+    explicit CheckedVector(T absent) : m_absent(std::move(absent)) {}
+
     T operator[](long long index) const {
         const std::size_t offset = checkedOffset(index, 0, High);
-        return offset < m_items.size() ? m_items[offset] : T{};
+        return offset < m_items.size() ? m_items[offset] : m_absent;
     }
     void set(long long index, T value) {
         const std::size_t offset = checkedOffset(index, 0, High);
-        if (offset >= m_items.size()) m_items.resize(offset + 1);
+        if (offset >= m_items.size()) m_items.resize(offset + 1, m_absent);
         m_items[offset] = value;
     }
     void clear() { m_items.clear(); }
+    // The entries from `index` on are absent again.
+    void clearFrom(long long index) {
+        const std::size_t offset = checkedOffset(index, 0, High + 1LL);
+        if (offset < m_items.size()) m_items.resize(offset);
+    }
     bool operator==(const CheckedVector&) const = default;
 
   private:
     std::vector<T> m_items;
+    T m_absent{};
 };

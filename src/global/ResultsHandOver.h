@@ -6,12 +6,14 @@
 #include <string>
 
 struct ResultsHandOver {
-    CheckedArray<std::string, 0, 1> fileNames; // results file of each slot; set by the caller of the reader and by runs
-    int currentSlot = 0;                       // slot of the next load
-    bool loadFailed = false;                   // the last load was abandoned, or no file is current
-    bool graphResultsPending = false;          // set by a run, cleared by the set-up form's automatic load
-    bool reportResultsPending = false;         // set by a run, cleared by the report form's automatic load
-    bool returnedFromGraph = false;            // set when the graph closes; the set-up form then keeps its state
+    CheckedArray<std::string, 0, 1>
+        fileNames;           // results file of each slot; set by the caller of the reader and by runs
+    int currentSlot = 0;     // slot of the next load
+    bool loadFailed = false; // the last load was abandoned, or no file is current
+    bool graphResultsPending = false;  // set by a run, cleared by the set-up form's automatic load
+    bool reportResultsPending = false; // set by a run, cleared by the report form's automatic load
+    bool returnedFromGraph = false;    // set when the graph closes; the set-up form then keeps its state
+    bool readersChannelOpen = false;   // an abandoned second load has left its file open; see LoadResultsFile
     // The set-up form's box "Plot auto-interpolated points", which every load sets.
     bool interpolatedBoxEnabled = true;
     bool interpolatedBoxTicked = false;

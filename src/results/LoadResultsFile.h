@@ -12,5 +12,6 @@ using LoadProgress = std::function<void(double)>;
 // Success or failure is left in GLOBAL.loadFailed. Every caller passes `showErrors` = true.
 void LoadResultsFile(Platform& platform, bool showErrors, const LoadProgress& progress = {});
 
-// The path with surrounding blanks removed if it has at most `maxLength` characters, otherwise what follows its last backslash.
+// The path with surrounding blanks removed if it has at most `maxLength` characters, otherwise what follows
+// its last backslash.
 std::string ShortFileName(const std::string& path, int maxLength);

@@ -1,8 +1,8 @@
-// The results of one or two model runs, as the results reader leaves them: reaches, plotting points, series and
-// their statistics. One object for the whole program, written by the reader alone.
+// The results of one or two model runs, as the results reader leaves them: reaches, plotting points, series
+// and their statistics. One object for the whole program, written by the reader alone.
 //
-// Index conventions: slot 0 or 1; point 1..59999; series 0 flow, 1..n concentrations, n+1..2n loads; level 0, 1, 2
-// for the 90, 95 and 99 percentile; reach 0..59999. An index outside is error 9.
+// Index conventions: slot 0 or 1; point 1..59999; series 0 flow, 1..n concentrations, n+1..2n loads; level 0,
+// 1, 2 for the 90, 95 and 99 percentile; reach 0..59999. An index outside is error 9.
 #pragma once
 
 #include "basic/CheckedArray.h"
@@ -18,6 +18,8 @@ inline constexpr int MaxReachNumber = 59999;
 inline constexpr int InterpolatedPointType = 99;
 
 struct ResultsDataSet {
+    ResultsDataSet() { reachLengths.set(0, 0); }
+
     std::string resultsTitle;
     int percentileMode = 0;
     std::string percentileLevel;   // "95", "90" or "99"
@@ -34,10 +36,14 @@ struct ResultsDataSet {
     // One value with a second role: the level typed in the set-up form's level box is kept here too.
     int& typedPercentileLevel() { return reachCount; }
 
-    CheckedVector<std::string, MaxReachNumber> reachNames; // 16 characters, "" without a reach line
-    CheckedVector<double, MaxReachNumber> reachLengths;    // see reachLength()
-    CheckedVector<int, MaxReachNumber> reachNext;          // next reach downstream, 0 none
-    std::vector<int> reachOrder;                           // reach numbers in the order of the reach lines
+    CheckedVector<std::string, MaxReachNumber> reachNames;  // 16 characters, "" without a reach line
+    CheckedVector<double, MaxReachNumber> reachLengths{-1}; // -1 without a reach line
+    CheckedVector<int, MaxReachNumber> reachNext;           // next reach downstream, 0 none
+    std::vector<int> reachOrder;                            // reach numbers in the order of the reach lines
+
+    // Names and lengths of reaches 1 to 59999 as without a reach line. Reach 0 keeps them, as every reach
+    // keeps its next one.
+    void forgetReaches();
 
     int pointCount = 0;
     CheckedVector<int, MaxPlottingPoints> pointReach; // 0 beyond the last point

@@ -1,5 +1,5 @@
-// The values of one slot: for each field and series one column of 60000 numbers by point index, in one anonymous
-// mapping whose pages stay untouched until they are written.
+// The values of one slot: for each field and series one column of 60000 numbers by point index, in one
+// anonymous mapping whose pages stay untouched until they are written.
 #pragma once
 
 #include <cstddef>
@@ -24,6 +24,8 @@ class ValueStore {
     ~ValueStore();
     ValueStore(const ValueStore&) = delete;
     ValueStore& operator=(const ValueStore&) = delete;
+    ValueStore(ValueStore&& other) noexcept;
+    ValueStore& operator=(ValueStore&& other) noexcept;
 
     static constexpr int points = 60000; // indices 0..59999
 
@@ -34,12 +36,16 @@ class ValueStore {
 
     bool everWritten() const; // a load has stored values here
     void markWritten();
+    // Tells about how many points will be written: with many, whole columns are touched and large pages save
+    // time; with few, they would take memory for nothing.
+    void expectPoints(std::size_t count);
     // Gives the memory back; every value is 0 again.
     void reset();
 
   private:
     std::size_t offsetOf(ValueField field, int series, int level) const;
 
-    double* m_values = nullptr;
+    void* m_mapping = nullptr;
+    double* m_values = nullptr; // in the mapping, at the first large page's start
     bool m_everWritten = false;
 };

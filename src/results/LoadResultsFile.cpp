@@ -1,0 +1,63 @@
+#include "results/LoadResultsFile.h"
+
+#include "basic/ModelName.h"
+#include "basic/Text.h"
+#include "global/GLOBAL.h"
+#include "results/ResultsReader.h"
+
+#include <new>
+
+namespace {
+
+const char* const readErrorText =
+    "There is an error in reading the data for plotting. The file either does not exist, is incomplete, or "
+    "is in the "
+    "wrong format.  Or it may hold more plotting points than the set maximum of 59999.";
+
+std::unique_ptr<ByteSource> openOnReadersChannel(Files& files, const std::string& name) {
+    if (GLOBAL.readersChannelOpen) throw RunTimeError(errors::fileAlreadyOpen);
+    return files.open(name);
+}
+
+void offerInterpolatedPoints(bool there) {
+    GLOBAL.interpolatedBoxEnabled = there;
+    GLOBAL.interpolatedBoxTicked = there;
+    GLOBAL.plotInterpolatedPoints = there;
+}
+
+void readCurrentFile(Platform& platform, const LoadProgress& progress) {
+    const LoadWatch watch{[&](const Message& message) { platform.dialogs.show(message); }, progress};
+    const auto file = openOnReadersChannel(platform.files, GLOBAL.fileNames[GLOBAL.currentSlot]);
+    if (readResults(*file, RESULTS, GLOBAL.currentSlot, watch) == LoadEnd::loaded) {
+        offerInterpolatedPoints(RESULTS.hasInterpolatedPoints);
+        return;
+    }
+    // Kept so: an abandoned file stays open, and the next load fails to open its own.
+    GLOBAL.readersChannelOpen = true;
+    GLOBAL.loadFailed = true;
+}
+
+void endUnreadable(Platform& platform, bool showErrors) {
+    if (showErrors) platform.dialogs.show({readErrorText, "Error", Icon::exclamation, Buttons::ok});
+    GLOBAL.readersChannelOpen = false;
+    GLOBAL.loadFailed = true;
+}
+
+} // namespace
+
+void LoadResultsFile(Platform& platform, bool showErrors, const LoadProgress& progress) {
+    GLOBAL.loadFailed = false;
+    prepareLoad(RESULTS, GLOBAL.currentSlot);
+    try {
+        readCurrentFile(platform, progress);
+    } catch (const RunTimeError&) {
+        endUnreadable(platform, showErrors);
+    } catch (const std::bad_alloc&) { // a field as long as the memory is large
+        endUnreadable(platform, showErrors);
+    }
+}
+
+std::string ShortFileName(const std::string& path, int maxLength) {
+    const std::string trimmed = trim(path);
+    return static_cast<int>(trimmed.size()) <= maxLength ? trimmed : fileOf(trimmed);
+}

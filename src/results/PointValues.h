@@ -1,0 +1,44 @@
+// The values of plotting points: their order in the file, and their way from there into the columns of a
+// slot.
+#pragma once
+
+#include "results/ValueStore.h"
+
+#include <cstddef>
+#include <vector>
+
+struct ValuePlace {
+    ValueField field;
+    int series;
+    int level;
+};
+
+// Where the values of one point belong, in the file's order.
+std::vector<ValuePlace> valuePlacesOfPoint(int determinands);
+
+// The values that follow each caption of one point, in the file's order.
+std::vector<int> valuesByCaption(int determinands);
+
+// Takes points a row at a time and writes them to the columns a few points together, so that a column is
+// touched by whole cache lines. What has been read when it goes, also of a point cut short, is written too.
+class PointValues {
+  public:
+    PointValues(ValueStore& store, int determinands);
+    ~PointValues() { write(); }
+    PointValues(const PointValues&) = delete;
+    PointValues& operator=(const PointValues&) = delete;
+
+    // Room for the values of the next point, the index following the last one.
+    double* nextPoint(int index);
+
+  private:
+    static constexpr std::size_t rows = 8; // the doubles of a cache line
+
+    void write();
+
+    ValueStore& m_store;
+    std::vector<double*> m_columns; // by place
+    std::vector<double> m_rows;     // a value not read yet is NaN, which no file holds
+    std::size_t m_first = 0;        // index of the first row's point
+    std::size_t m_count = 0;
+};

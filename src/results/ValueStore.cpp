@@ -1,0 +1,84 @@
+#include "results/ValueStore.h"
+
+#include "basic/CheckedArray.h"
+
+#include <cstdint>
+#include <new>
+#include <utility>
+
+#include <sys/mman.h>
+
+namespace {
+
+constexpr int seriesExtent = 21;
+constexpr int levelExtent = 3;
+constexpr int plainFields = 5;      // meanValue to targetValue: one column a series
+constexpr int percentileFields = 4; // the others: one a level and series
+constexpr std::size_t columns = seriesExtent * (plainFields + levelExtent * percentileFields);
+constexpr std::size_t valueBytes = columns * ValueStore::points * sizeof(double);
+constexpr std::size_t largePage = std::size_t(2) << 20;
+constexpr std::size_t mappingBytes = valueBytes + largePage;
+constexpr std::size_t manyPoints = 20000;
+
+} // namespace
+
+ValueStore::ValueStore() {
+    m_mapping = mmap(nullptr, mappingBytes, PROT_READ | PROT_WRITE,
+                     MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (m_mapping == MAP_FAILED) throw std::bad_alloc();
+    const std::size_t beyond = reinterpret_cast<std::uintptr_t>(m_mapping) % largePage;
+    m_values = static_cast<double*>(m_mapping) + (largePage - beyond) / sizeof(double);
+}
+
+ValueStore::~ValueStore() {
+    if (m_mapping) munmap(m_mapping, mappingBytes);
+}
+
+ValueStore::ValueStore(ValueStore&& other) noexcept
+    : m_mapping(std::exchange(other.m_mapping, nullptr)),
+      m_values(std::exchange(other.m_values, nullptr)),
+      m_everWritten(std::exchange(other.m_everWritten, false)) {}
+
+ValueStore& ValueStore::operator=(ValueStore&& other) noexcept {
+    std::swap(m_mapping, other.m_mapping);
+    std::swap(m_values, other.m_values);
+    std::swap(m_everWritten, other.m_everWritten);
+    return *this;
+}
+
+std::span<double> ValueStore::column(ValueField field, int series, int level) {
+    return {m_values + offsetOf(field, series, level), points};
+}
+
+std::span<const double> ValueStore::column(ValueField field, int series, int level) const {
+    return {m_values + offsetOf(field, series, level), points};
+}
+
+double ValueStore::at(ValueField field, int point, int series, int level) const {
+    return column(field, series, level)[checkedOffset(point, 0, points - 1)];
+}
+
+bool ValueStore::everWritten() const {
+    return m_everWritten;
+}
+
+void ValueStore::markWritten() {
+    m_everWritten = true;
+}
+
+void ValueStore::expectPoints(std::size_t count) {
+    if (count >= manyPoints) madvise(m_values, valueBytes, MADV_HUGEPAGE);
+}
+
+void ValueStore::reset() {
+    *this = ValueStore();
+}
+
+std::size_t ValueStore::offsetOf(ValueField field, int series, int level) const {
+    const int order = static_cast<int>(field);
+    const bool hasLevels = order >= plainFields;
+    const int first = hasLevels ? plainFields + (order - plainFields) * levelExtent : order;
+    const std::size_t row =
+        static_cast<std::size_t>(first) + checkedOffset(level, 0, hasLevels ? levelExtent - 1 : 0);
+    return (row * seriesExtent + checkedOffset(series, 0, seriesExtent - 1)) * points;
+}
