@@ -1,0 +1,9 @@
+// Every command, in the order in which the help lists them. A new one is declared here and entered in the
+// list.
+#pragma once
+
+#include "commands/Commands.h"
+
+extern const Command infoCommand;
+
+inline const Command* const commandList[] = {&infoCommand};

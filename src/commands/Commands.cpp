@@ -1,0 +1,102 @@
+#include "commands/Commands.h"
+
+#include "basic/RunTimeError.h"
+#include "commands/CommandLine.h"
+#include "commands/CommandList.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <iterator>
+#include <ostream>
+
+namespace {
+
+const char* const version = "korvel 1.0.0";
+
+const Command* commandOf(const std::string& name) {
+    const auto named = [&](const Command* command) { return command->name == name; };
+    const auto found = std::ranges::find_if(commandList, named);
+    return found == std::end(commandList) ? nullptr : *found;
+}
+
+void printHelp(std::ostream& out) {
+    out << "Usage: korvel [--application-folder DIR] [FILE.SGR]\n"
+           "       korvel [--application-folder DIR] COMMAND ...\n\n"
+           "Without a command the windows open; with a results file, its graph set-up too.\n\nCommands:\n";
+    for (const Command* command : commandList)
+        out << "  " << std::left << std::setw(10) << command->name << ' ' << command->summary << '\n';
+    out << "\nkorvel COMMAND --help tells more of a command; korvel --version prints the version.\n";
+}
+
+int runOption(const std::string& option, std::ostream& out) {
+    if (option == "--help" || option == "-h")
+        printHelp(out);
+    else if (option == "--version")
+        out << version << '\n';
+    else
+        throw UsageError("unknown option '" + option + "'");
+    return exitStatus::done;
+}
+
+bool asksForHelp(const std::vector<std::string>& arguments) {
+    const auto end = std::ranges::find(arguments, "--");
+    return std::find(arguments.begin(), end, "--help") != end;
+}
+
+int runNamed(const Command& command, CommandCall& call) {
+    if (asksForHelp(call.arguments)) {
+        call.out << command.help;
+        return exitStatus::done;
+    }
+    return command.run(call);
+}
+
+int reportUsage(std::ostream& errors, const std::string& caller, const UsageError& error) {
+    errors << caller << ": " << error.what() << " (read '" << caller << " --help')\n";
+    return exitStatus::wrongUsage;
+}
+
+} // namespace
+
+ProgramArguments takeProgramOptions(const std::vector<std::string>& arguments) {
+    const std::string option = "--application-folder";
+    ProgramArguments taken{{}, arguments};
+    while (!taken.rest.empty() && taken.rest[0].starts_with(option)) {
+        const std::string first = taken.rest[0];
+        const bool separate = first == option;
+        if (!separate && first[option.size()] != '=') break;
+        if (separate && taken.rest.size() < 2) throw UsageError("option '" + option + "' needs a value");
+        taken.applicationFolder = separate ? taken.rest[1] : first.substr(option.size() + 1);
+        taken.rest.erase(taken.rest.begin(), taken.rest.begin() + (separate ? 2 : 1));
+    }
+    return taken;
+}
+
+bool isForCommands(const std::vector<std::string>& arguments) {
+    return !arguments.empty() && (commandOf(arguments[0]) || arguments[0].starts_with('-'));
+}
+
+int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,
+               std::ostream& errors) {
+    std::string caller = "korvel";
+    ConsoleDialogs dialogs(errors);
+    Platform console{dialogs,          platform.files, platform.machine,
+                     platform.windows, platform.paper, platform.screenMetrics};
+    try {
+        const std::vector<std::string> rest = takeProgramOptions(arguments).rest;
+        if (rest.empty()) throw UsageError("no command given");
+        const Command* command = commandOf(rest[0]);
+        if (!command && !rest[0].starts_with('-')) throw UsageError("no command '" + rest[0] + "'");
+        if (!command) return runOption(rest[0], out);
+        caller += " " + rest[0];
+        CommandCall call{{rest.begin() + 1, rest.end()}, console, dialogs, out, errors};
+        return runNamed(*command, call);
+    } catch (const UsageError& error) {
+        return reportUsage(errors, caller, error);
+    } catch (const RefusedName& refusal) {
+        dialogs.show({refusal.what(), "File name", Icon::exclamation, Buttons::ok});
+    } catch (const RunTimeError& error) {
+        dialogs.show({error.message(), "", Icon::critical, Buttons::ok});
+    }
+    return exitStatus::failed;
+}

@@ -1,0 +1,50 @@
+// The command line: every command works without a display, through the same cores as the forms.
+#pragma once
+
+#include "commands/ConsoleDialogs.h"
+#include "platform/Platform.h"
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace exitStatus {
+inline constexpr int done = 0;
+inline constexpr int failed = 1; // refused or failed
+inline constexpr int wrongUsage = 2;
+} // namespace exitStatus
+
+// One call of a command: its own arguments, and what it works with.
+struct CommandCall {
+    std::vector<std::string> arguments;
+    Platform& platform; // its dialogs are `dialogs`
+    ConsoleDialogs& dialogs;
+    std::ostream& out;
+    std::ostream& errors;
+};
+
+struct Command {
+    const char* name;
+    const char* summary; // one line
+    const char* help;    // usage and options
+    int (*run)(CommandCall&);
+};
+
+// What stands before the command or the file: options for the whole program.
+struct ProgramArguments {
+    std::optional<std::string> applicationFolder; // a host path as typed
+    std::vector<std::string> rest;
+};
+
+// Throws UsageError (see CommandLine.h).
+ProgramArguments takeProgramOptions(const std::vector<std::string>& arguments);
+
+// Whether the arguments, without the program's own options, are for runCommand: they begin with a command's
+// name or with an option. Otherwise they are for the windows.
+bool isForCommands(const std::vector<std::string>& arguments);
+
+// Runs the command that the arguments begin with and returns the exit status. The platform's own dialogs are
+// not used. A failure that nothing trapped is reported like a message.
+int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,
+               std::ostream& errors);
