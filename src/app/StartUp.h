@@ -2,18 +2,11 @@
 // places are in twips.
 #pragma once
 
+#include "basic/FormScaling.h"
 #include "platform/Platform.h"
 
 inline constexpr double DesignWidth = 9600; // of every form, twips
 inline constexpr double DesignHeight = 6780;
-
-struct Place {
-    double left = 0;
-    double top = 0;
-    double width = 0;
-    double height = 0;
-    bool operator==(const Place&) const = default;
-};
 
 // Work area by design size, in single precision.
 struct ScreenFactors {

@@ -4,6 +4,14 @@
 
 #include <string>
 
+struct Place { // twips
+    double left = 0;
+    double top = 0;
+    double width = 0;
+    double height = 0;
+    bool operator==(const Place&) const = default;
+};
+
 struct ControlLayout {
     std::string typeName;                  // "Label", "CommandButton", "Line" ...
     double left = 0, top = 0;              // twips

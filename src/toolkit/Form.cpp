@@ -165,6 +165,13 @@ void Form::ScaleFormControls(double scaleX, double scaleY) {
     }
 }
 
+Place Form::controlPlace(const QWidget& control) const {
+    for (const Placed& placed : m_placed)
+        if (placed.control == &control)
+            return {placed.layout.left, placed.layout.top, placed.layout.width, placed.layout.height};
+    return {};
+}
+
 void Form::setControlPlace(QWidget& control, const Place& place) {
     for (Placed& placed : m_placed)
         if (placed.control == &control) {
@@ -174,6 +181,13 @@ void Form::setControlPlace(QWidget& control, const Place& place) {
             placed.layout.height = place.height;
             apply(placed);
         }
+}
+
+void Form::setBackground(QWidget& control, Rgb colour) {
+    QPalette palette = control.palette();
+    palette.setColor(QPalette::Window, QColor(colour.red, colour.green, colour.blue));
+    control.setAutoFillBackground(true);
+    control.setPalette(palette);
 }
 
 void Form::setFontSize(QWidget& control, double points, bool bold) {

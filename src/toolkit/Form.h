@@ -25,10 +25,6 @@
 #include <functional>
 #include <vector>
 
-struct Place { // twips
-    double left = 0, top = 0, width = 0, height = 0;
-};
-
 constexpr Place at(double left, double top, double width, double height) { return {left, top, width, height}; }
 
 struct Look {
@@ -82,7 +78,9 @@ class Form : public QMainWindow, public ShownForm {
 
     // Rescales every control in place and returns to whole lines in the lists.
     void ScaleFormControls(double scaleX, double scaleY);
+    Place controlPlace(const QWidget& control) const;
     void setControlPlace(QWidget& control, const Place& place);
+    static void setBackground(QWidget& control, Rgb colour);
     static void setFontSize(QWidget& control, double points, bool bold);
 
     template <typename Sender, typename Signal, typename Action>
