@@ -24,12 +24,14 @@ function(korvel_forms name)
   target_link_libraries(${name} PUBLIC korvel_options Qt6::Widgets ${arg_LINKS})
 endfunction()
 
-# korvel_test(NAME LABEL label SOURCES ... LINKS ...): one GoogleTest program; every test of it is a ctest test.
+# korvel_test(NAME LABEL label SOURCES ... LINKS ...): one GoogleTest program, which is one ctest test. It lists its tests
+# in tested/NAME.json, so that they can be counted.
 function(korvel_test name)
   cmake_parse_arguments(arg "" "LABEL" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE korvel_options ${arg_LINKS})
-  add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
-  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABEL}" ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=1")
+  add_test(NAME ${name} COMMAND ${name} --gtest_brief=1 --gtest_output=json:${CMAKE_BINARY_DIR}/tested/${name}.json)
+  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABEL}"
+                       ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=1")
 endfunction()

@@ -10,11 +10,12 @@ std::string freePrint(long long value);
 std::string withLeadingBlank(long long value);
 
 // The longest leading decimal number of the text, blanks before it skipped; 0 where there is none.
-// Exponents with E, e, D or d.
+// Exponents with E, e, D or d. Error 6 beyond a double's range; a number too small for it is 0.
 double leadingNumber(std::string_view text);
 
-// A pattern such as "###0.000" or "##0.0": digits after the point are fixed, "#" prints nothing for a missing digit.
-// Rounded half away from zero on the value's decimal form of 15 significant digits; no minus sign on a zero.
+// A pattern such as "###0.000" or "##0.0": digits after the point are fixed, "#" prints nothing for a missing
+// digit. Rounded half away from zero on the value's decimal form of 15 significant digits; no minus sign on a
+// zero. Error 6 for an infinite value and for what is no number.
 std::string formatPattern(double value, std::string_view pattern);
 
 // The shortest decimal text that reads back as exactly this number ("0.1", "1e+23").

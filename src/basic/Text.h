@@ -1,5 +1,5 @@
-// Text is a string of 8-bit characters, as the files hold it. Upper and lower case mean a-z alone; trimming drops
-// blanks (code 32) only.
+// Text is a string of 8-bit characters, as the files hold it. Upper and lower case mean a-z alone; trimming
+// drops blanks (code 32) only.
 #pragma once
 
 #include <cstddef>

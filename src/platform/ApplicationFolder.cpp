@@ -20,16 +20,20 @@ std::string environment(const char* name) {
 
 std::string absolute(const std::string& path) {
     std::string whole = fs::absolute(path).lexically_normal().string();
-    while (whole.size() > 1 && whole.back() == '/') whole.pop_back();
+    while (whole.size() > 1 && whole.back() == '/')
+        whole.pop_back();
     return whole;
 }
 
 fs::path userFolder(const ApplicationFolderSources& sources) {
-    const fs::path data = sources.dataHome.empty() ? fs::path(sources.home) / ".local/share" : fs::path(sources.dataHome);
+    const fs::path data =
+        sources.dataHome.empty() ? fs::path(sources.home) / ".local/share" : fs::path(sources.dataHome);
     return data / "korvel";
 }
 
-bool isHelpPage(const std::string& file) { return beginsWith(file, "KORDAT") && last(file, 4) == ".TXT"; }
+bool isHelpPage(const std::string& file) {
+    return beginsWith(file, "KORDAT") && last(file, 4) == ".TXT";
+}
 
 void copyInstalled(const fs::path& from, const fs::path& to) {
     std::error_code ignored;

@@ -11,7 +11,7 @@ enum class FileDialogKind { open, save };
 
 // What a form's one dialog control holds between uses: settings made for one use stay for the next.
 struct FileDialogSettings {
-    std::string objectName;    // "CDFilename"
+    std::string objectName; // "CDFilename"
     std::string title;
     std::string filter;        // "caption|pattern|caption|pattern"
     std::string initialFolder; // a model name; "" leaves the current folder
@@ -28,8 +28,8 @@ class Dialogs {
   public:
     virtual ~Dialogs() = default;
     virtual Answer show(const Message& message) = 0;
-    // Nothing on Cancel; RunTimeError for any other failure of the dialog. Afterwards the process's current folder is
-    // the chosen file's.
+    // Nothing on Cancel; RunTimeError for any other failure of the dialog. Afterwards the process's current
+    // folder is the chosen file's.
     virtual std::optional<ChosenFile> chooseFile(FileDialogKind kind, const FileDialogSettings& settings) = 0;
     // Sets the printer for all that is printed from now on; cancelled, it changes nothing.
     virtual void choosePrinter(const std::string& objectName) = 0;

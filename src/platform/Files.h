@@ -1,5 +1,5 @@
-// Files and folders by model name. Every failure is a RunTimeError: 53 not found, 55 already open, 57 device error,
-// 61 disk full, 70 permission denied, 75 path/file access error, 76 path not found.
+// Files and folders by model name. Every failure is a RunTimeError: 53 not found, 55 already open, 57 device
+// error, 61 disk full, 70 permission denied, 75 path/file access error, 76 path not found.
 #pragma once
 
 #include "basic/ByteSource.h"
@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-// A file that replaces another whole: what is written goes to a file beside it, which takes the name on commit().
-// Without a commit the old file stays and nothing is left behind.
+// A file that replaces another whole: what is written goes to a file beside it, which takes the name on
+// commit(). Without a commit the old file stays and nothing is left behind.
 class NewFile {
   public:
     virtual ~NewFile() = default;
@@ -22,9 +22,10 @@ class Files {
   public:
     virtual ~Files() = default;
     virtual std::unique_ptr<ByteSource> open(const std::string& name) = 0;
-    // 70 before anything else where the target is there and can't be written, or a spreadsheet program holds it
-    // (".~lock.NAME#" beside it).
+    // 70 before anything else where the target is there and can't be written, or a spreadsheet program
+    // holds it (".~lock.NAME#" beside it).
     virtual std::unique_ptr<NewFile> create(const std::string& name) = 0;
+    // A folder is no file.
     virtual bool exists(const std::string& name) = 0;
     virtual void remove(const std::string& name) = 0;
     // Names of the files (not folders) in the order in which the file system gives them.

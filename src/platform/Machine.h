@@ -25,7 +25,7 @@ class Machine {
     virtual std::string applicationFolder() = 0; // a model name without a backslash at the end
     virtual WorkArea workArea() = 0;
     virtual Date today() = 0;
-    // Starts the engine's window, maximised and focused, and returns: a process of its own that runs the named
-    // program without arguments in the application folder. 53 where the program isn't there.
+    // Starts the engine's window, maximised and focused, and returns: a process of its own that runs the
+    // named program without arguments in the application folder. 53 where the program isn't there.
     virtual void startEngine(const std::string& program) = 0;
 };

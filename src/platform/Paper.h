@@ -9,14 +9,16 @@
 
 enum class Orientation { portrait, landscape };
 
-// The printable area of an A4 sheet, inches; centred on the sheet. One page unit of reports and listings is one inch.
+// The printable area of an A4 sheet, inches; centred on the sheet. One page unit of reports and listings is
+// one inch.
 inline constexpr double printableShortSide = 8.26 / 1.043;
 inline constexpr double printableLongSide = 11.69 / 1.09;
 
 struct PrintRequest {
-    std::string title;        // of the job, as the print system shows it
+    std::string title; // of the job, as the print system shows it
     Orientation orientation = Orientation::portrait;
-    std::string fallbackFile; // model name of the PDF file made where no printer was chosen and the system has none
+    // Model name of the PDF file made where no printer was chosen and the system has none.
+    std::string fallbackFile;
 };
 
 // A job is made page by page. Dropped without finish(), nothing is printed and no file is left.
@@ -25,8 +27,8 @@ class PrintJob {
     virtual ~PrintJob() = default;
     // The drawing's width and height fill the printable area.
     virtual void page(const Drawing& drawing) = 0;
-    // Hands the document over; error 482 where the print system refuses it. Returns where it went where the user could
-    // not know: the file's model name, else "".
+    // Hands the document over; error 482 where the print system refuses it. Returns where it went where the
+    // user could not know: the file's model name, else "".
     virtual std::string finish() = 0;
 };
 

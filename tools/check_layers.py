@@ -1,0 +1,117 @@
+"""Keeps the folders of src/ and engine/ apart: who may include whom, and what only the toolkit may touch.
+
+Usage: check_layers.py [FOLDER]   FOLDER is the project's root.
+
+A room is a folder. Its forms are the files frm*.h and frm*.cpp, main.cpp is a room of its own, and the rest is the
+folder's core. Forms, commands, main and the toolkit may use Qt; a core may not.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+GROUND = {"results", "global", "platform", "basic"}
+CORES = {"app", "runs", "graphs/setup", "graphs/draw", "reports", "help"}
+WITH_QT = {"form", "commands", "main", "toolkit"}
+MAY_INCLUDE = {
+    "basic": {"basic"},
+    "platform": {"platform", "basic"},
+    "global": {"global", "basic"},
+    "results": GROUND,
+    "toolkit": {"toolkit", "platform", "basic"},
+    "commands": {"commands", "toolkit"} | CORES | GROUND,
+    "engine": {"engine", "basic"},
+}
+# The main form's menus open data files and start runs; both belong to the runs.
+FORM_ALSO_INCLUDES = {"app/frmStart": {"runs"}}
+PLAIN_VALUES = {"graphs/draw/Drawing.h"}  # everybody's, but for the two that stand by themselves
+WITHOUT_PLAIN_VALUES = {"basic", "engine"}
+
+INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
+COMMENT_OR_TEXT = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"', re.DOTALL)
+TOOLKIT_ONLY = re.compile(
+    r"\bQMessageBox\b|\bQFileDialog\b|\bQPrint\w*|\bQProcess\b|\bv?fork\s*\(|\bf?exec(?:l|v)p?e?\s*\("
+    r"|\bposix_spawnp?\b|\bpopen\s*\(|(?<![\w.>])system\s*\("
+)
+
+
+def room_of(name: str) -> str:
+    """The room of a file, named from the root of includes: basic/Text.h, graphs/draw/Drawing.h, engine/Reach.h."""
+    folder, _, file = name.rpartition("/")
+    if file.startswith("frm"):
+        return "form"
+    if name == "app/main.cpp":
+        return "main"
+    return folder
+
+
+def allowed_rooms(room: str, name: str) -> set[str]:
+    folder = name.rpartition("/")[0]
+    if room in MAY_INCLUDE:
+        return MAY_INCLUDE[room]
+    if room == "form":
+        return {folder, "form", "toolkit"} | GROUND | FORM_ALSO_INCLUDES.get(name.rpartition(".")[0], set())
+    if room == "main":
+        return {folder, "form", "commands", "toolkit"} | GROUND
+    return {room} | GROUND
+
+
+def is_qt(header: str) -> bool:
+    return re.match(r"Q[A-Z]|Qt[A-Z]?\w*/|q[a-z]+\.h$", header) is not None
+
+
+def resolve(root: Path, including: Path, header: str) -> str | None:
+    """A quoted header as named from the root of includes."""
+    for base, prefix in ((including.parent, None), (root / "src", ""), (root, "")):
+        if (base / header).is_file():
+            found = (base / header).resolve()
+            return name_of(root, found) if prefix is None else header
+    return None
+
+
+def name_of(root: Path, path: Path) -> str:
+    source = (root / "src").resolve()
+    path = path.resolve()
+    return str(path.relative_to(source if path.is_relative_to(source) else root.resolve()))
+
+
+def include_problem(root: Path, path: Path, bracket: str, header: str) -> str | None:
+    name = name_of(root, path)
+    room = room_of(name)
+    if bracket == "<":
+        return f"a core uses Qt: {header}" if is_qt(header) and room not in WITH_QT else None
+    target = resolve(root, path, header)
+    if target is None:
+        return f"no such header: {header}"
+    if target in PLAIN_VALUES and room not in WITHOUT_PLAIN_VALUES:
+        return None
+    if room_of(target) in allowed_rooms(room, name):
+        return None
+    return f"{room} may not include {target}"
+
+
+def problems_in(root: Path, path: Path) -> list[str]:
+    text = path.read_text(encoding="utf-8")
+    found = [include_problem(root, path, *match.groups()) for match in INCLUDE.finditer(text)]
+    if room_of(name_of(root, path)) != "toolkit":
+        code = COMMENT_OR_TEXT.sub(" ", text)
+        found += [f"only the toolkit may use {match.group().strip('( ')}" for match in TOOLKIT_ONLY.finditer(code)]
+    return [f"{path.relative_to(root)}: {problem}" for problem in found if problem]
+
+
+def problems(root: Path) -> list[str]:
+    files = [path for folder in ("src", "engine") for path in (root / folder).rglob("*") if path.suffix in {".h", ".cpp"}]
+    if not files:
+        return [f"{root}: no C++ files in src/ or engine/"]
+    return [problem for path in sorted(files) for problem in problems_in(root, path)]
+
+
+def main(arguments: list[str]) -> int:
+    root = Path(arguments[0] if arguments else Path(__file__).resolve().parent.parent)
+    found = problems(root.resolve())
+    print("\n".join(found) or "every include follows the layers")
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
