@@ -1,0 +1,93 @@
+#include "engine/OutputFiles.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace engine {
+
+namespace {
+
+[[noreturn]] void fail(const char* what, const std::string& path, int errorCode) {
+    throw FileProblem{std::string(what) + ' ' + path + ": " + std::strerror(errorCode)};
+}
+
+// A file descriptor that closes itself.
+class OpenFile {
+  public:
+    OpenFile(const std::string& path, int flags)
+        : m_descriptor(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
+    ~OpenFile() {
+        if (m_descriptor >= 0) ::close(m_descriptor);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    bool isOpen() const { return m_descriptor >= 0; }
+
+    bool write(std::string_view bytes) const {
+        while (!bytes.empty()) {
+            const ssize_t count = ::write(m_descriptor, bytes.data(), bytes.size());
+            if (count < 0 && errno == EINTR) continue;
+            if (count < 0) return false;
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        }
+        return ::fsync(m_descriptor) == 0;
+    }
+
+    // 0 at the end, below 0 on a failure.
+    ssize_t read(char* into, std::size_t capacity) const { return ::read(m_descriptor, into, capacity); }
+
+  private:
+    int m_descriptor;
+};
+
+} // namespace
+
+std::string readFile(const std::string& hostPath) {
+    const OpenFile file(hostPath, O_RDONLY);
+    if (!file.isOpen()) fail("can't open", hostPath, errno);
+    std::string text;
+    char chunk[65536];
+    for (;;) {
+        const ssize_t count = file.read(chunk, sizeof chunk);
+        if (count < 0) fail("can't read", hostPath, errno);
+        if (count == 0) return text;
+        text.append(chunk, static_cast<std::size_t>(count));
+    }
+}
+
+bool fileExists(const std::string& hostPath) {
+    return ::access(hostPath.c_str(), F_OK) == 0;
+}
+
+OutputFiles::~OutputFiles() {
+    for (const Pending& pending : m_pending)
+        ::unlink(pending.temporary.c_str());
+}
+
+void OutputFiles::add(const std::string& hostPath, std::string_view bytes) {
+    if (fileExists(hostPath) && ::access(hostPath.c_str(), W_OK) != 0) fail("can't write", hostPath, errno);
+    struct stat status {};
+    if (::stat(hostPath.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
+        fail("can't write", hostPath, EISDIR);
+    const std::string temporary = hostPath + '.' + std::to_string(::getpid()) + ".new";
+    const OpenFile file(temporary, O_WRONLY | O_CREAT | O_TRUNC);
+    if (!file.isOpen()) fail("can't write", hostPath, errno);
+    m_pending.push_back({temporary, hostPath});
+    if (!file.write(bytes)) fail("can't write", hostPath, errno);
+}
+
+void OutputFiles::commit() {
+    while (!m_pending.empty()) {
+        const Pending& first = m_pending.front();
+        if (std::rename(first.temporary.c_str(), first.target.c_str()) != 0)
+            fail("can't write", first.target, errno);
+        m_pending.erase(m_pending.begin());
+    }
+}
+
+} // namespace engine
