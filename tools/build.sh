@@ -11,7 +11,7 @@ if command -v ccache >/dev/null; then options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=cc
 cd "$root"
 mkdir -p "build/$preset"
 log=build/$preset/build.log
-echo "Building build/$preset"
+echo "Building build/$preset" >&2
 if ! { cmake --preset "$preset" "${options[@]}" && cmake --build "build/$preset" -j "$(nproc)"; } >"$log" 2>&1; then
     tail -n 60 "$log" >&2
     echo "The build failed; all of it is in $root/$log" >&2

@@ -1,7 +1,8 @@
 """Sums what ctest ran: the tests of each GoogleTest program, and one for each other command.
 
 Usage: count_tests.py FOLDER...   Each folder holds ctest.xml and NAME.json of every GoogleTest program NAME.
-Ends with the line "N passed, N failed"; the exit status is 1 where anything failed or nothing ran.
+A folder without ctest.xml, where the build failed, is one failure. Ends with the line "N passed, N failed"; the exit status is 1
+where anything failed or nothing ran.
 """
 
 import json
@@ -20,6 +21,8 @@ def count_program(record: Path) -> tuple[int, int]:
 
 def count_folder(folder: Path) -> tuple[int, int]:
     passed = failed = 0
+    if not (folder / "ctest.xml").exists():
+        return 0, 1  # nothing was built
     for case in ElementTree.parse(folder / "ctest.xml").getroot().iter("testcase"):
         succeeded = case.get("status") == "run"
         record = folder / f"{case.get('name')}.json"

@@ -47,6 +47,10 @@ class CountTestsTest(unittest.TestCase):
         tests = [test_record(), test_record("SKIPPED"), test_record("SUPPRESSED")]
         self.assertEqual(self.counted({"a": "run"}, {"a": tests}), ("2 passed, 0 failed\n", 0))
 
+    def test_counts_a_build_that_failed(self):
+        with tempfile.TemporaryDirectory() as folder:
+            self.assertEqual(count_tests.count_folder(Path(folder)), (0, 1))
+
     def test_fails_where_nothing_ran(self):
         self.assertEqual(self.counted({}, {}), ("0 passed, 0 failed\n", 1))
 
