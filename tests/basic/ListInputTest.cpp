@@ -1,0 +1,434 @@
+#include "basic/ListInput.h"
+
+#include "basic/RunTimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+#include <random>
+
+namespace {
+
+// What one call gave: the error's number, or the value.
+struct Outcome {
+    int error = 0;
+    std::string text;
+    double number = 0;
+    bool operator==(const Outcome& other) const {
+        return error == other.error && text == other.text &&
+               std::bit_cast<std::uint64_t>(number) == std::bit_cast<std::uint64_t>(other.number);
+    }
+};
+
+std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
+    return out << "error " << outcome.error << " text [" << outcome.text << "] number " << outcome.number;
+}
+
+enum class Call { number, integer, text, skip, line, atEnd };
+
+Outcome outcomeOf(auto& input, Call call) {
+    Outcome outcome;
+    try {
+        switch (call) {
+        case Call::number: outcome.number = input.number(); break;
+        case Call::integer: outcome.number = input.integer(); break;
+        case Call::text: outcome.text = input.text(); break;
+        case Call::skip: input.skip(); break;
+        case Call::line: outcome.text = input.line(); break;
+        case Call::atEnd: outcome.number = input.atEnd(); break;
+        }
+    } catch (const RunTimeError& error) {
+        outcome.error = error.number;
+    }
+    return outcome;
+}
+
+std::vector<Outcome> outcomesOf(const std::string& text, const std::vector<Call>& calls,
+                                std::size_t chunkSize = 512) {
+    TextSource source(text);
+    ListInput input(source, chunkSize);
+    std::vector<Outcome> outcomes;
+    for (Call call : calls)
+        outcomes.push_back(outcomeOf(input, call));
+    return outcomes;
+}
+
+std::vector<double> numbersOf(const std::string& text, std::size_t count) {
+    std::vector<double> numbers;
+    for (const Outcome& outcome : outcomesOf(text, std::vector<Call>(count, Call::number))) {
+        EXPECT_EQ(outcome.error, 0) << text;
+        numbers.push_back(outcome.number);
+    }
+    return numbers;
+}
+
+std::vector<std::string> textsOf(const std::string& text, std::size_t count) {
+    std::vector<std::string> texts;
+    for (const Outcome& outcome : outcomesOf(text, std::vector<Call>(count, Call::text))) {
+        EXPECT_EQ(outcome.error, 0) << text;
+        texts.push_back(outcome.text);
+    }
+    return texts;
+}
+
+using Numbers = std::vector<double>;
+using Texts = std::vector<std::string>;
+
+// The same rules, one letter at a time over the whole text.
+class SlowInput {
+  public:
+    explicit SlowInput(std::string text) : m_text(std::move(text)) {}
+
+    double number() {
+        start();
+        std::string word;
+        while (!gone() && !isBlank(now()) && now() != ',' && !isBreak(now()))
+            word += take();
+        const double value = word.empty() ? 0 : valueOf(word);
+        finish();
+        return value;
+    }
+
+    int integer() {
+        const double value = number();
+        const double below = std::floor(value);
+        const double rest = value - below;
+        double whole = rest > 0.5 ? below + 1 : below;
+        if (rest == 0.5 && std::fmod(below, 2) != 0) whole = below + 1;
+        if (whole < -2147483648.0 || whole > 2147483647.0) throw RunTimeError(6);
+        return static_cast<int>(whole);
+    }
+
+    std::string text() {
+        start();
+        std::string word;
+        if (now() == '"') {
+            word = quoted();
+        } else {
+            while (!gone() && now() != ',' && !isBreak(now()))
+                word += take();
+            while (!word.empty() && isBlank(word.back()))
+                word.pop_back();
+        }
+        finish();
+        return word;
+    }
+
+    void skip() {
+        start();
+        if (now() == '"') {
+            quoted();
+        } else {
+            while (!gone() && !isBlank(now()) && now() != ',' && !isBreak(now()))
+                take();
+        }
+        finish();
+    }
+
+    std::string line() {
+        if (gone() || (now() == 26 && atEnd())) throw RunTimeError(62);
+        std::string word;
+        while (!gone() && !isBreak(now()))
+            word += take();
+        takeBreak();
+        return word;
+    }
+
+    bool atEnd() const {
+        for (std::size_t k = m_at; k < m_text.size(); ++k) {
+            if (!isBlank(m_text[k]) && !isBreak(m_text[k]) && m_text[k] != 26) return false;
+        }
+        return true;
+    }
+
+  private:
+    static bool isBlank(char c) { return c == ' ' || c == '\t'; }
+    static bool isBreak(char c) { return c == '\n' || c == '\r'; }
+    bool gone() const { return m_at >= m_text.size(); }
+    char now() const { return gone() ? '\0' : m_text[m_at]; }
+    char take() { return m_text[m_at++]; }
+
+    void start() {
+        while (isBlank(now()))
+            take();
+        if (gone() || (now() == 26 && atEnd())) throw RunTimeError(62);
+    }
+
+    std::string quoted() {
+        std::string word;
+        take();
+        while (!gone() && now() != '"')
+            word += take();
+        if (!gone()) take();
+        return word;
+    }
+
+    void takeBreak() {
+        if (now() == '\r') {
+            take();
+            if (now() == '\n') take();
+        } else if (now() == '\n') {
+            take();
+        }
+    }
+
+    void finish() {
+        while (isBlank(now()))
+            take();
+        if (now() == ',')
+            take();
+        else
+            takeBreak();
+    }
+
+    static double valueOf(const std::string& word) {
+        std::string plain;
+        std::size_t k = word[0] == '+' || word[0] == '-' ? 1 : 0;
+        int digits = 0;
+        for (; k < word.size() && std::isdigit(static_cast<unsigned char>(word[k])); ++k)
+            ++digits;
+        if (k < word.size() && word[k] == '.') {
+            for (++k; k < word.size() && std::isdigit(static_cast<unsigned char>(word[k])); ++k)
+                ++digits;
+        }
+        if (digits == 0) throw RunTimeError(13);
+        plain = word.substr(0, k);
+        if (k < word.size() && std::string("eEdD").find(word[k]) != std::string::npos) {
+            std::string exponent = word.substr(k + 1);
+            std::size_t first = !exponent.empty() && (exponent[0] == '+' || exponent[0] == '-') ? 1 : 0;
+            if (first == exponent.size() ||
+                exponent.find_first_not_of("0123456789", first) != std::string::npos)
+                throw RunTimeError(13);
+            plain += "e" + exponent;
+        } else if (k < word.size()) {
+            throw RunTimeError(13);
+        }
+        const double value = std::strtod(plain.c_str(), nullptr);
+        if (std::isinf(value)) throw RunTimeError(13);
+        const bool tooSmall = value == 0 && word.substr(0, k).find_first_of("123456789") != std::string::npos;
+        return tooSmall ? 0 : value;
+    }
+
+    std::string m_text;
+    std::size_t m_at = 0;
+};
+
+} // namespace
+
+TEST(ListInput, ReadsNumbersAsTheyAreWritten) {
+    const struct {
+        const char* text;
+        double value;
+    } cases[] = {
+        {"0", 0},
+        {"12", 12},
+        {"+12", 12},
+        {"-12.5", -12.5},
+        {".5", 0.5},
+        {"-.5", -0.5},
+        {"7.", 7},
+        {"1e3", 1000},
+        {"1E3", 1000},
+        {"1d3", 1000},
+        {"1D+3", 1000},
+        {"1.5D-3", 0.0015},
+        {"0.1", 0.1},
+        {"123456789012345", 123456789012345.0},
+        {"9007199254740993", 9007199254740992.0},
+        {"123456789012345678901234567890", 123456789012345678901234567890.0},
+        {"0.30000000000000004", 0.30000000000000004},
+        {"1e22", 1e22},
+        {"1e23", 1e23},
+        {"1e-22", 1e-22},
+        {"1e-23", 1e-23},
+        {"1.7976931348623157e308", 1.7976931348623157e308},
+        {"0000000000000000000000000000000012.5", 12.5},
+        {"0.00000000000000000000000000000000125", 0.00000000000000000000000000000000125},
+        {"2.2250738585072014e-308", 2.2250738585072014e-308},
+        {"4.9406564584124654e-324", 4.9406564584124654e-324},
+    };
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(numbersOf(text, 1), Numbers{value}) << text;
+}
+
+TEST(ListInput, TakesANumberTooSmallForADoubleAsZero) {
+    for (const char* text :
+         {"1e-400", "-1e-400", "1e-99999999999999999999", "0.0001e-330", "0e99999", "0d-5"})
+        EXPECT_EQ(numbersOf(text, 1), Numbers{0}) << text;
+}
+
+TEST(ListInput, RefusesANumberBeyondADouble) {
+    for (const char* text : {"1e309", "-1e309", "1e99999999999999999999", "1000e307", "1d400"})
+        EXPECT_EQ(outcomesOf(text, {Call::number})[0].error, errors::typeMismatch) << text;
+}
+
+TEST(ListInput, RefusesTextThatIsNotANumber) {
+    for (const char* text : {"****", "nan", "NaN",   "inf",  "-inf",   "infinity", "abc", "12abc",
+                             "1e",   "1e+", "--1",   "+-1",  "-+1",    "1.2.3",    ".",   "-",
+                             "+",    "e5",  "1e5e5", "0x10", "\"12\"", "1_000",    "12;"})
+        EXPECT_EQ(outcomesOf(text, {Call::number})[0].error, errors::typeMismatch) << text;
+}
+
+TEST(ListInput, EndsANumberAtBlankCommaOrLineEnd) {
+    const Numbers expected = {1, 2, 3};
+    for (const char* text : {"1 2 3", "1,2,3", "1\n2\n3", "1\r2\r3", "1\r\n2\r\n3\r\n", "1\t2\t3",
+                             "  1 , 2 , 3", "1,\t2 ,\t3\t", "1 ,2\r\n3", "1 \r\n2 \r3 \n"})
+        EXPECT_EQ(numbersOf(text, 3), expected) << text;
+}
+
+TEST(ListInput, ReadsAnEmptyFieldAsZeroOrNothing) {
+    EXPECT_EQ(numbersOf(",,3", 3), (Numbers{0, 0, 3}));
+    EXPECT_EQ(numbersOf("1,,3", 3), (Numbers{1, 0, 3}));
+    EXPECT_EQ(numbersOf("1\n\n3", 3), (Numbers{1, 0, 3}));
+    EXPECT_EQ(numbersOf("1,\n3", 3), (Numbers{1, 0, 3}));
+    EXPECT_EQ(textsOf("a,,c", 3), (Texts{"a", "", "c"}));
+    EXPECT_EQ(textsOf("\"\"\r\n\r\nc", 3), (Texts{"", "", "c"}));
+}
+
+TEST(ListInput, RoundsAFractionToTheEvenInteger) {
+    const std::string text = "0.5 1.5 2.5 -0.5 -1.5 2.4 2.6 2147483647 -2147483648 2147483647.5 3e9 1e300";
+    const auto outcomes = outcomesOf(text, std::vector<Call>(12, Call::integer));
+    const Numbers expected = {0, 2, 2, 0, -2, 2, 3, 2147483647, -2147483648.0};
+    for (std::size_t k = 0; k < expected.size(); ++k)
+        EXPECT_EQ(outcomes[k].number, expected[k]);
+    for (std::size_t k = expected.size(); k < outcomes.size(); ++k)
+        EXPECT_EQ(outcomes[k].error, errors::overflow);
+}
+
+TEST(ListInput, ReadsTextToTheCommaOrLineEnd) {
+    EXPECT_EQ(textsOf("Upper Mill  , Weir\t\r\nLower", 3), (Texts{"Upper Mill", "Weir", "Lower"}));
+    EXPECT_EQ(textsOf("ab\"c\"d,e", 2), (Texts{"ab\"c\"d", "e"}));
+    EXPECT_EQ(textsOf("\xE9t\xE9,1", 2), (Texts{"\xE9t\xE9", "1"}));
+}
+
+TEST(ListInput, ReadsQuotedTextToTheNextQuote) {
+    EXPECT_EQ(textsOf("\"a, b\" , \" c \"", 2), (Texts{"a, b", " c "}));
+    EXPECT_EQ(textsOf("\"a\r\nb\nc\",d", 2), (Texts{"a\r\nb\nc", "d"}));
+    EXPECT_EQ(textsOf("\"a\"\"b\" c", 3), (Texts{"a", "b", "c"}));
+    EXPECT_EQ(textsOf("\"no end, \n", 1), Texts{"no end, \n"});
+}
+
+TEST(ListInput, DropsAFieldOfAnyForm) {
+    const auto afterSkip = [](const std::string& text) {
+        return outcomesOf(text, {Call::skip, Call::text})[1].text;
+    };
+    EXPECT_EQ(afterSkip("\"a, b\",next"), "next");
+    EXPECT_EQ(afterSkip("12,next"), "next");
+    EXPECT_EQ(afterSkip("****,next"), "next");
+    EXPECT_EQ(afterSkip(",next"), "next");
+    EXPECT_EQ(afterSkip("two words,next"), "words");
+}
+
+TEST(ListInput, ReadsWholeLinesWithTheirBlanks) {
+    EXPECT_EQ(outcomesOf(" a, \"b \r\n\r\nc\rd\ne", std::vector<Call>(5, Call::line)),
+              (std::vector<Outcome>{{0, " a, \"b "}, {0, ""}, {0, "c"}, {0, "d"}, {0, "e"}}));
+}
+
+TEST(ListInput, LeavesTheBlanksAtTheStartOfALineAfterAField) {
+    EXPECT_EQ(outcomesOf("3  \r\n   1 Mill", {Call::number, Call::line})[1].text, "   1 Mill");
+}
+
+TEST(ListInput, FailsPastTheEnd) {
+    for (Call call : {Call::number, Call::integer, Call::text, Call::skip, Call::line}) {
+        for (const char* text : {"", "\x1a", "\x1a\r\n \x1a"})
+            EXPECT_EQ(outcomesOf(text, {call})[0].error, errors::inputPastEndOfFile);
+    }
+    EXPECT_EQ(outcomesOf("1,  ", {Call::number, Call::number})[1].error, errors::inputPastEndOfFile);
+    EXPECT_EQ(outcomesOf("1,\x1a", {Call::number, Call::number})[1].error, errors::inputPastEndOfFile);
+}
+
+TEST(ListInput, IsAtTheEndWhereOnlyBlanksLinesAndControlZAreLeft) {
+    const struct {
+        const char* text;
+        bool ended;
+    } cases[] = {{"", true},     {"  \t", true},         {"\r\n\n\r", true},
+                 {"\x1a", true}, {" \r\n\x1a\n ", true}, {"\r\n x", false},
+                 {",", false},   {"\"\"", false}};
+    for (const auto& [text, ended] : cases)
+        EXPECT_EQ(outcomesOf(text, {Call::atEnd})[0].number, ended) << text;
+}
+
+TEST(ListInput, AskingForTheEndTakesNothing) {
+    EXPECT_EQ(
+        outcomesOf("\n\n5", {Call::atEnd, Call::number, Call::atEnd, Call::number, Call::number})[4].number,
+        5);
+}
+
+TEST(ListInput, ReadsFieldsLongerThanAChunk) {
+    const std::string words(5000, 'x');
+    EXPECT_EQ(outcomesOf("\"" + words + "\"," + words + ",1", {Call::text, Call::text, Call::number}, 16),
+              (std::vector<Outcome>{{0, words}, {0, words}, {0, "", 1}}));
+    EXPECT_EQ(outcomesOf(std::string(5000, '0') + "7", {Call::number}, 16)[0].number, 7);
+}
+
+TEST(ListInput, CountsTheBytesItHasConsumed) {
+    TextSource source("12,\"ab\"\r\nrest of it\r\n");
+    ListInput input(source, 3);
+    EXPECT_EQ(input.bytesConsumed(), 0u);
+    input.number();
+    EXPECT_EQ(input.bytesConsumed(), 3u);
+    input.text();
+    EXPECT_EQ(input.bytesConsumed(), 9u);
+    input.line();
+    EXPECT_EQ(input.bytesConsumed(), 21u);
+}
+
+TEST(ListInput, PassesOnAFailureOfItsSource) {
+    class Failing : public ByteSource {
+        std::size_t read(char*, std::size_t) override { throw RunTimeError(errors::deviceIoError); }
+    } source;
+    ListInput input(source);
+    EXPECT_EQ(outcomeOf(input, Call::number).error, errors::deviceIoError);
+}
+
+TEST(ListInput, ReadsRandomTextsAsALetterByLetterTwin) {
+    const std::string pieces[] = {"1",        "2.5",
+                                  "-3",       "4e2",
+                                  "5D-1",     "\"",
+                                  "\"a b\"",  ",",
+                                  " ",        "\t",
+                                  "\n",       "\r",
+                                  "\r\n",     "abc",
+                                  "x y",      "\x1a",
+                                  "****",     ".",
+                                  "\"\r\n\"", "0.1234567",
+                                  "12345678", "123456789.123456789",
+                                  "1e400",    "1e-400",
+                                  "+",        "\xE9",
+                                  "9.99E+22"};
+    std::mt19937 random(7);
+    const auto upTo = [&](std::size_t count) { return random() % count; };
+    for (int round = 0; round < 20000; ++round) {
+        std::string text;
+        for (std::size_t k = upTo(30); k > 0; --k)
+            text += pieces[upTo(std::size(pieces))];
+        TextSource source(text);
+        ListInput input(source, round % 8 == 7 ? 512 : static_cast<std::size_t>(round % 8 + 1));
+        SlowInput twin(text);
+        for (int call = 0; call < 25; ++call) {
+            const Call next = static_cast<Call>(upTo(6));
+            const Outcome expected = outcomeOf(twin, next);
+            ASSERT_EQ(outcomeOf(input, next), expected) << "text [" << text << "] call " << call;
+            if (expected.error != 0) break;
+        }
+    }
+}
+
+TEST(ListInput, ReadsRandomNumbersToTheLastBit) {
+    std::mt19937_64 random(11);
+    for (int round = 0; round < 100000; ++round) {
+        char text[64];
+        const double value = std::bit_cast<double>(random());
+        if (!std::isfinite(value)) continue;
+        std::snprintf(text, sizeof text, "%.*g", static_cast<int>(random() % 20 + 1), value);
+        if (std::isinf(std::strtod(text, nullptr))) continue;
+        ASSERT_EQ(numbersOf(text, 1), Numbers{std::strtod(text, nullptr)}) << text;
+        std::snprintf(text, sizeof text, "%.*f", static_cast<int>(random() % 12),
+                      static_cast<double>(random() % 1000000000) / 1e5);
+        ASSERT_EQ(numbersOf(text, 1), Numbers{std::strtod(text, nullptr)}) << text;
+    }
+}
