@@ -1,0 +1,122 @@
+#include "graphs/setup/ResultsLoading.h"
+
+#include "basic/ModelName.h"
+#include "basic/Text.h"
+#include "global/GLOBAL.h"
+#include "graphs/setup/PlottingLists.h"
+#include "graphs/setup/ReachLists.h"
+
+namespace {
+
+constexpr int labelLength = 20; // a longer path is shown without its folders
+
+std::string& labelOf(GraphChoices& choices, int slot) {
+    return choices.fileLabels.at(static_cast<std::size_t>(slot));
+}
+
+int levelOptionOf(const std::string& percentileLevel, int otherwise) {
+    if (percentileLevel == "90") return 3;
+    if (percentileLevel == "95") return 4;
+    if (percentileLevel == "99") return 5;
+    return otherwise;
+}
+
+void takeFirstDataSet(GraphChoices& choices, ResultsDataSet& results) {
+    choices.firstDataSetLoaded = true;
+    choices.title = trim(results.resultsTitle);
+    choices.levelOption = levelOptionOf(results.percentileLevel, choices.levelOption);
+}
+
+void load(Platform& platform, GraphChoices& choices, int slot, const SetUpServices& services) {
+    GLOBAL.currentSlot = slot;
+    if (slot == 0) GLOBAL.fileNames[1].clear();
+    beginLoad(choices, slot, GLOBAL.fileNames[slot]);
+    services.showState();
+    LoadResultsFile(platform, true, services.progress);
+    endLoad(choices, slot, GLOBAL.loadFailed ? LoadEnd::failed : LoadEnd::loaded, RESULTS);
+}
+
+// The name of the chosen file, or "" where none can be taken.
+std::string chooseName(Platform& platform, FileDialogSettings& dialog, int slot) {
+    dialog.title = slot == 0 ? "Select Data File 1" : "Select Data File 2";
+    dialog.initialFolder = GLOBAL.fileNames[0].empty() ? GLOBAL.LastFolder : folderOf(GLOBAL.fileNames[0]);
+    const std::optional<ChosenFile> chosen = platform.dialogs.chooseFile(FileDialogKind::open, dialog);
+    if (!chosen) return "";
+    platform.files.setCurrentFolder(platform.machine.applicationFolder());
+    if (!chosen->refusal) return chosen->name;
+    platform.dialogs.show(refusedName(*chosen));
+    return "";
+}
+
+} // namespace
+
+FileDialogSettings resultsDialog() {
+    FileDialogSettings settings;
+    settings.objectName = "CDFilename";
+    settings.filter = "Korvel graph files (*.SGR)|*.SGR";
+    return settings;
+}
+
+void beginLoad(GraphChoices& choices, int slot, const std::string& fileName) {
+    choices.plotEnabled = false;
+    choices.waiting = true;
+    labelOf(choices, slot) = ShortFileName(fileName, labelLength);
+    if (slot != 0) return;
+    choices.fileLabels[1].clear();
+    choices.firstDataSetLoaded = false;
+    choices.plotType = 0;
+    clearSelections(choices);
+}
+
+void endLoad(GraphChoices& choices, int slot, LoadEnd end, ResultsDataSet& results) {
+    choices.waiting = false;
+    if (end == LoadEnd::loaded) {
+        if (slot == 0) takeFirstDataSet(choices, results);
+        fillLists(choices, results);
+    } else if (slot == 1) {
+        choices.fileLabels[1].clear();
+        choices.plotType = 0;
+    }
+    choices.plotEnabled = choices.firstDataSetLoaded;
+}
+
+void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpServices& services) {
+    if (GLOBAL.returnedFromGraph) {
+        GLOBAL.returnedFromGraph = false;
+        return;
+    }
+    if (!GLOBAL.graphResultsPending) return;
+    load(platform, choices, 0, services);
+    if (!GLOBAL.loadFailed) GLOBAL.graphResultsPending = false;
+}
+
+void chooseResultsFile(Platform& platform, GraphChoices& choices, FileDialogSettings& dialog, int slot,
+                       const SetUpServices& services) {
+    labelOf(choices, slot).clear();
+    services.showState();
+    if (slot == 1 && !choices.firstDataSetLoaded) {
+        platform.dialogs.show({"You must select Data File 1 before Data File 2.", "Select data file",
+                               Icon::exclamation, Buttons::ok});
+        return;
+    }
+    try {
+        const std::string name = chooseName(platform, dialog, slot);
+        if (name.empty()) return;
+        GLOBAL.fileNames[slot] = name;
+        load(platform, choices, slot, services);
+    } catch (const RunTimeError& error) {
+        if (choices.waiting) endLoad(choices, slot, LoadEnd::failed, RESULTS);
+        services.showState();
+        platform.dialogs.show(
+            {error.description, slot == 1 ? "Error in 2nd data set" : "Error", Icon::critical, Buttons::ok});
+    }
+}
+
+bool readyToPlot(Platform& platform, GraphChoices& choices) {
+    choices.plotInterpolatedPoints = GLOBAL.interpolatedBoxTicked;
+    choices.displayLevel = GLOBAL.mainForm.displayLevel;
+    std::optional<Message> refusal = missingData(choices);
+    if (!refusal) refusal = prepareGraph(choices, RESULTS, GLOBAL, GLOBAL);
+    if (refusal) platform.dialogs.show(*refusal);
+    return !refusal;
+}

@@ -1,0 +1,95 @@
+// The graph set-up form: loads one or two results files, offers what to plot and how, and opens the graph.
+#pragma once
+
+#include "graphs/draw/frmSimgraph.h"
+#include "graphs/setup/GraphChoices.h"
+#include "graphs/setup/ResultsLoading.h"
+#include "toolkit/ControlArray.h"
+#include "toolkit/Form.h"
+
+#include <QButtonGroup>
+
+class frmGraphData : public Form {
+  public:
+    frmGraphData(Platform& doors, frmSimgraph& graph);
+
+  protected:
+    void onActivate() override;
+    bool onClose() override;
+
+  private:
+    void connectMenus();
+    void connectMode1();
+    void connectMode2();
+    void connectOptions();
+    void connectTitles();
+    void setToolTips();
+    void arrangeTabOrder();
+
+    void load(int slot);
+    void plot();
+    void showProgress(double share);
+    SetUpServices services();
+
+    void enterMode1();
+    void enterMode2();
+    // Runs a change of the choices and shows the outcome.
+    template <typename Change>
+    auto changing(Change change) {
+        return [this, change](auto... arguments) {
+            change(arguments...);
+            refresh();
+        };
+    }
+
+    void refresh();
+    void refreshFiles();
+    void refreshMode1();
+    void refreshMode2();
+    void refreshOptions();
+    Rgb modeColour(bool current) const;
+    std::string nextStep() const;
+
+    ControlArray<QLabel> labels();
+    ControlArray<QComboBox> combos();
+    ControlArray<QCheckBox> checkBoxes();
+    ControlArray<QRadioButton> plotTypes();
+    ControlArray<QLineEdit> titleBoxes();
+
+    // The controls in the designer's order.
+    QMenu& mnuOpen = submenu("mnuOpen", "&Open");
+    QAction& mnuDataFile1 = menuItem("mnuDataFile1", "Data File 1", &mnuOpen);
+    QAction& mnuDataFile2 = menuItem("mnuDataFile2", "Data file 2", &mnuOpen);
+    QAction& mnuPlot = menuItem("mnuPlot", "&Plot");
+    QAction& mnuExit = menuItem("mnuExit", "&Exit");
+
+    QLabel& lblFileName_0 = label("lblFileName_0", "", at(1200, 75, 3420, 285));
+    QLabel& lblFileName_1 = label("lblFileName_1", "", at(5820, 75, 3420, 285));
+    QProgressBar& Progress = progressBar("Progress", at(4860, 420, 4380, 210));
+
+    QFrame& frameMode_1 = frame("frameMode_1", at(120, 690, 5640, 2430));
+    QFrame& frameMode_2 = frame("frameMode_2", at(120, 3180, 5640, 1920));
+    QFrame& frameOptions = frame("frameOptions", at(5880, 690, 3480, 2790));
+    QFrame& frameFeatures = frame("frameFeatures", at(5880, 3540, 3480, 1560));
+    QListWidget& lstDets = listBox("lstDets", "Select 1 to 5 determinands to be plotted.",
+                                   at(2700, 720, 2820, 1380), {.in = &frameMode_1});
+    QListWidget& lstSites =
+        listBox("lstSites", "Select up to six reaches.", at(2700, 720, 2820, 870), {.in = &frameMode_2});
+    QListWidget& lstFeatures = listBox("lstFeatures", "Select feature types to be labelled on graphs.",
+                                       at(90, 330, 3300, 1170), {.in = &frameFeatures});
+    ControlArray<QLabel> Label = labels();
+    ControlArray<QComboBox> Combo = combos();
+    ControlArray<QCheckBox> Check = checkBoxes();
+    ControlArray<QRadioButton> optPlotType = plotTypes();
+    ControlArray<QLineEdit> txtTitle = titleBoxes();
+    QButtonGroup m_plotTypeGroup;
+    QButtonGroup m_levelGroup;
+
+    QLabel& lblNextStep = label("lblNextStep", "", at(5880, 5190, 3480, 810),
+                                {.bold = true, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
+
+    GraphChoices m_choices;
+    FileDialogSettings CDFilename;
+    bool m_loading = false;
+    frmSimgraph& m_graph;
+};
