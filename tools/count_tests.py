@@ -1,8 +1,8 @@
 """Sums what ctest ran: the tests of each GoogleTest program, and one for each other command.
 
 Usage: count_tests.py FOLDER...   Each folder holds ctest.xml and NAME.json of every GoogleTest program NAME.
-A folder without ctest.xml, where the build failed, is one failure. Ends with the line "N passed, N failed"; the exit status is 1
-where anything failed or nothing ran.
+A folder without ctest.xml, where the build failed, is one failure.
+Ends with the line "N passed, N failed"; the exit status is 1 where anything failed or nothing ran.
 """
 
 import json

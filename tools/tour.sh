@@ -26,6 +26,7 @@ for data in "$tour"/*.DAT; do
     results=$tour/${name^^}.SGR
     "$korvel" info "$results"
     read -r -a chain <<<"$(chain_of "$results")"
+    [[ ${#chain[@]} -gt 0 ]] || { echo "$results holds no reaches" >&2; exit 1; }
     "$korvel" graph "$results" --from "${chain[0]}" --to "${chain[-1]}" --series 0,1,2 --output "${data%.DAT}-profile.png"
     several=$(IFS=,; echo "${chain[*]:0:3}")
     "$korvel" graph "$results" --reaches "$several" --series 1 --output "${data%.DAT}-reaches.png"

@@ -76,6 +76,34 @@ TEST(CheckedVector, KeepsWhatWasWrittenBefore) {
     EXPECT_EQ(values, (CheckedVector<int, 100>{}));
 }
 
+TEST(CheckedVector, ReadsWhatIsAbsentAsTheGivenValue) {
+    CheckedVector<int, 100> values(-1);
+    EXPECT_EQ(values[100], -1);
+    values.set(2, 7);
+    EXPECT_EQ(values[0], -1);
+    EXPECT_EQ(values[1], -1);
+    EXPECT_EQ(values[2], 7);
+    EXPECT_EQ(values[3], -1);
+    values.clear();
+    EXPECT_EQ(values[2], -1);
+}
+
+TEST(CheckedVector, ClearsFromAnIndexOn) {
+    CheckedVector<int, 5> values(-1);
+    for (int i = 0; i <= 5; ++i)
+        values.set(i, i);
+    values.clearFrom(6);
+    EXPECT_EQ(values[5], 5);
+    values.clearFrom(3);
+    EXPECT_EQ(values[2], 2);
+    EXPECT_EQ(values[3], -1);
+    EXPECT_EQ(values[5], -1);
+    values.clearFrom(4);
+    EXPECT_EQ(values[2], 2);
+    EXPECT_EQ(errorOf([&] { values.clearFrom(-1); }), 9);
+    EXPECT_EQ(errorOf([&] { values.clearFrom(7); }), 9);
+}
+
 TEST(CheckedVector, RefusesAnIndexOutsideItsBounds) {
     CheckedVector<int, 100> values;
     for (const long long index : {-1LL, 101LL, 1LL << 40}) {

@@ -172,11 +172,13 @@ TEST_F(DiskFilesTest, WritesANewFileWithTheUsersMask) {
 }
 
 TEST_F(DiskFilesTest, ReplacesAFileWholeAndKeepsItsMode) {
-    folder.put("test.dat", "the old and longer text");
-    chmod(folder.path("test.dat").c_str(), 0604);
-    write("TEST.DAT", "new");
-    EXPECT_EQ(folder.textOf("test.dat"), "new");
-    EXPECT_EQ(modeOf(folder.path("test.dat")), 0604U);
+    for (const mode_t mode : {0604U, 0666U, 0755U}) {
+        folder.put("test.dat", "the old and longer text");
+        chmod(folder.path("test.dat").c_str(), mode);
+        write("TEST.DAT", "new");
+        EXPECT_EQ(folder.textOf("test.dat"), "new");
+        EXPECT_EQ(modeOf(folder.path("test.dat")), mode);
+    }
     EXPECT_EQ(folder.entries(), 1);
 }
 
