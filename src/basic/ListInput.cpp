@@ -260,10 +260,13 @@ void ListInput::skip() {
     endField();
 }
 
-std::string_view ListInput::line() {
+bool ListInput::hasLine() {
     m_kept = m_next;
-    if (!hasByte() || (m_buffer[m_next] == controlZ && atEnd()))
-        throw RunTimeError(errors::inputPastEndOfFile);
+    return hasByte() && !(m_buffer[m_next] == controlZ && atEnd());
+}
+
+std::string_view ListInput::line() {
+    if (!hasLine()) throw RunTimeError(errors::inputPastEndOfFile);
     const Field field = plainField(isLineEnd);
     if (m_next < m_end) endLine();
     return viewOf(field);

@@ -23,6 +23,8 @@ class ListInput {
 
     // One whole line without its end (CR LF, LF or CR); 62 at the end of the file.
     std::string_view line();
+    // Whether line() has one to give, be it blank.
+    bool hasLine();
 
     // Yes where only blanks, blank lines and Ctrl-Z characters are left.
     bool atEnd();
