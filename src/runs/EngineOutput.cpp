@@ -4,7 +4,8 @@
 
 namespace {
 
-constexpr std::size_t longestLine = 10000; // characters; a longer line is broken, so that the window stays quick
+constexpr std::size_t longestLine =
+    10000; // characters; a longer line is broken, so that the window stays quick
 
 bool tellsFileInHand(std::string_view line) {
     if (!beginsWith(line, "File ")) return false;

@@ -19,7 +19,8 @@ const char* const engineName = "korvelf157.exe";
 // "4.2 s", from a minute on "3 min 07 s".
 std::string timeTaken(qint64 milliseconds) {
     const qint64 seconds = milliseconds / 1000;
-    if (seconds < 60) return QString::number(static_cast<double>(milliseconds) / 1000, 'f', 1).toStdString() + " s";
+    if (seconds < 60)
+        return QString::number(static_cast<double>(milliseconds) / 1000, 'f', 1).toStdString() + " s";
     return QString("%1 min %2 s").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0')).toStdString();
 }
 
@@ -83,7 +84,8 @@ void frmEngine::startEngine() {
 
 void frmEngine::showOutput(std::string_view bytes) {
     std::string text;
-    for (const std::string& line : m_output.feed(bytes)) text += shownUtf8(line) + "\n";
+    for (const std::string& line : m_output.feed(bytes))
+        text += shownUtf8(line) + "\n";
     append(text);
 }
 
@@ -108,7 +110,8 @@ void frmEngine::engineFinished(int status) {
 }
 
 bool frmEngine::wantsToStop() {
-    const Message question{"The model is still running. Do you want to stop it?", "KORVEL", Icon::question, Buttons::yesNo};
+    const Message question{"The model is still running. Do you want to stop it?", "KORVEL", Icon::question,
+                           Buttons::yesNo};
     return doors().dialogs.show(question) == Answer::yes;
 }
 

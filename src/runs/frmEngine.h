@@ -1,5 +1,5 @@
-// The engine's window, a process of its own: it starts the engine, shows its output as it comes, and says how it
-// ended. It outlives the front end.
+// The engine's window, a process of its own: it starts the engine, shows its output as it comes, and says how
+// it ended. It outlives the front end.
 #pragma once
 
 #include "runs/EngineOutput.h"

@@ -71,8 +71,8 @@ Control& Form::added(Control* control, const std::string& name, const std::strin
 }
 
 void Form::place(QWidget& control, const std::string& typeName, Place place, double fontSize) {
-    added(&control, control.objectName().toStdString(), typeName, control.accessibleName().toStdString(), place,
-          {.fontSize = fontSize});
+    added(&control, control.objectName().toStdString(), typeName, control.accessibleName().toStdString(),
+          place, {.fontSize = fontSize});
 }
 
 QLabel& Form::label(const char* name, const std::string& caption, Place place, Look look) {
@@ -93,8 +93,10 @@ QCheckBox& Form::checkBox(const std::string& name, const std::string& caption, P
     return added(new QCheckBox(shown(caption), parentFor(look)), name, "CheckBox", caption, place, look);
 }
 
-QRadioButton& Form::optionButton(const std::string& name, const std::string& caption, Place place, Look look) {
-    return added(new QRadioButton(shown(caption), parentFor(look)), name, "OptionButton", caption, place, look);
+QRadioButton& Form::optionButton(const std::string& name, const std::string& caption, Place place,
+                                 Look look) {
+    return added(new QRadioButton(shown(caption), parentFor(look)), name, "OptionButton", caption, place,
+                 look);
 }
 
 QLineEdit& Form::textBox(const std::string& name, const std::string& accessibleName, Place place, Look look) {
@@ -109,7 +111,8 @@ QListWidget& Form::listBox(const char* name, const std::string& accessibleName, 
     return added(control, name, "ListBox", accessibleName, place, look);
 }
 
-QComboBox& Form::comboBox(const std::string& name, const std::string& accessibleName, Place place, Look look) {
+QComboBox& Form::comboBox(const std::string& name, const std::string& accessibleName, Place place,
+                          Look look) {
     auto* control = new QComboBox(parentFor(look));
     control->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     return added(control, name, "ComboBox", accessibleName, place, look);
@@ -205,9 +208,13 @@ LeaveWatch& Form::onLeave(QWidget& control, std::function<void()> action) {
     return *new LeaveWatch(control, m_handlers.guarded(std::move(action)));
 }
 
-void Form::tip(QWidget& control, std::function<std::string()> text) { new HoverTip(control, std::move(text)); }
+void Form::tip(QWidget& control, std::function<std::string()> text) {
+    new HoverTip(control, std::move(text));
+}
 
-void Form::tip(QWidget& control, const std::string& text) { control.setToolTip(shown(text)); }
+void Form::tip(QWidget& control, const std::string& text) {
+    control.setToolTip(shown(text));
+}
 
 void Form::closeEvent(QCloseEvent* event) {
     bool closes = true;

@@ -1,5 +1,5 @@
-// A form is its controls and its handlers. Controls are members, each made by one builder call that reads as a
-// designer's listing: name, caption, place in twips on a screen of 9600 by 6780.
+// A form is its controls and its handlers. Controls are members, each made by one builder call that reads as
+// a designer's listing: name, caption, place in twips on a screen of 9600 by 6780.
 #pragma once
 
 #include "basic/FormScaling.h"
@@ -25,7 +25,9 @@
 #include <functional>
 #include <vector>
 
-constexpr Place at(double left, double top, double width, double height) { return {left, top, width, height}; }
+constexpr Place at(double left, double top, double width, double height) {
+    return {left, top, width, height};
+}
 
 struct Look {
     double fontSize = 8; // points
@@ -63,10 +65,13 @@ class Form : public QMainWindow, public ShownForm {
     QLabel& label(const char* name, const std::string& caption, Place place, Look look = {});
     QPushButton& button(const char* name, const std::string& caption, Place place, Look look = {});
     QCheckBox& checkBox(const std::string& name, const std::string& caption, Place place, Look look = {});
-    QRadioButton& optionButton(const std::string& name, const std::string& caption, Place place, Look look = {});
-    QLineEdit& textBox(const std::string& name, const std::string& accessibleName, Place place, Look look = {});
+    QRadioButton& optionButton(const std::string& name, const std::string& caption, Place place,
+                               Look look = {});
+    QLineEdit& textBox(const std::string& name, const std::string& accessibleName, Place place,
+                       Look look = {});
     QListWidget& listBox(const char* name, const std::string& accessibleName, Place place, Look look = {});
-    QComboBox& comboBox(const std::string& name, const std::string& accessibleName, Place place, Look look = {});
+    QComboBox& comboBox(const std::string& name, const std::string& accessibleName, Place place,
+                        Look look = {});
     QFrame& frame(const char* name, Place place, Look look = {});
     QProgressBar& progressBar(const char* name, Place place, Look look = {});
     Shape& shape(const std::string& name, Shape::Kind kind, Rgb fill, Place place);

@@ -1,5 +1,5 @@
-// Every way in from Qt runs through here, so that no exception ever crosses Qt: a RunTimeError that no trap of the
-// program caught ends the program with its message.
+// Every way in from Qt runs through here, so that no exception ever crosses Qt: a RunTimeError that no trap
+// of the program caught ends the program with its message.
 #pragma once
 
 #include "platform/Windows.h"

@@ -115,7 +115,12 @@ TEST_F(FrmEngine, TellsTheFileOfABatchThatIsInHand) {
 }
 
 TEST(EngineCommand, StartsAWindowsProgramThroughWine) {
-    EXPECT_EQ(engineCommand("/app/korvelf157.exe", "\x7F" "E", "/usr/bin/wine").program, "/app/korvelf157.exe");
+    EXPECT_EQ(engineCommand("/app/korvelf157.exe",
+                            "\x7F"
+                            "E",
+                            "/usr/bin/wine")
+                  .program,
+              "/app/korvelf157.exe");
     const EngineCommand windows = engineCommand("/app/korvelf157.exe", "MZ", "/usr/bin/wine");
     EXPECT_EQ(windows.program, "/usr/bin/wine");
     EXPECT_EQ(windows.argument, "/app/korvelf157.exe");

@@ -10,11 +10,14 @@
 
 namespace {
 
-Tick tickOf(bool ticked) { return ticked ? Tick::on : Tick::off; }
+Tick tickOf(bool ticked) {
+    return ticked ? Tick::on : Tick::off;
+}
 
 std::vector<std::string> textsOf(const std::vector<ListedReach>& reaches) {
     std::vector<std::string> texts;
-    for (const ListedReach& reach : reaches) texts.push_back(reach.text);
+    for (const ListedReach& reach : reaches)
+        texts.push_back(reach.text);
     return texts;
 }
 
@@ -22,10 +25,14 @@ std::vector<std::string> textsOf(const std::vector<ListedReach>& reaches) {
 
 frmGraphData::frmGraphData(Platform& doors, frmSimgraph& graph)
     : Form(doors, "frmGraphData", "Korvel Graphical Results"), CDFilename(resultsDialog()), m_graph(graph) {
-    for (int option = 0; option < 3; ++option) m_plotTypeGroup.addButton(&optPlotType[option], option);
-    for (int option = 3; option < 6; ++option) m_levelGroup.addButton(&optPlotType[option], option);
-    for (QLabel* name : {&lblFileName_0, &lblFileName_1}) name->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    for (const char* feature : FeatureTypeTexts) lstFeatures.addItem(shown(feature));
+    for (int option = 0; option < 3; ++option)
+        m_plotTypeGroup.addButton(&optPlotType[option], option);
+    for (int option = 3; option < 6; ++option)
+        m_levelGroup.addButton(&optPlotType[option], option);
+    for (QLabel* name : {&lblFileName_0, &lblFileName_1})
+        name->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    for (const char* feature : FeatureTypeTexts)
+        lstFeatures.addItem(shown(feature));
     lstFeatures.setSelectionMode(QAbstractItemView::MultiSelection);
     connectMenus();
     connectMode1();
@@ -90,10 +97,12 @@ void frmGraphData::connectOptions() {
     on(Check[3], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotQualityTargets = on; }));
     on(Check[4], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotObservedValues = on; }));
     on(Check[5], &QCheckBox::toggled, changing([this](bool on) { GLOBAL.interpolatedBoxTicked = on; }));
-    on(m_plotTypeGroup, &QButtonGroup::idClicked, changing([this](int type) { choosePlotType(m_choices, type); }));
+    on(m_plotTypeGroup, &QButtonGroup::idClicked,
+       changing([this](int type) { choosePlotType(m_choices, type); }));
     on(m_levelGroup, &QButtonGroup::idClicked,
        changing([this](int option) { chooseLevelOption(m_choices, option, RESULTS); }));
-    on(lstFeatures, &QListWidget::itemSelectionChanged, [this] { m_choices.selectedFeatures = selectionOf(lstFeatures); });
+    on(lstFeatures, &QListWidget::itemSelectionChanged,
+       [this] { m_choices.selectedFeatures = selectionOf(lstFeatures); });
     onLeave(txtTitle[0], [this] {
         const std::optional<Message> refusal = leaveLevelBox(typed(txtTitle[0].text()), RESULTS);
         if (!refusal) return;
@@ -104,14 +113,15 @@ void frmGraphData::connectOptions() {
 
 void frmGraphData::connectTitles() {
     on(txtTitle[1], &QLineEdit::textChanged, [this](const QString& text) { m_choices.title = typed(text); });
-    on(txtTitle[2], &QLineEdit::textChanged, [this](const QString& text) { m_choices.subTitle = typed(text); });
+    on(txtTitle[2], &QLineEdit::textChanged,
+       [this](const QString& text) { m_choices.subTitle = typed(text); });
     onLeave(txtTitle[1], changing([this] { m_choices.title = cutTitle(m_choices.title); }));
     onLeave(txtTitle[2], changing([this] { m_choices.subTitle = cutTitle(m_choices.subTitle); }));
 }
 
 void frmGraphData::setToolTips() {
     const auto say = [](QWidget& control, GraphTip which) {
-        tip(control, [which] { return toolTip(which, RESULTS.percentileLevel); });
+        tip(control, [which] { return ::toolTip(which, RESULTS.percentileLevel); });
     };
     say(Check[0], GraphTip::plotMeans);
     say(Check[1], GraphTip::plotPercentiles);
@@ -132,10 +142,14 @@ void frmGraphData::arrangeTabOrder() {
         setTabOrder(previous, &control);
         previous = &control;
     };
-    for (QWidget* control : std::initializer_list<QWidget*>{&Combo[2], &lstDets, &Combo[3], &lstSites}) next(*control);
-    for (const auto& [index, box] : Check) next(*box);
-    for (const auto& [index, option] : optPlotType) next(*option);
-    for (QWidget* control : std::initializer_list<QWidget*>{&txtTitle[0], &lstFeatures, &txtTitle[1], &txtTitle[2]})
+    for (QWidget* control : std::initializer_list<QWidget*>{&Combo[2], &lstDets, &Combo[3], &lstSites})
+        next(*control);
+    for (const auto& [index, box] : Check)
+        next(*box);
+    for (const auto& [index, option] : optPlotType)
+        next(*option);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&txtTitle[0], &lstFeatures, &txtTitle[1], &txtTitle[2]})
         next(*control);
     Label[5].setBuddy(&Combo[1]);
     Label[6].setBuddy(&Combo[2]);
@@ -155,7 +169,9 @@ void frmGraphData::onActivate() {
 }
 
 // Not while a file is being read.
-bool frmGraphData::onClose() { return !m_loading; }
+bool frmGraphData::onClose() {
+    return !m_loading;
+}
 
 SetUpServices frmGraphData::services() {
     const auto showState = [this] {
@@ -236,9 +252,9 @@ Rgb frmGraphData::modeColour(bool current) const {
 }
 
 void frmGraphData::refreshOptions() {
-    const std::array<bool, 6> ticks = {m_choices.plotMeans,          m_choices.plotPercentiles,
-                                       m_choices.plotConfidenceLimits, m_choices.plotQualityTargets,
-                                       m_choices.plotObservedValues, GLOBAL.interpolatedBoxTicked};
+    const std::array<bool, 6> ticks = {
+        m_choices.plotMeans,          m_choices.plotPercentiles,    m_choices.plotConfidenceLimits,
+        m_choices.plotQualityTargets, m_choices.plotObservedValues, GLOBAL.interpolatedBoxTicked};
     for (const auto& [index, box] : Check) {
         const QSignalBlocker quiet(box);
         box->setChecked(ticks[static_cast<std::size_t>(index)]);

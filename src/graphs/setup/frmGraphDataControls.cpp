@@ -1,6 +1,5 @@
 #include "graphs/setup/frmGraphData.h"
 
-
 namespace {
 
 constexpr const char* controlKeyHint = "(Use control key for multiple selections.)";
@@ -49,8 +48,9 @@ ControlArray<QComboBox> frmGraphData::combos() {
 
 ControlArray<QCheckBox> frmGraphData::checkBoxes() {
     ControlArray<QCheckBox> array("Check");
-    const char* const captions[] = {"Plot means",           "Plot percentiles",     "Plot confidence limits",
-                                    "Plot quality targets", "Plot observed values", "Plot auto-interpolated points"};
+    const char* const captions[] = {
+        "Plot means",           "Plot percentiles",     "Plot confidence limits",
+        "Plot quality targets", "Plot observed values", "Plot auto-interpolated points"};
     int index = 0;
     for (const char* caption : captions) {
         const Place place = at(90, 285 + index * 225.0, 3300, 225);

@@ -1,0 +1,218 @@
+#include "app/frmStart.h"
+
+#include "app/DisplayLevel.h"
+#include "app/Settings.h"
+#include "app/StartUp.h"
+#include "global/GLOBAL.h"
+#include "runs/RunModel.h"
+#include "toolkit/Shown.h"
+#include "toolkit/Twips.h"
+
+#include <QMenuBar>
+
+namespace {
+
+constexpr std::array<const char*, 10> runCaptions = {
+    "&0   BASIC RUN BASIC RUN BASIC RUN ...",     "&1   Gap filling of river flows",
+    "&2   Use the gap filled river flows",        "&3   Gap filling of water quality",
+    "&4   Run the full gap filled model",         "&5   Perform options 1 and 3 in sequence",
+    "&6   Perfom options 1, 3 and 4 in sequence", "&7   Set effluent standards to meet river targets",
+    "&8   As 7 with aspects of no deterioration", "&9   As 8 assuming mid-class upstream quality standards",
+};
+
+const std::string productAndVersion = std::string("KORVEL ") + KORVEL_VERSION;
+const std::string designCaption = productAndVersion + " ... " + KORVEL_RELEASE_DATE;
+
+constexpr double titleFontSize = 30; // points
+
+// The logo: a river's profile, falling from the source to the sea.
+constexpr int logoCount = 7;
+constexpr double logoLeft = 3000, logoBottom = 2900, logoBar = 420, logoStep = 530;
+constexpr std::array<double, logoCount> logoHeights = {1980, 1590, 1710, 1230, 1350, 870, 540};
+constexpr std::array<Rgb, logoCount> logoColours = {Rgb{11, 60, 93}, {15, 86, 122},  {29, 111, 145},
+                                                    {50, 140, 166},  {88, 167, 182}, {128, 190, 194},
+                                                    {168, 210, 205}};
+
+} // namespace
+
+std::array<QAction*, 10> frmStart::runItems() {
+    std::array<QAction*, 10> items{};
+    for (std::size_t type = 0; type < items.size(); ++type)
+        items[type] = &menuItem(("mnuRun" + std::to_string(type)).c_str(), runCaptions[type], &mnuRun);
+    return items;
+}
+
+// Element 1 is the name, element 0 its shadow.
+ControlArray<QLabel> frmStart::korvelLabels() {
+    ControlArray<QLabel> labels("lblKorvel");
+    const Look look{.fontSize = titleFontSize, .bold = true, .align = Qt::AlignCenter};
+    labels.add(0, label("lblKorvel_0", productAndVersion, at(2030, 3130, 5600, 900), look));
+    labels.add(1, label("lblKorvel_1", productAndVersion, at(2000, 3100, 5600, 900), look));
+    labels[0].setStyleSheet("color: #d5dde2");
+    labels[1].setStyleSheet("color: #0b3c5d");
+    return labels;
+}
+
+ControlArray<Shape> frmStart::logoShapes() {
+    ControlArray<Shape> shapes("shpLogo");
+    for (int i = 0; i < logoCount; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        const Place place = at(logoLeft + i * logoStep, logoBottom - logoHeights[k], logoBar, logoHeights[k]);
+        shapes.add(i, shape(shapes.elementName(i), Shape::Kind::rounded, logoColours[k], place));
+    }
+    return shapes;
+}
+
+frmStart::frmStart(Platform& doors)
+    : Form(doors, "frmStart", designCaption),
+      m_dataFiles(doors, {[&doors] { SaveSettings(doors); }, [this] { refresh(); }}) {
+    client().setObjectName("client");
+    client().setStyleSheet("#client { background: white }");
+    lblEditWarning.setStyleSheet("color: #7a4a00");
+    for (QFrame* line : {&lineAddress_0, &lineAddress_1})
+        line->setStyleSheet("background: #c4d3da; border: none");
+    frameCD.hide();
+    connectMenus();
+}
+
+void frmStart::connectMenus() {
+    onClick(mnuExit, [this] { Exit(); });
+    onClick(mnuOpen, [this] { m_dataFiles.Open(), refresh(); });
+    onClick(mnuSave, [this] { m_dataFiles.Save(), refresh(); });
+    onClick(mnuSaveAs, [this] { m_dataFiles.SaveAs(), refresh(); });
+    for (int type = 0; type < static_cast<int>(m_runItems.size()); ++type)
+        onClick(*m_runItems[static_cast<std::size_t>(type)], [this, type] { run(type); });
+    onClick(mnuGraphs, [this] { showGraphs(); });
+    onClick(mnuPrinterSetup, [this] { choosePrinter(); });
+    onClick(mnuDisplayFull, [this] { setDisplayLevel(0); });
+    onClick(mnuSuppressInterpolated, [this] { setDisplayLevel(1); });
+    onClick(mnuSuppressFeatures, [this] { setDisplayLevel(2); });
+    onClick(mnuSuppressReaches, [this] { setDisplayLevel(3); });
+    for (QAction* item :
+         {&mnuDisplayFull, &mnuSuppressInterpolated, &mnuSuppressFeatures, &mnuSuppressReaches})
+        item->setCheckable(true);
+    // Switched off by design: nothing is behind them in this version.
+    for (QAction* item : {mnuFile.menuAction(), &mnuEditText, &mnuTextEditor, &mnuHelp})
+        item->setEnabled(false);
+}
+
+void frmStart::load() {
+    SetStartValues(doors());
+    GLOBAL.mainForm.title = designCaption;
+    fitToWorkArea(*this);
+    scaleLogo();
+    centreFrames();
+    m_graph = std::make_unique<frmSimgraph>(doors());
+    m_graphData = std::make_unique<frmGraphData>(doors(), *m_graph);
+    fitToWorkArea(*m_graphData);
+    fitToWorkArea(*m_graph);
+    refresh();
+}
+
+void frmStart::fitToWorkArea(Form& form) {
+    form.setOuterPlace(formPlace(doors().machine.workArea()));
+}
+
+void frmStart::scaleLogo() {
+    const ScreenFactors factors{GLOBAL.ScaleX, GLOBAL.ScaleY};
+    for (const auto& [index, control] : lblKorvel) {
+        const TitleLabel scaled = scaledTitleLabel({controlPlace(*control), titleFontSize}, factors);
+        setControlPlace(*control, scaled.place);
+        setFontSize(*control, scaled.fontSize, true);
+    }
+    for (const auto& [index, control] : shpLogo)
+        setControlPlace(*control, scaledLogoShape(controlPlace(*control), factors));
+}
+
+void frmStart::centreFrames() {
+    const Place form = outerPlace();
+    setControlPlace(frameCD, dialogFramePlace(controlPlace(frameCD), form));
+    setControlPlace(frameProgress, centredOnForm(controlPlace(frameProgress), form));
+}
+
+void frmStart::onActivate() {
+    GLOBAL.RunStarting = false;
+    if (m_openOnStart.empty()) return;
+    GLOBAL.fileNames[0] = std::exchange(m_openOnStart, "");
+    GLOBAL.graphResultsPending = true;
+    showGraphs();
+}
+
+// The form was closed by its window control.
+bool frmStart::onClose() {
+    Exit();
+    return true;
+}
+
+void frmStart::Exit() {
+    if (GLOBAL.DataModified) {
+        const Message question{"Do you wish to save the modified data, before exiting KORVEL?",
+                               "Modified data", Icon::question, Buttons::yesNo};
+        if (doors().dialogs.show(question) == Answer::yes) m_dataFiles.SaveAs();
+    }
+    doors().windows.endProgram();
+}
+
+void frmStart::run(int runType) {
+    GLOBAL.RunType = runType;
+    RunModel(doors(), m_dataFiles);
+    refresh();
+}
+
+void frmStart::showGraphs() {
+    HideEditWarningMessage(GLOBAL.mainForm);
+    refresh();
+    doors().windows.showModal(*m_graphData);
+}
+
+void frmStart::choosePrinter() {
+    try {
+        doors().dialogs.choosePrinter("cdPrinterSetup");
+    } catch (const RunTimeError&) {
+        // Kept so: whatever goes wrong here, a cancel included, changes nothing.
+    }
+}
+
+void frmStart::setDisplayLevel(int level) {
+    ChooseDisplayLevel(doors(), level);
+    refresh();
+}
+
+// The credits and their rules keep their distance from the bottom; nothing else moves.
+void frmStart::onResize() {
+    const int bottom = client().height();
+    const auto keepAbove = [bottom](QWidget& control, double twipsAboveBottom) {
+        control.move(control.x(), bottom - pixels(twipsAboveBottom));
+    };
+    keepAbove(lineAddress_0, 780);
+    keepAbove(lblAddress_0, 720);
+    keepAbove(lblAddress_1, 420);
+    keepAbove(lineAddress_1, 90);
+}
+
+void frmStart::refresh() {
+    const MainFormState& state = GLOBAL.mainForm;
+    setWindowTitle(shown(state.title));
+    lblEditWarning.setVisible(state.editWarningVisible);
+    mnuRun.menuAction()->setEnabled(state.runMenuEnabled);
+    mnuSave.setEnabled(state.saveEnabled);
+    mnuSaveAs.setEnabled(state.saveAsEnabled);
+    mnuEditText.setEnabled(state.editTextEnabled);
+    showMarks(displayLevelMarks(state.displayLevel));
+    showProgressFrame(state);
+}
+
+void frmStart::showMarks(const DisplayLevelMarks& marks) {
+    mnuDisplayFull.setChecked(marks[0]);
+    mnuSuppressInterpolated.setChecked(marks[1]);
+    mnuSuppressFeatures.setChecked(marks[2]);
+    mnuSuppressReaches.setChecked(marks[3]);
+}
+
+void frmStart::showProgressFrame(const MainFormState& state) {
+    frameProgress.setVisible(state.progressFrameVisible);
+    if (state.progressFrameColour) setBackground(frameProgress, paletteColour(*state.progressFrameColour));
+    for (QWidget* content : std::initializer_list<QWidget*>{&Progress, &lblProgress, &lblProgress2})
+        content->setVisible(state.progressContentsVisible);
+    Progress.setValue(static_cast<int>(state.progress * Progress.maximum()));
+}

@@ -1,0 +1,102 @@
+// The main form: the menu bar from which every other function is reached, the current data file's title, and
+// the start and end of the program.
+#pragma once
+
+#include "app/DisplayLevel.h"
+#include "global/MainFormState.h"
+#include "graphs/setup/frmGraphData.h"
+#include "runs/DataFiles.h"
+#include "toolkit/ControlArray.h"
+#include "toolkit/Form.h"
+
+#include <array>
+#include <memory>
+
+class frmStart : public Form {
+  public:
+    explicit frmStart(Platform& doors);
+
+    // Shows the set-up form on this results file (a model name) as soon as the main form is shown.
+    void openOnStart(const std::string& resultsFile) { m_openOnStart = resultsFile; }
+
+    // Start-up, in its order; a failure is the run-time's.
+    void load();
+
+  protected:
+    void onActivate() override;
+    bool onClose() override;
+    void onResize() override;
+
+  private:
+    void fitToWorkArea(Form& form);
+    void scaleLogo();
+    void centreFrames();
+    void connectMenus();
+
+    void Exit();
+    void run(int runType);
+    void showGraphs();
+    void choosePrinter();
+    void setDisplayLevel(int level);
+    void refresh();
+    void showMarks(const DisplayLevelMarks& marks);
+    void showProgressFrame(const MainFormState& state);
+
+    // The menu bar, in its order. Kept so: the blanks space the items apart.
+    QAction& mnuExit = menuItem("mnuExit", "&Exit");
+    QMenu& mnuFile = submenu("mnuFile", "&File");
+    QAction& mnuOpen = menuItem("mnuOpen", "&Open", &mnuFile);
+    QAction& mnuSave = menuItem("mnuSave", "&Save", &mnuFile);
+    QAction& mnuSaveAs = menuItem("mnuSaveAs", "Save &As", &mnuFile);
+    QAction& mnuEditText = menuItem("mnuEditText", "&Edit text");
+    QMenu& mnuRun = submenu("mnuRun", "     &RUN THE KORVEL MODEL ...            ");
+    std::array<QAction*, 10> m_runItems = runItems();
+    QAction& mnuReports = menuItem("mnuReports", "&Reports");
+    QAction& mnuGraphs = menuItem("mnuGraphs", "     &Graphs");
+    QAction& mnuBatch = menuItem("mnuBatch", "     &Batch Run");
+    QMenu& mnuOptions = submenu("mnuOptions", "          &Options");
+    QAction& mnuPrinterSetup = menuItem("mnuPrinterSetup", "&Printer Setup", &mnuOptions);
+    QAction& mnuTextEditor = menuItem("mnuTextEditor", "&Text Editor", &mnuOptions);
+    QMenu& mnuREsultDisplayOptions =
+        submenu("mnuREsultDisplayOptions", "&Result Display Options", &mnuOptions);
+    QAction& mnuDisplayFull = menuItem("mnuDisplayFull", "Display full results", &mnuREsultDisplayOptions);
+    QAction& mnuSuppressInterpolated =
+        menuItem("mnuSuppressInterpolated", "Suppress interpolated points", &mnuREsultDisplayOptions);
+    QAction& mnuSuppressFeatures =
+        menuItem("mnuSuppressFeatures", "Suppress features", &mnuREsultDisplayOptions);
+    QAction& mnuSuppressReaches =
+        menuItem("mnuSuppressReaches", "Suppress reaches", &mnuREsultDisplayOptions);
+    QAction& mnuHelp = menuItem("mnuHelp", "Online &Manual");
+
+    // Place and caption of each control, in the designer's order.
+    QFrame& frameCD = frame("frameCD", at(1560, 600, 6500, 4800));
+    QFrame& frameProgress = frame("frameProgress", at(2400, 2600, 4800, 1260));
+    QProgressBar& Progress = progressBar("Progress", at(240, 780, 4320, 270), {.in = &frameProgress});
+    QLabel& lblProgress2 = label("lblProgress2", "", at(240, 420, 4320, 300), {.in = &frameProgress});
+    QLabel& lblProgress =
+        label("lblProgress", "Opening", at(240, 120, 4320, 300), {.fontSize = 10, .in = &frameProgress});
+    QLabel& lblEditWarning = label("lblEditWarning",
+                                   "WARNING: If you have modified and saved data using the Edit Text "
+                                   "facility, you need to 'Open' the file "
+                                   "again without clicking 'Save' beforehand.",
+                                   at(240, 150, 9000, 480), {.fontSize = 9, .wraps = true});
+    QLabel& lblAddress_0 = label("lblAddress_0", "KORVEL  \u2013  river water quality for whole catchments",
+                                 at(240, 5400, 9000, 270), {.fontSize = 9});
+    QLabel& lblAddress_1 = label("lblAddress_1", "Free and open source software, under the MIT licence",
+                                 at(240, 5700, 9000, 270), {.fontSize = 9});
+    QFrame& lineAddress_0 = frame("lineAddress_0", at(240, 5340, 9000, 15));
+    QFrame& lineAddress_1 = frame("lineAddress_1", at(240, 6030, 9000, 15));
+    ControlArray<QLabel> lblKorvel = korvelLabels();
+    ControlArray<Shape> shpLogo = logoShapes();
+    QLabel& lblNextStep = label("lblNextStep", "", at(600, 4260, 8400, 600),
+                                {.fontSize = 11, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
+
+    std::array<QAction*, 10> runItems();
+    ControlArray<QLabel> korvelLabels();
+    ControlArray<Shape> logoShapes();
+
+    DataFiles m_dataFiles;
+    std::unique_ptr<frmSimgraph> m_graph;
+    std::unique_ptr<frmGraphData> m_graphData;
+    std::string m_openOnStart;
+};

@@ -1,0 +1,103 @@
+// The one executable: the windows, the command line's commands, and the engine's window.
+
+#include "app/frmStart.h"
+#include "basic/ModelName.h"
+#include "commands/CommandLine.h"
+#include "commands/Commands.h"
+#include "platform/ApplicationFolder.h"
+#include "platform/DiskFiles.h"
+#include "runs/frmEngine.h"
+#include "toolkit/PrinterChoice.h"
+#include "toolkit/QtDialogs.h"
+#include "toolkit/QtMachine.h"
+#include "toolkit/QtTextMetrics.h"
+#include "toolkit/QtWindows.h"
+#include "toolkit/StartQt.h"
+
+#include <QApplication>
+
+#include <iostream>
+
+namespace {
+
+// Until a printer can be reached.
+class NoPaper : public Paper {
+  public:
+    explicit NoPaper(const TextMetrics& metrics) : m_metrics(metrics) {}
+    const TextMetrics& metrics() const override { return m_metrics; }
+    std::unique_ptr<PrintJob> begin(const PrintRequest&) override {
+        throw RunTimeError(errors::printerError);
+    }
+
+  private:
+    const TextMetrics& m_metrics;
+};
+
+// The doors to the outside world, as the running program has them.
+struct Doors {
+    explicit Doors(const std::string& folder) : machine(folder) {}
+
+    PrinterChoice printer;
+    QtDialogs dialogs{printer};
+    DiskFiles files;
+    QtMachine machine;
+    QtWindows windows{dialogs};
+    QtTextMetrics metrics;
+    NoPaper paper{metrics};
+    Platform platform{dialogs, files, machine, windows, paper, metrics};
+};
+
+int showMainForm(Doors& doors, const std::string& resultsFile) {
+    frmStart start(doors.platform);
+    Handlers(doors.windows).run([&] {
+        doors.files.setCurrentFolder(doors.machine.applicationFolder());
+        if (!resultsFile.empty()) start.openOnStart(resultsFile);
+        start.load();
+    });
+    doors.windows.showModeless(start);
+    return QApplication::exec();
+}
+
+int showEngineWindow(Doors& doors) {
+    frmEngine window(doors.platform);
+    window.showMaximized();
+    doors.windows.showModeless(window);
+    return QApplication::exec();
+}
+
+// Commands are quick and need no windows: an application object is made only by those that draw.
+int runForConsole(const std::vector<std::string>& arguments, const std::string& folder) {
+    settleForNoDisplay();
+    Doors doors(folder);
+    return runCommand(arguments, doors.platform, std::cout, std::cerr);
+}
+
+int runWindows(int argc, char** argv, const std::vector<std::string>& arguments, const std::string& folder) {
+    settleBeforeQt();
+    QApplication application(argc, argv);
+    settleLook();
+    Doors doors(folder);
+    if (!arguments.empty() && arguments.front() == "--engine-window") return showEngineWindow(doors);
+    return showMainForm(doors, arguments.empty() ? std::string() : modelNameOfTyped(arguments.front()));
+}
+
+int runProgram(int argc, char** argv) {
+    const ProgramArguments arguments = takeProgramOptions({argv + 1, argv + argc});
+    const ApplicationFolderSources sources = applicationFolderSources(arguments.applicationFolder);
+    const std::string folder = applicationFolder(sources);
+    fillApplicationFolder(folder, sources);
+    const bool engineWindow = !arguments.rest.empty() && arguments.rest.front() == "--engine-window";
+    if (!engineWindow && isForCommands(arguments.rest)) return runForConsole(arguments.rest, folder);
+    return runWindows(argc, argv, arguments.rest, folder);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return runProgram(argc, argv);
+    } catch (const UsageError& error) {
+        std::cerr << "korvel: " << error.what() << " See korvel --help.\n";
+        return exitStatus::wrongUsage;
+    }
+}

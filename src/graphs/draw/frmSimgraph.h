@@ -1,0 +1,61 @@
+// The graph form: shows the profile graph and moves about in it.
+#pragma once
+
+#include "graphs/draw/GraphPrimitives.h"
+#include "graphs/draw/PlotFrame.h"
+#include "graphs/draw/ViewControl.h"
+#include "toolkit/ControlArray.h"
+#include "toolkit/Form.h"
+#include "toolkit/PictureBox.h"
+
+#include <QToolButton>
+
+class frmSimgraph : public Form {
+  public:
+    explicit frmSimgraph(Platform& doors);
+
+    const Drawing& drawing() const { return m_drawing; }
+
+  protected:
+    void onActivate() override;
+    bool onClose() override;
+    void onResize() override;
+
+  private:
+    ControlArray<QPushButton> buttons();
+    QToolButton& arrow(const char* name, const char* says, Qt::ArrowType type, Place place);
+    void connectButtons();
+    void arrange();
+    // Clears the graph, draws it anew and shows what can be done with this view.
+    void redraw();
+    void moveView(ScrollDirection direction);
+    void refresh();
+    DrawingArea drawingArea() const;
+
+    QAction& mnuExit = menuItem("mnuExit", "&Exit");
+    QAction& mnuPrint = menuItem("mnuPrint", "&Print");
+    QAction& mnuSaveImage = menuItem("mnuSaveImage", "&Save as Image File");
+
+    QFrame& Shape2 = frame("Shape2", at(8280, 0, 1320, 6780));
+    ControlArray<QPushButton> Cmd = buttons();
+    QToolButton& picUp = arrow("picUp", "Scrolls up the display by one quarter of its current height.",
+                               Qt::UpArrow, at(480, 1650, 360, 360));
+    QToolButton& picLeft =
+        arrow("picLeft", "Scrolls left across the display by one quarter of its current width.",
+              Qt::LeftArrow, at(90, 2040, 360, 360));
+    QToolButton& picRight =
+        arrow("picRight", "Scrolls right across the display by one quarter of its current width.",
+              Qt::RightArrow, at(870, 2040, 360, 360));
+    QToolButton& picDown = arrow("picDown", "Scrolls down the display by one quarter of its current height.",
+                                 Qt::DownArrow, at(480, 2430, 360, 360));
+    QLabel& Label =
+        label("Label",
+              "Auto-interpolated points have not been plotted - too many reaches, determinands or plotting "
+              "points have been selected.",
+              at(60, 2940, 1200, 1500), {.in = &Shape2, .wraps = true});
+
+    Drawing m_drawing;
+    GraphPrimitives m_primitives;
+    PictureBox picGraph{"picGraph", m_drawing, &client()};
+    std::string m_textSizeCaption = "Small text";
+};
