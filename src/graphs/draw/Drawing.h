@@ -1,5 +1,6 @@
-// A picture as a list of plain commands, in the units of a graph (twips) or a page (inches): y runs downward from the
-// top left. What is drawn first lies below. One painter plays it to a window, an image, an SVG or a PDF page.
+// A picture as a list of plain commands, in the units of a graph (twips) or a page (inches): y runs downward
+// from the top left. What is drawn first lies below; texts lie above everything else. One painter plays it to
+// a window, an image, an SVG or a PDF page.
 #pragma once
 
 #include "basic/Palette.h"
@@ -13,7 +14,7 @@ enum class Dash { solid, dash, dot, dashDot, dashDotDot };
 
 struct Pen {
     Rgb colour;
-    double width = 1; // device pixels on screen, printer dots (1/300 inch) on paper
+    double width = 1; // pixels on screen, printer dots (1/300 inch) on paper
     Dash dash = Dash::solid;
     bool operator==(const Pen&) const = default;
 };
@@ -38,7 +39,7 @@ struct DrawnRun {
     bool operator==(const DrawnRun&) const = default;
 };
 
-// `left`, `top`: the corner of the text's box. Lying text only.
+// `corner`: the top left of the text's box. Lying text only.
 struct DrawnText {
     DrawnPoint corner;
     double width = 0; // as measured
@@ -49,17 +50,12 @@ struct DrawnText {
     bool operator==(const DrawnText&) const = default;
 };
 
-// From here on commands are clipped to the rectangle; an empty one ends the clipping.
-struct ClipArea {
-    double left = 0, top = 0, width = 0, height = 0;
-    bool operator==(const ClipArea&) const = default;
-};
-
-using DrawnCommand = std::variant<DrawnLine, DrawnRun, DrawnText, ClipArea>;
+using DrawnCommand = std::variant<DrawnLine, DrawnRun, DrawnText>;
 
 struct Drawing {
     double width = 0;
     double height = 0;
+    double unitsPerInch = 1440; // twips; 1 where the page is in inches
     std::vector<DrawnCommand> commands;
 
     void clear() { commands.clear(); }

@@ -1,0 +1,32 @@
+// The key: a sample of each look with what it stands for.
+#pragma once
+
+#include "graphs/draw/GraphSheet.h"
+
+#include "global/GraphHandOver.h"
+
+#include <string>
+#include <vector>
+
+enum class KeySample { line, cross };
+
+struct KeyEntry {
+    std::string text;
+    LineLook look;
+    KeySample sample = KeySample::line;
+    bool operator==(const KeyEntry&) const = default;
+};
+
+enum class Targets { hidden, shown };
+
+std::vector<KeyEntry> keyEntries(const GraphHandOver& graph, Targets targets);
+
+struct KeyPlace { // graph coordinates
+    double left = 0;
+    double right = 0;
+    double top = 0;
+    double gap = 0; // between entries
+};
+
+// As many lines as needed; gives the height at which the key ends.
+double drawKey(const GraphSheet& sheet, const std::vector<KeyEntry>& entries, const KeyPlace& place);

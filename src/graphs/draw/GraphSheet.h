@@ -1,0 +1,63 @@
+// The primitives with their target chosen, and the looks that the graph gives to its lines.
+#pragma once
+
+#include "graphs/draw/GraphPrimitives.h"
+
+struct LineLook {
+    int thick = 0;
+    int style = 0;
+    int colour = 0;
+    bool operator==(const LineLook&) const = default;
+};
+
+namespace looks {
+inline constexpr LineLook first{4, 2, colours::lightBlue}; // the means, or the first of two data sets
+inline constexpr LineLook second{4, 2, colours::lightGreen};
+inline constexpr LineLook limits{0, 0, colours::black};
+inline constexpr LineLook targets{0, 2, colours::lightRed};
+inline constexpr LineLook observed{4, 2, colours::black};
+inline constexpr LineLook axis{0, 0, colours::darkGrey};
+inline constexpr LineLook grid{0, 2, colours::lightGrey};
+inline constexpr LineLook boundary{0, 1, colours::darkGrey};
+inline constexpr LineLook leader{0, 0, colours::lightGrey};
+} // namespace looks
+
+namespace align {
+inline constexpr int left = 0, right = 1, centre = 2;
+}
+
+class GraphSheet {
+  public:
+    GraphSheet(GraphPrimitives& primitives, bool pr) : m_primitives(primitives), m_pr(pr) {}
+
+    void line(LineLook look, DrawnPoint from, DrawnPoint to) const {
+        m_primitives.DisplayLine(m_pr, from.x, from.y, to.x, to.y, look.thick, look.style, look.colour);
+    }
+    void run(LineLook look, std::vector<DrawnPoint> points) const {
+        m_primitives.DisplayRun(m_pr, std::move(points), look.thick, look.style, look.colour);
+    }
+    void cross(LineLook look, DrawnPoint centre, double half) const {
+        line(look, {centre.x - half, centre.y - half}, {centre.x + half, centre.y + half});
+        line(look, {centre.x - half, centre.y + half}, {centre.x + half, centre.y - half});
+    }
+    // `at`: the bottom of the text.
+    void text(DrawnPoint at, int align, const std::string& text) const {
+        m_primitives.DisplayText(m_pr, at.x, at.y, align, text);
+    }
+    void narrowText(DrawnPoint at, int align, const std::string& text) const {
+        m_primitives.DisplayTextY(m_pr, at.x, at.y, align, text);
+    }
+    double width(const std::string& text) const { return m_primitives.TxtWidth(m_pr, text); }
+    double narrowWidth(const std::string& text) const { return m_primitives.narrowWidth(m_pr, text); }
+    // Half the size of the cross of an observed value.
+    double crossHalf() const { return 0.25 * lineHeight(); }
+    double lineHeight() const { return m_primitives.TxtHeight("0"); }
+    void setFont(double size, bool bold) const {
+        m_primitives.GraphFontSize = size;
+        m_primitives.GraphFontBold = bold;
+    }
+
+  private:
+    GraphPrimitives& m_primitives;
+    bool m_pr;
+};

@@ -1,0 +1,115 @@
+#include "graphs/draw/PanelCurves.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int secondSetOnly = 1;
+constexpr int comparison = 2;
+constexpr int typeWithoutTargets = 4;
+
+enum class Statistic { mean, percentile };
+
+struct ShownSet {
+    int slot;
+    Statistic statistic;
+    LineLook look;
+};
+
+// The main series, in order.
+std::vector<ShownSet> shownSets(const GraphHandOver& graph) {
+    if (graph.plotType == comparison) {
+        const Statistic statistic = showsMeans(graph) ? Statistic::mean : Statistic::percentile;
+        return {{0, statistic, looks::first}, {1, statistic, looks::second}};
+    }
+    const int slot = graph.plotType == secondSetOnly ? 1 : 0;
+    std::vector<ShownSet> sets;
+    if (showsMeans(graph)) sets.push_back({slot, Statistic::mean, looks::first});
+    if (showsPercentiles(graph)) sets.push_back({slot, Statistic::percentile, looks::second});
+    return sets;
+}
+
+class CurveCollector {
+  public:
+    CurveCollector(const ResultsDataSet& results, const GraphHandOver& graph, int series)
+        : m_results(results), m_row(graph.percentileRow), m_series(series) {}
+
+    std::vector<PanelCurve> curves;
+
+    void addMain(const ShownSet& set) {
+        if (set.statistic == Statistic::mean)
+            add(set.slot, ValueField::meanValue, 0, set.look);
+        else
+            add(set.slot, ValueField::percentileValues, m_row, set.look);
+    }
+    void addLimits(const ShownSet& set) {
+        if (m_series == 0) return;
+        const bool mean = set.statistic == Statistic::mean;
+        const int level = mean ? 0 : m_row;
+        add(set.slot, mean ? ValueField::meanLimit1 : ValueField::percentileLimit1, level, looks::limits);
+        add(set.slot, mean ? ValueField::meanLimit2 : ValueField::percentileLimit2, level, looks::limits);
+    }
+    void addObserved(const ShownSet& set) {
+        if (set.statistic == Statistic::mean)
+            add(set.slot, ValueField::observedMean, 0, looks::observed, CurveKind::crosses);
+        else
+            add(set.slot, ValueField::observedPercentiles, m_row, looks::observed, CurveKind::crosses);
+    }
+    // Always the first data set's: those of a second one are not used.
+    void addTargets() { add(0, ValueField::targetValue, 0, looks::targets, CurveKind::runsOfEqualValue); }
+
+  private:
+    void add(int slot, ValueField field, int level, LineLook look, CurveKind kind = CurveKind::joined) {
+        const ValueStore& values = m_results.values[slot];
+        if (values.everWritten()) curves.push_back({kind, look, values.column(field, m_series, level)});
+    }
+
+    const ResultsDataSet& m_results;
+    int m_row;
+    int m_series;
+};
+
+} // namespace
+
+bool showsMeans(const GraphHandOver& graph) {
+    return graph.plotMeans;
+}
+
+bool showsPercentiles(const GraphHandOver& graph) {
+    return graph.plotType == comparison ? !graph.plotMeans : graph.plotPercentiles;
+}
+
+bool showsTargets(const ResultsDataSet& results, const GraphHandOver& graph, int series) {
+    const int count = results.determinandCount;
+    const int determinand = series > count ? series - count : series;
+    if (determinand < 1 || determinand > count) return false;
+    if (results.determinandTypes[determinand] == typeWithoutTargets) return false;
+    std::size_t entry = 0;
+    for (int d = 1; d < determinand; ++d)
+        if (results.determinandTypes[d] != typeWithoutTargets) ++entry;
+    return entry < graph.showTargets.size() && graph.showTargets[entry];
+}
+
+std::vector<PanelCurve> panelCurves(const ResultsDataSet& results, const GraphHandOver& graph, int series) {
+    CurveCollector collector(results, graph, series);
+    const std::vector<ShownSet> sets = shownSets(graph);
+    for (const ShownSet& set : sets)
+        collector.addMain(set);
+    if (graph.plotConfidenceLimits)
+        for (const ShownSet& set : sets)
+            collector.addLimits(set);
+    if (showsTargets(results, graph, series)) collector.addTargets();
+    // A comparison shows the first set's observed values only: both runs are held against the same river.
+    if (graph.plotObservedValues)
+        for (const ShownSet& set : sets)
+            if (graph.plotType != comparison || set.slot == 0) collector.addObserved(set);
+    return std::move(collector.curves);
+}
+
+double largestValue(const std::vector<PanelCurve>& curves, const std::vector<int>& points) {
+    double largest = 0;
+    for (const PanelCurve& curve : curves)
+        for (const int point : points)
+            largest = std::max(largest, curve.values[static_cast<std::size_t>(point)]);
+    return largest;
+}

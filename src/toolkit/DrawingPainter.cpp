@@ -1,0 +1,160 @@
+#include "toolkit/DrawingPainter.h"
+
+#include "toolkit/QtTextMetrics.h"
+#include "toolkit/RunThinning.h"
+#include "toolkit/Shown.h"
+
+#include <QFontMetricsF>
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace {
+
+constexpr double screenDotsPerInch = 96;
+constexpr double pageDotsPerInch = 300;
+constexpr double finerGrid = 8; // steps a logical pixel where lines are stored, not painted
+
+bool storesLines(const QPainter& painter) {
+    const QPaintEngine::Type type = painter.paintEngine()->type();
+    return type == QPaintEngine::Pdf || type == QPaintEngine::SVG || type == QPaintEngine::Picture;
+}
+
+// Dashes and gaps, in 1/96 inch, so that they can be seen with thin pens on fine devices too.
+QList<qreal> dashLengths(Dash dash) {
+    switch (dash) {
+    case Dash::solid: break;
+    case Dash::dash: return {6, 3};
+    case Dash::dot: return {2, 3};
+    case Dash::dashDot: return {6, 3, 2, 3};
+    case Dash::dashDotDot: return {6, 3, 2, 3, 2, 3};
+    }
+    return {};
+}
+
+struct DeviceScale {
+    PixelGrid grid;
+    double penUnit = 1; // pixels of a pen's width 1
+    double pixelsPerInch = screenDotsPerInch;
+};
+
+class DrawingPlayer {
+  public:
+    DrawingPlayer(const Drawing& drawing, QPainter& painter, const DeviceScale& scale)
+        : m_drawing(drawing), m_painter(painter), m_scale(scale), m_stored(storesLines(painter)) {
+        m_painter.save();
+        m_painter.setRenderHint(QPainter::Antialiasing, false);
+        m_painter.setRenderHint(QPainter::TextAntialiasing, true);
+        m_painter.setBrush(Qt::NoBrush);
+    }
+    ~DrawingPlayer() { m_painter.restore(); }
+    DrawingPlayer(const DrawingPlayer&) = delete;
+    DrawingPlayer& operator=(const DrawingPlayer&) = delete;
+
+    void play() {
+        for (const DrawnCommand& command : m_drawing.commands) {
+            if (const auto* line = std::get_if<DrawnLine>(&command))
+                draw(*line);
+            else if (const auto* run = std::get_if<DrawnRun>(&command))
+                draw(*run);
+        }
+        for (const DrawnCommand& command : m_drawing.commands)
+            if (const auto* text = std::get_if<DrawnText>(&command)) draw(*text);
+    }
+
+  private:
+    void draw(const DrawnLine& line) {
+        const auto from = m_scale.grid.point(line.from), to = m_scale.grid.point(line.to);
+        if (!from || !to) return;
+        use(line.pen);
+        m_painter.drawLine(*from, *to);
+    }
+
+    void draw(const DrawnRun& run) {
+        use(run.pen);
+        // Dashes go on along the whole run; lines of their own would each begin anew.
+        if (m_stored || run.pen.dash != Dash::solid)
+            m_painter.drawPolyline(thinnedPolygon(run.points, m_scale.grid));
+        else
+            drawThinned(run);
+    }
+
+    // Never one wide line through all points: painting its joins takes a hundred times as long.
+    void drawThinned(const DrawnRun& run) {
+        const int width = m_painter.pen().width();
+        const std::vector<QLine> lines = thinnedLines(run.points, m_scale.grid, width);
+        m_painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+    }
+
+    void draw(const DrawnText& text) {
+        use(text.font);
+        m_painter.setPen(QColor(text.colour.red, text.colour.green, text.colour.blue));
+        m_pen.reset();
+        const PixelGrid& grid = m_scale.grid;
+        const double x = grid.left + text.corner.x * grid.scale;
+        const double top = grid.top + text.corner.y * grid.scale;
+        m_painter.drawText(QPointF(x, std::round(top + m_ascent)), shown(text.text));
+    }
+
+    void use(const Pen& pen) {
+        if (m_pen == pen) return;
+        m_pen = pen;
+        const int width = std::max(1, static_cast<int>(std::lround(pen.width * m_scale.penUnit)));
+        QPen qt(QColor(pen.colour.red, pen.colour.green, pen.colour.blue), width);
+        qt.setCapStyle(Qt::SquareCap);
+        qt.setJoinStyle(Qt::BevelJoin);
+        QList<qreal> dashes = dashLengths(pen.dash);
+        for (qreal& length : dashes)
+            length *= m_scale.pixelsPerInch / screenDotsPerInch / width;
+        if (!dashes.isEmpty()) {
+            qt.setCapStyle(Qt::FlatCap);
+            qt.setDashPattern(dashes);
+        }
+        m_painter.setPen(qt);
+    }
+
+    void use(const Font& font) {
+        if (m_font == font) return;
+        m_font = font;
+        const double pixels = font.size / 72 * m_drawing.unitsPerInch * m_scale.grid.scale;
+        const QFont qt = drawnFont(font, pixels, m_painter.device()->logicalDpiY());
+        m_painter.setFont(qt);
+        m_ascent = QFontMetricsF(qt, m_painter.device()).ascent();
+    }
+
+    const Drawing& m_drawing;
+    QPainter& m_painter;
+    const DeviceScale& m_scale;
+    bool m_stored;
+    std::optional<Pen> m_pen;
+    std::optional<Font> m_font;
+    double m_ascent = 0;
+};
+
+} // namespace
+
+void paintOnScreen(const Drawing& drawing, QPainter& painter) {
+    const bool stored = storesLines(painter);
+    const double ratio = stored ? finerGrid : painter.device()->devicePixelRatio();
+    const double logicalPixel = stored ? painter.device()->logicalDpiX() / screenDotsPerInch : 1;
+    painter.save();
+    painter.scale(logicalPixel / ratio, logicalPixel / ratio);
+    const double pixelsPerInch = ratio * screenDotsPerInch;
+    const double perUnit = pixelsPerInch / drawing.unitsPerInch;
+    const PixelGrid grid{0, 0, perUnit, static_cast<int>(std::ceil(drawing.width * perUnit)),
+                         static_cast<int>(std::ceil(drawing.height * perUnit))};
+    DrawingPlayer(drawing, painter, {grid, ratio, pixelsPerInch}).play();
+    painter.restore();
+}
+
+void paintOnPage(const Drawing& drawing, QPainter& painter, const QRectF& area) {
+    const double dotsPerInch = painter.device()->logicalDpiX();
+    const double perUnit = area.width() / drawing.width;
+    const PixelGrid grid{area.left(), area.top(), perUnit, painter.device()->width(),
+                         painter.device()->height()};
+    DrawingPlayer(drawing, painter, {grid, dotsPerInch / pageDotsPerInch, dotsPerInch}).play();
+}
