@@ -109,7 +109,7 @@ class DataFileRun {
     }
 
     std::string title() const {
-        return "Demonstration engine, run type " + std::to_string(m_request.runType) + ": " +
+        return "Demonstration engine, run " + std::to_string(m_request.runType) + ": " +
                m_catchment.settings.title;
     }
 
@@ -165,8 +165,11 @@ bool runDataFile(const RunRequest& request, const std::string& batchTitle, Scree
         return true;
     } catch (const FileProblem& problem) {
         screen.line("ERROR: " + problem.message);
-        return false;
+    } catch (const std::exception& failure) {
+        // Short of memory, for one: the other files of a batch may still do.
+        screen.line("ERROR: " + fileOf(request.dataFile) + ": " + failure.what());
     }
+    return false;
 }
 
 } // namespace engine

@@ -24,16 +24,28 @@ FlowFill flowFill(const Stretch& stretch, const Water& river, const Observed& ob
     return fill;
 }
 
-// Moves each rate by what is still missing of the observed mean.
-void correctRates(const Water& river, const Catchment& catchment, int feature, QualityFill* fills) {
-    for (std::size_t d = 0; d < catchment.determinands.size(); ++d) {
-        const double observed = catchment.observedAt(feature, static_cast<int>(d) + 1).mean;
-        const double simulated = meanOf(river.quality[d]);
-        if (observed <= 0 || simulated <= 0) continue;
-        const double rate = fills[d].rate + naturalLog(observed / simulated) / fills[d].stretch.length();
-        fills[d].rate = std::clamp(rate, -largestRate, largestRate);
+// The search for one determinand's rate. At first the whole stretch is taken to answer to it; then as much of
+// it as the last change has shown.
+class RateSearch {
+  public:
+    explicit RateSearch(double length) : m_length(length), m_answering(length) {}
+
+    double rate() const { return m_rate; }
+    void correct(double observed, double simulated) {
+        if (observed <= 0 || simulated <= 0) return;
+        const double level = naturalLog(simulated);
+        if (m_rate != m_lastRate)
+            m_answering = std::clamp((level - m_lastLevel) / (m_rate - m_lastRate), m_length / 50, m_length);
+        m_lastRate = m_rate;
+        m_lastLevel = level;
+        m_rate = std::clamp(m_rate + (naturalLog(observed) - level) / m_answering, -largestRate, largestRate);
     }
-}
+
+  private:
+    double m_length, m_answering; // km
+    double m_rate = 0, m_lastRate = 0;
+    double m_lastLevel = 0; // logarithm of the mean that the last rate gave
+};
 
 bool observesQuality(const Catchment& catchment, const Point& point) {
     if (point.type != FeatureType::monitoringStation) return false;
@@ -45,11 +57,17 @@ bool observesQuality(const Catchment& catchment, const Point& point) {
 void fillStation(const ReachRun& run, const Catchment& catchment, const Point& station,
                  const Stretch& stretch, GapFills& fills) {
     const std::size_t first = fills.qualities.size();
+    std::vector<RateSearch> searches(catchment.determinands.size(), RateSearch(stretch.length()));
     for (const Determinand& determinand : catchment.determinands)
         fills.qualities.push_back({stretch, determinand.number, 0});
-    for (int pass = 0; pass < passesOfQuality; ++pass)
-        correctRates(run.riverAt(station, fills), catchment, station.feature->number,
-                     &fills.qualities[first]);
+    for (int pass = 0; pass < passesOfQuality; ++pass) {
+        const Water river = run.riverAt(station, fills);
+        for (std::size_t d = 0; d < searches.size(); ++d) {
+            const Observed observed = catchment.observedAt(station.feature->number, static_cast<int>(d) + 1);
+            searches[d].correct(observed.mean, meanOf(river.quality[d]));
+            fills.qualities[first + d].rate = searches[d].rate();
+        }
+    }
 }
 
 } // namespace

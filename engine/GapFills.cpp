@@ -1,18 +1,21 @@
 #include "engine/GapFills.h"
 
 #include "basic/LineOutput.h"
-#include "engine/NumberText.h"
+#include "basic/Numbers.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace engine {
 
 namespace {
 
-constexpr double maxRate = 1000; // 1/km
+constexpr double maxRate = 1000;     // 1/km
+constexpr double smallestLow = 1e-4; // of a fill, as a share of its mean
 
 std::string stretchText(const Stretch& stretch) {
-    return std::to_string(stretch.reach) + ", " + fixed(stretch.from, 4) + ", " + fixed(stretch.to, 4);
+    return std::to_string(stretch.reach) + ", " + shortestNumber(stretch.from) + ", " +
+           shortestNumber(stretch.to);
 }
 
 Stretch readStretch(const DataRow& row, const Catchment& catchment) {
@@ -30,10 +33,13 @@ void readFill(const DataRow& row, const Catchment& catchment, GapFills& fills) {
     row.expectFields(6, 6);
     const std::string kind = row.text(0, "the kind", 10);
     const Stretch stretch = readStretch(row, catchment);
-    if (kind == "FLOW")
-        fills.flows.push_back(
-            {stretch, row.number(4, "the mean flow", -1e6, 1e6), row.number(5, "the low flow", 0, 1e6)});
-    else if (kind == "QUALITY") {
+    if (kind == "FLOW") {
+        const double mean = row.number(4, "the mean flow", -1e6, 1e6);
+        const double low = row.number(5, "the low flow", 0, 1e6);
+        if (low > std::abs(mean) || low < std::abs(mean) * smallestLow)
+            row.fail("the low flow does not fit its mean");
+        fills.flows.push_back({stretch, mean, low});
+    } else if (kind == "QUALITY") {
         const auto count = static_cast<int>(catchment.determinands.size());
         fills.qualities.push_back({stretch, row.integer(4, "the determinand", 1, count),
                                    row.number(5, "the rate", -maxRate, maxRate)});
@@ -43,17 +49,18 @@ void readFill(const DataRow& row, const Catchment& catchment, GapFills& fills) {
 
 } // namespace
 
+// Figures are kept exactly, so that a later run gives the same results.
 std::string gapFillsText(const GapFills& fills, const std::string& title) {
     LineOutput output;
     output.line("; gap filling of " + title);
     output.line("; FLOW, reach, from km, to km, mean Ml/day, low flow");
     for (const FlowFill& fill : fills.flows)
-        output.line("FLOW, " + stretchText(fill.stretch) + ", " + fixed(fill.mean, 6) + ", " +
-                    fixed(fill.low, 6));
+        output.line("FLOW, " + stretchText(fill.stretch) + ", " + shortestNumber(fill.mean) + ", " +
+                    shortestNumber(fill.low));
     output.line("; QUALITY, reach, from km, to km, determinand, growth per km");
     for (const QualityFill& fill : fills.qualities)
         output.line("QUALITY, " + stretchText(fill.stretch) + ", " + std::to_string(fill.determinand) + ", " +
-                    fixed(fill.rate, 8));
+                    shortestNumber(fill.rate));
     return output.text();
 }
 

@@ -12,7 +12,8 @@ namespace engine {
 namespace {
 
 constexpr double fillCorrelation = 0.9;
-constexpr double mostTaken = 0.9; // share of the river that an abstraction or a loss may take
+constexpr double highestQuality = 1e9; // mg/l; gap filling stops there
+constexpr double mostTaken = 0.9;      // share of the river that an abstraction or a loss may take
 
 Water stillWater(const Catchment& catchment, std::size_t shots) {
     return {Shots(shots), std::vector<Shots>(catchment.determinands.size(), Shots(shots))};

@@ -3,7 +3,6 @@
 
 #include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace engine {
@@ -16,9 +15,9 @@ class Screen {
         m_lines.push_back(text);
         m_output << text << std::endl;
     }
-    // The lines since the last call.
-    std::vector<std::string> takeLines() { return std::exchange(m_lines, {}); }
+    // The lines since the file in hand was begun.
     const std::vector<std::string>& lines() const { return m_lines; }
+    void beginFile() { m_lines.clear(); }
 
   private:
     std::ostream& m_output;
