@@ -52,7 +52,7 @@ class CountTestsTest(unittest.TestCase):
             self.assertEqual(count_tests.count_folder(Path(folder)), (0, 1))
 
     def test_fails_where_nothing_ran(self):
-        self.assertEqual(self.counted({}, {}), ("0 passed, 0 failed\n", 1))
+        self.assertEqual(self.counted({}, {}), ("0 passed, 2 failed\n", 1))
 
 
 if __name__ == "__main__":
