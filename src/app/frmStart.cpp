@@ -102,6 +102,7 @@ void frmStart::load() {
     fitToWorkArea(*this);
     scaleLogo();
     centreFrames();
+    widenTexts();
     m_graph = std::make_unique<frmSimgraph>(doors());
     m_graphData = std::make_unique<frmGraphData>(doors(), *m_graph);
     fitToWorkArea(*m_graphData);
@@ -130,8 +131,33 @@ void frmStart::centreFrames() {
     setControlPlace(frameProgress, centredOnForm(controlPlace(frameProgress), form));
 }
 
+// Controls that the design leaves open take the form's width.
+void frmStart::widenTexts() {
+    const double width = outerPlace().width;
+    const auto widen = [&](QWidget& control, double margin) {
+        Place place = controlPlace(control);
+        place.left = margin;
+        place.width = width - 2 * margin;
+        setControlPlace(control, place);
+    };
+    for (QWidget* control : std::initializer_list<QWidget*>{&lblEditWarning, &lblAddress_0, &lblAddress_1,
+                                                            &lineAddress_0, &lineAddress_1, &lblNextStep})
+        widen(*control, 240);
+    Place next = controlPlace(lblNextStep);
+    next.top *= GLOBAL.ScaleY;
+    setControlPlace(lblNextStep, next);
+}
+
+std::string frmStart::nextStep() const {
+    if (GLOBAL.graphResultsPending || GLOBAL.reportResultsPending)
+        return "When the model has finished, open Graphs or Reports to study the results.";
+    return "Start with RUN THE KORVEL MODEL and choose a data file, or open Graphs to look at results that "
+           "are there.";
+}
+
 void frmStart::onActivate() {
     GLOBAL.RunStarting = false;
+    refresh();
     if (m_openOnStart.empty()) return;
     GLOBAL.fileNames[0] = std::exchange(m_openOnStart, "");
     GLOBAL.graphResultsPending = true;
@@ -200,6 +226,7 @@ void frmStart::refresh() {
     mnuEditText.setEnabled(state.editTextEnabled);
     showMarks(displayLevelMarks(state.displayLevel));
     showProgressFrame(state);
+    lblNextStep.setText(shown(nextStep()));
 }
 
 void frmStart::showMarks(const DisplayLevelMarks& marks) {

@@ -31,6 +31,8 @@ class frmStart : public Form {
     void fitToWorkArea(Form& form);
     void scaleLogo();
     void centreFrames();
+    void widenTexts();
+    std::string nextStep() const;
     void connectMenus();
 
     void Exit();
@@ -88,8 +90,8 @@ class frmStart : public Form {
     QFrame& lineAddress_1 = frame("lineAddress_1", at(240, 6030, 9000, 15));
     ControlArray<QLabel> lblKorvel = korvelLabels();
     ControlArray<Shape> shpLogo = logoShapes();
-    QLabel& lblNextStep = label("lblNextStep", "", at(600, 4260, 8400, 600),
-                                {.fontSize = 11, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
+    QLabel& lblNextStep = label("lblNextStep", "", at(600, 4350, 8400, 600),
+                                {.fontSize = 12, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
 
     std::array<QAction*, 10> runItems();
     ControlArray<QLabel> korvelLabels();

@@ -1,5 +1,5 @@
-// What the set-up form hands to the graph: set when "&Plot" is chosen and while choices are made, read by the graph
-// forms. All of it is kept while the program runs.
+// What the set-up form hands to the graph: set when "&Plot" is chosen and while choices are made, read by the
+// graph forms. All of it is kept while the program runs.
 #pragma once
 
 #include "basic/CheckedArray.h"
@@ -30,8 +30,8 @@ struct GraphHandOver {
     // Series numbers chosen in mode 1 (1 to 5 of them), or the one series of mode 2; in list order.
     std::vector<int> selectedDeterminands;
     int graphReachCount = 0;
-    std::vector<int> graphReaches;   // reach numbers in plotting order; entry 0 is the first
-    GraphColumns<int> graphPoints;   // [column][j], columns and j from 1: the point's index
+    std::vector<int> graphReaches;       // reach numbers in plotting order; entry 0 is the first
+    GraphColumns<int> graphPoints;       // [column][j], columns and j from 1: the point's index
     GraphColumns<double> graphDistances; // km along the plotted run
     CheckedArray<int, 0, MaxGraphColumns> graphPointCounts;
     int displayLevel = 0; // 0 to 3, the Options menu's level when "&Plot" was chosen

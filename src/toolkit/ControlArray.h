@@ -1,5 +1,5 @@
-// Controls of one kind under one name: element k bears the object name "Name_k". An index without a control is
-// error 340.
+// Controls of one kind under one name: element k bears the object name "Name_k". An index without a control
+// is error 340.
 #pragma once
 
 #include "basic/RunTimeError.h"

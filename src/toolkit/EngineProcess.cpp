@@ -16,7 +16,8 @@ std::string firstTwoBytes(const std::string& path) {
 
 } // namespace
 
-EngineCommand engineCommand(const std::string& enginePath, const std::string& firstBytes, const std::string& wine) {
+EngineCommand engineCommand(const std::string& enginePath, const std::string& firstBytes,
+                            const std::string& wine) {
     if (firstBytes != "MZ") return {enginePath, std::nullopt, ""};
     if (wine.empty())
         return {"", std::nullopt, "The engine is a Windows program. Install wine to run it on this machine."};
@@ -43,7 +44,8 @@ EngineProcess::~EngineProcess() {
 
 std::optional<std::string> EngineProcess::start(const std::string& enginePath, const std::string& folder) {
     const QString wine = QStandardPaths::findExecutable("wine");
-    const EngineCommand command = engineCommand(enginePath, firstTwoBytes(enginePath), QFile::encodeName(wine).toStdString());
+    const EngineCommand command =
+        engineCommand(enginePath, firstTwoBytes(enginePath), QFile::encodeName(wine).toStdString());
     if (command.program.empty()) return command.problem;
     m_process.setWorkingDirectory(QFile::decodeName(folder.c_str()));
     m_process.setProgram(QFile::decodeName(command.program.c_str()));
@@ -53,7 +55,9 @@ std::optional<std::string> EngineProcess::start(const std::string& enginePath, c
     return "The engine can't be started: " + m_process.errorString().toStdString() + ".";
 }
 
-bool EngineProcess::running() const { return m_process.state() != QProcess::NotRunning; }
+bool EngineProcess::running() const {
+    return m_process.state() != QProcess::NotRunning;
+}
 
 void EngineProcess::stop() {
     m_process.terminate();

@@ -16,11 +16,13 @@ struct EngineCommand {
 };
 
 // `firstBytes`: what the program file begins with. `wine`: host path of wine, "" where there is none.
-EngineCommand engineCommand(const std::string& enginePath, const std::string& firstBytes, const std::string& wine);
+EngineCommand engineCommand(const std::string& enginePath, const std::string& firstBytes,
+                            const std::string& wine);
 
 class EngineProcess : public QObject {
   public:
-    // Both are called from the event loop. `status`: the exit status, 128 + the signal's number for a killed engine.
+    // Both are called from the event loop. `status`: the exit status, 128 + the signal's number for a killed
+    // engine.
     std::function<void(std::string_view bytes)> onOutput;
     std::function<void(int status)> onFinished;
 

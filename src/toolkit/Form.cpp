@@ -5,6 +5,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QTimer>
 
 namespace {
 
@@ -40,11 +41,12 @@ void Form::activate() {
 void Form::setOuterPlace(const Place& place) {
     m_outer = place;
     m_fitted = false;
-    setGeometry(QRect(pixels(place.left), pixels(place.top), pixels(place.width), pixels(place.height)));
+    move(pixels(place.left), pixels(place.top));
+    resize(pixels(place.width), pixels(place.height));
     if (isVisible()) fitOuterFrame();
 }
 
-// The desktop tells the frame's width only once the window is shown.
+// The desktop tells the frame's width only some time after the window is shown.
 void Form::fitOuterFrame() {
     const QSize frame = frameGeometry().size() - geometry().size();
     if (m_fitted || frame.isEmpty() || m_outer.width <= 0) return;
@@ -236,7 +238,8 @@ void Form::moveEvent(QMoveEvent* event) {
 
 void Form::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    fitOuterFrame();
+    for (const int milliseconds : {0, 50, 200, 600})
+        QTimer::singleShot(milliseconds, this, [this] { fitOuterFrame(); });
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {

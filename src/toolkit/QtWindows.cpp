@@ -10,11 +10,14 @@
 
 namespace {
 
-Form& formOf(ShownForm& shown) { return dynamic_cast<Form&>(shown); }
+Form& formOf(ShownForm& shown) {
+    return dynamic_cast<Form&>(shown);
+}
 
 // Queued, so that the form is on the screen when what it does on activation begins.
 void activateSoon(Form& form) {
-    QMetaObject::invokeMethod(&form, [&form] { form.activate(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &form, [&form] { form.activate(); }, Qt::QueuedConnection);
 }
 
 // At once, as nothing more of the program may run: no other handler, no form's end.
@@ -49,13 +52,19 @@ void QtWindows::showModeless(ShownForm& shown) {
     activateSoon(form);
 }
 
-void QtWindows::close(ShownForm& form) { formOf(form).close(); }
+void QtWindows::close(ShownForm& form) {
+    formOf(form).close();
+}
 
-void QtWindows::endProgram() { endNow(EXIT_SUCCESS); }
+void QtWindows::endProgram() {
+    endNow(EXIT_SUCCESS);
+}
 
 void QtWindows::failProgram(const RunTimeError& error) {
     m_dialogs.show({error.message(), "", Icon::critical, Buttons::ok});
     endNow(EXIT_FAILURE);
 }
 
-void QtWindows::updateScreen() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+void QtWindows::updateScreen() {
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}

@@ -11,4 +11,6 @@ inline QString shown(std::string_view text) {
 }
 
 // What is typed is UTF-8.
-inline std::string typed(const QString& text) { return text.toStdString(); }
+inline std::string typed(const QString& text) {
+    return text.toStdString();
+}

@@ -21,7 +21,9 @@ QPalette lightPalette() {
 
 } // namespace
 
-void settleBeforeQt() { qputenv("QT_FONT_DPI", "96"); }
+void settleBeforeQt() {
+    qputenv("QT_FONT_DPI", "96");
+}
 
 void settleForNoDisplay() {
     settleBeforeQt();

@@ -1,8 +1,8 @@
 // What has to be settled before the application object exists, and how the program looks.
 #pragma once
 
-// One point is always 96/72 logical pixels, whatever the desktop says of its fonts: places are in twips, and captions
-// must fit them.
+// One point is always 96/72 logical pixels, whatever the desktop says of its fonts: places are in twips, and
+// captions must fit them.
 void settleBeforeQt();
 
 // For commands: no display is needed.

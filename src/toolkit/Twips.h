@@ -5,4 +5,6 @@
 
 inline constexpr double twipsPerPixel = 15;
 
-inline int pixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
+inline int pixels(double twips) {
+    return static_cast<int>(std::lround(twips / twipsPerPixel));
+}

@@ -37,7 +37,8 @@ bool LeaveWatch::eventFilter(QObject*, QEvent* event) {
                            reason == Qt::MenuBarFocusReason;
         if (!taken && !m_pending) {
             m_pending = true;
-            QMetaObject::invokeMethod(this, [this] { runPending(); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this] { runPending(); }, Qt::QueuedConnection);
         }
     }
     return false;

@@ -20,8 +20,8 @@ class EnterWatch : public QObject {
     std::function<void()> m_onEnter;
 };
 
-// Calls once, queued, after a control has lost the focus to another control of the same window; not for a focus that a
-// menu, a pop-up or another window took.
+// Calls once, queued, after a control has lost the focus to another control of the same window; not for a
+// focus that a menu, a pop-up or another window took.
 class LeaveWatch : public QObject {
   public:
     LeaveWatch(QWidget& control, std::function<void()> onLeave);

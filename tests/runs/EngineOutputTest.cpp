@@ -33,7 +33,8 @@ TEST(EngineOutput, GivesTheSameLinesHoweverTheBytesAreCut) {
     EngineOutput byByte;
     Lines lines;
     for (const char c : text)
-        for (const std::string& line : byByte.feed(std::string_view(&c, 1))) lines.push_back(line);
+        for (const std::string& line : byByte.feed(std::string_view(&c, 1)))
+            lines.push_back(line);
     EXPECT_EQ(lines, expected);
     EXPECT_EQ(byByte.fileInHand(), "File 2 of 5: B.DAT");
 }

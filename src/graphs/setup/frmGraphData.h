@@ -64,19 +64,19 @@ class frmGraphData : public Form {
     QAction& mnuExit = menuItem("mnuExit", "&Exit");
 
     QLabel& lblFileName_0 = label("lblFileName_0", "", at(1200, 75, 3420, 285));
-    QLabel& lblFileName_1 = label("lblFileName_1", "", at(5820, 75, 3420, 285));
-    QProgressBar& Progress = progressBar("Progress", at(4860, 420, 4380, 210));
+    QLabel& lblFileName_1 = label("lblFileName_1", "", at(5820, 75, 3540, 285));
+    QProgressBar& Progress = progressBar("Progress", at(4860, 420, 4500, 210));
 
-    QFrame& frameMode_1 = frame("frameMode_1", at(120, 690, 5640, 2430));
-    QFrame& frameMode_2 = frame("frameMode_2", at(120, 3180, 5640, 1920));
-    QFrame& frameOptions = frame("frameOptions", at(5880, 690, 3480, 2790));
-    QFrame& frameFeatures = frame("frameFeatures", at(5880, 3540, 3480, 1560));
+    QFrame& frameMode_1 = frame("frameMode_1", at(150, 690, 5610, 2430));
+    QFrame& frameMode_2 = frame("frameMode_2", at(150, 3180, 5610, 1920));
+    QFrame& frameOptions = frame("frameOptions", at(5880, 690, 3480, 2700));
+    QFrame& frameFeatures = frame("frameFeatures", at(5880, 3450, 3480, 1740));
     QListWidget& lstDets = listBox("lstDets", "Select 1 to 5 determinands to be plotted.",
                                    at(2700, 720, 2820, 1380), {.in = &frameMode_1});
     QListWidget& lstSites =
         listBox("lstSites", "Select up to six reaches.", at(2700, 720, 2820, 870), {.in = &frameMode_2});
     QListWidget& lstFeatures = listBox("lstFeatures", "Select feature types to be labelled on graphs.",
-                                       at(90, 330, 3300, 1170), {.in = &frameFeatures});
+                                       at(90, 300, 3300, 1380), {.in = &frameFeatures});
     ControlArray<QLabel> Label = labels();
     ControlArray<QComboBox> Combo = combos();
     ControlArray<QCheckBox> Check = checkBoxes();
@@ -85,7 +85,7 @@ class frmGraphData : public Form {
     QButtonGroup m_plotTypeGroup;
     QButtonGroup m_levelGroup;
 
-    QLabel& lblNextStep = label("lblNextStep", "", at(5880, 5190, 3480, 810),
+    QLabel& lblNextStep = label("lblNextStep", "", at(5880, 5280, 3480, 720),
                                 {.bold = true, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
 
     GraphChoices m_choices;
