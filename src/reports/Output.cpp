@@ -1,0 +1,104 @@
+#include "reports/Output.h"
+
+#include "basic/ModelName.h"
+#include "reports/Listing.h"
+#include "reports/PrintedReport.h"
+#include "reports/SpreadsheetReport.h"
+
+namespace {
+
+std::string withoutExtension(const std::string& name) {
+    const auto point = fileOf(name).rfind('.');
+    return point == std::string::npos ? name : folderOf(name) + fileOf(name).substr(0, point);
+}
+
+// The printer takes a document whole, so that whatever it refuses counts as refused at its heading.
+Message failureMessage(const RunTimeError& error) {
+    if (error.number == errors::printerError)
+        return {"Your printer is offline or out of paper.", "Printer", Icon::information, Buttons::ok};
+    return {"Error number " + std::to_string(error.number) + ": " + error.description, "KORVEL Error",
+            Icon::critical, Buttons::ok};
+}
+
+void finishJob(Platform& platform, PrintJob& job) {
+    const std::string file = job.finish();
+    if (file.empty()) return;
+    platform.dialogs.show({"There is no printer, so the pages were written to " + file + ".", "Printer",
+                           Icon::information, Buttons::ok});
+}
+
+OutputEnd printReport(Platform& platform, const OutputRequest& request, const ReportProgress& progress) {
+    PrintedReport report(request.results, request.selection, dayMonthYear(platform.machine.today()),
+                         platform.paper.metrics());
+    const auto job =
+        platform.paper.begin({fileOf(request.resultsFile), report.orientation(), request.outputFile});
+    while (const std::optional<Drawing> page = report.nextPage()) {
+        job->page(*page);
+        if (!goesOn(progress, report.reachesBegun(), request.selection.reaches.size()))
+            return OutputEnd::cancelled;
+    }
+    finishJob(platform, *job);
+    return OutputEnd::done;
+}
+
+// Nothing where another program holds the file, which the user has been told.
+std::unique_ptr<NewFile> createSpreadsheet(Platform& platform, const std::string& name) {
+    try {
+        return platform.files.create(name);
+    } catch (const RunTimeError& error) {
+        if (error.number != errors::permissionDenied) throw;
+        platform.dialogs.show({name + " is already open. Please close the file and try again.", "File Open",
+                               Icon::information, Buttons::ok});
+        return nullptr;
+    }
+}
+
+OutputEnd saveSpreadsheet(Platform& platform, const OutputRequest& request, const ReportProgress& progress) {
+    const auto file = createSpreadsheet(platform, request.outputFile);
+    if (!file) return OutputEnd::failed;
+    if (writeSpreadsheet(*file, request.results, request.selection, progress) == ReportEnd::cancelled)
+        return OutputEnd::cancelled;
+    file->commit();
+    return OutputEnd::done;
+}
+
+OutputEnd printListing(Platform& platform, const std::string& fileName) {
+    const auto file = platform.files.open(fileName);
+    Listing listing(*file, platform.paper.metrics());
+    const auto job = platform.paper.begin({fileOf(fileName), Orientation::portrait, fileName + ".pdf"});
+    while (const std::optional<Drawing> page = listing.nextPage())
+        job->page(*page);
+    finishJob(platform, *job);
+    return OutputEnd::done;
+}
+
+template <typename Work>
+OutputEnd withFailuresShown(Platform& platform, Work work) {
+    try {
+        return work();
+    } catch (const RunTimeError& error) {
+        platform.dialogs.show(failureMessage(error));
+        return OutputEnd::failed;
+    }
+}
+
+} // namespace
+
+OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, const ReportSelection& selection,
+                            const std::string& resultsFile) {
+    return {results, selection, resultsFile,
+            mode == OutputMode::print ? withoutExtension(resultsFile) + "-report.pdf"
+                                      : spreadsheetFileName(resultsFile)};
+}
+
+OutputEnd Output(Platform& platform, OutputMode mode, const OutputRequest& request,
+                 const ReportProgress& progress) {
+    return withFailuresShown(platform, [&] {
+        return mode == OutputMode::print ? printReport(platform, request, progress)
+                                         : saveSpreadsheet(platform, request, progress);
+    });
+}
+
+OutputEnd PrintFile(Platform& platform, const std::string& fileName) {
+    return withFailuresShown(platform, [&] { return printListing(platform, fileName); });
+}

@@ -1,0 +1,30 @@
+// Output: the report on paper or as a spreadsheet file, with the messages that may come of it. PrintFile: a
+// text file of the engine on paper.
+#pragma once
+
+#include "platform/Platform.h"
+#include "reports/ReportProgress.h"
+#include "reports/ReportSelection.h"
+#include "results/ResultsDataSet.h"
+
+#include <string>
+
+enum class OutputMode { print, spreadsheet };
+enum class OutputEnd { done, cancelled, failed };
+
+struct OutputRequest {
+    const ResultsDataSet& results;
+    const ReportSelection& selection;
+    std::string resultsFile; // model name; other names are made from it
+    std::string outputFile;  // of the spreadsheet, or of the PDF where there is no printer
+};
+
+// With the names that the report form uses.
+OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, const ReportSelection& selection,
+                            const std::string& resultsFile);
+
+// A failed or cancelled report leaves nothing behind; a failure has been shown.
+OutputEnd Output(Platform& platform, OutputMode mode, const OutputRequest& request,
+                 const ReportProgress& progress = {});
+
+OutputEnd PrintFile(Platform& platform, const std::string& fileName);

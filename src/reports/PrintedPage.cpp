@@ -1,0 +1,52 @@
+#include "reports/PrintedPage.h"
+
+#include "basic/Text.h"
+
+namespace {
+
+constexpr double rulePenWidth = 2; // printer dots
+
+} // namespace
+
+Drawing emptyPage(Orientation orientation) {
+    const bool portrait = orientation == Orientation::portrait;
+    Drawing page;
+    page.width = portrait ? printableShortSide : printableLongSide;
+    page.height = portrait ? printableLongSide : printableShortSide;
+    page.unitsPerInch = 1;
+    return page;
+}
+
+PrintedPage::PrintedPage(Orientation orientation, const TextMetrics& metrics)
+    : font{"Arial", 8, false},
+      m_metrics(metrics),
+      m_lineHeight(metrics.measure(" ", font).height / twipsToAnInch),
+      m_drawing(emptyPage(orientation)) {}
+
+double PrintedPage::widthOf(const std::string& text) const {
+    return m_metrics.measure(text, font).width / twipsToAnInch;
+}
+
+void PrintedPage::print(const std::string& text) {
+    const TextSize size = m_metrics.measure(text, font);
+    if (!text.empty())
+        m_drawing.commands.push_back(DrawnText{position, size.width / twipsToAnInch,
+                                               size.height / twipsToAnInch, text, font,
+                                               paletteColour(colours::black)});
+    position = {0, position.y + m_lineHeight};
+}
+
+void PrintedPage::rule(DrawnPoint from, DrawnPoint to) {
+    m_drawing.commands.push_back(
+        DrawnLine{from, to, {paletteColour(colours::black), rulePenWidth, Dash::solid}});
+}
+
+void Ptext(PrintedPage& page, double xp, double yp, const std::string& Text1, double& LastY,
+           const std::string& Fmt) {
+    const std::string format = lowerCase(Fmt);
+    page.font.bold = contains(format, "b");
+    const double x = contains(format, "r") ? xp - page.widthOf(Text1) : xp;
+    if (x > 0 && yp > 0) page.position = {x, yp};
+    page.print(Text1);
+    LastY = page.position.y;
+}

@@ -1,0 +1,41 @@
+// A page in the making: its drawing, in inches, and what printing moves on with it, the current position and
+// font.
+#pragma once
+
+#include "graphs/draw/Drawing.h"
+#include "platform/Paper.h"
+
+#include <string>
+
+inline constexpr double twipsToAnInch = 1440;
+
+// A page with nothing on it, as large as the printable area.
+Drawing emptyPage(Orientation orientation);
+
+class PrintedPage {
+  public:
+    PrintedPage(Orientation orientation, const TextMetrics& metrics);
+
+    Font font;
+    DrawnPoint position;
+
+    double widthOf(const std::string& text) const;
+    // One line of a report, whatever the font in use: that of size 8.
+    double lineHeight() const { return m_lineHeight; }
+    // Prints at the position and moves to the start of the next line.
+    void print(const std::string& text);
+    void rule(DrawnPoint from, DrawnPoint to);
+
+    Drawing& drawing() { return m_drawing; }
+
+  private:
+    const TextMetrics& m_metrics;
+    double m_lineHeight;
+    Drawing m_drawing;
+};
+
+// Prints one line of text. `Fmt` holds "b" for bold, "r" where the text is to end at `xp` and not begin
+// there, in any case. The position is kept where it would not lie right of and below the page's corner.
+// `LastY` receives the start of the next line.
+void Ptext(PrintedPage& page, double xp, double yp, const std::string& Text1, double& LastY,
+           const std::string& Fmt);

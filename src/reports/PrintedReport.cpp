@@ -1,0 +1,118 @@
+#include "reports/PrintedReport.h"
+
+#include "basic/Numbers.h"
+#include "reports/ReportNumber.h"
+
+namespace {
+
+// The lines of the heading block, from the top of the page; one stays empty above the table.
+constexpr int groupNameLine = 4;
+constexpr int groupKindLine = 5;
+constexpr int statisticLine = 6;
+constexpr int holdsLine = 7;
+constexpr int headingEnd = ReportPages::headingLines;
+
+void centredText(PrintedPage& page, double left, double right, double y, const std::string& text) {
+    double nextLine = 0;
+    page.font.bold = true;
+    Ptext(page, left + ((right - left) - page.widthOf(text)) / 2, y, text, nextLine, "b");
+}
+
+} // namespace
+
+PrintedReport::PrintedReport(const ResultsDataSet& results, const ReportSelection& selection,
+                             std::string date, const TextMetrics& metrics)
+    : m_results(results),
+      m_selection(selection),
+      m_date(std::move(date)),
+      m_metrics(metrics),
+      m_columns(reportColumns(results, selection)),
+      m_values(valueColumns(results, m_columns)),
+      m_table(tableGeometry(m_columns.count())),
+      m_lineHeight(PrintedPage(m_table.orientation, metrics).lineHeight()),
+      m_pages(results, selection, m_table.lowestLine, m_lineHeight) {}
+
+std::optional<Drawing> PrintedReport::nextPage() {
+    const std::optional<PlannedPage> plan = m_pages.next();
+    if (!plan) return std::nullopt;
+    PrintedPage page(m_table.orientation, m_metrics);
+    PageHeader(page, plan->number);
+    for (const PlannedReach& reach : plan->reaches)
+        paintReach(page, reach);
+    ruleAcross(page, plan->end);
+    return std::move(page.drawing());
+}
+
+void PrintedReport::PageHeader(PrintedPage& page, int number) const {
+    headTitle(page, number);
+    ruleAcross(page, groupNameLine);
+    headLabels(page);
+    for (const ReportGroup& group : m_columns.groups)
+        headGroup(page, group);
+    for (int k = 1; k <= m_columns.count(); ++k)
+        headColumn(page, k);
+}
+
+void PrintedReport::headTitle(PrintedPage& page, int number) const {
+    double y = 0;
+    page.font = {"Arial", 10, false};
+    Ptext(page, m_table.left, TableGeometry::top, m_results.resultsTitle, y, "b");
+    page.font.size = 8;
+    Ptext(page, m_table.right, TableGeometry::top, "KORVEL RESULTS", y, "r");
+    Ptext(page, m_table.right, y, m_date, y, "r");
+    Ptext(page, m_table.right, y, "Page" + withLeadingBlank(number), y, "r");
+}
+
+void PrintedReport::headLabels(PrintedPage& page) const {
+    centredText(page, m_table.left, TableGeometry::labelRight, lineTop(groupNameLine), "Feature");
+    ruleDown(page, m_table.left, groupNameLine, headingEnd);
+    ruleDown(page, TableGeometry::labelRight, groupNameLine, headingEnd);
+}
+
+void PrintedReport::headGroup(PrintedPage& page, const ReportGroup& group) const {
+    const double begin = m_table.columnEnd(group.firstColumn - 1);
+    const double end = m_table.columnEnd(group.lastColumn);
+    centredText(page, begin, end, lineTop(groupNameLine), group.name);
+    centredText(page, begin, end, lineTop(groupKindLine), group.kind);
+    ruleDown(page, end, groupNameLine, statisticLine);
+}
+
+void PrintedReport::headColumn(PrintedPage& page, int k) const {
+    const ReportColumn& column = m_columns.columns[static_cast<std::size_t>(k - 1)];
+    const double textEnd = m_table.columnEnd(k) - m_table.inset;
+    double nextLine = 0;
+    Ptext(page, textEnd, lineTop(statisticLine), column.statistic, nextLine, "br");
+    Ptext(page, textEnd, lineTop(holdsLine), column.holds, nextLine, "br");
+    ruleDown(page, m_table.columnEnd(k), statisticLine, headingEnd);
+}
+
+// The rules between the cells of a reach's rows are drawn in one piece.
+void PrintedReport::paintReach(PrintedPage& page, const PlannedReach& reach) const {
+    double nextLine = 0;
+    ruleAcross(page, reach.headingLine);
+    Ptext(page, m_table.left + m_table.inset / 2, lineTop(reach.headingLine), reach.heading, nextLine, "b");
+    for (std::size_t i = 0; i < reach.points.size(); ++i)
+        paintRow(page, reach.points[i], lineTop(reach.firstRow() + static_cast<int>(i)));
+    ruleDown(page, m_table.left, reach.firstRow(), reach.end());
+    for (int k = 0; k <= m_columns.count(); ++k)
+        ruleDown(page, m_table.columnEnd(k), reach.firstRow(), reach.end());
+}
+
+void PrintedReport::paintRow(PrintedPage& page, int point, double y) const {
+    double nextLine = 0;
+    Ptext(page, m_table.left + m_table.inset, y, rowLabel(m_results, m_selection, point), nextLine, "");
+    for (int k = 1; k <= m_columns.count(); ++k) {
+        const double value = m_values[static_cast<std::size_t>(k - 1)][static_cast<std::size_t>(point)];
+        Ptext(page, m_table.columnEnd(k) - m_table.inset, y, reportNumber(value), nextLine, "r");
+    }
+}
+
+void PrintedReport::ruleAcross(PrintedPage& page, int line) const {
+    const double y = lineTop(line) - TableGeometry::ruleAbove;
+    page.rule({m_table.left, y}, {m_table.right, y});
+}
+
+void PrintedReport::ruleDown(PrintedPage& page, double x, int fromLine, int toLine) const {
+    page.rule({x, lineTop(fromLine) - TableGeometry::ruleAbove},
+              {x, lineTop(toLine) - TableGeometry::ruleAbove});
+}

@@ -1,0 +1,98 @@
+#include "reports/ReportChoices.h"
+
+#include "basic/Numbers.h"
+#include "basic/Text.h"
+
+#include <optional>
+
+namespace {
+
+void selectAll(std::vector<ListEntry>& list) {
+    for (ListEntry& entry : list)
+        entry.selected = true;
+}
+
+void choose(std::vector<ListEntry>& list, const std::vector<bool>& selected) {
+    for (std::size_t i = 0; i < list.size(); ++i)
+        list[i].selected = i < selected.size() && selected[i];
+}
+
+std::vector<ListEntry> determinandLines(const ResultsDataSet& results) {
+    std::vector<ListEntry> lines;
+    for (int series = 1; series <= results.seriesCount; ++series)
+        lines.push_back({trim(results.seriesNames[series]), true});
+    return lines;
+}
+
+std::vector<ListEntry> reachLines(const ResultsDataSet& results) {
+    std::vector<ListEntry> lines;
+    for (const int reach : results.reachOrder)
+        lines.push_back({formatPattern(reach, "####") + ' ' + results.reachNames[reach], true});
+    return lines;
+}
+
+// Kept so: a target that is a mean (1) ticks the 95 percentiles, as a 95 percentile (0) does.
+std::optional<ReportBox> percentileBoxOf(int percentileMode) {
+    if (percentileMode <= 1) return ReportBox::percentiles95;
+    if (percentileMode == 2) return ReportBox::percentiles90;
+    if (percentileMode == 3) return ReportBox::percentiles99;
+    return std::nullopt;
+}
+
+} // namespace
+
+void ReportChoices::tick(ReportBox which, bool on) {
+    box(which) = on;
+    if (on && which == ReportBox::allDeterminands) selectAll(m_determinands);
+    if (on && which == ReportBox::allReaches) selectAll(m_reaches);
+}
+
+void ReportChoices::chooseDeterminands(const std::vector<bool>& selected) {
+    choose(m_determinands, selected);
+    box(ReportBox::allDeterminands) = false;
+}
+
+void ReportChoices::chooseReaches(const std::vector<bool>& selected) {
+    choose(m_reaches, selected);
+    box(ReportBox::allReaches) = false;
+}
+
+std::vector<int> selectedDeterminands(const std::vector<ListEntry>& list) {
+    std::vector<int> selected;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        if (!list[i].selected) continue;
+        if (selected.size() == MaxSelectedDeterminands) throw RunTimeError(errors::subscriptOutOfRange);
+        selected.push_back(static_cast<int>(i) + 1);
+    }
+    return selected;
+}
+
+ReportSelection ReportChoices::selection() const {
+    ReportSelection chosen;
+    chosen.means = ticked(ReportBox::means);
+    chosen.percentiles = {ticked(ReportBox::percentiles90), ticked(ReportBox::percentiles95),
+                          ticked(ReportBox::percentiles99)};
+    chosen.targets = ticked(ReportBox::targets);
+    chosen.observed = ticked(ReportBox::observed);
+    chosen.limits = ticked(ReportBox::limits);
+    chosen.upstream = ticked(ReportBox::upstream);
+    chosen.determinands = selectedDeterminands(m_determinands);
+    for (std::size_t i = 0; i < m_reaches.size(); ++i)
+        if (m_reaches[i].selected) chosen.reaches.push_back(m_reachNumbers[i]);
+    return chosen;
+}
+
+void FillReportLists(ReportChoices& choices, const ResultsDataSet& results) {
+    choices.m_determinands = determinandLines(results);
+    choices.m_reaches = reachLines(results);
+    choices.m_reachNumbers = results.reachOrder;
+
+    const bool upstream = choices.ticked(ReportBox::upstream);
+    choices.m_boxes.fill(false);
+    choices.box(ReportBox::upstream) = upstream;
+    choices.box(ReportBox::allDeterminands) = true;
+    choices.box(ReportBox::means) = true;
+    choices.box(ReportBox::allReaches) = true;
+    if (const auto percentiles = percentileBoxOf(results.percentileMode)) choices.box(*percentiles) = true;
+    choices.m_targetsCaption = "Print quality targets (" + results.percentileCaption + ")";
+}

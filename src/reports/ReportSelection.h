@@ -1,0 +1,35 @@
+// What a report is to hold, as chosen on the report form or the command line, and whether it fits a page.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+inline constexpr int MaxSelectedDeterminands = 20;
+
+struct ReportSelection {
+    bool means = false;
+    std::array<bool, 3> percentiles{}; // 90, 95, 99
+    bool targets = false;
+    bool observed = false;
+    bool limits = false;
+    bool upstream = false;         // rows of the upstream ends of reaches, too
+    std::vector<int> determinands; // series numbers, in list order
+    std::vector<int> reaches;      // reach numbers
+    bool operator==(const ReportSelection&) const = default;
+};
+
+// The value columns of the report; its two label columns are not counted.
+int CountCols(const ReportSelection& selection);
+
+enum class PageFit { portrait, landscape, tooWide };
+PageFit pageFit(int columns);
+
+// What the report form tells about a column count.
+struct ColumnVerdict {
+    PageFit fit = PageFit::portrait;
+    std::string countText;
+    std::string fitText;
+    int colour = 0; // of the palette, behind both texts
+};
+ColumnVerdict verdictOn(int columns);

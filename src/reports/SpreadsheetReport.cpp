@@ -1,0 +1,67 @@
+#include "reports/SpreadsheetReport.h"
+
+#include "basic/Text.h"
+#include "reports/CellOutput.h"
+#include "reports/ReportColumns.h"
+#include "reports/ReportRows.h"
+
+namespace {
+
+constexpr int rowsBetweenQuestions = 1000;
+
+void groupLine(CellOutput& out, const ReportColumns& columns, std::string ReportGroup::*heading) {
+    for (const ReportGroup& group : columns.groups) {
+        const std::string text = trim(group.*heading);
+        for (int column = group.firstColumn; column <= group.lastColumn; ++column)
+            out.cell(text);
+    }
+    out.endLine();
+}
+
+void columnLine(CellOutput& out, const ReportColumns& columns, std::string ReportColumn::*heading) {
+    for (const ReportColumn& column : columns.columns)
+        out.cell(column.*heading);
+    out.endLine();
+}
+
+void PageHeader(CellOutput& out, const std::string& title, const ReportColumns& columns) {
+    out.text(title);
+    out.endLine();
+    out.text("Reach,Feature,");
+    groupLine(out, columns, &ReportGroup::name);
+    out.text(",,");
+    groupLine(out, columns, &ReportGroup::kind);
+    out.text(",,");
+    columnLine(out, columns, &ReportColumn::statistic);
+    out.text(",,");
+    columnLine(out, columns, &ReportColumn::holds);
+}
+
+} // namespace
+
+std::string spreadsheetFileName(const std::string& resultsFile) {
+    return withoutLast(resultsFile, 3) + "csv";
+}
+
+ReportEnd writeSpreadsheet(NewFile& file, const ResultsDataSet& results, const ReportSelection& selection,
+                           const ReportProgress& progress) {
+    const ReportColumns columns = reportColumns(results, selection);
+    const std::vector<ValueColumn> values = valueColumns(results, columns);
+    CellOutput out(file);
+    PageHeader(out, results.resultsTitle, columns);
+    int reachesBegun = 0, rowCount = 0;
+    for (ReportRows rows(results, selection); !rows.atEnd(); rows.next()) {
+        const ReportRow& row = rows.row();
+        reachesBegun += row.newReach ? 1 : 0;
+        if (rowCount++ % rowsBetweenQuestions == 0 &&
+            !goesOn(progress, reachesBegun, selection.reaches.size()))
+            return ReportEnd::cancelled;
+        out.cell(results.reachNames[row.reach]);
+        out.cell('"' + rowLabel(results, selection, row.point) + '"');
+        for (const ValueColumn& column : values)
+            out.cell(column[static_cast<std::size_t>(row.point)]);
+        out.endLine();
+    }
+    out.flush();
+    return ReportEnd::done;
+}

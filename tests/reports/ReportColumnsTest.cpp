@@ -1,0 +1,131 @@
+#include "reports/ReportColumns.h"
+
+#include "reports/ReportData.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// "Mean|LCL: field series/level" for each column.
+std::vector<std::string> headingsOf(const ReportColumns& columns) {
+    std::vector<std::string> headings;
+    for (const ReportColumn& column : columns.columns)
+        headings.push_back(column.statistic + "|" + column.holds);
+    return headings;
+}
+
+} // namespace
+
+TEST(ReportColumns, StandInTheirOrderWithTheirHeadings) {
+    LoadedRiver river;
+    ReportSelection selection;
+    selection.means = selection.targets = selection.observed = selection.limits = true;
+    selection.percentiles = {true, true, true};
+    selection.determinands = {1};
+    const std::vector<std::string> expected{
+        "Mean|",    "Mean|LCL",    "Mean|UCL",      "90%-ile|",      "90%-ile|LCL",  "90%-ile|UCL",
+        "95%-ile|", "95%-ile|LCL", "95%-ile|UCL",   "99%-ile|",      "99%-ile|LCL",  "99%-ile|UCL",
+        "Target|",  "Mean|(Obs)",  "90%-ile|(Obs)", "95%-ile|(Obs)", "99%-ile|(Obs)"};
+    EXPECT_EQ(headingsOf(reportColumns(river.results, selection)), expected);
+}
+
+TEST(ReportColumns, LeaveOutWhatIsNotTicked) {
+    LoadedRiver river;
+    ReportSelection selection;
+    selection.observed = selection.targets = true;
+    selection.percentiles = {false, false, true};
+    selection.determinands = {1};
+    const std::vector<std::string> expected{"99%-ile|", "Target|", "99%-ile|(Obs)"};
+    EXPECT_EQ(headingsOf(reportColumns(river.results, selection)), expected);
+}
+
+TEST(ReportColumns, HoldTheValuesThatTheirHeadingsName) {
+    using enum ValueField;
+    LoadedRiver river;
+    ReportSelection selection;
+    selection.means = selection.targets = selection.observed = selection.limits = true;
+    selection.percentiles = {false, true, false};
+    selection.determinands = {2};
+    const ReportColumns columns = reportColumns(river.results, selection);
+    const auto values = valueColumns(river.results, columns);
+    std::vector<double> ofPoint3;
+    for (const ValueColumn& column : values)
+        ofPoint3.push_back(column[3]);
+    const auto at = [](ValueField field, int level = 0) {
+        return ResultsFileBuilder::value(3, field, 2, level);
+    };
+    const std::vector<double> expected{
+        at(meanValue),           at(meanLimit1),          at(meanLimit2),
+        at(percentileValues, 1), at(percentileLimit1, 1), at(percentileLimit2, 1),
+        at(targetValue),         at(observedMean),        at(observedPercentiles, 1)};
+    EXPECT_EQ(ofPoint3, expected);
+}
+
+TEST(ReportColumns, GroupByDeterminandInTheOrderOfTheList) {
+    LoadedRiver river;
+    ReportSelection selection;
+    selection.means = selection.targets = true;
+    selection.determinands = {1, 4};
+    const auto groups = reportColumns(river.results, selection).groups;
+    ASSERT_EQ(groups.size(), 2U);
+    EXPECT_EQ(groups[0].name, "BOD");
+    EXPECT_EQ(groups[0].kind, "(Conc)");
+    EXPECT_EQ(groups[0].firstColumn, 1);
+    EXPECT_EQ(groups[0].lastColumn, 2);
+    EXPECT_EQ(groups[1].name, "Ammonia");
+    EXPECT_EQ(groups[1].kind, "(Load)");
+    EXPECT_EQ(groups[1].firstColumn, 3);
+    EXPECT_EQ(groups[1].lastColumn, 4);
+}
+
+struct SplitName {
+    const char* name;
+    const char* first;
+    const char* second;
+};
+class GroupHeading : public testing::TestWithParam<SplitName> {};
+
+TEST_P(GroupHeading, SplitsTheNameAtTheLaterKind) {
+    ResultsDataSet results;
+    results.seriesNames[1] = GetParam().name;
+    ReportSelection selection;
+    selection.means = true;
+    selection.determinands = {1};
+    const ReportGroup group = reportColumns(results, selection).groups.at(0);
+    EXPECT_EQ(group.name, GetParam().first);
+    EXPECT_EQ(group.kind, GetParam().second);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, GroupHeading,
+                         testing::Values(SplitName{"BOD (Conc)", "BOD", "(Conc)"},
+                                         SplitName{"Total N (Load)", "Total N", "(Load)"},
+                                         SplitName{"Flow", "Flow", ""},
+                                         SplitName{"BOD(Conc)", "BOD(Conc)", ""},
+                                         SplitName{"A (Conc) (Load)", "A (Conc)", "(Load)"},
+                                         SplitName{"A (Load) (Conc)", "A (Load)", "(Conc)"},
+                                         SplitName{"A (Conc) (Conc)", "A (Conc)", "(Conc)"},
+                                         SplitName{"A (Conc) of B", "A", "(Conc) of B"}));
+
+TEST(ReportColumns, AreNoneWithoutStatistics) {
+    LoadedRiver river;
+    ReportSelection selection;
+    selection.observed = selection.limits = true;
+    selection.determinands = {1, 2};
+    const ReportColumns columns = reportColumns(river.results, selection);
+    EXPECT_TRUE(columns.groups.empty());
+    EXPECT_TRUE(columns.columns.empty());
+}
+
+TEST(ReportColumns, AreAsManyAsCounted) {
+    LoadedRiver river;
+    for (unsigned boxes = 0; boxes < 128; ++boxes) {
+        ReportSelection selection;
+        selection.means = boxes & 1U;
+        selection.percentiles = {(boxes & 2U) != 0, (boxes & 4U) != 0, (boxes & 8U) != 0};
+        selection.targets = boxes & 16U;
+        selection.observed = boxes & 32U;
+        selection.limits = boxes & 64U;
+        selection.determinands = {1, 3, 4};
+        EXPECT_EQ(reportColumns(river.results, selection).count(), CountCols(selection)) << boxes;
+    }
+}
