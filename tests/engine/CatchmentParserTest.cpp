@@ -8,6 +8,7 @@
 #include <random>
 
 using namespace engine;
+using namespace std::string_literals;
 
 namespace {
 
@@ -128,7 +129,7 @@ TEST(CatchmentParser, RefusesAnEmptyFile) {
 TEST(CatchmentParser, EndsWithACatchmentOrAnErrorOnAnyBytes) {
     const std::string good = smallCatchment::text();
     std::mt19937 random(1);
-    const std::string spice("\0\xFF\",;[]=\n\r-.e99", 17);
+    const std::string spice = "\0\xFF\",;[]=\n\r-.e99"s;
     int refused = 0;
     for (int round = 0; round < 3000; ++round) {
         std::string text = good.substr(0, random() % 4 == 0 ? random() % good.size() : good.size());
