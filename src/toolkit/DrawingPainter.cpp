@@ -1,5 +1,7 @@
 #include "toolkit/DrawingPainter.h"
 
+#include "toolkit/MergedLines.h"
+#include "toolkit/PageTexts.h"
 #include "toolkit/QtTextMetrics.h"
 #include "toolkit/RunThinning.h"
 #include "toolkit/Shown.h"
@@ -17,6 +19,7 @@ namespace {
 
 constexpr double screenDotsPerInch = 96;
 constexpr double pageDotsPerInch = 300;
+constexpr double pointsPerInch = 72;
 constexpr double finerGrid = 8; // steps a logical pixel where lines are stored, not painted
 
 bool storesLines(const QPainter& painter) {
@@ -55,23 +58,39 @@ class DrawingPlayer {
     DrawingPlayer(const DrawingPlayer&) = delete;
     DrawingPlayer& operator=(const DrawingPlayer&) = delete;
 
-    void play() {
+    // Texts as pieces of a page where `texts` is given.
+    void play(PageTexts* texts = nullptr) {
         for (const DrawnCommand& command : m_drawing.commands) {
             if (const auto* line = std::get_if<DrawnLine>(&command))
                 draw(*line);
             else if (const auto* run = std::get_if<DrawnRun>(&command))
                 draw(*run);
         }
+        flushLines();
         for (const DrawnCommand& command : m_drawing.commands)
-            if (const auto* text = std::get_if<DrawnText>(&command)) draw(*text);
+            if (const auto* text = std::get_if<DrawnText>(&command))
+                if (texts == nullptr || !texts->add(*text, cornerOf(*text))) draw(*text);
+        if (texts != nullptr) texts->flush();
     }
+
+    double dotsPerPoint() const { return m_drawing.unitsPerInch * m_scale.grid.scale / pointsPerInch; }
 
   private:
     void draw(const DrawnLine& line) {
         const auto from = m_scale.grid.point(line.from), to = m_scale.grid.point(line.to);
         if (!from || !to) return;
         use(line.pen);
-        m_painter.drawLine(*from, *to);
+        if (m_stored && line.pen.dash == Dash::solid)
+            m_lines.emplace_back(*from, *to);
+        else
+            m_painter.drawLine(*from, *to);
+    }
+
+    // Stored lines of one pen: a rule is one line, however many rows it passes.
+    void flushLines() {
+        const std::vector<QLine> lines = mergedLines(m_lines);
+        m_painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        m_lines.clear();
     }
 
     void draw(const DrawnRun& run) {
@@ -94,14 +113,18 @@ class DrawingPlayer {
         use(text.font);
         m_painter.setPen(QColor(text.colour.red, text.colour.green, text.colour.blue));
         m_pen.reset();
+        const QPointF corner = cornerOf(text);
+        m_painter.drawText(QPointF(corner.x(), std::round(corner.y() + m_ascent)), shown(text.text));
+    }
+
+    QPointF cornerOf(const DrawnText& text) const {
         const PixelGrid& grid = m_scale.grid;
-        const double x = grid.left + text.corner.x * grid.scale;
-        const double top = grid.top + text.corner.y * grid.scale;
-        m_painter.drawText(QPointF(x, std::round(top + m_ascent)), shown(text.text));
+        return {grid.left + text.corner.x * grid.scale, grid.top + text.corner.y * grid.scale};
     }
 
     void use(const Pen& pen) {
         if (m_pen == pen) return;
+        flushLines();
         m_pen = pen;
         const int width = std::max(1, static_cast<int>(std::lround(pen.width * m_scale.penUnit)));
         QPen qt(QColor(pen.colour.red, pen.colour.green, pen.colour.blue), width);
@@ -120,8 +143,7 @@ class DrawingPlayer {
     void use(const Font& font) {
         if (m_font == font) return;
         m_font = font;
-        const double pixels = font.size / 72 * m_drawing.unitsPerInch * m_scale.grid.scale;
-        const QFont qt = drawnFont(font, pixels, m_painter.device()->logicalDpiY());
+        const QFont qt = drawnFont(font, font.size * dotsPerPoint(), m_painter.device()->logicalDpiY());
         m_painter.setFont(qt);
         m_ascent = QFontMetricsF(qt, m_painter.device()).ascent();
     }
@@ -133,6 +155,7 @@ class DrawingPlayer {
     std::optional<Pen> m_pen;
     std::optional<Font> m_font;
     double m_ascent = 0;
+    std::vector<QLine> m_lines; // not painted yet, all of m_pen
 };
 
 } // namespace
@@ -151,10 +174,12 @@ void paintOnScreen(const Drawing& drawing, QPainter& painter) {
     painter.restore();
 }
 
-void paintOnPage(const Drawing& drawing, QPainter& painter, const QRectF& area) {
+void paintOnPage(const Drawing& drawing, QPainter& painter, const QRectF& area, GlyphFonts& fonts) {
     const double dotsPerInch = painter.device()->logicalDpiX();
     const double perUnit = area.width() / drawing.width;
     const PixelGrid grid{area.left(), area.top(), perUnit, painter.device()->width(),
                          painter.device()->height()};
-    DrawingPlayer(drawing, painter, {grid, dotsPerInch / pageDotsPerInch, dotsPerInch}).play();
+    DrawingPlayer player(drawing, painter, {grid, dotsPerInch / pageDotsPerInch, dotsPerInch});
+    PageTexts texts(painter, fonts, player.dotsPerPoint());
+    player.play(&texts);
 }

@@ -5,10 +5,12 @@
 
 #include <QRectF>
 
+class GlyphFonts;
 class QPainter;
 
 // On a screen or a picture of one: 15 twips are a logical pixel, pens are that many logical pixels wide.
 void paintOnScreen(const Drawing& drawing, QPainter& painter);
 
-// On a page: the drawing fills `area` (device dots); pens are that many 1/300 inch wide.
-void paintOnPage(const Drawing& drawing, QPainter& painter, const QRectF& area);
+// On a page: the drawing fills `area` (device dots); pens are that many 1/300 inch wide. `fonts` are the
+// document's, kept from page to page.
+void paintOnPage(const Drawing& drawing, QPainter& painter, const QRectF& area, GlyphFonts& fonts);

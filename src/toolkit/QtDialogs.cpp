@@ -5,11 +5,13 @@
 #include "toolkit/Shown.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QPushButton>
 
 namespace {
 
@@ -52,6 +54,17 @@ void prepare(QFileDialog& dialog, FileDialogKind kind, const FileDialogSettings&
         dialog.setDirectory(QFile::decodeName(hostPathOf(settings.initialFolder).c_str()));
 }
 
+// The dialog only chooses: nothing is printed when it closes.
+void prepare(QPrintDialog& dialog, const std::string& objectName) {
+    dialog.setObjectName(shown(objectName));
+    dialog.setWindowTitle("Printer Setup");
+    dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange |
+                      QPrintDialog::PrintCollateCopies);
+    const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+    QPushButton* accept = buttons != nullptr ? buttons->button(QDialogButtonBox::Ok) : nullptr;
+    if (accept != nullptr) accept->setText("OK");
+}
+
 } // namespace
 
 Answer QtDialogs::show(const Message& message) {
@@ -62,7 +75,8 @@ Answer QtDialogs::show(const Message& message) {
     box.setText(shown(message.text));
     box.setIcon(iconOf(message.icon));
     const bool asks = message.buttons == Buttons::yesNo;
-    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::StandardButtons(QMessageBox::Ok));
+    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No
+                                : QMessageBox::StandardButtons(QMessageBox::Ok));
     const int pressed = box.exec();
     if (!asks) return Answer::ok;
     return pressed == QMessageBox::Yes ? Answer::yes : Answer::no;
@@ -79,12 +93,10 @@ std::optional<ChosenFile> QtDialogs::chooseFile(FileDialogKind kind, const FileD
 }
 
 void QtDialogs::choosePrinter(const std::string& objectName) {
-    QPrintDialog dialog(&m_printer.printer(), topForm());
-    dialog.setObjectName(shown(objectName));
-    if (dialog.exec() == QDialog::Accepted) m_printer.setChosen();
-}
-
-QPrinter& PrinterChoice::printer() {
-    if (!m_printer) m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    return *m_printer;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName("KORVEL"); // the name that the dialog proposes for a PDF file
+    m_printer.showOn(printer);
+    QPrintDialog dialog(&printer, topForm());
+    prepare(dialog, objectName);
+    if (dialog.exec() == QDialog::Accepted) m_printer.takeFrom(printer);
 }
