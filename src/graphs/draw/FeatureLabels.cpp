@@ -62,17 +62,17 @@ FeatureRows arrangeFeatures(const GraphSheet& sheet, std::vector<FeatureLabel> l
 
 void drawFeatures(const GraphSheet& sheet, const FeatureRows& features, const DistanceScale& scale,
                   const FeatureHeights& heights) {
+    const double firstRow = heights.axis - heights.gap;
     for (std::size_t k = 0; k < features.labels.size(); ++k) {
         const double x = scale.x(features.labels[k].distance);
-        const double firstRow = heights.axis - heights.gap;
-        sheet.line(looks::leader, {x, heights.axis}, {x, firstRow});
-        if (!features.places[k]) continue;
-        const LabelPlace& place = *features.places[k];
-        const double rowTop = firstRow - heights.row * place.row;
-        const double bottom = rowTop - heights.row;
-        const bool throughText = x > place.left && x < place.left + features.widths[k];
-        const double end = throughText ? rowTop : bottom + 0.2 * heights.row;
-        if (end < firstRow) sheet.line(looks::leader, {x, firstRow}, {x, end});
-        sheet.narrowText({place.left, bottom}, align::left, features.labels[k].text);
+        double leaderEnd = firstRow;
+        if (const std::optional<LabelPlace>& place = features.places[k]) {
+            const double rowTop = firstRow - heights.row * place->row;
+            const double bottom = rowTop - heights.row;
+            const bool aboveText = x > place->left && x < place->left + features.widths[k];
+            leaderEnd = aboveText ? rowTop : bottom + 0.2 * heights.row;
+            sheet.narrowText({place->left, bottom}, align::left, features.labels[k].text);
+        }
+        sheet.line(looks::leader, {x, heights.axis}, {x, leaderEnd});
     }
 }

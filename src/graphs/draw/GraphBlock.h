@@ -26,7 +26,7 @@ struct BlockMeasures {
     double numbers() const { return 1.25 * line; } // the numbers under a distance axis
     double header() const { return 1.25 * line; }  // the text above a panel
     double reachNames() const { return 1.25 * line; }
-    double featureGap() const { return 0.35 * line; }
+    double featureGap() const { return 0.5 * line; }
     double leastPlot() const { return 3.5 * line; }
 };
 

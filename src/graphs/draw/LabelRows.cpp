@@ -27,10 +27,10 @@ class LabelPlacer {
             if (m_places[k] || placeFromTop(k)) continue;
             if (triesOtherSide(k)) placeOnOtherSide(k);
         }
-        for (std::size_t k = 0; k < m_requests.size(); ++k)
-            if (!m_places[k]) placeOnOtherSide(k);
-        while (lift()) {
-        }
+        // Labels that move up make room for others.
+        do
+            placeRest();
+        while (lift());
         centreAll();
         return std::move(m_places);
     }
@@ -94,6 +94,10 @@ class LabelPlacer {
         for (int row = m_strip.rows - 1; row >= 0; --row)
             if (tryAt(k, row, onOtherSide(k))) return true;
         return false;
+    }
+    void placeRest() {
+        for (std::size_t k = 0; k < m_requests.size(); ++k)
+            if (!m_places[k]) placeFromTop(k) || placeOnOtherSide(k);
     }
     // Where nothing is free a required label still takes a row of its own.
     void placeRequired(std::size_t k) {

@@ -1,0 +1,95 @@
+#include "graphs/draw/GraphKey.h"
+
+#include "fakes/FixedTextMetrics.h"
+#include "graphs/DrawnThings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+GraphHandOver bare() {
+    GraphHandOver graph;
+    graph.plotMeans = graph.plotPercentiles = graph.plotObservedValues = false;
+    return graph;
+}
+
+std::vector<std::string> texts(const GraphHandOver& graph, Targets targets = Targets::hidden) {
+    std::vector<std::string> found;
+    for (const KeyEntry& entry : keyEntries(graph, targets))
+        found.push_back(entry.text);
+    return found;
+}
+
+using Texts = std::vector<std::string>;
+
+} // namespace
+
+TEST(GraphKey, NamesMeansAndPercentilesOfOneDataSet) {
+    GraphHandOver graph = bare();
+    EXPECT_EQ(texts(graph), Texts{});
+    graph.plotMeans = true;
+    EXPECT_EQ(texts(graph), Texts{"Mean values"});
+    graph.plotPercentiles = true;
+    EXPECT_EQ(texts(graph), (Texts{"Mean values", "95% values"}));
+    graph.plotType = 1;
+    EXPECT_EQ(texts(graph), (Texts{"Mean values", "95% values"}));
+}
+
+TEST(GraphKey, SaysThatFlowsAre95WhereQualityIsNot) {
+    GraphHandOver graph = bare();
+    graph.plotPercentiles = true;
+    graph.percentileRow = 0;
+    EXPECT_EQ(texts(graph), Texts{"90% values (95% flows)"});
+    graph.percentileRow = 2;
+    EXPECT_EQ(texts(graph), Texts{"99% values (95% flows)"});
+    graph.percentileRow = 3;
+    EXPECT_EQ(texts(graph), Texts{"99% values"});
+}
+
+TEST(GraphKey, NamesTheSetsOfAComparison) {
+    GraphHandOver graph = bare();
+    graph.plotType = 2;
+    graph.plotMeans = true;
+    EXPECT_EQ(texts(graph), (Texts{"Mean values for Set 1", "Mean values for Set 2"}));
+    graph.plotMeans = false;
+    EXPECT_EQ(texts(graph), (Texts{"95% values for Set 1", "95% values for Set 2"}));
+    graph.percentileRow = 0;
+    EXPECT_EQ(texts(graph), (Texts{"90% values (95% flows) for Set 1", "90% values (95% flows) for Set 2"}));
+}
+
+TEST(GraphKey, ListsLimitsTargetsAndObservedValuesAfterTheSeries) {
+    GraphHandOver graph = bare();
+    graph.plotMeans = graph.plotConfidenceLimits = graph.plotObservedValues = true;
+    EXPECT_EQ(texts(graph, Targets::shown),
+              (Texts{"Mean values", "Confidence limits", "Quality targets", "Observed values"}));
+}
+
+TEST(GraphKey, GivesEachSampleItsLook) {
+    GraphHandOver graph;
+    graph.plotPercentiles = graph.plotConfidenceLimits = true;
+    const std::vector<KeyEntry> expected = {{"Mean values", {4, 2, 9}},
+                                            {"95% values", {4, 2, 10}},
+                                            {"Confidence limits", {0, 0, 0}},
+                                            {"Quality targets", {0, 2, 12}},
+                                            {"Observed values", {4, 2, 0}, KeySample::cross}};
+    EXPECT_EQ(keyEntries(graph, Targets::shown), expected);
+    graph.plotType = 2;
+    EXPECT_EQ(keyEntries(graph, Targets::hidden)[0].look, (LineLook{4, 2, 9}));
+    EXPECT_EQ(keyEntries(graph, Targets::hidden)[1].look, (LineLook{4, 2, 10}));
+}
+
+TEST(GraphKey, GoesOnInAnotherLineWhereTheFrameEnds) {
+    Drawing drawing{.width = 9600, .height = 6780, .commands = {}};
+    const FixedTextMetrics metrics;
+    GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
+    primitives.GraphFontSize = 7;
+    GraphHandOver graph;
+    graph.plotConfidenceLimits = true;
+    const double height = primitives.TxtHeight("x");
+    const double end = drawKey({primitives, false}, keyEntries(graph, Targets::shown), {0, 3500, 6000, 50});
+    EXPECT_DOUBLE_EQ(end, 6000 - 2 * height);
+    for (const DrawnText& text : allOf<DrawnText>(drawing))
+        EXPECT_LE(text.corner.x + text.width, 3500) << text.text;
+    EXPECT_EQ(textsOf(drawing),
+              (Texts{"KEY:", "Mean values", "Confidence limits", "Quality targets", "Observed values"}));
+}

@@ -1,0 +1,365 @@
+#include "graphs/draw/ProfileGraph.h"
+
+#include "fakes/FixedTextMetrics.h"
+#include "global/GLOBAL.h"
+#include "graphs/DrawnThings.h"
+#include "graphs/GraphSample.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const FixedTextMetrics metrics;
+
+Drawing drawingOf(const GraphSample& sample, GraphForm form = GraphForm::graph, bool pr = false) {
+    Drawing drawing{.width = sample.area.width, .height = sample.area.height, .commands = {}};
+    GraphPrimitives primitives(drawing, form, metrics, metrics);
+    drawProfileGraph(primitives, pr, sample.inputs());
+    return drawing;
+}
+
+// Three reaches with a feature each quarter, two determinands, and values that grow downstream.
+struct ProfileGraphTest : testing::Test {
+    GraphSample sample;
+
+    ProfileGraphTest() {
+        sample.setDeterminands({"BOD", "Ammonia"});
+        for (int reach = 1; reach <= 3; ++reach) {
+            sample.addReach(reach, "Reach " + std::to_string(reach) + "         ", 4 * reach);
+            for (int k = 0; k <= 4; ++k)
+                sample.addPoint({reach, 1.0 * k * reach, "Feature " + std::to_string(k), k});
+        }
+        for (int series = 0; series <= 4; ++series) {
+            std::vector<double> values;
+            for (int i = 1; i <= sample.results.pointCount; ++i)
+                values.push_back(0.7 * i * (series + 1));
+            sample.set(ValueField::meanValue, series, values);
+        }
+        sample.labelAllTypes();
+        sample.graph.showTargets = {true, true};
+        sample.graph.graphTitle = "  The river  ";
+        sample.graph.graphSubTitle = "in summer";
+        sample.plotSeries({1, 2, 3}, {0, 1, 3});
+    }
+};
+
+DrawnPoint zoomed(DrawnPoint point, double height, double factor) {
+    return {point.x * factor, height - (height - point.y) * factor};
+}
+
+// The drawing with every place and size multiplied about the bottom left; pens stay as they are.
+Drawing zoomed(Drawing drawing, double factor) {
+    for (DrawnCommand& command : drawing.commands) {
+        if (auto* line = std::get_if<DrawnLine>(&command)) {
+            line->from = zoomed(line->from, drawing.height, factor);
+            line->to = zoomed(line->to, drawing.height, factor);
+        } else if (auto* run = std::get_if<DrawnRun>(&command)) {
+            for (DrawnPoint& point : run->points)
+                point = zoomed(point, drawing.height, factor);
+        } else if (auto* text = std::get_if<DrawnText>(&command)) {
+            text->corner = zoomed(text->corner, drawing.height, factor);
+            text->width *= factor;
+            text->height *= factor;
+            text->font.size *= factor;
+        }
+    }
+    return drawing;
+}
+
+std::vector<DrawnPoint> placesOf(const Drawing& drawing) {
+    std::vector<DrawnPoint> places;
+    for (const DrawnCommand& command : drawing.commands) {
+        if (const auto* line = std::get_if<DrawnLine>(&command))
+            places.insert(places.end(), {line->from, line->to});
+        if (const auto* run = std::get_if<DrawnRun>(&command))
+            places.insert(places.end(), run->points.begin(), run->points.end());
+        if (const auto* text = std::get_if<DrawnText>(&command)) places.push_back(text->corner);
+    }
+    return places;
+}
+
+void expectMoved(const Drawing& from, const Drawing& to, double byX, double byY) {
+    const std::vector<DrawnPoint> before = placesOf(from), after = placesOf(to);
+    ASSERT_EQ(before.size(), after.size());
+    for (std::size_t k = 0; k < before.size(); ++k) {
+        EXPECT_NEAR(after[k].x, before[k].x + byX, 1e-6);
+        EXPECT_NEAR(after[k].y, before[k].y + byY, 1e-6);
+    }
+}
+
+double right(const DrawnText& text) {
+    return text.corner.x + text.width;
+}
+double bottom(const DrawnText& text) {
+    return text.corner.y + text.height;
+}
+
+bool overlap(const DrawnText& one, const DrawnText& other) {
+    return one.corner.x < right(other) && other.corner.x < right(one) &&
+           one.corner.y < bottom(other) - 1e-6 && other.corner.y < bottom(one) - 1e-6;
+}
+
+} // namespace
+
+TEST(PlotFrame, IsSetFromTheView) {
+    const PlotFrame frame = plotFrame({12000, 8000, 10000}, 1.5, {0.5, 300, -200, 1});
+    EXPECT_DOUBLE_EQ(frame.unit, 18);
+    EXPECT_DOUBLE_EQ(frame.bottom, 720 + 200);
+    EXPECT_DOUBLE_EQ(frame.top, 16000 + 200);
+    EXPECT_DOUBLE_EQ(frame.left, -300);
+    EXPECT_DOUBLE_EQ(frame.right, 20000 - 300);
+}
+
+TEST(PanelGrid, StacksSeriesAndPutsReachesInTwoColumns) {
+    EXPECT_EQ(panelGrid(true, 5).rows, 5);
+    EXPECT_EQ(panelGrid(true, 5).columns, 1);
+    const int rows[] = {1, 1, 2, 2, 3, 3};
+    for (int reaches = 1; reaches <= 6; ++reaches) {
+        EXPECT_EQ(panelGrid(false, reaches).rows, rows[reaches - 1]) << reaches;
+        EXPECT_EQ(panelGrid(false, reaches).columns, 2);
+    }
+    const PanelGrid six = panelGrid(false, 6);
+    EXPECT_EQ(six.row(4), 1);
+    EXPECT_EQ(six.column(4), 1);
+}
+
+TEST_F(ProfileGraphTest, WritesTitlesHeadingAndDate) {
+    const Drawing drawing = drawingOf(sample);
+    for (const char* text : {"The river", "in summer", "KORVEL RESULTS", "Date: 01/02/2026", "KEY:"})
+        EXPECT_TRUE(hasText(drawing, text)) << text;
+    EXPECT_TRUE(textsReading(drawing, "The river").front().font.bold);
+    EXPECT_FALSE(textsReading(drawing, "KORVEL RESULTS").front().font.bold);
+}
+
+TEST_F(ProfileGraphTest, ShrinksTheTitlesUntilBothFit) {
+    sample.useArea(1280, 904);
+    EXPECT_NEAR(textsReading(drawingOf(sample), "The river").front().font.size, 24 * 0.9, 1e-9);
+    sample.graph.graphSubTitle = std::string(60, 'm');
+    sample.area.rightEdge = 9000;
+    const Drawing drawing = drawingOf(sample);
+    const DrawnText title = textsReading(drawing, "The river").front();
+    const DrawnText subTitle = textsReading(drawing, sample.graph.graphSubTitle).front();
+    EXPECT_EQ(title.font.size, subTitle.font.size);
+    EXPECT_LE(subTitle.width, sample.area.rightEdge - 200);
+    EXPECT_GT(subTitle.width / 0.9, sample.area.rightEdge - 200);
+}
+
+TEST_F(ProfileGraphTest, WritesOtherTextsInSevenPoints) {
+    sample.useArea(1280, 904);
+    for (const DrawnText& text : allOf<DrawnText>(drawingOf(sample)))
+        if (!text.font.bold) {
+            EXPECT_DOUBLE_EQ(text.font.size, 14) << text.text;
+        }
+}
+
+TEST_F(ProfileGraphTest, MovesTheHeadingAboveTitlesThatAreTooWide) {
+    sample.graph.graphTitle = std::string(60, 'm');
+    sample.area.rightEdge = 7500;
+    const Drawing drawing = drawingOf(sample);
+    const DrawnText title = textsReading(drawing, sample.graph.graphTitle).front();
+    EXPECT_LE(bottom(textsReading(drawing, "KORVEL RESULTS").front()), title.corner.y + 1e-9);
+    EXPECT_LE(bottom(textsReading(drawing, "Date: 01/02/2026").front()), title.corner.y + 1e-9);
+}
+
+TEST_F(ProfileGraphTest, NamesTheAxesWithoutTheEndingOfTheSeries) {
+    const Drawing drawing = drawingOf(sample);
+    EXPECT_EQ(textsReading(drawing, "Flow").size(), 1u);
+    EXPECT_EQ(textsReading(drawing, "BOD").size(), 2u);
+    EXPECT_TRUE(hasText(drawing, "(Conc)"));
+    EXPECT_TRUE(hasText(drawing, "(Load)"));
+}
+
+TEST_F(ProfileGraphTest, HeadsEachPanelOfMode2WithSeriesAndReach) {
+    sample.plotReaches({2, 3}, 1);
+    const Drawing drawing = drawingOf(sample);
+    EXPECT_TRUE(hasText(drawing, "BOD (Conc) - Reach 2 reach"));
+    EXPECT_TRUE(hasText(drawing, "BOD (Conc) - Reach 3 reach"));
+    EXPECT_EQ(textsReading(drawing, "BOD").size(), 2u);
+}
+
+TEST_F(ProfileGraphTest, StacksPanelsOnOneLeftEdge) {
+    const Drawing drawing = drawingOf(sample);
+    const std::vector<DrawnRun> runs = runsOfColour(drawing, colours::lightBlue);
+    ASSERT_EQ(runs.size(), 3u);
+    for (const DrawnRun& run : runs) {
+        EXPECT_DOUBLE_EQ(run.points.front().x, runs[0].points.front().x);
+        EXPECT_DOUBLE_EQ(run.points.back().x, runs[0].points.back().x);
+    }
+    EXPECT_LT(runs[0].points.front().y, runs[1].points.front().y);
+    EXPECT_LT(runs[1].points.front().y, runs[2].points.front().y);
+}
+
+TEST_F(ProfileGraphTest, LabelsFeaturesUnderOneOfTheStackedPanelsOnly) {
+    EXPECT_EQ(textsReading(drawingOf(sample), "Feature 4 (24.0km)").size(), 1u);
+}
+
+TEST_F(ProfileGraphTest, LabelsFeaturesUnderEachPanelOfMode2) {
+    sample.plotReaches({2, 3}, 1);
+    const Drawing drawing = drawingOf(sample);
+    EXPECT_TRUE(hasText(drawing, "8.0km"));
+    EXPECT_TRUE(hasText(drawing, "12.0km"));
+}
+
+TEST_F(ProfileGraphTest, NoTextCoversAnother) {
+    for (const int mode : {0, 1})
+        for (const int small : {0, 1})
+            for (const auto& [width, height] : {std::pair{1366, 768}, {1920, 1080}, {800, 600}, {640, 452}}) {
+                if (mode == 0)
+                    sample.plotSeries({1, 2, 3}, {0, 1, 3});
+                else
+                    sample.plotReaches({1, 2, 3}, 2);
+                sample.view.LargeTextMode = small;
+                sample.useArea(width, height);
+                const std::vector<DrawnText> texts = allOf<DrawnText>(drawingOf(sample));
+                for (std::size_t k = 0; k < texts.size(); ++k)
+                    for (std::size_t other = 0; other < k; ++other)
+                        EXPECT_FALSE(overlap(texts[k], texts[other]))
+                            << texts[k].text << " / " << texts[other].text << " at " << width << " mode "
+                            << mode;
+            }
+}
+
+TEST_F(ProfileGraphTest, StaysInsideTheDrawingArea) {
+    for (const auto& [width, height] :
+         {std::pair{1366, 768}, {1920, 1080}, {640, 452}, {2000, 700}, {600, 900}}) {
+        sample.useArea(width, height);
+        for (const DrawnText& text : allOf<DrawnText>(drawingOf(sample))) {
+            EXPECT_GE(text.corner.x, 0) << text.text << width;
+            EXPECT_GE(text.corner.y, 0) << text.text << width;
+            EXPECT_LE(right(text), sample.area.width) << text.text << width;
+            EXPECT_LE(bottom(text), sample.area.height) << text.text << width;
+        }
+    }
+}
+
+TEST_F(ProfileGraphTest, EveryZoomShowsTheSamePictureInAnotherSize) {
+    for (const bool mode1 : {true, false}) {
+        if (!mode1) sample.plotReaches({1, 2, 3}, 1);
+        sample.view.ZoomFactor = 1;
+        const Drawing whole = drawingOf(sample);
+        for (const double zoom : {0.25, 0.5, 2.0, 4.0}) {
+            sample.view.ZoomFactor = zoom;
+            const Drawing drawing = drawingOf(sample);
+            EXPECT_EQ(textsOf(drawing), textsOf(whole));
+            expectMoved(zoomed(whole, 1 / zoom), drawing, 0, 0);
+        }
+    }
+}
+
+TEST_F(ProfileGraphTest, TextsGrowWithTheZoom) {
+    const Drawing whole = drawingOf(sample);
+    sample.view.ZoomFactor = 0.5;
+    const std::vector<DrawnText> expected = allOf<DrawnText>(zoomed(whole, 2)),
+                                 texts = allOf<DrawnText>(drawingOf(sample));
+    ASSERT_EQ(expected.size(), texts.size());
+    for (std::size_t k = 0; k < texts.size(); ++k)
+        EXPECT_DOUBLE_EQ(texts[k].font.size, expected[k].font.size) << texts[k].text;
+}
+
+TEST_F(ProfileGraphTest, ScrollingMovesTheWholePicture) {
+    const Drawing still = drawingOf(sample);
+    sample.view.ScrollOffsetX = 2400;
+    sample.view.ScrollOffsetY = -1695;
+    expectMoved(still, drawingOf(sample), -2400, -1695);
+}
+
+TEST_F(ProfileGraphTest, SmallTextPacksTheAxesTighter) {
+    const auto numbers = [&] {
+        std::ptrdiff_t count = 0;
+        for (const int height : {400, 500, 600, 800, 1000}) {
+            sample.useArea(1000, height);
+            const std::vector<DrawnText> texts = allOf<DrawnText>(drawingOf(sample));
+            count += std::count_if(texts.begin(), texts.end(),
+                                   [](const DrawnText& text) { return text.font.name == "Arial"; });
+        }
+        return count;
+    };
+    const auto large = numbers();
+    sample.view.LargeTextMode = 0;
+    EXPECT_GT(numbers(), large);
+}
+
+TEST_F(ProfileGraphTest, TheKeyNamesTargetsOnlyWhereTheyAreShown) {
+    EXPECT_TRUE(hasText(drawingOf(sample), "Quality targets"));
+    sample.graph.showTargets = {false, true};
+    EXPECT_FALSE(hasText(drawingOf(sample), "Quality targets"));
+}
+
+TEST_F(ProfileGraphTest, NamesTheReachesAlongTheDistanceAxis) {
+    EXPECT_TRUE(hasText(drawingOf(sample), "Reach 3"));
+    sample.graph.displayLevel = 3;
+    EXPECT_FALSE(hasText(drawingOf(sample), "Reach 3"));
+}
+
+TEST_F(ProfileGraphTest, DrawsInterpolatedPointsOnlyWhenChosen) {
+    sample.results.pointFeatureType.set(3, 99);
+    EXPECT_EQ(runsOfColour(drawingOf(sample), colours::lightBlue)[0].points.size(), 14u);
+    sample.graph.plotInterpolatedPoints = true;
+    EXPECT_EQ(runsOfColour(drawingOf(sample), colours::lightBlue)[0].points.size(), 15u);
+}
+
+TEST_F(ProfileGraphTest, CutsInterpolatedPeaksOffAtTheTopOfThePanel) {
+    sample.plotSeries({1, 2, 3}, {0});
+    sample.graph.plotInterpolatedPoints = true;
+    sample.results.pointFeatureType.set(8, 99);
+    sample.results.values[0].column(ValueField::meanValue, 0)[8] = 1000;
+    const Drawing drawing = drawingOf(sample);
+    const std::vector<DrawnRun> runs = runsOfColour(drawing, colours::lightBlue);
+    ASSERT_EQ(runs.size(), 2u);
+    const double top = runs[0].points.back().y;
+    EXPECT_EQ(runs[1].points.front().y, top);
+    EXPECT_GT(top, bottom(textsReading(drawing, "Flow").front()));
+}
+
+TEST_F(ProfileGraphTest, HasPanelsWithoutAnyData) {
+    sample.results.values[0].reset();
+    const Drawing drawing = drawingOf(sample);
+    EXPECT_TRUE(runsOfColour(drawing, colours::lightBlue).empty());
+    EXPECT_TRUE(hasText(drawing, "0.0"));
+}
+
+TEST_F(ProfileGraphTest, DrawsAtAnySize) {
+    for (const auto& [width, height] : {std::pair{1, 1}, {20, 10}, {300, 60}, {60, 900}, {8000, 100}}) {
+        sample.useArea(width, height);
+        for (const DrawnPoint& place : placesOf(drawingOf(sample)))
+            EXPECT_TRUE(std::isfinite(place.x) && std::isfinite(place.y)) << width;
+    }
+}
+
+TEST_F(ProfileGraphTest, DrawsEmptyChoicesWithoutPanels) {
+    sample.graph = GraphHandOver{};
+    const Drawing drawing = drawingOf(sample);
+    EXPECT_TRUE(hasText(drawing, "KORVEL RESULTS"));
+    EXPECT_FALSE(hasText(drawing, "km"));
+}
+
+TEST_F(ProfileGraphTest, PrintsTheSameLayoutWithThePrintersPens) {
+    const Drawing screen = drawingOf(sample), paper = drawingOf(sample, GraphForm::graph, true);
+    expectMoved(screen, paper, 0, 0);
+    EXPECT_EQ(runsOfColour(screen, colours::lightBlue)[0].pen.width, 4);
+    EXPECT_EQ(runsOfColour(paper, colours::lightBlue)[0].pen.width, 8);
+}
+
+TEST_F(ProfileGraphTest, TheCaptureFormWritesTheSameTextsInOneFont) {
+    const Drawing capture = drawingOf(sample, GraphForm::capture);
+    for (const DrawnText& text : allOf<DrawnText>(capture))
+        EXPECT_EQ(text.font.name, "Arial") << text.text;
+    EXPECT_EQ(runsOfColour(capture, colours::lightBlue).size(), 3u * 4u);
+}
+
+TEST_F(ProfileGraphTest, DrawGraphsDrawsTheSharedState) {
+    RESULTS.seriesNames[0] = "Flow";
+    GLOBAL = {};
+    GLOBAL.graphTitle = "Shared";
+    GLOBAL.selectedDeterminands = {0};
+    Drawing drawing{.width = 9600, .height = 6780, .commands = {}};
+    GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
+    DrawGraphs(primitives, false, {9600, 6780, 9600}, "03/04/2026");
+    EXPECT_TRUE(hasText(drawing, "Shared"));
+    EXPECT_TRUE(hasText(drawing, "Date: 03/04/2026"));
+    EXPECT_EQ(primitives.LabelCount, drawing.textCount());
+    GLOBAL = {};
+}

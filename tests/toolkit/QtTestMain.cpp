@@ -1,0 +1,13 @@
+// For tests that paint: Qt without a display.
+#include "toolkit/StartQt.h"
+
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    settleForNoDisplay();
+    QGuiApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
