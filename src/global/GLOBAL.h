@@ -2,14 +2,22 @@
 // `GLOBAL = {}` is the state at start.
 #pragma once
 
+#include "global/BatchFileList.h"
 #include "global/CurrentDataFile.h"
 #include "global/GraphHandOver.h"
 #include "global/GraphView.h"
+#include "global/HelpHandOver.h"
 #include "global/MainFormState.h"
 #include "global/ResultsHandOver.h"
 #include "global/SharedConstants.h"
 
-struct Globals : SharedConstants, CurrentDataFile, ResultsHandOver, GraphHandOver, GraphView {
+struct Globals : SharedConstants,
+                 CurrentDataFile,
+                 BatchFileList,
+                 ResultsHandOver,
+                 GraphHandOver,
+                 GraphView,
+                 HelpHandOver {
     MainFormState mainForm;
 };
 

@@ -2,7 +2,10 @@
 
 #include "toolkit/Shown.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QFocusEvent>
+#include <QKeyEvent>
 
 EnterWatch::EnterWatch(QWidget& control, std::function<void()> onEnter)
     : QObject(&control), m_onEnter(std::move(onEnter)) {
@@ -30,6 +33,14 @@ void LeaveWatch::runPending() {
     m_onLeave();
 }
 
+// A message box that opened while the mouse is down would take the release, and with it the click.
+void LeaveWatch::settle() {
+    auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+    if (button == nullptr || !button->isDown()) return runPending();
+    connect(
+        button, &QAbstractButton::released, this, [this] { runPending(); }, Qt::SingleShotConnection);
+}
+
 bool LeaveWatch::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -38,10 +49,19 @@ bool LeaveWatch::eventFilter(QObject*, QEvent* event) {
         if (!taken && !m_pending) {
             m_pending = true;
             QMetaObject::invokeMethod(
-                this, [this] { runPending(); }, Qt::QueuedConnection);
+                this, [this] { settle(); }, Qt::QueuedConnection);
         }
     }
     return false;
+}
+
+KeyWatch::KeyWatch(QWidget& control, std::function<bool(int key)> onKey)
+    : QObject(&control), m_onKey(std::move(onKey)) {
+    control.installEventFilter(this);
+}
+
+bool KeyWatch::eventFilter(QObject*, QEvent* event) {
+    return event->type() == QEvent::KeyPress && m_onKey(static_cast<QKeyEvent*>(event)->key());
 }
 
 HoverTip::HoverTip(QWidget& control, std::function<std::string()> text)

@@ -21,7 +21,8 @@ class EnterWatch : public QObject {
 };
 
 // Calls once, queued, after a control has lost the focus to another control of the same window; not for a
-// focus that a menu, a pop-up or another window took.
+// focus that a menu, a pop-up or another window took. Where the mouse holds the button that took it, the call
+// waits until the button is released, and comes before the button's own click.
 class LeaveWatch : public QObject {
   public:
     LeaveWatch(QWidget& control, std::function<void()> onLeave);
@@ -32,8 +33,22 @@ class LeaveWatch : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void settle();
+
     std::function<void()> m_onLeave;
     bool m_pending = false;
+};
+
+// Offers the keys pressed in a control, before the control itself takes them; true when used.
+class KeyWatch : public QObject {
+  public:
+    KeyWatch(QWidget& control, std::function<bool(int key)> onKey);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    std::function<bool(int key)> m_onKey;
 };
 
 // A tool-tip made anew whenever the pointer moves over the control.
