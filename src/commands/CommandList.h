@@ -5,5 +5,8 @@
 #include "commands/Commands.h"
 
 extern const Command infoCommand;
+extern const Command csvCommand;
+extern const Command reportCommand;
+extern const Command listingCommand;
 
-inline const Command* const commandList[] = {&infoCommand};
+inline const Command* const commandList[] = {&infoCommand, &csvCommand};

@@ -62,10 +62,10 @@ OutputEnd saveSpreadsheet(Platform& platform, const OutputRequest& request, cons
     return OutputEnd::done;
 }
 
-OutputEnd printListing(Platform& platform, const std::string& fileName) {
+OutputEnd printListing(Platform& platform, const std::string& fileName, const std::string& pdfFile) {
     const auto file = platform.files.open(fileName);
     Listing listing(*file, platform.paper.metrics());
-    const auto job = platform.paper.begin({fileOf(fileName), Orientation::portrait, fileName + ".pdf"});
+    const auto job = platform.paper.begin({fileOf(fileName), Orientation::portrait, pdfFile});
     while (const std::optional<Drawing> page = listing.nextPage())
         job->page(*page);
     finishJob(platform, *job);
@@ -99,6 +99,8 @@ OutputEnd Output(Platform& platform, OutputMode mode, const OutputRequest& reque
     });
 }
 
-OutputEnd PrintFile(Platform& platform, const std::string& fileName) {
-    return withFailuresShown(platform, [&] { return printListing(platform, fileName); });
+OutputEnd PrintFile(Platform& platform, const std::string& fileName, const std::string& pdfFile) {
+    return withFailuresShown(platform, [&] {
+        return printListing(platform, fileName, pdfFile.empty() ? fileName + ".pdf" : pdfFile);
+    });
 }

@@ -27,4 +27,5 @@ OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, cons
 OutputEnd Output(Platform& platform, OutputMode mode, const OutputRequest& request,
                  const ReportProgress& progress = {});
 
-OutputEnd PrintFile(Platform& platform, const std::string& fileName);
+// `pdfFile`: what is made where there is no printer; "" is the file's name with ".pdf" behind it.
+OutputEnd PrintFile(Platform& platform, const std::string& fileName, const std::string& pdfFile = "");

@@ -1,0 +1,24 @@
+#include "commands/CommandList.h"
+#include "commands/ReportCall.h"
+
+namespace {
+
+const std::string help =
+    std::string("Usage: korvel report FILE.SGR [OPTION]...\n\n"
+                "Writes the report of a results file as ruled pages, a PDF document.\n\n") +
+    selectionHelp +
+    "  --output FILE         the file to write; RIVER-report.pdf beside RIVER.SGR by default\n";
+
+int runReport(CommandCall& call) {
+    const auto report = takeReportCall(call);
+    if (!report) return exitStatus::failed;
+    const ColumnVerdict verdict = verdictOn(CountCols(report->selection));
+    if (verdict.fit != PageFit::tooWide) return makeReport(call, *report, OutputMode::print);
+    call.dialogs.show(
+        {verdict.countText + ". " + verdict.fitText + ".", "Korvel Reports", Icon::exclamation, Buttons::ok});
+    return exitStatus::failed;
+}
+
+} // namespace
+
+const Command reportCommand = {"report", "a report as a PDF document", help.c_str(), runReport};
