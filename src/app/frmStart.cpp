@@ -91,8 +91,9 @@ void frmStart::connectMenus() {
     for (QAction* item :
          {&mnuDisplayFull, &mnuSuppressInterpolated, &mnuSuppressFeatures, &mnuSuppressReaches})
         item->setCheckable(true);
-    // Switched off by design: nothing is behind them in this version.
-    for (QAction* item : {mnuFile.menuAction(), &mnuEditText, &mnuTextEditor, &mnuHelp})
+    // Switched off: nothing is behind them in this version.
+    for (QAction* item :
+         {mnuFile.menuAction(), &mnuEditText, &mnuReports, &mnuBatch, &mnuTextEditor, &mnuHelp})
         item->setEnabled(false);
 }
 

@@ -216,6 +216,7 @@ void FakePlatform::showModeless(ShownForm& form) {
 
 void FakePlatform::close(ShownForm& form) {
     note("close " + form.formName());
+    if (closesForm) closesForm(form);
 }
 
 void FakePlatform::endProgram() {

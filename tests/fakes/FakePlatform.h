@@ -70,6 +70,9 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     bool hasFile(const std::string& name);
     const std::vector<PrintedJob>& printed() const { return m_printed; }
 
+    // What closing a form does besides being written down; the forms' tests close its window.
+    std::function<void(ShownForm&)> closesForm;
+
     WorkArea desktop;
     Date day{5, 11, 2026};
     std::string printedTo; // what a finished job returns: the file that the user could not know of

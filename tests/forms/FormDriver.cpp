@@ -1,6 +1,21 @@
 #include "forms/FormDriver.h"
 
 #include <QElapsedTimer>
+#include <QMenu>
+#include <QTest>
+
+namespace {
+
+template <typename Visit>
+void visitItems(const QWidget& menu, int level, bool reachable, const Visit& visit) {
+    for (const QAction* item : menu.actions()) {
+        const bool enabled = reachable && item->isEnabled();
+        visit(*item, level, enabled);
+        if (item->menu() != nullptr) visitItems(*item->menu(), level + 1, enabled, visit);
+    }
+}
+
+} // namespace
 
 bool waitFor(const std::function<bool()>& condition) {
     constexpr int patienceMilliseconds = 10000;
@@ -11,4 +26,60 @@ bool waitFor(const std::function<bool()>& condition) {
         QApplication::processEvents(QEventLoop::AllEvents, 20);
     }
     return true;
+}
+
+void showActive(QWidget& form) {
+    form.show();
+    QApplication::setActiveWindow(&form);
+    passEvents();
+}
+
+void passEvents() {
+    for (int round = 0; round < 3; ++round)
+        QApplication::processEvents();
+}
+
+void click(QWidget& control) {
+    QTest::mouseClick(&control, Qt::LeftButton);
+    passEvents();
+}
+
+void clickLine(QListWidget& list, int line, Qt::KeyboardModifiers keys) {
+    list.scrollToItem(list.item(line));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, list.visualItemRect(list.item(line)).center());
+    passEvents();
+}
+
+std::vector<std::string> selectedLines(const QListWidget& list) {
+    std::vector<std::string> lines;
+    for (int i = 0; i < list.count(); ++i)
+        if (list.item(i)->isSelected()) lines.push_back(list.item(i)->text().toStdString());
+    return lines;
+}
+
+std::string menuListing(const QMenuBar& bar) {
+    std::string listing;
+    visitItems(bar, 0, true, [&](const QAction& item, int level, bool) {
+        listing += std::string(static_cast<std::size_t>(level) * 2, ' ') + item.objectName().toStdString() +
+                   "|" + item.text().toStdString() + "\n";
+    });
+    return listing;
+}
+
+std::vector<std::string> greyedItems(const QMenuBar& bar) {
+    std::vector<std::string> names;
+    visitItems(bar, 0, true, [&](const QAction& item, int, bool enabled) {
+        if (!enabled) names.push_back(item.objectName().toStdString());
+    });
+    return names;
+}
+
+void closeWindow(ShownForm& form) {
+    dynamic_cast<QWidget&>(form).close();
+}
+
+QWidget& formNamed(const std::string& name) {
+    for (QWidget* form : QApplication::topLevelWidgets())
+        if (form->objectName().toStdString() == name) return *form;
+    throw std::runtime_error("no form named " + name);
 }

@@ -4,7 +4,19 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
+namespace {
+
+// Without a display Qt says of every window that is made that its size hints go nowhere.
+void writeMessage(QtMsgType, const QMessageLogContext&, const QString& message) {
+    if (!message.contains("propagateSizeHints")) std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
+    qInstallMessageHandler(writeMessage);
     settleForNoDisplay();
     qputenv("QT_LOGGING_RULES", "qt.qpa.*=false;default.warning=true");
     QApplication application(argc, argv);
