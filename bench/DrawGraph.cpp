@@ -1,0 +1,176 @@
+// How long a redraw of the largest graph takes, layout and painting, against painting a line for each pair of
+// neighbouring points; the two pictures are compared to the last pixel. Each pair is measured in one go, and
+// the median of the ratios is printed.
+#include "graphs/GraphSample.h"
+#include "graphs/draw/ProfileGraph.h"
+#include "toolkit/DrawingPainter.h"
+#include "toolkit/QtTextMetrics.h"
+#include "toolkit/RunThinning.h"
+#include "toolkit/StartQt.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <random>
+
+namespace {
+
+constexpr int width = 1900;
+constexpr int height = 950;
+constexpr int panels = 5;
+constexpr int featureEvery = 50; // points; the others are interpolated
+constexpr int rounds = 15;
+
+enum class Shown { means, everything };
+
+// A long river whose values rise at works, fall between them, and scatter.
+class River {
+  public:
+    explicit River(Shown shown) {
+        sample.setDeterminands({"BOD", "Ammonia", "Nitrate", "Phosphate"});
+        sample.addReach(1, "Long Water", 6000);
+        for (int i = 1; i <= MaxPlottingPoints; ++i)
+            sample.addPoint(
+                {1, 0.1 * i, "Works " + std::to_string(i), i % featureEvery == 1 ? i / 50 % 8 : 99});
+        for (int series = 0; series < panels; ++series)
+            fill(series);
+        sample.graph.plotInterpolatedPoints = true;
+        sample.graph.graphTitle = "The largest graph";
+        if (shown == Shown::everything) showEverything();
+        sample.labelAllTypes();
+        sample.useArea(width, height);
+        sample.plotSeries({1}, {0, 1, 2, 3, 4});
+    }
+
+    GraphSample sample;
+
+  private:
+    void fill(int series) {
+        std::uniform_real_distribution<double> scatter(0.95, 1.05), rise(0.5, 2);
+        std::vector<double> means, low, high, targets, observed;
+        double level = 3;
+        for (int i = 1; i <= MaxPlottingPoints; ++i) {
+            level = i % 3000 == 0 ? level + rise(m_random) : level * 0.9998;
+            means.push_back(level * scatter(m_random));
+            low.push_back(0.8 * means.back());
+            high.push_back(1.3 * means.back());
+            targets.push_back(i % 20000 < 10000 ? 5 : 4);
+            observed.push_back(i % featureEvery == 1 ? level * 1.1 : 0);
+        }
+        sample.set(ValueField::meanValue, series, means);
+        sample.set(ValueField::percentileValues, series, high, 0, 1);
+        sample.set(ValueField::meanLimit1, series, low);
+        sample.set(ValueField::meanLimit2, series, high);
+        sample.set(ValueField::percentileLimit1, series, means, 0, 1);
+        sample.set(ValueField::percentileLimit2, series, high, 0, 1);
+        sample.set(ValueField::targetValue, series, targets);
+        sample.set(ValueField::observedMean, series, observed);
+        sample.set(ValueField::observedPercentiles, series, observed, 0, 1);
+    }
+    void showEverything() {
+        sample.graph.plotPercentiles = sample.graph.plotConfidenceLimits = true;
+        sample.graph.showTargets = std::vector<bool>(panels, true);
+    }
+
+    std::mt19937 m_random{1};
+};
+
+Drawing layout(const GraphSample& sample, const TextMetrics& metrics) {
+    Drawing drawing{.width = width * 15.0, .height = height * 15.0, .commands = {}};
+    GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
+    drawProfileGraph(primitives, false, sample.inputs());
+    return drawing;
+}
+
+void paintPairByPair(const DrawnRun& run, QPainter& painter) {
+    const PixelGrid grid{0, 0, 1 / 15.0, width, height};
+    QPen pen(QColor(run.pen.colour.red, run.pen.colour.green, run.pen.colour.blue), run.pen.width);
+    pen.setCapStyle(Qt::SquareCap);
+    painter.setPen(pen);
+    for (std::size_t j = 1; j < run.points.size(); ++j)
+        painter.drawLine(*grid.point(run.points[j - 1]), *grid.point(run.points[j]));
+}
+
+// Everything but the runs as the program paints it.
+void paintPlainly(const Drawing& drawing, QPainter& painter) {
+    Drawing others = drawing;
+    std::erase_if(others.commands,
+                  [](const DrawnCommand& one) { return std::holds_alternative<DrawnRun>(one); });
+    for (const DrawnCommand& command : drawing.commands)
+        if (const auto* run = std::get_if<DrawnRun>(&command)) paintPairByPair(*run, painter);
+    paintOnScreen(others, painter);
+}
+
+double milliseconds(auto&& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+double median(std::vector<double> values) {
+    std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
+    return values[values.size() / 2];
+}
+
+QImage page() {
+    return QImage(width, height, QImage::Format_RGB32);
+}
+
+// The order of drawing differs, so that the pictures are compared a run at a time.
+bool samePictures(const Drawing& drawing) {
+    for (const DrawnCommand& command : drawing.commands) {
+        const auto* run = std::get_if<DrawnRun>(&command);
+        if (!run) continue;
+        QImage thinned = page(), plain = page();
+        thinned.fill(Qt::white);
+        plain.fill(Qt::white);
+        QPainter thinnedPainter(&thinned), plainPainter(&plain);
+        paintOnScreen({drawing.width, drawing.height, drawing.unitsPerInch, {*run}}, thinnedPainter);
+        paintPairByPair(*run, plainPainter);
+        thinnedPainter.end();
+        plainPainter.end();
+        if (thinned != plain) return false;
+    }
+    return true;
+}
+
+bool measure(const char* what, Shown shown) {
+    const River river(shown);
+    const QtTextMetrics metrics;
+    QImage image = page();
+    std::vector<double> redraws, plain, ratios;
+    for (int round = 0; round < rounds; ++round) {
+        Drawing drawing;
+        redraws.push_back(milliseconds([&] {
+            drawing = layout(river.sample, metrics);
+            QPainter painter(&image);
+            painter.fillRect(image.rect(), Qt::white);
+            paintOnScreen(drawing, painter);
+        }));
+        plain.push_back(milliseconds([&] {
+            QPainter painter(&image);
+            painter.fillRect(image.rect(), Qt::white);
+            paintPlainly(drawing, painter);
+        }));
+        ratios.push_back(redraws.back() / plain.back());
+    }
+    const bool same = samePictures(layout(river.sample, metrics));
+    std::printf("%s: %.3f x a line for each pair of points (%.1f ms, %.1f ms), pictures %s\n", what,
+                median(ratios), median(redraws), median(plain), same ? "the same" : "DIFFERENT");
+    return same;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    settleForNoDisplay();
+    QGuiApplication application(argc, argv);
+    const bool one = measure("one series a panel, 5 x 59999 points", Shown::means);
+    const bool all = measure("means, percentiles, limits, targets, observed", Shown::everything);
+    return one && all ? 0 : 1;
+}
