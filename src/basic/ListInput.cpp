@@ -3,6 +3,7 @@
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -40,9 +41,18 @@ constexpr std::array<double, exactPower + 1> powersOfTen = {1e0,  1e1,  1e2,  1e
 constexpr std::ptrdiff_t countedDigits = 18;                   // as many never overflow 64 bits
 constexpr std::uint64_t exactInteger = std::uint64_t(1) << 53; // whole numbers up to it are exact
 
-const char* readDigits(const char* at, std::uint64_t& value) {
+const char* pastBlanks(const char* at) {
+    while (isBlank(*at))
+        ++at;
+    return at;
+}
+
+// Appends the digits from `at` on to a number.
+const char* readDigits(const char* at, std::uint64_t& number) {
+    std::uint64_t value = number;
     for (; isDigit(*at); ++at)
         value = value * 10 + static_cast<std::uint64_t>(*at - '0');
+    number = value;
     return at;
 }
 
@@ -82,6 +92,18 @@ const char* readExactNumber(const char* at, double& value) {
     const double size = power < 0 ? whole / powersOfTen[static_cast<std::size_t>(-power)]
                                   : whole * powersOfTen[static_cast<std::size_t>(power)];
     value = negative ? -size : size;
+    return at;
+}
+
+// The same with the blanks before the number and the separator behind it; nothing also where the field may go
+// on behind the bytes in hand.
+const char* readExactField(const char* at, const char* end, double& value) {
+    at = readExactNumber(pastBlanks(at), value);
+    if (!at) return nullptr;
+    if (isBlank(*at)) at = pastBlanks(at);
+    if (end - at < 2) return nullptr;
+    if (*at == ',' || *at == '\n') return at + 1;
+    if (*at == '\r') return at + (at[1] == '\n' ? 2 : 1);
     return at;
 }
 
@@ -134,7 +156,8 @@ bool ListInput::more() {
         m_end -= m_kept;
         m_kept = 0;
     }
-    if (m_buffer.size() < m_end + m_chunkSize + 1) m_buffer.resize(m_end + m_chunkSize + 1);
+    const std::size_t needed = m_end + m_chunkSize + 1;
+    if (m_buffer.size() < needed) m_buffer.resize(needed);
     const std::size_t count = m_source.read(m_buffer.data() + m_end, m_chunkSize);
     m_end += count;
     m_buffer[m_end] = sentinel;
@@ -213,18 +236,30 @@ ListInput::Field ListInput::plainField(IsEnd isEnd) {
 }
 
 double ListInput::number() {
-    beginField();
     double value = 0;
-    const char* at = m_buffer.data() + m_next;
-    const char* end = readExactNumber(at, value);
-    if (!end || end == m_buffer.data() + m_end) return generalNumber();
-    m_next += static_cast<std::size_t>(end - at);
-    endField();
+    numbers({&value, 1});
     return value;
 }
 
-// The number at m_next where it is empty, unusual, or cut off by the end of the bytes in hand.
+// The position stays in a register from field to field; it is put back where a field needs the general way.
+void ListInput::numbers(std::span<double> into) {
+    const char* at = m_buffer.data() + m_next;
+    const auto putBack = [&] { m_kept = m_next = static_cast<std::size_t>(at - m_buffer.data()); };
+    for (double& value : into) {
+        if (const char* next = readExactField(at, m_buffer.data() + m_end, value)) {
+            at = next;
+            continue;
+        }
+        putBack();
+        value = generalNumber();
+        at = m_buffer.data() + m_next;
+    }
+    putBack();
+}
+
+// A number that is empty, unusual, or cut off by the end of the bytes in hand.
 double ListInput::generalNumber() {
+    beginField();
     const Field field = plainField(endsNumber);
     double value = 0;
     if (field.length > 0 && !readExactNumber(viewOf(field).data(), value))

@@ -5,6 +5,7 @@
 #include "basic/ByteSource.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +18,8 @@ class ListInput {
     // One field each; the views hold until the next call. Failures: 62 a field wanted at the end of the file,
     // 13 text that is not wholly a number or is beyond a double's range, 6 an integer beyond 32 bits.
     double number();
-    int integer(); // a fraction is rounded half to even
+    void numbers(std::span<double> into); // as many fields
+    int integer();                        // a fraction is rounded half to even
     std::string_view text();
     void skip(); // reads any field, of whatever form, and drops it
 

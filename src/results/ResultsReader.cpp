@@ -109,8 +109,8 @@ Refusal Reading::readPointLine(int index) {
 void Reading::readValues(double* into) {
     for (int count : m_valuesByCaption) {
         m_input.skip();
-        for (; count > 0; --count)
-            *into++ = m_input.number();
+        m_input.numbers({into, static_cast<std::size_t>(count)});
+        into += count;
     }
 }
 
