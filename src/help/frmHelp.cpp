@@ -1,0 +1,96 @@
+#include "help/frmHelp.h"
+
+#include "global/GLOBAL.h"
+#include "help/HelpPage.h"
+#include "toolkit/Shown.h"
+#include "toolkit/Twips.h"
+
+#include <QHeaderView>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr Place designPlace = at(0, 0, 8400, 6150); // of the form with its frame, twips
+constexpr double besideColumn = 300;                // of the grid's width, twips
+constexpr double textSize = 8;                      // points
+
+Place placeIn(const WorkArea& area) {
+    const double width = designPlace.width * GLOBAL.ScaleX;
+    const double height = designPlace.height * GLOBAL.ScaleY;
+    return {area.left + (area.width - width) / 2, area.top + (area.height - height) / 2, width, height};
+}
+
+} // namespace
+
+QTableWidget& frmHelp::grid() {
+    auto* table = new QTableWidget(0, 1, &client());
+    table->setObjectName("grdHelp");
+    table->setAccessibleName("Help page");
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setShowGrid(false);
+    table->setTabKeyNavigation(false);
+    table->setWordWrap(false);
+    table->horizontalHeader()->hide();
+    table->verticalHeader()->hide();
+    return *table;
+}
+
+frmHelp::frmHelp(Platform& doors) : Form(doors, "frmHelp", "Help") {
+    // Examples stand in columns, so that every character has the same width.
+    QFont font("Courier New");
+    font.setStyleHint(QFont::Monospace);
+    font.setPointSizeF(scaledFontSize(textSize, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY)));
+    grdHelp.setFont(font);
+    grdHelp.verticalHeader()->setMinimumSectionSize(1);
+    grdHelp.verticalHeader()->setDefaultSectionSize(grdHelp.fontMetrics().height() + 2);
+    layOut();
+    new KeyWatch(grdHelp, [this](int key) {
+        bool used = false;
+        handlers().run([&] { used = keyInGrid(key); });
+        return used;
+    });
+    setOuterPlace(placeIn(doors.machine.workArea()));
+}
+
+void frmHelp::layOut() {
+    setFontSize(lblPage, scaledFontSize(textSize, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY)), false);
+    auto* all = new QVBoxLayout(&client());
+    all->addWidget(&grdHelp, 1);
+    all->addWidget(&lblPage);
+}
+
+void frmHelp::load() {
+    grdHelp.setColumnCount(1);
+    onResize();
+    showRows(readHelpPage(doors(), GLOBAL.helpPage));
+}
+
+void frmHelp::showRows(const std::vector<std::string>& rows) {
+    grdHelp.setRowCount(static_cast<int>(rows.size()));
+    for (int row = 0; row < grdHelp.rowCount(); ++row)
+        grdHelp.setItem(row, 0, new QTableWidgetItem(shown(rows[static_cast<std::size_t>(row)])));
+    grdHelp.setCurrentCell(0, 0);
+    grdHelp.scrollToTop();
+    lblPage.setText(
+        shown("Page " + GLOBAL.helpPage + ".  Page Up and Page Down turn to the other pages; Esc closes."));
+}
+
+void frmHelp::onResize() {
+    grdHelp.setColumnWidth(0, grdHelp.width() - pixels(besideColumn));
+}
+
+bool frmHelp::onKey(int key, Qt::KeyboardModifiers) {
+    if (key == Qt::Key_Escape) doors().windows.close(*this);
+    return key == Qt::Key_Escape;
+}
+
+bool frmHelp::keyInGrid(int key) {
+    if (key != Qt::Key_PageUp && key != Qt::Key_PageDown) return false;
+    const PageTurn turn = key == Qt::Key_PageUp ? PageTurn::back : PageTurn::forth;
+    const std::string page = turnedPage(helpPagesThere(doors()), GLOBAL.helpPage, turn);
+    if (page == GLOBAL.helpPage) return true;
+    GLOBAL.helpPage = page;
+    load();
+    return true;
+}

@@ -1,0 +1,28 @@
+// The help viewer: one page of text in a grid of one column. Page Up and Page Down turn to the other pages.
+#pragma once
+
+#include "toolkit/Form.h"
+
+#include <QTableWidget>
+
+class frmHelp : public Form {
+  public:
+    explicit frmHelp(Platform& doors);
+
+    // Reads the page that GLOBAL.helpPage names; called before the form is shown. A failure is the
+    // run-time's.
+    void load();
+
+  protected:
+    void onResize() override;
+    bool onKey(int key, Qt::KeyboardModifiers modifiers) override;
+
+  private:
+    QTableWidget& grid();
+    void layOut();
+    bool keyInGrid(int key);
+    void showRows(const std::vector<std::string>& rows);
+
+    QTableWidget& grdHelp = grid();
+    QLabel& lblPage = label("lblPage", "", {});
+};
