@@ -7,6 +7,7 @@
 #include "platform/ApplicationFolder.h"
 #include "platform/DiskFiles.h"
 #include "runs/frmEngine.h"
+#include "toolkit/PdfPaper.h"
 #include "toolkit/PrinterChoice.h"
 #include "toolkit/QtDialogs.h"
 #include "toolkit/QtMachine.h"
@@ -20,19 +21,6 @@
 
 namespace {
 
-// Until a printer can be reached.
-class NoPaper : public Paper {
-  public:
-    explicit NoPaper(const TextMetrics& metrics) : m_metrics(metrics) {}
-    const TextMetrics& metrics() const override { return m_metrics; }
-    std::unique_ptr<PrintJob> begin(const PrintRequest&) override {
-        throw RunTimeError(errors::printerError);
-    }
-
-  private:
-    const TextMetrics& m_metrics;
-};
-
 // The doors to the outside world, as the running program has them.
 struct Doors {
     explicit Doors(const std::string& folder) : machine(folder) {}
@@ -43,7 +31,7 @@ struct Doors {
     QtMachine machine;
     QtWindows windows{dialogs};
     QtTextMetrics metrics;
-    NoPaper paper{metrics};
+    QtPaper paper{printer, files};
     Platform platform{dialogs, files, machine, windows, paper, metrics};
 };
 

@@ -16,6 +16,7 @@ struct FileDialogSettings {
     std::string filter;        // "caption|pattern|caption|pattern"
     std::string initialFolder; // a model name; "" leaves the current folder
     bool overwritePrompt = false;
+    std::string defaultExtension; // put behind a name to save that has none; "" leaves it as typed
     NameUse nameUse = NameUse::asChosen;
 };
 

@@ -5,6 +5,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QShortcut>
 #include <QTimer>
 
 namespace {
@@ -208,6 +209,11 @@ void Form::onEnter(QWidget& control, std::function<void()> action) {
 
 LeaveWatch& Form::onLeave(QWidget& control, std::function<void()> action) {
     return *new LeaveWatch(control, m_handlers.guarded(std::move(action)));
+}
+
+void Form::onShortcut(const QKeySequence& keys, std::function<void()> action) {
+    auto* shortcut = new QShortcut(keys, this);
+    on(*shortcut, &QShortcut::activated, std::move(action));
 }
 
 void Form::tip(QWidget& control, std::function<std::string()> text) {

@@ -98,6 +98,8 @@ class Form : public QMainWindow, public ShownForm {
     }
     void onEnter(QWidget& control, std::function<void()> action);
     LeaveWatch& onLeave(QWidget& control, std::function<void()> action);
+    // A key that works wherever the focus is in this form.
+    void onShortcut(const QKeySequence& keys, std::function<void()> action);
     static void tip(QWidget& control, std::function<std::string()> text);
     static void tip(QWidget& control, const std::string& text);
 

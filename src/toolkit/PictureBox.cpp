@@ -3,6 +3,7 @@
 #include "toolkit/DrawingPainter.h"
 
 #include <QPainter>
+#include <QWheelEvent>
 
 PictureBox::PictureBox(const char* name, const Drawing& drawing, QWidget* parent)
     : QWidget(parent), m_drawing(drawing) {
@@ -14,4 +15,11 @@ void PictureBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::white);
     paintOnScreen(m_drawing, painter);
+}
+
+void PictureBox::wheelEvent(QWheelEvent* event) {
+    const int turned = event->angleDelta().y();
+    const bool zooms = event->modifiers().testFlag(Qt::ControlModifier) && turned != 0 && onControlWheel;
+    event->setAccepted(zooms);
+    if (zooms) onControlWheel(turned > 0 ? 1 : -1);
 }

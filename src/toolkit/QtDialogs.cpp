@@ -50,6 +50,7 @@ void prepare(QFileDialog& dialog, FileDialogKind kind, const FileDialogSettings&
     dialog.setAcceptMode(kind == FileDialogKind::open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !settings.overwritePrompt);
     dialog.setNameFilters(nameFilters(settings.filter));
+    dialog.setDefaultSuffix(shown(settings.defaultExtension));
     if (!settings.initialFolder.empty())
         dialog.setDirectory(QFile::decodeName(hostPathOf(settings.initialFolder).c_str()));
 }

@@ -16,7 +16,8 @@ class CurvePen {
     bool above(DrawnPoint point) const { return point.y > m_place.area.top; }
 
     void joined(const std::vector<int>& points, const std::vector<double>& x) const {
-        std::vector<DrawnPoint> run(points.size());
+        std::vector<DrawnPoint> run = m_sheet.takePoints();
+        run.resize(points.size());
         bool anyAbove = false;
         for (std::size_t j = 0; j < points.size(); ++j) {
             run[j] = at(x[j], value(points[j]));

@@ -109,7 +109,17 @@ void GraphPrimitives::addText(bool pr, double x, double y, int align, const std:
     if (!pr) ++LabelCount;
 }
 
+std::vector<DrawnPoint> GraphPrimitives::takePoints() {
+    if (m_spare.empty()) return {};
+    std::vector<DrawnPoint> points = std::move(m_spare.back());
+    m_spare.pop_back();
+    points.clear();
+    return points;
+}
+
 void GraphPrimitives::CloseGraph() {
+    for (DrawnCommand& command : m_drawing.commands)
+        if (auto* run = std::get_if<DrawnRun>(&command)) m_spare.push_back(std::move(run->points));
     m_drawing.clear();
     LabelCount = 0;
 }

@@ -24,6 +24,9 @@ class GraphPrimitives {
     void DisplayLine(bool pr, double x1, double y1, double x2, double y2, int Thick, int Style, int Col);
     // Points joined by lines, each as DisplayLine draws it.
     void DisplayRun(bool pr, std::vector<DrawnPoint> points, int Thick, int Style, int Col);
+    // An empty list for a run's points, with the memory of an earlier graph's: to take memory anew at each
+    // redraw would cost more than the drawing.
+    std::vector<DrawnPoint> takePoints();
     // In the drawing's coordinates. Widths: 0 nothing, 1, 2, 3; above 3 as 3.
     void WideLine(double x1, double y1, double x2, double y2, int DWidth, Rgb Color);
 
@@ -48,6 +51,7 @@ class GraphPrimitives {
     const TextMetrics& metrics(bool pr) const { return pr ? m_printer : m_screen; }
 
     Drawing& m_drawing;
+    std::vector<std::vector<DrawnPoint>> m_spare;
     GraphForm m_form;
     const TextMetrics& m_screen;
     const TextMetrics& m_printer;

@@ -1,6 +1,8 @@
 #include "graphs/draw/PanelCurves.h"
 
 #include <algorithm>
+#include <array>
+#include <string>
 
 namespace {
 
@@ -32,41 +34,57 @@ std::vector<ShownSet> shownSets(const GraphHandOver& graph) {
 class CurveCollector {
   public:
     CurveCollector(const ResultsDataSet& results, const GraphHandOver& graph, int series)
-        : m_results(results), m_row(graph.percentileRow), m_series(series) {}
+        : m_results(results),
+          m_row(graph.percentileRow),
+          m_series(series),
+          m_compares(graph.plotType == comparison) {}
 
     std::vector<PanelCurve> curves;
 
     void addMain(const ShownSet& set) {
         if (set.statistic == Statistic::mean)
-            add(set.slot, ValueField::meanValue, 0, set.look);
+            add(set.slot, ValueField::meanValue, 0, set.look, nameOf(set));
         else
-            add(set.slot, ValueField::percentileValues, m_row, set.look);
+            add(set.slot, ValueField::percentileValues, m_row, set.look, nameOf(set));
     }
     void addLimits(const ShownSet& set) {
         if (m_series == 0) return;
         const bool mean = set.statistic == Statistic::mean;
         const int level = mean ? 0 : m_row;
-        add(set.slot, mean ? ValueField::meanLimit1 : ValueField::percentileLimit1, level, looks::limits);
-        add(set.slot, mean ? ValueField::meanLimit2 : ValueField::percentileLimit2, level, looks::limits);
+        add(set.slot, mean ? ValueField::meanLimit1 : ValueField::percentileLimit1, level, looks::limits,
+            nameOf(set) + ", limit 1");
+        add(set.slot, mean ? ValueField::meanLimit2 : ValueField::percentileLimit2, level, looks::limits,
+            nameOf(set) + ", limit 2");
     }
     void addObserved(const ShownSet& set) {
+        const std::string name = "observed " + nameOf(set);
         if (set.statistic == Statistic::mean)
-            add(set.slot, ValueField::observedMean, 0, looks::observed, CurveKind::crosses);
+            add(set.slot, ValueField::observedMean, 0, looks::observed, name, CurveKind::crosses);
         else
-            add(set.slot, ValueField::observedPercentiles, m_row, looks::observed, CurveKind::crosses);
+            add(set.slot, ValueField::observedPercentiles, m_row, looks::observed, name, CurveKind::crosses);
     }
     // Always the first data set's: those of a second one are not used.
-    void addTargets() { add(0, ValueField::targetValue, 0, looks::targets, CurveKind::runsOfEqualValue); }
+    void addTargets() {
+        add(0, ValueField::targetValue, 0, looks::targets, "quality target", CurveKind::runsOfEqualValue);
+    }
 
   private:
-    void add(int slot, ValueField field, int level, LineLook look, CurveKind kind = CurveKind::joined) {
+    std::string nameOf(const ShownSet& set) const {
+        static const std::array<const char*, 3> percentiles = {"90%-ile", "95%-ile", "99%-ile"};
+        const std::string name =
+            set.statistic == Statistic::mean ? "mean" : percentiles.at(static_cast<std::size_t>(m_row));
+        return m_compares ? name + ", set " + std::to_string(set.slot + 1) : name;
+    }
+    void add(int slot, ValueField field, int level, LineLook look, const std::string& name,
+             CurveKind kind = CurveKind::joined) {
         const ValueStore& values = m_results.values[slot];
-        if (values.everWritten()) curves.push_back({kind, look, values.column(field, m_series, level)});
+        if (values.everWritten()) curves.push_back({kind, look, values.column(field, m_series, level), name});
     }
 
     const ResultsDataSet& m_results;
     int m_row;
     int m_series;
+    bool m_compares;
 };
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "graphs/draw/PlottedColumn.h"
 
 #include <span>
+#include <string>
 #include <vector>
 
 enum class CurveKind { joined, runsOfEqualValue, crosses };
@@ -14,6 +15,7 @@ struct PanelCurve {
     CurveKind kind = CurveKind::joined;
     LineLook look;
     std::span<const double> values; // by point index
+    std::string name;               // "mean", "95%-ile, set 2", "mean, limit 1", "quality target" ...
 };
 
 // Whether means or percentiles are shown. A comparison shows one of them: the means where they are chosen.

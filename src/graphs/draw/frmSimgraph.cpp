@@ -1,21 +1,36 @@
 #include "graphs/draw/frmSimgraph.h"
 
+#include "basic/ModelName.h"
+#include "basic/Text.h"
 #include "global/GLOBAL.h"
+#include "graphs/draw/PlottedData.h"
+#include "graphs/draw/PrintGraph.h"
 #include "graphs/draw/ProfileGraph.h"
+#include "toolkit/PdfPaper.h"
+#include "toolkit/PictureFile.h"
 #include "toolkit/Shown.h"
 #include "toolkit/Twips.h"
 
+#include <QApplication>
+#include <QClipboard>
+
 frmSimgraph::frmSimgraph(Platform& doors)
     : Form(doors, "frmSimgraph", "Korvel Graphical Results"),
-      m_primitives(m_drawing, GraphForm::graph, doors.screenMetrics, doors.paper.metrics()) {
+      m_primitives(m_drawing, GraphForm::graph, doors.screenMetrics, doors.paper.metrics()),
+      m_capture(doors) {
     picGraph.setAccessibleName("Graph");
     QFont narrow = Label.font();
     narrow.setFamily("Arial Narrow");
     Label.setFont(narrow);
     Label.hide();
-    mnuPrint.setEnabled(false);
-    mnuSaveImage.setEnabled(false);
+    CDFilename.objectName = "CDFilename";
+    CDFilename.filter = "Picture files (*.png *.svg *.pdf)|*.png *.svg *.pdf";
+    CDFilename.title = "Save the graph as PNG, SVG or PDF";
+    CDFilename.overwritePrompt = true;
+    CDFilename.defaultExtension = "png";
     connectButtons();
+    connectKeys();
+    connectPictureMenu();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
 }
 
@@ -57,6 +72,39 @@ void frmSimgraph::connectButtons() {
     on(picLeft, &QToolButton::clicked, [this] { moveView(ScrollDirection::left); });
     on(picRight, &QToolButton::clicked, [this] { moveView(ScrollDirection::right); });
     onClick(mnuExit, [this] { doors().windows.close(*this); });
+    onClick(mnuPrint, [this] { print(); });
+    onClick(mnuSaveImage, [this] { saveImage(); });
+}
+
+// Each key runs what a button or a menu item runs.
+void frmSimgraph::connectKeys() {
+    for (const Qt::Key plus : {Qt::Key_Plus, Qt::Key_Equal})
+        onShortcut(QKeySequence(plus), [this] { Cmd[1].click(); });
+    onShortcut(QKeySequence(Qt::Key_Minus), [this] { Cmd[2].click(); });
+    onShortcut(QKeySequence(Qt::Key_Up), [this] { picUp.click(); });
+    onShortcut(QKeySequence(Qt::Key_Down), [this] { picDown.click(); });
+    onShortcut(QKeySequence(Qt::Key_Left), [this] { picLeft.click(); });
+    onShortcut(QKeySequence(Qt::Key_Right), [this] { picRight.click(); });
+    onShortcut(QKeySequence(Qt::Key_Home), [this] { resetView(); });
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_P), [this] { mnuPrint.trigger(); });
+    picGraph.onControlWheel = handlers().guarded([this](int steps) { zoomByWheel(steps); });
+}
+
+void frmSimgraph::connectPictureMenu() {
+    mnuPicture.setObjectName("mnuPicture");
+    picGraph.setContextMenuPolicy(Qt::CustomContextMenu);
+    on(picGraph, &QWidget::customContextMenuRequested,
+       [this](const QPoint& point) { mnuPicture.popup(picGraph.mapToGlobal(point)); });
+    onClick(mnuCopyPicture, [this] { copyPicture(); });
+    onClick(mnuCopyData, [this] { copyData(); });
+    onClick(mnuSavePicture, [this] { savePicture(); });
+    onClick(mnuResetView, [this] { resetView(); });
+}
+
+QAction& frmSimgraph::pictureItem(const char* name, const char* caption) {
+    QAction* item = mnuPicture.addAction(caption);
+    item->setObjectName(name);
+    return *item;
 }
 
 // The drawing area takes what the column of buttons leaves.
@@ -103,7 +151,65 @@ void frmSimgraph::moveView(ScrollDirection direction) {
     redraw();
 }
 
+void frmSimgraph::zoomByWheel(int steps) {
+    Cmd[steps > 0 ? 1 : 2].click();
+}
+
+void frmSimgraph::resetView() {
+    GLOBAL.ZoomFactor = 1;
+    GLOBAL.ScrollOffsetX = GLOBAL.ScrollOffsetY = 0;
+    redraw();
+}
+
+void frmSimgraph::print() {
+    PrintGraph(doors(), drawingArea());
+}
+
+void frmSimgraph::saveImage() {
+    m_capture.setDrawingArea(drawingArea());
+    m_capture.setOuterPlace(outerPlace());
+    doors().windows.showModal(m_capture);
+}
+
+void frmSimgraph::copyPicture() {
+    QApplication::clipboard()->setImage(pictureOf(m_drawing, devicePixelRatioF()));
+}
+
+void frmSimgraph::copyData() {
+    QApplication::clipboard()->setText(shown(plottedData(RESULTS, GLOBAL)));
+}
+
+void frmSimgraph::savePicture() {
+    const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::save, CDFilename);
+    if (!chosen) return;
+    doors().files.setCurrentFolder(doors().machine.applicationFolder());
+    try {
+        if (chosen->refusal)
+            doors().dialogs.show(refusedName(*chosen));
+        else
+            savePictureTo(chosen->name);
+    } catch (const RunTimeError& error) {
+        doors().dialogs.show({fileOf(chosen->name) + " can't be written: " + error.description + ".",
+                              "Save picture", Icon::exclamation, Buttons::ok});
+    }
+}
+
+void frmSimgraph::savePictureTo(const std::string& name) {
+    if (lowerCase(name).ends_with(".pdf")) {
+        PdfFilePaper paper(doors().files, name);
+        const auto job = paper.begin({fileOf(name), Orientation::landscape, name});
+        job->page(printedGraph(doors(), drawingArea()));
+        job->finish();
+    } else if (const auto format = pictureFormatOf(name)) {
+        doors().files.writeWhole(name, pictureBytes(m_drawing, *format, devicePixelRatioF()));
+    } else {
+        doors().dialogs.show({"The picture's name must end in .png, .svg or .pdf.", "Save picture",
+                              Icon::exclamation, Buttons::ok});
+    }
+}
+
 void frmSimgraph::refresh() {
+    mnuPrint.setEnabled(isDefaultView(GLOBAL));
     Cmd[3].setText(shown(m_textSizeCaption));
     Cmd[3].setToolTip(shown(textSizeToolTip(m_textSizeCaption)));
 }

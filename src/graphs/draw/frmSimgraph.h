@@ -4,6 +4,7 @@
 #include "graphs/draw/GraphPrimitives.h"
 #include "graphs/draw/PlotFrame.h"
 #include "graphs/draw/ViewControl.h"
+#include "graphs/draw/frmSimgraphSD.h"
 #include "toolkit/ControlArray.h"
 #include "toolkit/Form.h"
 #include "toolkit/PictureBox.h"
@@ -25,6 +26,16 @@ class frmSimgraph : public Form {
     ControlArray<QPushButton> buttons();
     QToolButton& arrow(const char* name, const char* says, Qt::ArrowType type, Place place);
     void connectButtons();
+    void connectKeys();
+    void connectPictureMenu();
+    void zoomByWheel(int steps);
+    void resetView();
+    void print();
+    void saveImage();
+    void copyPicture();
+    void copyData();
+    void savePicture();
+    void savePictureTo(const std::string& name);
     void arrange();
     // Clears the graph, draws it anew and shows what can be done with this view.
     void redraw();
@@ -54,8 +65,18 @@ class frmSimgraph : public Form {
               "points have been selected.",
               at(60, 2940, 1200, 1500), {.in = &Shape2, .wraps = true});
 
+    // Our own, over the drawing area.
+    QMenu mnuPicture{&client()};
+    QAction& mnuCopyPicture = pictureItem("mnuCopyPicture", "Copy picture");
+    QAction& mnuCopyData = pictureItem("mnuCopyData", "Copy data");
+    QAction& mnuSavePicture = pictureItem("mnuSavePicture", "Save as PNG, SVG or PDF ...");
+    QAction& mnuResetView = pictureItem("mnuResetView", "Reset view");
+    QAction& pictureItem(const char* name, const char* caption);
+
+    FileDialogSettings CDFilename;
     Drawing m_drawing;
     GraphPrimitives m_primitives;
     PictureBox picGraph{"picGraph", m_drawing, &client()};
+    frmSimgraphSD m_capture;
     std::string m_textSizeCaption = "Small text";
 };

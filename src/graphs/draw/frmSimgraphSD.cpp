@@ -1,0 +1,51 @@
+#include "graphs/draw/frmSimgraphSD.h"
+
+#include "graphs/draw/ProfileGraph.h"
+#include "toolkit/PictureFile.h"
+#include "toolkit/Twips.h"
+
+frmSimgraphSD::frmSimgraphSD(Platform& doors)
+    : Form(doors, "frmSimgraphSD", "Korvel Graphical Results"),
+      m_primitives(m_drawing, GraphForm::capture, doors.screenMetrics, doors.paper.metrics()) {
+    CDFilename.objectName = "CDFilename";
+    CDFilename.filter = "Windows bitmap files (*.bmp)|*.bmp";
+    CDFilename.title = "Save Korvel graph to image file";
+    CDFilename.overwritePrompt = true;
+    CDFilename.defaultExtension = "bmp";
+    ScreenCapture.setAccessibleName("Graph");
+}
+
+void frmSimgraphSD::setDrawingArea(const DrawingArea& area) {
+    m_area = area;
+    ScreenCapture.setGeometry(0, 0, pixels(area.width), pixels(area.height));
+}
+
+void frmSimgraphSD::onActivate() {
+    DrawGraphs();
+    doors().windows.updateScreen();
+    try {
+        savePicture();
+    } catch (const RunTimeError&) {
+        // Kept so: a file that can't be written ends the saving quietly.
+    }
+    doors().windows.close(*this);
+}
+
+void frmSimgraphSD::DrawGraphs() {
+    m_primitives.CloseGraph();
+    m_drawing.width = m_area.width;
+    m_drawing.height = m_area.height;
+    ::DrawGraphs(m_primitives, false, m_area, dayMonthYear(doors().machine.today()));
+    ScreenCapture.update();
+}
+
+void frmSimgraphSD::savePicture() {
+    const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::save, CDFilename);
+    if (!chosen) return;
+    doors().files.setCurrentFolder(doors().machine.applicationFolder());
+    if (chosen->refusal) {
+        doors().dialogs.show(refusedName(*chosen));
+        return;
+    }
+    doors().files.writeWhole(chosen->name, pictureBytes(m_drawing, PictureFormat::bmp, devicePixelRatioF()));
+}

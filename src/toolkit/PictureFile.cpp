@@ -1,0 +1,67 @@
+#include "toolkit/PictureFile.h"
+
+#include "basic/Text.h"
+#include "toolkit/DrawingPainter.h"
+#include "toolkit/Twips.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QSvgGenerator>
+
+#include <cmath>
+
+namespace {
+
+QSize logicalSize(const Drawing& drawing) {
+    return {pixels(drawing.width), pixels(drawing.height)};
+}
+
+std::string imageBytes(const QImage& image, const char* format) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return buffer.data().toStdString();
+}
+
+std::string svgBytes(const Drawing& drawing) {
+    QBuffer buffer;
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setResolution(96);
+    generator.setSize(logicalSize(drawing));
+    generator.setViewBox(QRect(QPoint(0, 0), logicalSize(drawing)));
+    generator.setTitle("KORVEL graph");
+    QPainter painter(&generator);
+    painter.fillRect(generator.viewBox(), Qt::white);
+    paintOnScreen(drawing, painter);
+    painter.end();
+    return buffer.data().toStdString();
+}
+
+} // namespace
+
+std::optional<PictureFormat> pictureFormatOf(const std::string& fileName) {
+    const std::string name = lowerCase(fileName);
+    if (name.ends_with(".png")) return PictureFormat::png;
+    if (name.ends_with(".bmp")) return PictureFormat::bmp;
+    if (name.ends_with(".svg")) return PictureFormat::svg;
+    return std::nullopt;
+}
+
+QImage pictureOf(const Drawing& drawing, double pixelRatio) {
+    QImage image(logicalSize(drawing) * pixelRatio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(pixelRatio);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintOnScreen(drawing, painter);
+    return image;
+}
+
+std::string pictureBytes(const Drawing& drawing, PictureFormat format, double pixelRatio) {
+    switch (format) {
+    case PictureFormat::png: return imageBytes(pictureOf(drawing, pixelRatio), "PNG");
+    case PictureFormat::bmp: return imageBytes(pictureOf(drawing, pixelRatio), "BMP");
+    case PictureFormat::svg: return svgBytes(drawing);
+    }
+    return "";
+}

@@ -1,0 +1,19 @@
+// A Drawing as a picture: in memory, or as the bytes of a file.
+#pragma once
+
+#include "graphs/draw/Drawing.h"
+
+#include <QImage>
+
+#include <optional>
+#include <string>
+
+enum class PictureFormat { png, bmp, svg };
+
+// By the name's extension, in any case.
+std::optional<PictureFormat> pictureFormatOf(const std::string& fileName);
+
+// White where nothing is drawn. `pixelRatio`: device pixels to a logical pixel.
+QImage pictureOf(const Drawing& drawing, double pixelRatio);
+
+std::string pictureBytes(const Drawing& drawing, PictureFormat format, double pixelRatio = 1);
