@@ -15,7 +15,7 @@ struct PanelCurve {
     CurveKind kind = CurveKind::joined;
     LineLook look;
     std::span<const double> values; // by point index
-    std::string name;               // "mean", "95%-ile, set 2", "mean, limit 1", "quality target" ...
+    std::string name = {};          // "mean", "95%-ile, set 2", "mean, limit 1", "quality target" ...
 };
 
 // Whether means or percentiles are shown. A comparison shows one of them: the means where they are chosen.
