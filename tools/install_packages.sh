@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev fonts-liberation)
 if [[ ${1:-run} == test ]]; then
     packages+=(libgtest-dev libgmock-dev clang-format python3 xvfb openbox xdotool x11-utils imagemagick poppler-utils
-        git util-linux)
+        cups git util-linux)
 fi
 
 is_installed() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }

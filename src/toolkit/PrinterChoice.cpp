@@ -64,11 +64,7 @@ void PrinterChoice::showOn(QPrinter& printer) const {
 
 void PrinterChoice::takeFrom(const QPrinter& printer) {
     const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
-    m_chosen = ChosenPrinter{toFile ? QString() : printer.printerName(),
-                             toFile ? printer.outputFileName() : QString(),
-                             printer.copyCount(),
-                             printer.collateCopies(),
-                             printer.duplex(),
-                             chosenPages(printer),
-                             toFile ? PrintOptions() : furtherOptions(printer)};
+    choose({toFile ? QString() : printer.printerName(), toFile ? printer.outputFileName() : QString(),
+            printer.copyCount(), printer.collateCopies(), printer.duplex(), chosenPages(printer),
+            toFile ? PrintOptions() : furtherOptions(printer)});
 }

@@ -29,6 +29,7 @@ struct ChosenPrinter {
 class PrinterChoice {
   public:
     const std::optional<ChosenPrinter>& chosen() const { return m_chosen; }
+    void choose(ChosenPrinter printer) { m_chosen = std::move(printer); }
     // Between the choice and the printer that a dialog works on.
     void showOn(QPrinter& printer) const;
     void takeFrom(const QPrinter& printer);

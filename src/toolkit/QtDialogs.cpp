@@ -5,10 +5,12 @@
 #include "toolkit/Shown.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
@@ -66,6 +68,15 @@ void prepare(QPrintDialog& dialog, const std::string& objectName) {
     if (accept != nullptr) accept->setText("OK");
 }
 
+// The dialog lists files, its last entry, only once it is shown, and never shows that one was chosen before.
+void selectFile(QPrintDialog& dialog, const QString& file) {
+    dialog.setModal(true);
+    dialog.show();
+    if (auto* printers = dialog.findChild<QComboBox*>("printers"))
+        printers->setCurrentIndex(printers->count() - 1);
+    if (auto* name = dialog.findChild<QLineEdit*>("filename")) name->setText(file);
+}
+
 } // namespace
 
 Answer QtDialogs::show(const Message& message) {
@@ -99,5 +110,7 @@ void QtDialogs::choosePrinter(const std::string& objectName) {
     m_printer.showOn(printer);
     QPrintDialog dialog(&printer, topForm());
     prepare(dialog, objectName);
+    if (m_printer.chosen() && !m_printer.chosen()->file.isEmpty())
+        selectFile(dialog, m_printer.chosen()->file);
     if (dialog.exec() == QDialog::Accepted) m_printer.takeFrom(printer);
 }
