@@ -1,6 +1,5 @@
 #include "commands/CommandLine.h"
 
-#include "basic/DiskNames.h"
 #include "basic/ModelName.h"
 
 #include <algorithm>
@@ -57,9 +56,9 @@ std::optional<std::string> CommandLine::value(std::string_view name) const {
     return value;
 }
 
-std::string modelNameOfTyped(const std::string& file) {
+std::string modelNameOfTyped(const std::string& file, NameUse use) {
     if (file.empty()) return "";
     const std::string path = std::filesystem::absolute(file).lexically_normal().string();
-    if (const auto refusal = whyNotAModelName(path, NameUse::asChosen)) throw RefusedName(*refusal);
+    if (const auto refusal = whyNotAModelName(path, use)) throw RefusedName(*refusal);
     return modelNameOfHostPath(path);
 }

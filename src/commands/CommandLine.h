@@ -1,6 +1,8 @@
 // The options and operands of one command.
 #pragma once
 
+#include "basic/DiskNames.h"
+
 #include <initializer_list>
 #include <optional>
 #include <stdexcept>
@@ -49,4 +51,4 @@ class CommandLine {
 
 // The model name of a file that was typed, relative to the current folder; "" stays. RefusedName where it
 // can't be one.
-std::string modelNameOfTyped(const std::string& file);
+std::string modelNameOfTyped(const std::string& file, NameUse use = NameUse::asChosen);

@@ -8,5 +8,9 @@ extern const Command infoCommand;
 extern const Command csvCommand;
 extern const Command reportCommand;
 extern const Command listingCommand;
+extern const Command runModelCommand;
+extern const Command batchCommand;
+extern const Command helpPageCommand;
 
-inline const Command* const commandList[] = {&infoCommand, &csvCommand};
+inline const Command* const commandList[] = {&infoCommand, &csvCommand, &runModelCommand, &batchCommand,
+                                             &helpPageCommand};

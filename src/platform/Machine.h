@@ -1,7 +1,9 @@
 // What the machine tells and does: the desktop, the day, the application folder, starting programs.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 struct WorkArea { // twips
     double left = 0;
@@ -28,4 +30,9 @@ class Machine {
     // Starts the engine's window, maximised and focused, and returns: a process of its own that runs the
     // named program without arguments in the application folder. 53 where the program isn't there.
     virtual void startEngine(const std::string& program) = 0;
+    // The same without a window, for commands: starts the program and returns.
+    virtual void startEngineAlone(const std::string& program) = 0;
+    // Waits for it, hands on what it says as it comes, and returns its exit status.
+    virtual int runEngine(const std::string& program,
+                          const std::function<void(std::string_view)>& onOutput) = 0;
 };

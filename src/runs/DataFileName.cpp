@@ -17,11 +17,14 @@ std::string dataFileName(std::string_view chosen) {
     return upperCase(trim(chosen));
 }
 
+Message refusedExtension() {
+    return refusal("The input data file extension must be .DAT.", "Input data file");
+}
+
 DataFileVerdict dataFileToSaveAs(std::string_view chosen) {
     const std::string name = dataFileName(chosen);
     const std::string file = fileOf(name);
-    if (last(file, extension.size()) != extension)
-        return refusal("The input data file extension must be .DAT.", "Input data file");
+    if (last(file, extension.size()) != extension) return refusedExtension();
     return DataFileNames{name, folderOf(name), withoutLast(file, extension.size())};
 }
 

@@ -23,6 +23,9 @@ using DataFileVerdict = std::variant<DataFileNames, Message>;
 // Blanks around it dropped, in upper case.
 std::string dataFileName(std::string_view chosen);
 
+// The message for a file that is no data file by its name.
+Message refusedExtension();
+
 // An existing file: extension, then length of the folder, then length of the file name.
 DataFileVerdict dataFileToOpen(std::string_view chosen);
 

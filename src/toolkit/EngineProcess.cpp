@@ -24,6 +24,11 @@ EngineCommand engineCommand(const std::string& enginePath, const std::string& fi
     return {wine, enginePath, ""};
 }
 
+EngineCommand engineCommandOf(const std::string& enginePath) {
+    const QString wine = QStandardPaths::findExecutable("wine");
+    return engineCommand(enginePath, firstTwoBytes(enginePath), QFile::encodeName(wine).toStdString());
+}
+
 EngineProcess::EngineProcess() {
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setStandardInputFile(QProcess::nullDevice());
@@ -43,9 +48,7 @@ EngineProcess::~EngineProcess() {
 }
 
 std::optional<std::string> EngineProcess::start(const std::string& enginePath, const std::string& folder) {
-    const QString wine = QStandardPaths::findExecutable("wine");
-    const EngineCommand command =
-        engineCommand(enginePath, firstTwoBytes(enginePath), QFile::encodeName(wine).toStdString());
+    const EngineCommand command = engineCommandOf(enginePath);
     if (command.program.empty()) return command.problem;
     m_process.setWorkingDirectory(QFile::decodeName(folder.c_str()));
     m_process.setProgram(QFile::decodeName(command.program.c_str()));

@@ -19,6 +19,9 @@ struct EngineCommand {
 EngineCommand engineCommand(const std::string& enginePath, const std::string& firstBytes,
                             const std::string& wine);
 
+// The same for the program file at this host path, on this machine.
+EngineCommand engineCommandOf(const std::string& enginePath);
+
 class EngineProcess : public QObject {
   public:
     // Both are called from the event loop. `status`: the exit status, 128 + the signal's number for a killed

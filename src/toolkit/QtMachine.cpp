@@ -4,6 +4,7 @@
 #include "basic/ModelName.h"
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
+#include "toolkit/EngineStart.h"
 #include "toolkit/Twips.h"
 
 #include <QCoreApplication>
@@ -12,6 +13,17 @@
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
+
+namespace {
+
+// Where the engine lies. A blank behind the program's name is no part of it.
+std::string enginePath(const std::string& program) {
+    const std::string path = hostPathOf(trim(program));
+    if (!QFile::exists(QFile::decodeName(path.c_str()))) throw RunTimeError(errors::fileNotFound);
+    return path;
+}
+
+} // namespace
 
 QtMachine::QtMachine(const std::string& applicationFolder)
     : m_applicationFolder(modelNameOfHostPath(applicationFolder)) {}
@@ -28,11 +40,17 @@ Date QtMachine::today() {
 }
 
 void QtMachine::startEngine(const std::string& program) {
+    enginePath(program);
     const QString folder = QFile::decodeName(hostPathOf(m_applicationFolder).c_str());
-    // A blank behind the program's name is no part of it.
-    const QString engine = QFile::decodeName(hostPathOf(trim(program)).c_str());
-    if (!QFile::exists(engine)) throw RunTimeError(errors::fileNotFound);
     const QStringList arguments{"--application-folder", folder, "--engine-window"};
     if (!QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments, folder))
         throw RunTimeError(errors::fileNotFound);
+}
+
+void QtMachine::startEngineAlone(const std::string& program) {
+    ::startEngineAlone(enginePath(program), hostPathOf(m_applicationFolder));
+}
+
+int QtMachine::runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput) {
+    return ::runEngine(enginePath(program), hostPathOf(m_applicationFolder), onOutput);
 }

@@ -12,6 +12,8 @@ class QtMachine : public Machine {
     WorkArea workArea() override;
     Date today() override;
     void startEngine(const std::string& program) override;
+    void startEngineAlone(const std::string& program) override;
+    int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput) override;
 
   private:
     std::string m_applicationFolder;

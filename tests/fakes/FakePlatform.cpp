@@ -188,9 +188,24 @@ void FakePlatform::setCurrentFolder(const std::string& folder) {
     m_currentFolder = folder;
 }
 
-void FakePlatform::startEngine(const std::string& program) {
-    note("start engine " + program);
+void FakePlatform::noteEngine(const std::string& how, const std::string& program) {
+    note(how + " " + program);
     if (!exists(trimRight(program))) throw RunTimeError(errors::fileNotFound);
+}
+
+void FakePlatform::startEngine(const std::string& program) {
+    noteEngine("start engine", program);
+}
+
+void FakePlatform::startEngineAlone(const std::string& program) {
+    noteEngine("start engine alone", program);
+}
+
+int FakePlatform::runEngine(const std::string& program,
+                            const std::function<void(std::string_view)>& onOutput) {
+    noteEngine("run engine", program);
+    onOutput(engineOutput);
+    return engineStatus;
 }
 
 void FakePlatform::showModal(ShownForm& form) {

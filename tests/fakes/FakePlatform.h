@@ -73,8 +73,13 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     // What closing a form does besides being written down; the forms' tests close its window.
     std::function<void(ShownForm&)> closesForm;
 
+    // What the user does while a long piece of work lets events pass.
+    std::function<void()> onPassEvents;
+
     WorkArea desktop;
     Date day{5, 11, 2026};
+    std::string engineOutput; // of an engine that is waited for, and its exit status
+    int engineStatus = 0;
     std::string printedTo; // what a finished job returns: the file that the user could not know of
 
   private:
@@ -106,6 +111,8 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     WorkArea workArea() override { return desktop; }
     Date today() override { return day; }
     void startEngine(const std::string& program) override;
+    void startEngineAlone(const std::string& program) override;
+    int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput) override;
 
     void showModal(ShownForm& form) override;
     void showModeless(ShownForm& form) override;
@@ -113,6 +120,9 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     void endProgram() override;
     void failProgram(const RunTimeError& error) override;
     void updateScreen() override {}
+    void passEvents() override {
+        if (onPassEvents) onPassEvents();
+    }
 
     const TextMetrics& metrics() const override { return m_metrics; }
     std::unique_ptr<PrintJob> begin(const PrintRequest& request) override;
@@ -125,6 +135,7 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     void failIfTold(PrintStep step);
 
     void note(const std::string& line);
+    void noteEngine(const std::string& how, const std::string& program);
     Deed nextDeed(const std::string& question);
     [[noreturn]] void failUnexpected(const std::string& question);
 

@@ -1,0 +1,31 @@
+// The machine for a program without windows: the engine runs without its own, waited for or not.
+#pragma once
+
+#include "platform/Machine.h"
+
+#include <iosfwd>
+#include <optional>
+
+class ConsoleMachine : public Machine {
+  public:
+    // `output`: where the engine's own output goes; none: the engine is not waited for.
+    ConsoleMachine(Machine& machine, std::ostream* output) : m_machine(machine), m_output(output) {}
+
+    std::string applicationFolder() override { return m_machine.applicationFolder(); }
+    WorkArea workArea() override { return m_machine.workArea(); }
+    Date today() override { return m_machine.today(); }
+    void startEngine(const std::string& program) override;
+    void startEngineAlone(const std::string& program) override { m_machine.startEngineAlone(program); }
+    int runEngine(const std::string& program,
+                  const std::function<void(std::string_view)>& onOutput) override {
+        return m_machine.runEngine(program, onOutput);
+    }
+
+    // Of the engine; 0 for one that was not waited for. Nothing where none was started.
+    std::optional<int> engineStatus() const { return m_engineStatus; }
+
+  private:
+    Machine& m_machine;
+    std::ostream* m_output;
+    std::optional<int> m_engineStatus;
+};
