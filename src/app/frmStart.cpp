@@ -82,7 +82,10 @@ void frmStart::connectMenus() {
     onClick(mnuSaveAs, [this] { m_dataFiles.SaveAs(), refresh(); });
     for (int type = 0; type < static_cast<int>(m_runItems.size()); ++type)
         onClick(*m_runItems[static_cast<std::size_t>(type)], [this, type] { run(type); });
+    onClick(mnuReports, [this] { showReports(); });
     onClick(mnuGraphs, [this] { showGraphs(); });
+    onClick(mnuBatch, [this] { doors().windows.showModeless(*m_batch); });
+    onShortcut(QKeySequence(Qt::Key_F1), [this] { showHelp(); });
     onClick(mnuPrinterSetup, [this] { choosePrinter(); });
     onClick(mnuDisplayFull, [this] { setDisplayLevel(0); });
     onClick(mnuSuppressInterpolated, [this] { setDisplayLevel(1); });
@@ -92,8 +95,7 @@ void frmStart::connectMenus() {
          {&mnuDisplayFull, &mnuSuppressInterpolated, &mnuSuppressFeatures, &mnuSuppressReaches})
         item->setCheckable(true);
     // Switched off: nothing is behind them in this version.
-    for (QAction* item :
-         {mnuFile.menuAction(), &mnuEditText, &mnuReports, &mnuBatch, &mnuTextEditor, &mnuHelp})
+    for (QAction* item : {mnuFile.menuAction(), &mnuEditText, &mnuTextEditor, &mnuHelp})
         item->setEnabled(false);
 }
 
@@ -106,8 +108,11 @@ void frmStart::load() {
     widenTexts();
     m_graph = std::make_unique<frmSimgraph>(doors());
     m_graphData = std::make_unique<frmGraphData>(doors(), *m_graph);
-    fitToWorkArea(*m_graphData);
-    fitToWorkArea(*m_graph);
+    m_reports = std::make_unique<frmReports>(doors());
+    for (Form* form : std::initializer_list<Form*>{m_graphData.get(), m_reports.get(), m_graph.get()})
+        fitToWorkArea(*form);
+    m_batch = std::make_unique<frmBatch>(doors());
+    m_help = std::make_unique<frmHelp>(doors());
     refresh();
 }
 
@@ -190,6 +195,18 @@ void frmStart::showGraphs() {
     HideEditWarningMessage(GLOBAL.mainForm);
     refresh();
     doors().windows.showModal(*m_graphData);
+}
+
+void frmStart::showReports() {
+    HideEditWarningMessage(GLOBAL.mainForm);
+    refresh();
+    doors().windows.showModal(*m_reports);
+}
+
+void frmStart::showHelp() {
+    GLOBAL.helpPage = "4";
+    m_help->load();
+    doors().windows.showModal(*m_help);
 }
 
 void frmStart::choosePrinter() {

@@ -5,7 +5,10 @@
 #include "app/DisplayLevel.h"
 #include "global/MainFormState.h"
 #include "graphs/setup/frmGraphData.h"
+#include "help/frmHelp.h"
+#include "reports/frmReports.h"
 #include "runs/DataFiles.h"
+#include "runs/frmBatch.h"
 #include "toolkit/ControlArray.h"
 #include "toolkit/Form.h"
 
@@ -38,6 +41,8 @@ class frmStart : public Form {
     void Exit();
     void run(int runType);
     void showGraphs();
+    void showReports();
+    void showHelp();
     void choosePrinter();
     void setDisplayLevel(int level);
     void refresh();
@@ -100,5 +105,8 @@ class frmStart : public Form {
     DataFiles m_dataFiles;
     std::unique_ptr<frmSimgraph> m_graph;
     std::unique_ptr<frmGraphData> m_graphData;
+    std::unique_ptr<frmReports> m_reports;
+    std::unique_ptr<frmBatch> m_batch;
+    std::unique_ptr<frmHelp> m_help;
     std::string m_openOnStart;
 };

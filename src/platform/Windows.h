@@ -26,4 +26,7 @@ class Windows {
     virtual void failProgram(const RunTimeError& error) = 0;
     // Lets pending paint events pass.
     virtual void updateScreen() = 0;
+    // Lets the user's input pass too, for a long piece of work that can be cancelled; the form that works
+    // switches all else off meanwhile.
+    virtual void passEvents() = 0;
 };

@@ -22,15 +22,19 @@ unsigned decimalsFor(double value) {
            static_cast<unsigned>(value < 0.0009);
 }
 
-// The texts "0000" to "9999" in a row, and a few characters more, so that eight can be read from any place.
+// The texts "0000" to "9999" in a row, then what stands before small numbers: eight characters can be read
+// from any of these places.
+constexpr std::size_t zerosAt = 40000;
 constexpr auto makeDigitTexts() {
-    std::array<char, 40008> texts{};
+    std::array<char, zerosAt + 8> texts{};
     for (std::size_t i = 0; i < 10000; ++i) {
         texts[4 * i] = static_cast<char>('0' + i / 1000);
         texts[4 * i + 1] = static_cast<char>('0' + i / 100 % 10);
         texts[4 * i + 2] = static_cast<char>('0' + i / 10 % 10);
         texts[4 * i + 3] = static_cast<char>('0' + i % 10);
     }
+    for (std::size_t i = 0; i < 8; ++i)
+        texts[zerosAt + i] = i == 1 ? '.' : '0';
     return texts;
 }
 constexpr auto digitTexts = makeDigitTexts();
@@ -48,8 +52,8 @@ std::optional<std::uint32_t> roundedScaled(double scaled) {
     const double beyondHalf = scaled - whole - 0.5;
     const double distance = std::fabs(beyondHalf);
     const bool isHalf = distance <= 3e-16 * scaled;
-    if (distance < 1e-14 * largestScaled && !isHalf) return std::nullopt;
-    return whole + static_cast<std::uint32_t>(isHalf || beyondHalf > 0);
+    if (static_cast<int>(distance < 1e-14 * largestScaled) & static_cast<int>(!isHalf)) return std::nullopt;
+    return whole + (static_cast<std::uint32_t>(isHalf) | static_cast<std::uint32_t>(beyondHalf > 0));
 }
 
 char* writeLargeWhole(char* to, std::uint32_t number) {
@@ -65,32 +69,32 @@ char* writeLargeWhole(char* to, std::uint32_t number) {
 // How the four digits of a scaled value stand, by the number of decimals: "1234", "123.4" ... "1.234", of
 // which the first digit may be missing, then "0.1234" ... "0.0001234".
 struct Layout {
-    unsigned point;  // where the point stands
-    unsigned tail;   // where the digits stand that are written after it
-    unsigned behind; // the first of them
+    unsigned digitsFirst; // 1, or 0 where zeros come first
+    unsigned point;       // where the point stands
+    unsigned tail;        // where the digits stand that are written after it
+    unsigned behind;      // the first of them
     unsigned end;
-    bool small; // all digits behind the point
 };
-constexpr std::array<Layout, 8> layouts{{{4, 0, 0, 4, false},
-                                         {3, 4, 3, 5, false},
-                                         {2, 3, 2, 5, false},
-                                         {1, 2, 1, 5, false},
-                                         {1, 2, 0, 6, true},
-                                         {1, 3, 0, 7, true},
-                                         {1, 4, 0, 8, true},
-                                         {1, 5, 0, 9, true}}};
-constexpr char zeros[] = "0.000000";
+constexpr std::array<Layout, 8> layouts{{{1, 4, 0, 0, 4},
+                                         {1, 3, 4, 3, 5},
+                                         {1, 2, 3, 2, 5},
+                                         {1, 1, 2, 1, 5},
+                                         {0, 1, 2, 0, 6},
+                                         {0, 1, 3, 0, 7},
+                                         {0, 1, 4, 0, 8},
+                                         {0, 1, 5, 0, 9}}};
 
 // Every step the same for every value, because values of all sizes stand in a row: no branch could be
 // foreseen.
 char* writeFourDigits(char* to, std::uint32_t number, unsigned decimals) {
     const Layout& layout = layouts[decimals];
-    const char* const digits = fourDigits(number);
     const unsigned skipped = static_cast<unsigned>(number < 1000) & static_cast<unsigned>(decimals < 3);
-    std::memcpy(to, layout.small ? zeros : digits + skipped, 8);
+    const std::size_t digitsAt = std::size_t{4} * number;
+    const std::size_t head = zerosAt - layout.digitsFirst * (zerosAt - digitsAt - skipped);
+    std::memcpy(to, digitTexts.data() + head, 8);
     to -= skipped;
     to[layout.point] = '.';
-    std::memcpy(to + layout.tail, digits + layout.behind, 4);
+    std::memcpy(to + layout.tail, digitTexts.data() + digitsAt + layout.behind, 4);
     return to + layout.end;
 }
 

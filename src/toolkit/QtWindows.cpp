@@ -68,3 +68,7 @@ void QtWindows::failProgram(const RunTimeError& error) {
 void QtWindows::updateScreen() {
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
+
+void QtWindows::passEvents() {
+    QApplication::processEvents();
+}

@@ -18,6 +18,7 @@ class QtWindows : public Windows {
     void endProgram() override;
     void failProgram(const RunTimeError& error) override;
     void updateScreen() override;
+    void passEvents() override;
 
   private:
     Dialogs& m_dialogs;

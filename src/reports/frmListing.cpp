@@ -1,0 +1,96 @@
+#include "reports/frmListing.h"
+
+#include "basic/ListInput.h"
+#include "basic/ModelName.h"
+#include "global/GLOBAL.h"
+#include "reports/CodePage437.h"
+#include "reports/Output.h"
+#include "toolkit/Shown.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace {
+
+// Line by line, as it is printed: a form feed takes no cell.
+QString listingText(ByteSource& file) {
+    ListInput lines(file);
+    std::string text;
+    while (lines.hasLine()) {
+        std::string line(lines.line());
+        std::erase(line, '\f');
+        text += utf8OfCodePage437(line) + '\n';
+    }
+    return QString::fromStdString(text);
+}
+
+} // namespace
+
+frmListing::frmListing(Platform& doors)
+    : Form(doors, "frmListing", "Korvel output file"), txtListing(*new QPlainTextEdit(&client())) {
+    layOut();
+    on(cmdNext, &QPushButton::clicked, [this] { find(Direction::forward); });
+    on(txtFind, &QLineEdit::returnPressed, [this] { find(Direction::forward); });
+    on(cmdPrevious, &QPushButton::clicked, [this] { find(Direction::backward); });
+    on(cmdPrint, &QPushButton::clicked, [this] { PrintFile(this->doors(), m_fileName); });
+    on(cmdClose, &QPushButton::clicked, [this] { this->doors().windows.close(*this); });
+    onShortcut(QKeySequence::Find, [this] {
+        txtFind.setFocus();
+        txtFind.selectAll();
+    });
+    onShortcut(QKeySequence(Qt::Key_F3), [this] { find(Direction::forward); });
+    onShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { find(Direction::backward); });
+}
+
+void frmListing::layOut() {
+    txtListing.setObjectName("txtListing");
+    txtListing.setAccessibleName("Listing");
+    txtListing.setReadOnly(true);
+    txtListing.setLineWrapMode(QPlainTextEdit::NoWrap);
+    QFont font("Courier New", 10);
+    font.setStyleHint(QFont::Monospace);
+    txtListing.setFont(font);
+    lblFind.setBuddy(&txtFind);
+
+    auto* bar = new QHBoxLayout;
+    for (QWidget* control : std::initializer_list<QWidget*>{&lblFind, &txtFind, &cmdNext, &cmdPrevious})
+        bar->addWidget(control);
+    bar->addWidget(&lblFound, 1);
+    bar->addWidget(&cmdPrint);
+    bar->addWidget(&cmdClose);
+    auto* all = new QVBoxLayout(&client());
+    all->setContentsMargins(12, 10, 12, 12);
+    all->addLayout(bar);
+    all->addWidget(&txtListing, 1);
+    setTabOrder(&txtFind, &txtListing);
+}
+
+void frmListing::view(const std::string& fileName) {
+    try {
+        const auto file = doors().files.open(fileName);
+        txtListing.setPlainText(listingText(*file));
+    } catch (const RunTimeError& error) {
+        doors().dialogs.show({"Error number " + std::to_string(error.number) + ": " + error.description,
+                              "KORVEL Error", Icon::critical, Buttons::ok});
+        return;
+    }
+    m_fileName = fileName;
+    setWindowTitle(shown(fileOf(fileName)));
+    lblFound.clear();
+    const WorkArea area = doors().machine.workArea();
+    setOuterPlace({area.left, area.top, area.width, area.height});
+    doors().windows.showModal(*this);
+}
+
+// From the cursor on, and round at the end of the file.
+void frmListing::find(Direction direction) {
+    const bool backward = direction == Direction::backward;
+    const QTextDocument::FindFlags flags =
+        backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
+    bool found = txtListing.find(txtFind.text(), flags);
+    if (!found) {
+        txtListing.moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
+        found = txtListing.find(txtFind.text(), flags);
+    }
+    lblFound.setText(found || txtFind.text().isEmpty() ? QString() : QString("Not found."));
+}

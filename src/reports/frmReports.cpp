@@ -1,0 +1,228 @@
+#include "reports/frmReports.h"
+
+#include "basic/Text.h"
+#include "global/GLOBAL.h"
+#include "results/LoadResultsFile.h"
+#include "toolkit/ListFilling.h"
+#include "toolkit/Shown.h"
+#include "toolkit/Twips.h"
+
+#include <QScopeGuard>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr const char* explanation =
+    "The following different types of text output file are available after Korvel has been run:\n"
+    "\n"
+    "filename.SCN: a copy of the output displayed on the screen during the model run\n"
+    "filename.OUT: the detailed output\n"
+    "filename.LOD: a report on loads\n"
+    "filename.SUM: a report on sources and sinks of pollution\n";
+
+constexpr int viewButton = 0;
+
+void split(const std::vector<ListEntry>& list, std::vector<std::string>& texts, std::vector<bool>& selected) {
+    for (const ListEntry& entry : list) {
+        texts.push_back(entry.text);
+        selected.push_back(entry.selected);
+    }
+}
+
+void showList(QListWidget& list, const std::vector<ListEntry>& entries) {
+    std::vector<std::string> texts;
+    std::vector<bool> selected;
+    split(entries, texts, selected);
+    const QSignalBlocker quiet(list);
+    showItems(list, texts, selected);
+}
+
+} // namespace
+
+frmReports::frmReports(Platform& doors)
+    : Form(doors, "frmReports", "Korvel Reports"),
+      lblExplain(label("lblExplain", explanation, at(180, 120, 6240, 1470),
+                       {.in = &frameExplain, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true})),
+      m_listing(doors) {
+    CDFilename.objectName = "CDFilename";
+    connectMenus();
+    connectChoices();
+    ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    for (QFrame* overlay : {&frameExplain, &frameProgress}) {
+        overlay->setFrameStyle(QFrame::Box | QFrame::Plain);
+        overlay->setLineWidth(2);
+        overlay->hide();
+    }
+    refresh();
+}
+
+void frmReports::connectMenus() {
+    onClick(mnuOpen, [this] { openResults(); });
+    onClick(mnuPrint, [this] { produce(OutputMode::print); });
+    onClick(mnuSpreadsheet, [this] { produce(OutputMode::spreadsheet); });
+    onClick(mnuViewOutputFile, [this] { showExplanation(); });
+    onClick(mnuExit, [this] { doors().windows.close(*this); });
+    for (const auto& [index, pressed] : cmdView)
+        on(*pressed, &QPushButton::clicked, [this, button = index] { chooseOutputFile(button); });
+}
+
+void frmReports::connectChoices() {
+    for (const auto& [index, box] : Check)
+        on(*box, &QCheckBox::toggled, [this, which = static_cast<ReportBox>(index)](bool ticked) {
+            m_choices.tick(which, ticked);
+            refresh();
+        });
+    on(lstDets, &QListWidget::itemSelectionChanged, [this] {
+        m_choices.chooseDeterminands(selectionOf(lstDets));
+        refresh();
+    });
+    on(lstReaches, &QListWidget::itemSelectionChanged, [this] {
+        m_choices.chooseReaches(selectionOf(lstReaches));
+        refresh();
+    });
+}
+
+void frmReports::onActivate() {
+    centreFrames();
+    if (!GLOBAL.reportResultsPending) return;
+    m_loaded = false;
+    setWindowTitle("Korvel Reports");
+    refresh();
+    loadResults();
+    GLOBAL.reportResultsPending = false;
+}
+
+void frmReports::centreFrames() {
+    for (QFrame* overlay : {&frameExplain, &frameProgress}) {
+        overlay->move((client().width() - overlay->width()) / 2, (client().height() - overlay->height()) / 2);
+        overlay->raise();
+    }
+}
+
+void frmReports::openResults() {
+    CDFilename.title = "Open results file";
+    CDFilename.filter = "Korvel graph files (*.SGR)|*.SGR";
+    const std::optional<std::string> name = askForFile();
+    if (!name) return;
+    GLOBAL.fileNames[0] = *name;
+    setWindowTitle(shown("Reports for " + *name));
+    loadResults();
+}
+
+// Into the first slot, which reports read. A failure leaves the previous lists.
+void frmReports::loadResults() {
+    GLOBAL.currentSlot = 0;
+    setBusy("Reading the results ...");
+    lblCancel.hide();
+    LoadResultsFile(doors(), true, [this](double share) {
+        Progress.setValue(static_cast<int>(share * Progress.maximum()));
+        doors().windows.updateScreen();
+    });
+    setIdle();
+    m_loaded = !GLOBAL.loadFailed;
+    if (m_loaded) FillReportLists(m_choices, RESULTS);
+    refresh();
+}
+
+std::optional<std::string> frmReports::askForFile() {
+    const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::open, CDFilename);
+    if (!chosen) return std::nullopt;
+    doors().files.setCurrentFolder(doors().machine.applicationFolder());
+    if (!chosen->refusal) return trim(chosen->name);
+    doors().dialogs.show(refusedName(*chosen));
+    return std::nullopt;
+}
+
+void frmReports::produce(OutputMode mode) {
+    setBusy(mode == OutputMode::print ? "Printing ..." : "Writing to spreadsheet file ...");
+    const auto idleAgain = qScopeGuard([this] { setIdle(); });
+    const ReportSelection selection = m_choices.selection();
+    Output(doors(), mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]),
+           [this](double share) { return showProgress(share); });
+}
+
+// Input may pass here, so that Esc can cancel; all else is switched off meanwhile.
+bool frmReports::showProgress(double share) {
+    Progress.setValue(static_cast<int>(share * (Progress.maximum() - 2)));
+    doors().windows.passEvents();
+    return !m_cancelled;
+}
+
+bool frmReports::onKey(int key, Qt::KeyboardModifiers) {
+    if (key != Qt::Key_Escape) return false;
+    m_cancelled = m_busy;
+    frameExplain.hide();
+    return true;
+}
+
+void frmReports::setBusy(const std::string& doing) {
+    m_busy = true;
+    m_cancelled = false;
+    frameExplain.hide();
+    lblProgress.setText(shown(doing));
+    lblCancel.show();
+    Progress.setValue(0);
+    frameProgress.show();
+    menuBar()->setEnabled(false);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
+        control->setEnabled(false);
+    setFocus();
+    doors().windows.updateScreen();
+}
+
+void frmReports::setIdle() {
+    m_busy = false;
+    frameProgress.hide();
+    menuBar()->setEnabled(true);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
+        control->setEnabled(true);
+}
+
+void frmReports::showExplanation() {
+    frameExplain.show();
+    frameExplain.raise();
+    cmdView[viewButton].setFocus();
+}
+
+void frmReports::chooseOutputFile(int button) {
+    CDFilename.title = "Open output text file";
+    // Kept so: put in front each time, the list of file types grows with every use.
+    CDFilename.filter = "Input data files (*.DAT)|*.DAT|All files (*.*)|*.*|" + CDFilename.filter;
+    const std::optional<std::string> name = askForFile();
+    frameExplain.hide();
+    if (!name) return;
+    if (button == viewButton)
+        m_listing.view(*name);
+    else
+        PrintFile(doors(), *name);
+}
+
+void frmReports::refresh() {
+    refreshLists();
+    showVerdict();
+}
+
+void frmReports::refreshLists() {
+    showList(lstReaches, m_choices.reaches());
+    showList(lstDets, m_choices.determinands());
+    for (const auto& [index, box] : Check) {
+        const QSignalBlocker quiet(box);
+        box->setChecked(m_choices.ticked(static_cast<ReportBox>(index)));
+    }
+    Check[static_cast<int>(ReportBox::targets)].setText(shown(m_choices.targetsCaption()));
+}
+
+void frmReports::showVerdict() {
+    const ColumnVerdict verdict = verdictOn(CountCols(m_choices.selection()));
+    Label[7].setText(shown(verdict.countText));
+    Label[8].setText(shown(verdict.fitText));
+    for (const int index : {7, 8})
+        setBackground(Label[index], paletteColour(verdict.colour));
+    mnuPrint.setEnabled(m_loaded && verdict.fit != PageFit::tooWide);
+    mnuSpreadsheet.setEnabled(m_loaded);
+    lblNextStep.setText(m_loaded ? "Choose reaches, determinands and options, then Print tabular output or "
+                                   "Spreadsheet file."
+                                 : "Next: choose Open and pick a results file.");
+}

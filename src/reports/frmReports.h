@@ -1,0 +1,69 @@
+// The report form: what a tabular report of the results is to hold, and where it goes.
+#pragma once
+
+#include "reports/Output.h"
+#include "reports/ReportChoices.h"
+#include "reports/frmListing.h"
+#include "toolkit/ControlArray.h"
+#include "toolkit/Form.h"
+
+class frmReports : public Form {
+  public:
+    explicit frmReports(Platform& doors);
+
+  protected:
+    void onActivate() override;
+    bool onClose() override { return !m_busy; }
+    bool onKey(int key, Qt::KeyboardModifiers modifiers) override;
+
+  private:
+    ControlArray<QLabel> labels();
+    ControlArray<QCheckBox> checkBoxes();
+    ControlArray<QPushButton> viewButtons();
+    void connectMenus();
+    void connectChoices();
+
+    void openResults();
+    void loadResults();
+    void produce(OutputMode mode);
+    bool showProgress(double share);
+    void showExplanation();
+    void chooseOutputFile(int button);
+    std::optional<std::string> askForFile();
+    void setBusy(const std::string& doing);
+    void setIdle();
+    void centreFrames();
+
+    void refresh();
+    void refreshLists();
+    void showVerdict();
+
+    QAction& mnuOpen = menuItem("mnuOpen", "&Open");
+    QAction& mnuPrint = menuItem("mnuPrint", "&Print tabular output");
+    QAction& mnuSpreadsheet = menuItem("mnuSpreadsheet", "&Spreadsheet file");
+    QAction& mnuViewOutputFile = menuItem("mnuViewOutputFile", "&View/print Korvel output file");
+    QAction& mnuExit = menuItem("mnuExit", "Exit");
+
+    QListWidget& lstReaches = listBox("lstReaches", "REACHES", at(150, 1320, 3000, 3750));
+    QListWidget& lstDets = listBox("lstDets", "DETERMINANDS", at(3270, 1320, 3000, 3750));
+    QFrame& frameOptions = frame("frameOptions", at(6390, 75, 2970, 2610));
+    ControlArray<QCheckBox> Check = checkBoxes();
+    ControlArray<QLabel> Label = labels();
+    QLabel& lblNextStep = label("lblNextStep", "", at(6390, 2850, 2970, 1800),
+                                {.bold = true, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
+    QFrame& frameExplain = frame("frameExplain", at(1500, 1500, 6600, 2250));
+    QLabel& lblExplain;
+    ControlArray<QPushButton> cmdView = viewButtons();
+    QFrame& frameProgress = frame("frameProgress", at(2550, 2250, 4500, 1260));
+    QLabel& lblProgress = label("lblProgress", "", at(240, 150, 4020, 270), {.in = &frameProgress});
+    QProgressBar& Progress = progressBar("Progress", at(240, 480, 4020, 270), {.in = &frameProgress});
+    QLabel& lblCancel =
+        label("lblCancel", "Press Esc to cancel.", at(240, 840, 4020, 270), {.in = &frameProgress});
+
+    ReportChoices m_choices;
+    FileDialogSettings CDFilename;
+    frmListing m_listing;
+    bool m_loaded = false;
+    bool m_busy = false;
+    bool m_cancelled = false;
+};
