@@ -1,0 +1,132 @@
+// How long the spreadsheet file takes against writing the same bytes, and against a general number formatter.
+// The file is left to the page cache; each set is measured in one go, and the medians of the ratios are
+// printed.
+#include "basic/ModelName.h"
+#include "platform/DiskFiles.h"
+#include "reports/ReportColumns.h"
+#include "reports/ReportRows.h"
+#include "reports/SpreadsheetReport.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <random>
+#include <vector>
+
+namespace {
+
+constexpr int points = 59999;
+constexpr int rounds = 9;
+constexpr std::size_t blockSize = 64 * 1024;
+
+// Of the processor, the kernel's writing included: the whole of the work, and undisturbed by others at work.
+double seconds(auto&& work) {
+    const std::clock_t start = std::clock();
+    work();
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+double median(std::vector<double> values) {
+    std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
+    return values[values.size() / 2];
+}
+
+void fillResults() {
+    RESULTS.resultsTitle = "A made-up catchment";
+    RESULTS.seriesCount = MaxSeries;
+    RESULTS.reachNames.set(1, "Long Water      ");
+    RESULTS.reachOrder = {1};
+    RESULTS.pointCount = points;
+    for (int i = 1; i <= points; ++i) {
+        RESULTS.pointReach.set(i, 1);
+        RESULTS.pointLabel.set(i, "Weir number " + std::to_string(i));
+    }
+    for (int series = 1; series <= MaxSeries; ++series)
+        RESULTS.seriesNames[series] = "Substance " + std::to_string(series) + " (Conc)";
+}
+
+// Six decimals, as the engine writes them.
+void fillValues(const ReportColumns& columns) {
+    std::mt19937 random(1);
+    std::lognormal_distribution<double> amount(1.0, 2.0);
+    for (const ReportColumn& each : columns.columns)
+        for (double& value : RESULTS.values[0].column(each.field, each.series, each.level))
+            value = std::round(amount(random) * 1e6) / 1e6;
+}
+
+ReportSelection everyColumnOf(int determinands) {
+    ReportSelection selection;
+    selection.means = selection.targets = selection.observed = selection.limits = selection.upstream = true;
+    selection.percentiles = {true, true, true};
+    selection.reaches = {1};
+    for (int series = 1; series <= determinands; ++series)
+        selection.determinands.push_back(series);
+    return selection;
+}
+
+class Kept : public NewFile {
+  public:
+    void write(std::string_view bytes) override { text.append(bytes); }
+    void commit() override {}
+    std::string text;
+};
+
+void writeBytes(NewFile& file, std::string_view bytes) {
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(blockSize, bytes.size())))
+        file.write(bytes.substr(0, blockSize));
+}
+
+constexpr double bounds[] = {999.9, 99.9, 9.9, 0.9, 0.09, 0.009, 0.0009};
+
+// The cells of the same rows with the general formatter of the standard library.
+void writeGenerally(NewFile& file, const ReportSelection& selection) {
+    const auto values = valueColumns(RESULTS, reportColumns(RESULTS, selection));
+    std::vector<char> block(blockSize + 64);
+    char* at = block.data();
+    for (ReportRows rows(RESULTS, selection); !rows.atEnd(); rows.next()) {
+        const auto point = static_cast<std::size_t>(rows.row().point);
+        for (const ValueColumn& column : values) {
+            const double value = column[point];
+            const int decimals =
+                static_cast<int>(std::ranges::count_if(bounds, [&](double b) { return value < b; }));
+            at = std::to_chars(at, at + 48, value, std::chars_format::fixed, decimals).ptr;
+            *at++ = ',';
+            if (at < block.data() + blockSize) continue;
+            file.write({block.data(), static_cast<std::size_t>(at - block.data())});
+            at = block.data();
+        }
+    }
+}
+
+void measure(DiskFiles& files, const std::string& name, int determinands) {
+    const ReportSelection selection = everyColumnOf(determinands);
+    fillValues(reportColumns(RESULTS, selection));
+    Kept kept;
+    writeSpreadsheet(kept, RESULTS, selection);
+    std::vector<double> plain, ours, general, oursToPlain, oursToGeneral;
+    for (int round = 0; round < rounds; ++round) {
+        plain.push_back(seconds([&] { writeBytes(*files.create(name), kept.text); }));
+        ours.push_back(seconds([&] { writeSpreadsheet(*files.create(name), RESULTS, selection); }));
+        general.push_back(seconds([&] { writeGenerally(*files.create(name), selection); }));
+        oursToPlain.push_back(ours.back() / plain.back());
+        oursToGeneral.push_back(ours.back() / general.back());
+    }
+    std::printf("spreadsheet, %d columns, %.1f MB: %.2f x writing the same bytes, %.2f x to_chars "
+                "(%.0f ms to %.0f ms and %.0f ms)\n",
+                CountCols(selection), static_cast<double>(kept.text.size()) / 1e6, median(oursToPlain),
+                median(oursToGeneral), median(ours) * 1e3, median(plain) * 1e3, median(general) * 1e3);
+}
+
+} // namespace
+
+int main() {
+    const auto path = std::filesystem::temp_directory_path() / "korvel-bench.csv";
+    DiskFiles files;
+    fillResults();
+    for (const int determinands : {1, 10})
+        measure(files, modelNameOfHostPath(path.string()), determinands);
+}
