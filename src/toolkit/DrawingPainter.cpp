@@ -150,7 +150,7 @@ class DrawingPlayer {
 
     const Drawing& m_drawing;
     QPainter& m_painter;
-    const DeviceScale& m_scale;
+    DeviceScale m_scale;
     bool m_stored;
     std::optional<Pen> m_pen;
     std::optional<Font> m_font;
