@@ -1,30 +1,18 @@
 #include "reports/Output.h"
 
 #include "basic/ModelName.h"
+#include "platform/Printing.h"
 #include "reports/Listing.h"
 #include "reports/PrintedReport.h"
 #include "reports/SpreadsheetReport.h"
 
 namespace {
 
-std::string withoutExtension(const std::string& name) {
-    const auto point = fileOf(name).rfind('.');
-    return point == std::string::npos ? name : folderOf(name) + fileOf(name).substr(0, point);
-}
-
 // The printer takes a document whole, so that whatever it refuses counts as refused at its heading.
 Message failureMessage(const RunTimeError& error) {
-    if (error.number == errors::printerError)
-        return {"Your printer is offline or out of paper.", "Printer", Icon::information, Buttons::ok};
+    if (error.number == errors::printerError) return printerRefused();
     return {"Error number " + std::to_string(error.number) + ": " + error.description, "KORVEL Error",
             Icon::critical, Buttons::ok};
-}
-
-void finishJob(Platform& platform, PrintJob& job) {
-    const std::string file = job.finish();
-    if (file.empty()) return;
-    platform.dialogs.show({"There is no printer, so the pages were written to " + file + ".", "Printer",
-                           Icon::information, Buttons::ok});
 }
 
 OutputEnd printReport(Platform& platform, const OutputRequest& request, const ReportProgress& progress) {
@@ -37,7 +25,7 @@ OutputEnd printReport(Platform& platform, const OutputRequest& request, const Re
         if (!goesOn(progress, report.reachesBegun(), request.selection.reaches.size()))
             return OutputEnd::cancelled;
     }
-    finishJob(platform, *job);
+    finishPrinting(platform, *job);
     return OutputEnd::done;
 }
 
@@ -68,7 +56,7 @@ OutputEnd printListing(Platform& platform, const std::string& fileName, const st
     const auto job = platform.paper.begin({fileOf(fileName), Orientation::portrait, pdfFile});
     while (const std::optional<Drawing> page = listing.nextPage())
         job->page(*page);
-    finishJob(platform, *job);
+    finishPrinting(platform, *job);
     return OutputEnd::done;
 }
 
@@ -87,7 +75,7 @@ OutputEnd withFailuresShown(Platform& platform, Work work) {
 OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, const ReportSelection& selection,
                             const std::string& resultsFile) {
     return {results, selection, resultsFile,
-            mode == OutputMode::print ? withoutExtension(resultsFile) + "-report.pdf"
+            mode == OutputMode::print ? besideResults(resultsFile, "-report.pdf")
                                       : spreadsheetFileName(resultsFile)};
 }
 

@@ -1,5 +1,6 @@
 #include "reports/Output.h"
 
+#include "basic/DiskNames.h"
 #include "fakes/FakePlatform.h"
 #include "reports/ReportData.h"
 
@@ -98,8 +99,8 @@ TEST_F(ReportOutput, SaysWhereThePagesWentWithoutAPrinter) {
     platform.willAnswer(Answer::ok);
     EXPECT_EQ(output(OutputMode::print), OutputEnd::done);
     EXPECT_EQ(platform.takeTranscript(), "print portrait \"RIVER.SGR\"\npage\nfinish\nbox [information] "
-                                         "Printer: There is no printer, so the pages "
-                                         "were written to {app}\\RIVER-report.pdf. -> ok\n");
+                                         "Printer: There is no printer, so the pages were written to " +
+                                             hostPathOf(platform.pathOf("RIVER-report.pdf")) + ". -> ok\n");
 }
 
 TEST_F(ReportOutput, EndsWhereThePrinterRefuses) {
