@@ -14,6 +14,18 @@ constexpr Place designPlace = at(0, 0, 8400, 6150); // of the form with its fram
 constexpr double besideColumn = 300;                // of the grid's width, twips
 constexpr double textSize = 8;                      // points
 
+// One column, without fixed ones, as wide as the grid allows.
+class OneColumnGrid : public QTableWidget {
+  public:
+    explicit OneColumnGrid(QWidget* parent) : QTableWidget(0, 1, parent) {}
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QTableWidget::resizeEvent(event);
+        setColumnWidth(0, width() - pixels(besideColumn));
+    }
+};
+
 Place placeIn(const WorkArea& area) {
     const double width = designPlace.width * GLOBAL.ScaleX;
     const double height = designPlace.height * GLOBAL.ScaleY;
@@ -23,7 +35,7 @@ Place placeIn(const WorkArea& area) {
 } // namespace
 
 QTableWidget& frmHelp::grid() {
-    auto* table = new QTableWidget(0, 1, &client());
+    auto* table = new OneColumnGrid(&client());
     table->setObjectName("grdHelp");
     table->setAccessibleName("Help page");
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -61,8 +73,6 @@ void frmHelp::layOut() {
 }
 
 void frmHelp::load() {
-    grdHelp.setColumnCount(1);
-    onResize();
     showRows(readHelpPage(doors(), GLOBAL.helpPage));
 }
 
@@ -70,14 +80,10 @@ void frmHelp::showRows(const std::vector<std::string>& rows) {
     grdHelp.setRowCount(static_cast<int>(rows.size()));
     for (int row = 0; row < grdHelp.rowCount(); ++row)
         grdHelp.setItem(row, 0, new QTableWidgetItem(shown(rows[static_cast<std::size_t>(row)])));
-    grdHelp.setCurrentCell(0, 0);
+    grdHelp.setCurrentCell(0, 0, QItemSelectionModel::NoUpdate);
     grdHelp.scrollToTop();
     lblPage.setText(
         shown("Page " + GLOBAL.helpPage + ".  Page Up and Page Down turn to the other pages; Esc closes."));
-}
-
-void frmHelp::onResize() {
-    grdHelp.setColumnWidth(0, grdHelp.width() - pixels(besideColumn));
 }
 
 bool frmHelp::onKey(int key, Qt::KeyboardModifiers) {

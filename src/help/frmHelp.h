@@ -14,7 +14,6 @@ class frmHelp : public Form {
     void load();
 
   protected:
-    void onResize() override;
     bool onKey(int key, Qt::KeyboardModifiers modifiers) override;
 
   private:
