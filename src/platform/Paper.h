@@ -25,7 +25,7 @@ struct PrintRequest {
 class PrintJob {
   public:
     virtual ~PrintJob() = default;
-    // The drawing's width and height fill the printable area.
+    // The drawing fills the printable area as far as its proportions allow, in the middle.
     virtual void page(const Drawing& drawing) = 0;
     // Hands the document over; error 482 where the print system refuses it. Returns where it went where the
     // user could not know: the file's model name, else "".

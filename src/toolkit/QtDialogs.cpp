@@ -77,6 +77,13 @@ void selectFile(QPrintDialog& dialog, const QString& file) {
     if (auto* name = dialog.findChild<QLineEdit*>("filename")) name->setText(file);
 }
 
+// Without a refusal where the printer is none that writes files.
+ChosenFile chosenFile(const QPrinter& printer) {
+    if (printer.outputFormat() != QPrinter::PdfFormat) return {};
+    const std::string path = QFile::encodeName(printer.outputFileName()).toStdString();
+    return {modelNameOfHostPath(path), whyNotAModelName(path, NameUse::asChosen)};
+}
+
 } // namespace
 
 Answer QtDialogs::show(const Message& message) {
@@ -112,5 +119,10 @@ void QtDialogs::choosePrinter(const std::string& objectName) {
     prepare(dialog, objectName);
     if (m_printer.chosen() && !m_printer.chosen()->file.isEmpty())
         selectFile(dialog, m_printer.chosen()->file);
-    if (dialog.exec() == QDialog::Accepted) m_printer.takeFrom(printer);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const ChosenFile file = chosenFile(printer);
+    if (file.refusal)
+        show(refusedName(file));
+    else
+        m_printer.takeFrom(printer);
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -141,4 +142,22 @@ TEST_F(PrinterSetup, GoesBackFromAFileToAPrinter) {
     });
     EXPECT_EQ(m_choice.chosen()->queue, "ready");
     EXPECT_EQ(m_choice.chosen()->file, "");
+}
+
+TEST_F(PrinterSetup, RefusesAFileNameThatCantBeHeld) {
+    m_folder.put("REPORT.PDF", "another");
+    QString message;
+    open([&](QPrintDialog& dialog) {
+        select(dialog, toFile);
+        control<QLineEdit>(dialog, "filename").setText(QString::fromStdString(m_folder.path("Report.pdf")));
+        QTimer::singleShot(0, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box == nullptr) return;
+            message = box->windowTitle();
+            box->accept();
+        });
+        dialog.accept();
+    });
+    EXPECT_EQ(message, "File name");
+    EXPECT_FALSE(m_choice.chosen());
 }
