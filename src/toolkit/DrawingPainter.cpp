@@ -80,16 +80,16 @@ class DrawingPlayer {
         const auto from = m_scale.grid.point(line.from), to = m_scale.grid.point(line.to);
         if (!from || !to) return;
         use(line.pen);
-        if (m_stored && line.pen.dash == Dash::solid)
+        if (line.pen.dash == Dash::solid)
             m_lines.emplace_back(*from, *to);
         else
             m_painter.drawLine(*from, *to);
     }
 
-    // Stored lines of one pen: a rule is one line, however many rows it passes.
+    // Lines of one pen at once. Where they are stored a rule is one line, however many rows it passes.
     void flushLines() {
-        const std::vector<QLine> lines = mergedLines(m_lines);
-        m_painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        if (m_stored) m_lines = mergedLines(m_lines);
+        m_painter.drawLines(m_lines.data(), static_cast<int>(m_lines.size()));
         m_lines.clear();
     }
 
@@ -104,9 +104,14 @@ class DrawingPlayer {
 
     // Never one wide line through all points: painting its joins takes a hundred times as long.
     void drawThinned(const DrawnRun& run) {
-        const int width = m_painter.pen().width();
-        const std::vector<QLine> lines = thinnedLines(run.points, m_scale.grid, width);
-        m_painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        const QPen pen = m_painter.pen();
+        const ThinnedRun thinned = thinnedRun(run.points, m_scale.grid, pen.width());
+        m_painter.drawLines(thinned.slants.data(), static_cast<int>(thinned.slants.size()));
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(pen.color());
+        m_painter.drawRects(thinned.boxes.data(), static_cast<int>(thinned.boxes.size()));
+        m_painter.setBrush(Qt::NoBrush);
+        m_painter.setPen(pen);
     }
 
     void draw(const DrawnText& text) {

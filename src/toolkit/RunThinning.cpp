@@ -1,11 +1,8 @@
 #include "toolkit/RunThinning.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
-
-constexpr double farAway = 1e6; // pixels; what lies farther off is drawn from here
 
 // The points of a run that fall into one column.
 struct PixelColumn {
@@ -23,32 +20,43 @@ struct PixelColumn {
         if (y < lowest) {
             lowest = y;
             lowestFirst = false;
-        }
-        if (y > highest) {
+        } else if (y > highest) {
             highest = y;
             lowestFirst = true;
         }
     }
 };
 
-class LineThinner {
+class PieceThinner {
   public:
-    LineThinner(const PixelGrid& grid, int penWidth) : m_right(grid.width + penWidth), m_left(-penWidth) {}
+    PieceThinner(const PixelGrid& grid, int penWidth)
+        : m_left(-penWidth), m_right(grid.width + penWidth), m_width(penWidth) {}
 
-    std::vector<QLine> lines;
+    ThinnedRun run;
 
     void column(const PixelColumn& column) {
         if (!column.single && column.x >= m_left && column.x <= m_right)
-            lines.emplace_back(column.x, column.lowest, column.x, column.highest);
+            addBox(column.x, column.lowest, column.x, column.highest);
     }
     void join(const PixelColumn& from, QPoint to) {
-        const bool unseen = std::max(from.x, to.x()) < m_left || std::min(from.x, to.x()) > m_right;
-        if (!unseen) lines.emplace_back(from.x, from.last, to.x(), to.y());
+        const int left = std::min(from.x, to.x()), right = std::max(from.x, to.x());
+        if (right < m_left || left > m_right) return;
+        if (from.last == to.y())
+            addBox(left, to.y(), right, to.y());
+        else
+            run.slants.emplace_back(from.x, from.last, to.x(), to.y());
     }
 
   private:
-    int m_right;
+    // The pixels of a line with square ends.
+    void addBox(int left, int top, int right, int bottom) {
+        run.boxes.emplace_back(left - m_width / 2, top - m_width / 2, right - left + m_width,
+                               bottom - top + m_width);
+    }
+
     int m_left;
+    int m_right;
+    int m_width;
 };
 
 class PolygonThinner {
@@ -71,40 +79,31 @@ class PolygonThinner {
 
 template <typename Thinner>
 void thin(const std::vector<DrawnPoint>& points, const PixelGrid& grid, Thinner& thinner) {
-    std::optional<PixelColumn> column;
-    for (const DrawnPoint& at : points) {
-        const std::optional<QPoint> point = grid.point(at);
+    auto at = points.begin();
+    while (at != points.end() && !grid.point(*at))
+        ++at;
+    if (at == points.end()) return;
+    PixelColumn column(*grid.point(*at));
+    for (++at; at != points.end(); ++at) {
+        const std::optional<QPoint> point = grid.point(*at);
         if (!point) continue;
-        if (column && column->x == point->x()) {
-            column->add(point->y());
+        if (point->x() == column.x) {
+            column.add(point->y());
             continue;
         }
-        if (column) {
-            thinner.column(*column);
-            thinner.join(*column, *point);
-        }
-        column.emplace(*point);
+        thinner.column(column);
+        thinner.join(column, *point);
+        column = PixelColumn(*point);
     }
-    if (column) thinner.column(*column);
+    thinner.column(column);
 }
 
 } // namespace
 
-int PixelGrid::nearest(double pixel) {
-    // Cutting off a number above 0 is much faster than rounding it down.
-    constexpr int shift = 1 << 21;
-    return static_cast<int>(std::clamp(pixel, -farAway, farAway) + (shift + 0.5)) - shift;
-}
-
-std::optional<QPoint> PixelGrid::point(DrawnPoint at) const {
-    if (std::isnan(at.x) || std::isnan(at.y)) return std::nullopt;
-    return QPoint(x(at.x), y(at.y));
-}
-
-std::vector<QLine> thinnedLines(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth) {
-    LineThinner thinner(grid, penWidth);
+ThinnedRun thinnedRun(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth) {
+    PieceThinner thinner(grid, penWidth);
     thin(points, grid, thinner);
-    return std::move(thinner.lines);
+    return std::move(thinner.run);
 }
 
 QPolygon thinnedPolygon(const std::vector<DrawnPoint>& points, const PixelGrid& grid) {

@@ -6,7 +6,9 @@
 
 #include <QLine>
 #include <QPolygon>
+#include <QRect>
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -21,14 +23,28 @@ struct PixelGrid {
     int x(double units) const { return nearest(left + units * scale); }
     int y(double units) const { return nearest(top + units * scale); }
     // Nothing for a point that is nowhere (not a number).
-    std::optional<QPoint> point(DrawnPoint at) const;
+    std::optional<QPoint> point(DrawnPoint at) const {
+        if (at.x != at.x || at.y != at.y) return std::nullopt;
+        return QPoint(x(at.x), y(at.y));
+    }
 
   private:
-    static int nearest(double pixel);
+    static constexpr double farAway = 1e6; // pixels; what lies farther off is drawn from here
+    // Cutting off a number above 0 is much faster than rounding it down.
+    static int nearest(double pixel) {
+        constexpr int shift = 1 << 21;
+        return static_cast<int>(std::clamp(pixel, -farAway, farAway) + (shift + 0.5)) - shift;
+    }
 };
 
-// Lines that give the picture of one line drawn for each pair of neighbouring points.
-std::vector<QLine> thinnedLines(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth);
+// What gives the picture of one solid line, with square ends, for each pair of neighbouring points. Upright
+// and level pieces are filled as boxes, which is ten times as fast as painting wide lines.
+struct ThinnedRun {
+    std::vector<QRect> boxes;
+    std::vector<QLine> slants;
+};
+
+ThinnedRun thinnedRun(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth);
 
 // The same as one line through fewer points, in order, for devices that store lines.
 QPolygon thinnedPolygon(const std::vector<DrawnPoint>& points, const PixelGrid& grid);

@@ -17,10 +17,11 @@ struct CurveDrawingTest : testing::Test {
 
     void draw(CurveKind kind, LineLook look, std::vector<double> valuesFrom1, std::vector<double> x) {
         values.insert(values.end(), valuesFrom1.begin(), valuesFrom1.end());
-        std::vector<int> points;
+        PlottedColumn column;
+        column.distances = x;
         for (std::size_t k = 0; k < x.size(); ++k)
-            points.push_back(static_cast<int>(k) + 1);
-        drawCurve(sheet, {kind, look, values}, points, x, {{0, 100, 0, 100}, 10, 5});
+            column.points.push_back(static_cast<int>(k) + 1);
+        drawCurve(sheet, {kind, look, values}, column, {0, 100, 0, 100}, {{0, 100, 0, 100}, 10, 5});
     }
     std::vector<DrawnRun> runs() const { return allOf<DrawnRun>(drawing); }
     std::vector<DrawnLine> lines() const { return allOf<DrawnLine>(drawing); }

@@ -124,7 +124,7 @@ TEST(PlottedColumn, LeavesOutInterpolatedPointsUnlessTheyAreChosen) {
     sample.graph.plotInterpolatedPoints = true;
     const PlottedColumn all = plottedColumn(sample.results, sample.graph, 1);
     EXPECT_EQ(all.points, (std::vector<int>{1, 2, 3, 4, 5}));
-    EXPECT_EQ(all.scalePoints, (std::vector<int>{1, 3, 5}));
+    EXPECT_EQ(all.scalePoints(), (std::vector<int>{1, 3, 5}));
     EXPECT_EQ(all.highest, 10);
     sample.graph.displayLevel = 1;
     EXPECT_EQ(plottedColumn(sample.results, sample.graph, 1).points, (std::vector<int>{1, 3, 5}));
@@ -137,7 +137,7 @@ TEST(PlottedColumn, InterpolatedPointsSetTheScaleOnlyWhereThereAreNoOthers) {
     sample.addPoint({1, 1, "", 99});
     sample.graph.plotInterpolatedPoints = true;
     sample.plotSeries({1}, {0});
-    EXPECT_EQ(plottedColumn(sample.results, sample.graph, 1).scalePoints, (std::vector<int>{1, 2}));
+    EXPECT_EQ(plottedColumn(sample.results, sample.graph, 1).scalePoints(), (std::vector<int>{1, 2}));
 }
 
 TEST(PlottedColumn, HasADistanceAxisForOnePointToo) {

@@ -53,7 +53,7 @@ QImage thinned(const Points& points, const Pen& pen) {
 
 void expectSamePicture(const Points& points, const std::string& what) {
     const PixelGrid grid{0, 0, 1 / 15.0, width, height};
-    for (const double penWidth : {1.0, 2.0, 3.0, 4.0, 8.0}) {
+    for (const double penWidth : {1.0, 2.0, 3.0, 4.0, 5.0, 8.0}) {
         const Pen pen{{200, 30, 60}, penWidth, Dash::solid};
         EXPECT_EQ(pairByPair(points, grid, pen), thinned(points, pen)) << what << ", width " << penWidth;
     }
@@ -104,6 +104,7 @@ TEST(RunThinning, DrawsTheSamePictureOfNastyRuns) {
         {"one point", {{100, 100}}},
         {"one point twice", {{100, 100}, {100, 100}}},
         {"one column", {{1500, 300}, {1501, 2400}, {1499, 900}, {1500, 900}}},
+        {"level", {{0, 900}, {1500, 900}, {3000, 900}, {600, 900}}},
         {"level column", {{0, 900}, {1500, 900}, {1502, 900}, {1504, 900}, {3000, 1200}}},
         {"back and forth", {{0, 0}, {3000, 2000}, {0, 2000}, {3000, 0}, {0, 0}}},
         {"spikes", {{0, 1500}, {15, 0}, {16, 2999}, {30, 1500}, {45, 0}, {46, 1500}, {60, 1500}}},
@@ -121,12 +122,13 @@ TEST(RunThinning, DrawsTheSamePictureOfNastyRuns) {
         expectSamePicture(points, what);
 }
 
-TEST(RunThinning, DrawsAtMostTwoLinesAColumn) {
+TEST(RunThinning, DrawsAtMostTwoPiecesAColumn) {
     RandomPoints random(9);
     const Points points = random.make(60000, [&](double along) {
         return DrawnPoint{along * width * 15, random.between(0, 3000)};
     });
-    EXPECT_LE(thinnedLines(points, {0, 0, 1 / 15.0, width, height}, 4).size(), 2u * (width + 1));
+    const ThinnedRun run = thinnedRun(points, {0, 0, 1 / 15.0, width, height}, 4);
+    EXPECT_LE(run.boxes.size() + run.slants.size(), 2u * (width + 1));
 }
 
 TEST(RunThinning, APolygonTouchesTheEndsOfEveryColumnInOrder) {

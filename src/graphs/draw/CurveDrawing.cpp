@@ -7,49 +7,56 @@ namespace {
 
 class CurvePen {
   public:
-    CurvePen(const GraphSheet& sheet, const PanelCurve& curve, const CurvePlace& place)
-        : m_sheet(sheet), m_curve(curve), m_place(place), m_perUnit(place.area.height() / place.largest) {}
+    CurvePen(const GraphSheet& sheet, const PanelCurve& curve, const PlottedColumn& column,
+             const DistanceScale& scale, const CurvePlace& place)
+        : m_sheet(sheet),
+          m_curve(curve),
+          m_column(column),
+          m_scale(scale),
+          m_place(place),
+          m_perKm(scale.perKm()),
+          m_perUnit(place.area.height() / place.largest) {}
 
-    DrawnPoint at(double x, double value) const {
-        return {x, m_place.area.bottom + std::max(value, 0.0) * m_perUnit};
+    double value(std::size_t j) const { return m_curve.values[static_cast<std::size_t>(m_column.points[j])]; }
+    DrawnPoint at(std::size_t j) const {
+        return {m_scale.left + (m_column.distances[j] - m_scale.lowest) * m_perKm,
+                m_place.area.bottom + std::max(value(j), 0.0) * m_perUnit};
     }
+    std::size_t count() const { return m_column.points.size(); }
     bool above(DrawnPoint point) const { return point.y > m_place.area.top; }
 
-    void joined(const std::vector<int>& points, const std::vector<double>& x) const {
+    void joined() const {
         std::vector<DrawnPoint> run = m_sheet.takePoints();
-        run.resize(points.size());
+        run.resize(count());
         bool anyAbove = false;
-        for (std::size_t j = 0; j < points.size(); ++j) {
-            run[j] = at(x[j], value(points[j]));
+        for (std::size_t j = 0; j < count(); ++j) {
+            run[j] = at(j);
             anyAbove |= above(run[j]);
         }
-        if (anyAbove)
-            cutRuns(run);
-        else
-            draw(std::move(run));
+        if (!anyAbove) return draw(std::move(run));
+        cutRuns(run);
+        m_sheet.giveBack(std::move(run));
     }
 
-    void runsOfEqualValue(const std::vector<int>& points, const std::vector<double>& x) const {
-        for (std::size_t begin = 0; begin < points.size();) {
+    void runsOfEqualValue() const {
+        for (std::size_t begin = 0; begin < count();) {
             std::size_t end = begin + 1;
-            while (end < points.size() && value(points[end]) == value(points[begin]))
+            while (end < count() && value(end) == value(begin))
                 ++end;
-            const DrawnPoint from = at(x[begin], value(points[begin]));
-            if (value(points[begin]) != 0 && !above(from)) drawLevel(from, x[end - 1]);
+            const DrawnPoint from = at(begin);
+            if (value(begin) != 0 && !above(from)) drawLevel(from, at(end - 1).x);
             begin = end;
         }
     }
 
-    void crosses(const std::vector<int>& points, const std::vector<double>& x) const {
-        for (std::size_t j = 0; j < points.size(); ++j) {
-            const DrawnPoint centre = at(x[j], value(points[j]));
-            if (value(points[j]) != 0 && !above(centre)) m_sheet.cross(m_curve.look, centre, m_place.mark);
+    void crosses() const {
+        for (std::size_t j = 0; j < count(); ++j) {
+            const DrawnPoint centre = at(j);
+            if (value(j) != 0 && !above(centre)) m_sheet.cross(m_curve.look, centre, m_place.mark);
         }
     }
 
   private:
-    double value(int point) const { return m_curve.values[static_cast<std::size_t>(point)]; }
-
     void draw(std::vector<DrawnPoint> run) const {
         if (run.size() == 1)
             drawLevel(run[0], run[0].x);
@@ -87,18 +94,21 @@ class CurvePen {
 
     const GraphSheet& m_sheet;
     const PanelCurve& m_curve;
+    const PlottedColumn& m_column;
+    const DistanceScale& m_scale;
     const CurvePlace& m_place;
+    double m_perKm;
     double m_perUnit;
 };
 
 } // namespace
 
-void drawCurve(const GraphSheet& sheet, const PanelCurve& curve, const std::vector<int>& points,
-               const std::vector<double>& x, const CurvePlace& place) {
-    const CurvePen pen(sheet, curve, place);
+void drawCurve(const GraphSheet& sheet, const PanelCurve& curve, const PlottedColumn& column,
+               const DistanceScale& scale, const CurvePlace& place) {
+    const CurvePen pen(sheet, curve, column, scale, place);
     switch (curve.kind) {
-    case CurveKind::joined: pen.joined(points, x); break;
-    case CurveKind::runsOfEqualValue: pen.runsOfEqualValue(points, x); break;
-    case CurveKind::crosses: pen.crosses(points, x); break;
+    case CurveKind::joined: pen.joined(); break;
+    case CurveKind::runsOfEqualValue: pen.runsOfEqualValue(); break;
+    case CurveKind::crosses: pen.crosses(); break;
     }
 }

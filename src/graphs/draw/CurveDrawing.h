@@ -19,6 +19,6 @@ struct CurvePlace {
     double mark = 0;    // half the size of a cross, and of the stroke that shows a single point
 };
 
-// `x`: of each plotted point. What rises above the top is cut off there; negative values lie on the axis.
-void drawCurve(const GraphSheet& sheet, const PanelCurve& curve, const std::vector<int>& points,
-               const std::vector<double>& x, const CurvePlace& place);
+// What rises above the top is cut off there; negative values lie on the axis.
+void drawCurve(const GraphSheet& sheet, const PanelCurve& curve, const PlottedColumn& column,
+               const DistanceScale& scale, const CurvePlace& place);

@@ -37,9 +37,8 @@ std::vector<double> boundaries(const GraphBlock& block) {
 
 std::vector<double> asX(const DistanceScale& scale, const std::vector<double>& distances) {
     std::vector<double> x(distances.size());
-    const double perKm = scale.perKm();
     std::transform(distances.begin(), distances.end(), x.begin(),
-                   [&](double distance) { return scale.left + (distance - scale.lowest) * perKm; });
+                   [&](double distance) { return scale.x(distance); });
     return x;
 }
 
@@ -65,8 +64,7 @@ void drawBlock(const GraphSheet& sheet, const GraphBlock& block, const BlockMeas
     const double ticksRoom = sheet.width("000.0") * (1.3 + 0.7 * measures.largeTextMode);
     const std::vector<double> ticks = distanceTicks(block.scale, ticksRoom);
 
-    const PanelColumn column{block.column.points, asX(block.scale, block.column.distances),
-                             asX(block.scale, ticks), boundaries(block)};
+    const PanelColumn column{block.column, block.scale, asX(block.scale, ticks), boundaries(block)};
     const double share = (block.place.top - base) / static_cast<double>(block.panels.size());
     double top = block.place.top;
     for (const Panel& panel : block.panels) {

@@ -117,9 +117,14 @@ std::vector<DrawnPoint> GraphPrimitives::takePoints() {
     return points;
 }
 
+void GraphPrimitives::giveBack(std::vector<DrawnPoint> points) {
+    constexpr std::size_t longRun = 4096; // the memory of short ones is soon found anew
+    if (points.capacity() >= longRun) m_spare.push_back(std::move(points));
+}
+
 void GraphPrimitives::CloseGraph() {
     for (DrawnCommand& command : m_drawing.commands)
-        if (auto* run = std::get_if<DrawnRun>(&command)) m_spare.push_back(std::move(run->points));
+        if (auto* run = std::get_if<DrawnRun>(&command)) giveBack(std::move(run->points));
     m_drawing.clear();
     LabelCount = 0;
 }

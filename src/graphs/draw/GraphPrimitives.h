@@ -27,6 +27,7 @@ class GraphPrimitives {
     // An empty list for a run's points, with the memory of an earlier graph's: to take memory anew at each
     // redraw would cost more than the drawing.
     std::vector<DrawnPoint> takePoints();
+    void giveBack(std::vector<DrawnPoint> points);
     // In the drawing's coordinates. Widths: 0 nothing, 1, 2, 3; above 3 as 3.
     void WideLine(double x1, double y1, double x2, double y2, int DWidth, Rgb Color);
 

@@ -37,6 +37,7 @@ class GraphSheet {
         m_primitives.DisplayRun(m_pr, std::move(points), look.thick, look.style, look.colour);
     }
     std::vector<DrawnPoint> takePoints() const { return m_primitives.takePoints(); }
+    void giveBack(std::vector<DrawnPoint> points) const { m_primitives.giveBack(std::move(points)); }
     void cross(LineLook look, DrawnPoint centre, double half) const {
         line(look, {centre.x - half, centre.y - half}, {centre.x + half, centre.y + half});
         line(look, {centre.x - half, centre.y + half}, {centre.x + half, centre.y - half});

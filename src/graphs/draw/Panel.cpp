@@ -64,7 +64,7 @@ Panel makePanel(const GraphInputs& inputs, const PlottedColumn& column, int seri
     else
         panel.heading = trim(name) + " - " + trim(inputs.results.reachNames[reach]) + " reach";
     panel.curves = panelCurves(inputs.results, inputs.graph, series);
-    panel.scale = verticalScale(largestValue(panel.curves, column.scalePoints));
+    panel.scale = verticalScale(largestValue(panel.curves, column.scalePoints()));
     return panel;
 }
 
@@ -80,6 +80,6 @@ void drawPanel(const GraphSheet& sheet, const Panel& panel, const PlotArea& area
     drawVerticals(sheet, area, column);
     drawVerticalAxis(sheet, panel.scale, area, text);
     for (const PanelCurve& curve : panel.curves)
-        drawCurve(sheet, curve, column.points, column.x, {area, panel.scale.top, sheet.crossHalf()});
+        drawCurve(sheet, curve, column.points, column.scale, {area, panel.scale.top, sheet.crossHalf()});
     drawTexts(sheet, panel, area, text);
 }

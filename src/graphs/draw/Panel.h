@@ -24,12 +24,12 @@ Panel makePanel(const GraphInputs& inputs, const PlottedColumn& column, int seri
 // The room left of a panel's axis.
 double gutterOf(const GraphSheet& sheet, const Panel& panel);
 
-// What the panels of one column have in common, as x.
+// What the panels of one column have in common.
 struct PanelColumn {
-    const std::vector<int>& points;
-    std::vector<double> x;     // of each point
-    std::vector<double> ticks; // of the distance axis
-    std::vector<double> boundaries;
+    const PlottedColumn& points;
+    const DistanceScale& scale;
+    std::vector<double> ticks;      // x of those of the distance axis
+    std::vector<double> boundaries; // x of those between reaches
 };
 
 struct PanelText {

@@ -8,21 +8,16 @@ bool plotsInterpolated(const GraphHandOver& graph) {
     return graph.plotInterpolatedPoints && graph.displayLevel < 1;
 }
 
-void reserve(PlottedColumn& column, std::size_t count) {
-    column.points.reserve(count);
-    column.distances.reserve(count);
-    column.scalePoints.reserve(count);
-}
-
 } // namespace
 
 PlottedColumn plottedColumn(const ResultsDataSet& results, const GraphHandOver& graph, int number) {
-    PlottedColumn column{.number = number, .points = {}, .distances = {}, .scalePoints = {}};
+    PlottedColumn column{.number = number, .points = {}, .distances = {}, .measured = {}};
     const bool interpolated = plotsInterpolated(graph);
     const auto& points = graph.graphPoints[number];
     const auto& distances = graph.graphDistances[number];
     const int count = graph.graphPointCounts[number];
-    reserve(column, static_cast<std::size_t>(std::max(count, 0)));
+    column.points.reserve(static_cast<std::size_t>(std::max(count, 0)));
+    column.distances.reserve(column.points.capacity());
     double lowest = 0, highest = 0;
     for (int j = 1; j <= count; ++j) {
         const int point = points[j];
@@ -33,9 +28,8 @@ PlottedColumn plottedColumn(const ResultsDataSet& results, const GraphHandOver& 
         if (!measured && !interpolated) continue;
         column.points.push_back(point);
         column.distances.push_back(distance);
-        if (measured) column.scalePoints.push_back(point);
+        if (measured && interpolated) column.measured.push_back(point);
     }
-    if (column.scalePoints.empty()) column.scalePoints = column.points;
     column.lowest = lowest;
     column.highest = highest > lowest ? highest : lowest + 1;
     return column;

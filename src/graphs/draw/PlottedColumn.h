@@ -10,9 +10,13 @@ struct PlottedColumn {
     int number = 1;
     std::vector<int> points;       // indices of the points to plot, in order
     std::vector<double> distances; // km along the plotted run, of each
-    std::vector<int> scalePoints;  // those that set the vertical scale
-    double lowest = 0;             // ends of the distance axis, over all points
+    std::vector<int>
+        measured;      // those among them that are not interpolated; only where both kinds are plotted
+    double lowest = 0; // ends of the distance axis, over all points
     double highest = 1;
+
+    // Those that set the vertical scale: interpolated points only where there are no others.
+    const std::vector<int>& scalePoints() const { return measured.empty() ? points : measured; }
 };
 
 PlottedColumn plottedColumn(const ResultsDataSet& results, const GraphHandOver& graph, int column);
