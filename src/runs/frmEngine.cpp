@@ -15,6 +15,7 @@ namespace {
 constexpr int mostLines = 200000;
 constexpr int tickMilliseconds = 200;
 const char* const engineName = "korvelf157.exe";
+const char* const windowCaption = "KORVEL model run";
 
 // "4.2 s", from a minute on "3 min 07 s".
 std::string timeTaken(qint64 milliseconds) {
@@ -27,7 +28,7 @@ std::string timeTaken(qint64 milliseconds) {
 } // namespace
 
 frmEngine::frmEngine(Platform& doors)
-    : Form(doors, "frmEngine", "KORVEL model run"), txtOutput(*new QPlainTextEdit(&client())) {
+    : Form(doors, "frmEngine", windowCaption), txtOutput(*new QPlainTextEdit(&client())) {
     layOut();
     on(cmdStop, &QPushButton::clicked, [this] { askedToStop(); });
     on(cmdClose, &QPushButton::clicked, [this] { close(); });
@@ -138,6 +139,8 @@ std::string frmEngine::stateText() const {
 
 void frmEngine::refresh() {
     const bool running = m_state == State::running;
+    // In the title too, so that a task bar shows when the run is over.
+    setWindowTitle(shown(running ? windowCaption : windowCaption + (": " + stateText())));
     lblState.setText(shown(stateText()));
     lblTime.setText(shown("Time taken: " + timeTaken(running ? m_clock.elapsed() : m_milliseconds)));
     lblFile.setText(shown(m_output.fileInHand()));

@@ -1,0 +1,38 @@
+// A desktop and an installation for each test, and the steps of the main job.
+#pragma once
+
+#include "endtoend/Desktop.h"
+#include "endtoend/Installation.h"
+
+#include <gtest/gtest.h>
+
+constexpr const char* setUpTitle = "Korvel Graphical Results"; // the graph form's too
+constexpr const char* engineTitle = "KORVEL model run";
+constexpr const char* openTitle = "Open KORVEL data file ...";
+
+class WindowsFixture : public testing::Test {
+  protected:
+    void TearDown() override;
+
+    // Started with these arguments; the main form is in front.
+    void startKorvel(const std::vector<std::string>& arguments = {});
+    void startWithoutWaiting(const std::vector<std::string>& arguments = {});
+    int waitForEnd() { return m_program->waitForEnd(); }
+    bool running() { return m_program->running(); }
+
+    void openRunMenu() const;
+    void chooseRun(int runType, const std::string& dataFile);
+    ShownWindow waitForEngine(const std::string& state);
+    ShownWindow openSetUp(); // from the main form, which is in front
+    void chooseWholeRiver();
+    ShownWindow plot();
+    ShownWindow messageBox() { return screen.front("korvel"); } // one without a title of its own
+
+    const LeftPrograms left;
+    const Installation korvel;
+    const Desktop screen;
+    std::string designTitle; // of the main form
+
+  private:
+    std::unique_ptr<BackgroundProgram> m_program;
+};
