@@ -18,21 +18,20 @@ Drawing emptyPage(Orientation orientation) {
 }
 
 PrintedPage::PrintedPage(Orientation orientation, const TextMetrics& metrics)
-    : font{"Arial", 8, false},
+    : font(reportFont),
       m_metrics(metrics),
       m_lineHeight(metrics.measure(" ", font).height / twipsToAnInch),
       m_drawing(emptyPage(orientation)) {}
 
-double PrintedPage::widthOf(const std::string& text) const {
-    return m_metrics.measure(text, font).width / twipsToAnInch;
+TextSize PrintedPage::sizeOf(const std::string& text) const {
+    const TextSize twips = m_metrics.measure(text, font);
+    return {twips.width / twipsToAnInch, twips.height / twipsToAnInch};
 }
 
-void PrintedPage::print(const std::string& text) {
-    const TextSize size = m_metrics.measure(text, font);
+void PrintedPage::print(const std::string& text, TextSize size) {
     if (!text.empty())
-        m_drawing.commands.push_back(DrawnText{position, size.width / twipsToAnInch,
-                                               size.height / twipsToAnInch, text, font,
-                                               paletteColour(colours::black)});
+        m_drawing.commands.push_back(
+            DrawnText{position, size.width, size.height, text, font, paletteColour(colours::black)});
     position = {0, position.y + m_lineHeight};
 }
 
@@ -45,8 +44,9 @@ void Ptext(PrintedPage& page, double xp, double yp, const std::string& Text1, do
            const std::string& Fmt) {
     const std::string format = lowerCase(Fmt);
     page.font.bold = contains(format, "b");
-    const double x = contains(format, "r") ? xp - page.widthOf(Text1) : xp;
+    const TextSize size = page.sizeOf(Text1);
+    const double x = contains(format, "r") ? xp - size.width : xp;
     if (x > 0 && yp > 0) page.position = {x, yp};
-    page.print(Text1);
+    page.print(Text1, size);
     LastY = page.position.y;
 }

@@ -12,6 +12,9 @@ inline constexpr double twipsToAnInch = 1440;
 // A page with nothing on it, as large as the printable area.
 Drawing emptyPage(Orientation orientation);
 
+// The font of all but the title.
+inline const Font reportFont{"Arial", 8, false};
+
 class PrintedPage {
   public:
     PrintedPage(Orientation orientation, const TextMetrics& metrics);
@@ -19,11 +22,12 @@ class PrintedPage {
     Font font;
     DrawnPoint position;
 
-    double widthOf(const std::string& text) const;
+    double widthOf(const std::string& text) const { return sizeOf(text).width; }
+    TextSize sizeOf(const std::string& text) const; // inches, in the font in use
     // One line of a report, whatever the font in use: that of size 8.
     double lineHeight() const { return m_lineHeight; }
-    // Prints at the position and moves to the start of the next line.
-    void print(const std::string& text);
+    // Prints at the position and moves to the start of the next line. `size` as measured.
+    void print(const std::string& text, TextSize size);
     void rule(DrawnPoint from, DrawnPoint to);
 
     Drawing& drawing() { return m_drawing; }

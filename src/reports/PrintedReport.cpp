@@ -25,11 +25,11 @@ PrintedReport::PrintedReport(const ResultsDataSet& results, const ReportSelectio
     : m_results(results),
       m_selection(selection),
       m_date(std::move(date)),
-      m_metrics(metrics),
+      m_metrics(metrics, reportFont),
       m_columns(reportColumns(results, selection)),
       m_values(valueColumns(results, m_columns)),
       m_table(tableGeometry(m_columns.count())),
-      m_lineHeight(PrintedPage(m_table.orientation, metrics).lineHeight()),
+      m_lineHeight(PrintedPage(m_table.orientation, m_metrics).lineHeight()),
       m_pages(results, selection, m_table.lowestLine, m_lineHeight) {}
 
 std::optional<Drawing> PrintedReport::nextPage() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "reports/PrintedPage.h"
+#include "reports/RememberedMetrics.h"
 #include "reports/ReportColumns.h"
 #include "reports/ReportPages.h"
 
@@ -34,7 +35,7 @@ class PrintedReport {
     const ResultsDataSet& m_results;
     const ReportSelection& m_selection;
     std::string m_date;
-    const TextMetrics& m_metrics;
+    RememberedMetrics m_metrics;
     ReportColumns m_columns;
     std::vector<ValueColumn> m_values;
     TableGeometry m_table;
