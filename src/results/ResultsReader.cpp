@@ -108,7 +108,7 @@ Refusal Reading::readPointLine(int index) {
 
 void Reading::readValues(double* into) {
     for (int count : m_valuesByCaption) {
-        m_input.skip();
+        m_input.text(); // the caption
         m_input.numbers({into, static_cast<std::size_t>(count)});
         into += count;
     }

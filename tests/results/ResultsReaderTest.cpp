@@ -277,6 +277,18 @@ TEST_F(ResultsReader, ReadsLabelsWithoutQuotes) {
     EXPECT_EQ(results.pointLabel[2], "");
 }
 
+// A caption is a text: without quotes it runs to its comma, blanks and all.
+TEST_F(ResultsReader, ReadsCaptionsWithoutQuotes) {
+    std::string text = river().text();
+    ASSERT_NE(text.find("\"Observed flow\","), std::string::npos);
+    std::erase(text, '"');
+    ASSERT_EQ(load(text), Ending::loaded);
+    EXPECT_EQ(results.pointCount, 3);
+    EXPECT_EQ(results.values[0].at(observedMean, 3, 0), ResultsFileBuilder::value(3, observedMean, 0));
+    EXPECT_EQ(results.values[0].at(observedPercentiles, 3, 4, 2),
+              ResultsFileBuilder::value(3, observedPercentiles, 4, 2));
+}
+
 TEST_F(ResultsReader, RaisesTheMaximaByEveryValueOfAPoint) {
     const std::pair<ValueField, int> fields[] = {
         {meanValue, 0},        {observedMean, 0},     {meanLimit1, 0},
