@@ -5,14 +5,6 @@
 
 #include <algorithm>
 
-namespace {
-
-void requireCount(int count) {
-    if (count < 0) throw RunTimeError(errors::subscriptOutOfRange);
-}
-
-} // namespace
-
 std::string shownDeterminandName(std::string_view name) {
     std::string shown = trim(name);
     while (shown.ends_with('.'))
@@ -38,7 +30,6 @@ Refusal FirstDataSet::determinandCount(int count) {
     m_results.determinandCount = count;
     m_results.seriesCount = count;
     m_results.seriesNames[0] = "Flow";
-    requireCount(count);
     return {};
 }
 
@@ -60,7 +51,7 @@ void FirstDataSet::determinandsEnd() {
 
 Refusal FirstDataSet::reachCount(int count) {
     m_results.reachCount = count;
-    requireCount(count);
+    if (count < 0) throw RunTimeError(errors::subscriptOutOfRange);
     m_results.reachOrder.clear();
     return {};
 }

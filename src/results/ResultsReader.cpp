@@ -59,6 +59,7 @@ Refusal Reading::readHeader() {
 Refusal Reading::readDeterminands() {
     m_determinands = m_input.integer();
     if (Refusal refusal = m_taker.determinandCount(m_determinands)) return refusal;
+    if (m_determinands < 0) throw RunTimeError(errors::subscriptOutOfRange);
     for (int d = 1; d <= m_determinands; ++d) {
         const int type = m_input.integer();
         const std::string name(m_input.text());

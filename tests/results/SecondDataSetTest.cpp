@@ -82,6 +82,12 @@ TEST_F(SecondDataSetChecks, CompareALineAfterAllItsFieldsAreRead) {
     EXPECT_TRUE(messages.empty());
 }
 
+TEST_F(SecondDataSetChecks, FailOnANegativeCountThoughTheFirstFileHadIt) {
+    const auto negative = ResultsFileBuilder().determinandCount("-2147483648").reachCount("0");
+    ASSERT_EQ(load(negative), Ending::failed);
+    EXPECT_EQ(load(negative, 1), Ending::failed);
+}
+
 TEST_F(SecondDataSetChecks, RefuseAnotherNumberOfReaches) {
     expectAbandoned(river().reach(3, "Third"), "2nd data set has different number of reaches.");
 }
