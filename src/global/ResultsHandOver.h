@@ -12,8 +12,12 @@ struct ResultsHandOver {
     bool loadFailed = false; // the last load was abandoned, or no file is current
     bool graphResultsPending = false;  // set by a run, cleared by the set-up form's automatic load
     bool reportResultsPending = false; // set by a run, cleared by the report form's automatic load
-    bool returnedFromGraph = false;    // set when the graph closes; the set-up form then keeps its state
-    bool readersChannelOpen = false;   // an abandoned second load has left its file open; see LoadResultsFile
+    // Loads into the first slot so far, by whichever form, and whether the last of them succeeded: a form
+    // that shows results sees by them that another form has read a file since.
+    int firstSlotLoads = 0;
+    bool firstSlotLoaded = false;
+    bool returnedFromGraph = false;  // set when the graph closes; the set-up form then keeps its state
+    bool readersChannelOpen = false; // an abandoned second load has left its file open; see LoadResultsFile
     // The set-up form's box "Plot auto-interpolated points", which every load sets.
     bool interpolatedBoxEnabled = true;
     bool interpolatedBoxTicked = false;

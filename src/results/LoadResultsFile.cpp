@@ -48,6 +48,8 @@ void endUnreadable(Platform& platform, bool showErrors) {
 void LoadResultsFile(Platform& platform, bool showErrors, const LoadProgress& progress) {
     GLOBAL.loadFailed = false;
     prepareLoad(RESULTS, GLOBAL.currentSlot);
+    const bool ofFirstSlot = GLOBAL.currentSlot == 0;
+    if (ofFirstSlot) ++GLOBAL.firstSlotLoads;
     try {
         readCurrentFile(platform, progress);
     } catch (const RunTimeError&) {
@@ -55,6 +57,7 @@ void LoadResultsFile(Platform& platform, bool showErrors, const LoadProgress& pr
     } catch (const std::bad_alloc&) { // a field as long as the memory is large
         endUnreadable(platform, showErrors);
     }
+    if (ofFirstSlot) GLOBAL.firstSlotLoaded = !GLOBAL.loadFailed;
 }
 
 std::string ShortFileName(const std::string& path, int maxLength) {

@@ -30,6 +30,12 @@ class ResultsLoading : public testing::Test {
         GLOBAL.graphResultsPending = true;
     }
 
+    void readInAnotherForm(const char* name) {
+        GLOBAL.fileNames[0] = world.pathOf(name);
+        GLOBAL.currentSlot = 0;
+        LoadResultsFile(world, true);
+    }
+
     FakePlatform world;
     GraphChoices choices;
     GraphChoices shownWhileLoading;
@@ -224,6 +230,51 @@ TEST_F(ResultsLoading, AnAutomaticLoadThatFailsStaysPending) {
     activate();
     EXPECT_FALSE(GLOBAL.graphResultsPending);
     EXPECT_TRUE(choices.plotEnabled);
+}
+
+TEST_F(ResultsLoading, TakesOverTheFileThatAnotherFormHasRead) {
+    chooseFile(0, "A.SGR");
+    chooseFile(1, "A.SGR");
+    choices.plotType = 2;
+    chooseUpstreamReach(choices, 1, RESULTS);
+    readInAnotherForm("B.SGR");
+    activate();
+    EXPECT_EQ(choices.fileLabels[0], "B.SGR");
+    EXPECT_EQ(choices.fileLabels[1], "");
+    EXPECT_EQ(choices.plotType, 0);
+    EXPECT_EQ(choices.title, "Second");
+    EXPECT_EQ(choices.upstream, NothingChosen);
+    EXPECT_TRUE(choices.plotEnabled);
+}
+
+TEST_F(ResultsLoading, HasNothingToPlotWhereAnotherFormsFileCouldNotBeRead) {
+    chooseFile(0, "A.SGR");
+    world.willAnswer(Answer::ok);
+    readInAnotherForm("CUT.SGR");
+    activate();
+    EXPECT_EQ(choices.fileLabels[0], "CUT.SGR");
+    EXPECT_FALSE(choices.firstDataSetLoaded);
+    EXPECT_FALSE(choices.plotEnabled);
+    world.takeTranscript();
+}
+
+TEST_F(ResultsLoading, KeepsItsSelectionsWhereAnotherFormReadTheSameFile) {
+    chooseFile(0, "A.SGR");
+    chooseFile(1, "A.SGR");
+    choices.plotType = 2;
+    choices.title = "My title";
+    chooseUpstreamReach(choices, 1, RESULTS);
+    readInAnotherForm("A.SGR");
+    activate();
+    EXPECT_EQ(choices.fileLabels[0], "A.SGR");
+    EXPECT_EQ(choices.fileLabels[1], "");
+    EXPECT_EQ(choices.plotType, 0);
+    EXPECT_EQ(choices.title, "My title");
+    EXPECT_EQ(choices.upstream, 1);
+    GLOBAL.loadFailed = true; // as a data file that was not chosen leaves it
+    activate();
+    EXPECT_TRUE(choices.plotEnabled);
+    EXPECT_EQ(choices.upstream, 1);
 }
 
 TEST_F(ResultsLoading, ReturningFromTheGraphKeepsTheState) {

@@ -29,7 +29,9 @@ struct ListedReach {
 struct GraphChoices {
     std::array<std::string, 2> fileLabels; // short names of the results files, by slot
     bool firstDataSetLoaded = false;
-    bool waiting = false; // a file is being read
+    std::string firstFile; // model name of what the form shows as the first data set
+    int firstLoad = 0;     // by number, see ResultsHandOver::firstSlotLoads
+    bool waiting = false;  // a file is being read
     bool plotEnabled = true;
 
     std::vector<ListedReach> reaches;           // of the upstream combo and of lstSites

@@ -27,6 +27,11 @@ void takeFirstDataSet(GraphChoices& choices, ResultsDataSet& results) {
     choices.levelOption = levelOptionOf(results.percentileLevel, choices.levelOption);
 }
 
+void rememberLoad(GraphChoices& choices) {
+    choices.firstFile = GLOBAL.fileNames[0];
+    choices.firstLoad = GLOBAL.firstSlotLoads;
+}
+
 void load(Platform& platform, GraphChoices& choices, int slot, const SetUpServices& services) {
     GLOBAL.currentSlot = slot;
     if (slot == 0) GLOBAL.fileNames[1].clear();
@@ -34,6 +39,25 @@ void load(Platform& platform, GraphChoices& choices, int slot, const SetUpServic
     services.showState();
     LoadResultsFile(platform, true, services.progress);
     endLoad(choices, slot, GLOBAL.loadFailed ? LoadEnd::failed : LoadEnd::loaded, RESULTS);
+    if (slot == 0) rememberLoad(choices);
+}
+
+// The report form reads files into the same first slot. What it read there is what graphs are drawn from, so
+// that the form shows it, and the second data set was checked against what is gone. The same file read again
+// leaves title and selections as they are.
+void takeLoadOfAnotherForm(GraphChoices& choices) {
+    if (!choices.firstDataSetLoaded || choices.firstLoad == GLOBAL.firstSlotLoads) return;
+    GLOBAL.fileNames[1].clear();
+    if (GLOBAL.firstSlotLoaded && choices.firstFile == GLOBAL.fileNames[0]) {
+        choices.fileLabels[1].clear();
+        choices.plotType = 0;
+        choices.levelOption = levelOptionOf(RESULTS.percentileLevel, choices.levelOption);
+        fillLists(choices, RESULTS);
+    } else {
+        beginLoad(choices, 0, GLOBAL.fileNames[0]);
+        endLoad(choices, 0, GLOBAL.firstSlotLoaded ? LoadEnd::loaded : LoadEnd::failed, RESULTS);
+    }
+    rememberLoad(choices);
 }
 
 // The name of the chosen file, or "" where none can be taken.
@@ -85,7 +109,7 @@ void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpSe
         GLOBAL.returnedFromGraph = false;
         return;
     }
-    if (!GLOBAL.graphResultsPending) return;
+    if (!GLOBAL.graphResultsPending) return takeLoadOfAnotherForm(choices);
     load(platform, choices, 0, services);
     if (!GLOBAL.loadFailed) GLOBAL.graphResultsPending = false;
 }

@@ -23,7 +23,7 @@ enum class LoadEnd { loaded, failed };
 void endLoad(GraphChoices& choices, int slot, LoadEnd end, ResultsDataSet& results);
 
 // The form is activated: after a graph it keeps its state, after a run it loads the run's results. A load
-// that fails stays pending.
+// that fails stays pending. Without a run, a first data set that another form has replaced is taken over.
 void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpServices& services);
 
 // "Data File 1" (slot 0) and "Data file 2" (slot 1).
