@@ -168,6 +168,8 @@ void frmStart::onActivate() {
     GLOBAL.fileNames[0] = std::exchange(m_openOnStart, "");
     GLOBAL.graphResultsPending = true;
     showGraphs();
+    GLOBAL.graphResultsPending = false; // no run: a file that can't be read is not waited for
+    refresh();
 }
 
 // The form was closed by its window control.
