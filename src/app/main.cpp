@@ -55,9 +55,10 @@ int showEngineWindow(Doors& doors) {
 
 // Commands are quick and need no windows: an application object is made only by those that draw.
 int runForConsole(const std::vector<std::string>& arguments, const std::string& folder) {
-    settleForNoDisplay();
     Doors doors(folder);
-    return runCommand(arguments, doors.platform, std::cout, std::cerr);
+    CommandPaper paper(doors.files);
+    Platform platform{doors.dialogs, doors.files, doors.machine, doors.windows, paper, doors.metrics};
+    return runCommand(arguments, platform, std::cout, std::cerr);
 }
 
 int runWindows(int argc, char** argv, const std::vector<std::string>& arguments, const std::string& folder) {

@@ -7,10 +7,12 @@
 extern const Command infoCommand;
 extern const Command csvCommand;
 extern const Command reportCommand;
+extern const Command graphCommand;
 extern const Command listingCommand;
 extern const Command runModelCommand;
 extern const Command batchCommand;
 extern const Command helpPageCommand;
 
-inline const Command* const commandList[] = {&infoCommand, &csvCommand, &runModelCommand, &batchCommand,
-                                             &helpPageCommand};
+inline const Command* const commandList[] = {&infoCommand,  &csvCommand,     &reportCommand,
+                                             &graphCommand, &listingCommand, &runModelCommand,
+                                             &batchCommand, &helpPageCommand};

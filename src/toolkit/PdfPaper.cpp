@@ -12,10 +12,14 @@ PdfJobSettings settingsOf(const PrintRequest& request) {
     return {request.title, request.orientation, {}, ""};
 }
 
-std::unique_ptr<PrintJob> jobToFile(const PrintRequest& request, const std::string& file, Files& files) {
-    PdfJobSettings settings = settingsOf(request);
-    settings.toTell = file;
+std::unique_ptr<PrintJob> jobToFile(PdfJobSettings settings, const std::string& file, Files& files) {
     return std::make_unique<PdfJob>(std::move(settings), std::make_unique<FileTarget>(files, file));
+}
+
+std::unique_ptr<PrintJob> jobToFallbackFile(const PrintRequest& request, Files& files) {
+    PdfJobSettings settings = settingsOf(request);
+    settings.toTell = request.fallbackFile;
+    return jobToFile(std::move(settings), request.fallbackFile, files);
 }
 
 std::unique_ptr<PrintJob> jobToChosenFile(const PrintRequest& request, const ChosenPrinter& chosen,
@@ -23,7 +27,7 @@ std::unique_ptr<PrintJob> jobToChosenFile(const PrintRequest& request, const Cho
     PdfJobSettings settings = settingsOf(request);
     settings.pages = chosen.pages;
     const std::string name = modelNameOfHostPath(QFile::encodeName(chosen.file).toStdString());
-    return std::make_unique<PdfJob>(std::move(settings), std::make_unique<FileTarget>(files, name));
+    return jobToFile(std::move(settings), name, files);
 }
 
 // The sheet is A4 and the page stands on it as it shall be printed.
@@ -46,9 +50,19 @@ std::unique_ptr<PrintJob> QtPaper::begin(const PrintRequest& request) {
         return jobToQueue(request, chosen->queue.toStdString(), chosen->options());
     }
     if (const auto queue = defaultQueue()) return jobToQueue(request, *queue, {});
-    return jobToFile(request, request.fallbackFile, m_files);
+    return jobToFallbackFile(request, m_files);
 }
 
 std::unique_ptr<PrintJob> PdfFilePaper::begin(const PrintRequest& request) {
-    return jobToFile(request, m_file, m_files);
+    return jobToFile(settingsOf(request), m_file, m_files);
+}
+
+const TextMetrics& CommandPaper::metrics() const {
+    if (!m_session) m_session = std::make_unique<DrawingSession>();
+    return m_metrics;
+}
+
+std::unique_ptr<PrintJob> CommandPaper::begin(const PrintRequest& request) {
+    if (!m_session) m_session = std::make_unique<DrawingSession>();
+    return jobToFile(settingsOf(request), request.fallbackFile, m_files);
 }

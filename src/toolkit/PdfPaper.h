@@ -3,9 +3,11 @@
 
 #include "platform/Files.h"
 #include "platform/Paper.h"
+#include "toolkit/DrawingSession.h"
 #include "toolkit/PrinterChoice.h"
 #include "toolkit/QtTextMetrics.h"
 
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -35,4 +37,17 @@ class PdfFilePaper : public Paper {
     Files& m_files;
     std::string m_file;
     QtTextMetrics m_metrics;
+};
+
+// For commands: each job to the file that its request names. Qt's fonts are made ready on first use.
+class CommandPaper : public Paper {
+  public:
+    explicit CommandPaper(Files& files) : m_files(files) {}
+    const TextMetrics& metrics() const override;
+    std::unique_ptr<PrintJob> begin(const PrintRequest& request) override;
+
+  private:
+    Files& m_files;
+    QtTextMetrics m_metrics;
+    mutable std::unique_ptr<DrawingSession> m_session;
 };
