@@ -1,12 +1,9 @@
 #include "commands/ReportCall.h"
 
-#include "basic/Text.h"
+#include "commands/Words.h"
 #include "global/GLOBAL.h"
 #include "reports/ReportChoices.h"
 #include "results/LoadResultsFile.h"
-
-#include <algorithm>
-#include <charconv>
 
 const char* const selectionHelp =
     "  --reaches LIST        all, none, or reach numbers: 1,2,5-9\n"
@@ -20,84 +17,15 @@ const char* const selectionHelp =
 
 namespace {
 
-std::vector<std::string> partsOf(const std::string& list) {
-    std::vector<std::string> parts;
-    std::size_t start = 0;
-    for (std::size_t comma; (comma = list.find(',', start)) != std::string::npos; start = comma + 1)
-        parts.push_back(trim(list.substr(start, comma - start)));
-    parts.push_back(trim(list.substr(start)));
-    return parts;
-}
-
-std::optional<int> wholeNumber(const std::string& text) {
-    int number = 0;
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    if (text.empty() || read.ptr != end || read.ec != std::errc() || number < 0) return std::nullopt;
-    return number;
-}
-
-struct ReachRange {
-    int first = 0;
-    int last = 0;
-};
-
-ReachRange reachRange(const std::string& part) {
-    const auto dash = part.find('-');
-    const auto first = wholeNumber(part.substr(0, dash));
-    const auto last = dash == std::string::npos ? first : wholeNumber(part.substr(dash + 1));
-    if (!first || !last || *first > *last) throw UsageError("'" + part + "' is no reach number or range");
-    return {*first, *last};
-}
-
-bool anyReachIn(const ReachRange& range) {
-    return std::ranges::any_of(RESULTS.reachOrder,
-                               [&](int reach) { return reach >= range.first && reach <= range.last; });
-}
-
-// By line of the list of reaches.
-std::vector<bool> chosenReaches(const std::string& list) {
-    std::vector<bool> chosen(RESULTS.reachOrder.size(), list == "all");
-    if (list == "all" || list == "none") return chosen;
-    for (const std::string& part : partsOf(list)) {
-        const ReachRange range = reachRange(part);
-        if (!anyReachIn(range)) throw UsageError("the results have no reach " + part);
-        for (std::size_t i = 0; i < chosen.size(); ++i)
-            if (RESULTS.reachOrder[i] >= range.first && RESULTS.reachOrder[i] <= range.last) chosen[i] = true;
-    }
-    return chosen;
-}
-
-std::size_t determinandAt(const std::vector<ListEntry>& list, const std::string& part) {
-    const auto position = wholeNumber(part);
-    if (!position || *position < 1 || *position > static_cast<int>(list.size()))
-        throw UsageError("the results have no determinand '" + part + "'");
-    return static_cast<std::size_t>(*position - 1);
-}
-
-// Takes the list's first part off it: a determinand's name, which may hold commas, or what stands before the
-// comma.
-std::size_t takeDeterminand(const std::vector<ListEntry>& list, std::string& words) {
-    std::size_t found = list.size();
-    std::size_t end = std::min(words.find(','), words.size());
-    for (std::size_t i = 0; i < list.size() && found == list.size(); ++i) {
-        const std::string name = shownUtf8(list[i].text);
-        const std::string rest = beginsWith(words, name) ? trimLeft(words.substr(name.size())) : "?";
-        if (!rest.empty() && rest[0] != ',') continue;
-        found = i;
-        end = words.size() - rest.size();
-    }
-    if (found == list.size()) found = determinandAt(list, trim(words.substr(0, end)));
-    words = end < words.size() ? trimLeft(words.substr(end + 1)) : "";
-    return found;
-}
-
 // By line of the list of determinands.
 std::vector<bool> chosenDeterminands(const std::vector<ListEntry>& list, std::string words) {
     std::vector<bool> chosen(list.size(), words == "all");
     if (words == "all" || words == "none") return chosen;
+    std::vector<std::string> names;
+    for (const ListEntry& entry : list)
+        names.push_back(entry.text);
     do
-        chosen[takeDeterminand(list, words)] = true;
+        chosen[takeNamed(names, words, 1, "determinand")] = true;
     while (!words.empty());
     return chosen;
 }
@@ -121,7 +49,8 @@ void chooseStatistics(ReportChoices& choices, const std::string& list) {
 ReportSelection selectionBy(const CommandLine& line) {
     ReportChoices choices;
     FillReportLists(choices, RESULTS);
-    if (const auto list = line.value("--reaches")) choices.chooseReaches(chosenReaches(*list));
+    if (const auto list = line.value("--reaches"))
+        choices.chooseReaches(reachesNamed(*list, RESULTS.reachOrder));
     if (const auto list = line.value("--determinands"))
         choices.chooseDeterminands(chosenDeterminands(choices.determinands(), *list));
     if (const auto list = line.value("--statistics")) chooseStatistics(choices, *list);

@@ -5,7 +5,9 @@
 #include "toolkit/Twips.h"
 
 #include <QBuffer>
+#include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QSvgGenerator>
 
 #include <cmath>
@@ -64,4 +66,20 @@ std::string pictureBytes(const Drawing& drawing, PictureFormat format, double pi
     case PictureFormat::svg: return svgBytes(drawing);
     }
     return "";
+}
+
+std::string pdfBytes(const Drawing& drawing) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    const QSizeF inches(drawing.width / drawing.unitsPerInch, drawing.height / drawing.unitsPerInch);
+    writer.setResolution(300);
+    writer.setPageMargins({});
+    writer.setPageSize(QPageSize(inches, QPageSize::Inch, {}, QPageSize::ExactMatch));
+    writer.setTitle("KORVEL graph");
+    writer.setCreator("KORVEL");
+    QPainter painter(&writer);
+    paintOnScreen(drawing, painter);
+    painter.end();
+    return buffer.data().toStdString();
 }

@@ -17,3 +17,6 @@ std::optional<PictureFormat> pictureFormatOf(const std::string& fileName);
 QImage pictureOf(const Drawing& drawing, double pixelRatio);
 
 std::string pictureBytes(const Drawing& drawing, PictureFormat format, double pixelRatio = 1);
+
+// A document of one page of the drawing's size; text stays text.
+std::string pdfBytes(const Drawing& drawing);
