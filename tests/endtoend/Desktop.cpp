@@ -31,12 +31,12 @@ Desktop::Desktop() {
     startManager();
 }
 
-// The server takes a free display and writes its number.
+// The server takes a free display and writes its number. It must not start anew when its first client goes.
 void Desktop::startServer() {
     const std::string screen = std::to_string(width) + "x" + std::to_string(height) + "x24";
     const std::string number = m_home.path("display");
     const std::string command =
-        "exec Xvfb -displayfd 3 -screen 0 " + screen + " -nolisten tcp 3>'" + number + "'";
+        "exec Xvfb -displayfd 3 -screen 0 " + screen + " -noreset -nolisten tcp 3>'" + number + "'";
     m_server = std::make_unique<BackgroundProgram>(std::vector<std::string>{"sh", "-c", command},
                                                    Surroundings{m_home.path(), {}});
     if (!waitFor([&] { return contentOf(number).ends_with('\n'); }))

@@ -1,0 +1,76 @@
+"""The man page and the completion name the options that --help names; an installed program works.
+
+packaging_test.py SOURCE BUILD
+"""
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+
+SOURCE, BUILD = map(pathlib.Path, sys.argv[1:3])
+COMMANDS = "info csv report listing graph run batch help-page".split()
+OPTION = re.compile(r"--[a-z][a-z-]*")
+failures = []
+
+
+def check(holds, what):
+    if not holds:
+        failures.append(what)
+
+
+def run(*arguments, **environment):
+    return subprocess.run(arguments, capture_output=True, text=True, timeout=60,
+                          env={"PATH": os.environ["PATH"], "HOME": "/nonexistent", **environment})
+
+
+def help_options(program, *command):
+    result = run(program, *command, "--help")
+    check(result.returncode == 0, f"{command} --help ends with {result.returncode}")
+    return set(OPTION.findall(result.stdout))
+
+
+def manual_sections():
+    text = (SOURCE / "packaging/korvel.1").read_text().replace("\\-", "-")
+    parts = re.split(r"^\.SS (\S+)$", text.split(".SH EXIT STATUS")[0], flags=re.M)
+    return dict(zip(parts[1::2], parts[2::2]))
+
+
+def completed(words):
+    script = f'source {SOURCE}/packaging/korvel.bash; COMP_WORDS=({words} "--"); ' \
+             f'COMP_CWORD=$((${{#COMP_WORDS[@]}} - 1)); _korvel; printf "%s\\n" "${{COMPREPLY[@]}}"'
+    return set(run("bash", "-c", script).stdout.split())
+
+
+def check_documents(program):
+    sections = manual_sections()
+    listed = re.findall(r"^  ([a-z][a-z-]*)  ", run(program, "--help").stdout, flags=re.M)
+    check(listed == COMMANDS, f"the commands of --help are {listed}")
+    check(list(sections) == COMMANDS, f"the commands of the man page are {list(sections)}")
+    for command in COMMANDS:
+        options = help_options(program, command) - {"--help"}
+        manual = set(OPTION.findall(sections.get(command, "")))
+        check(options == manual, f"{command}: --help and man page differ in {options ^ manual}")
+        completion = completed(f"korvel {command}") - {"--help"}
+        check(options == completion, f"{command}: --help and completion differ in {options ^ completion}")
+
+
+def check_installed(prefix):
+    installed = run("cmake", "--install", BUILD, "--prefix", prefix)
+    check(installed.returncode == 0, installed.stderr)
+    for file in ["bin/korvel", "lib/korvel/korvel", "lib/korvel/korvelf157.exe", "lib/korvel/KORDAT4.TXT",
+                 "lib/korvel/KORDAT10.TXT", "share/man/man1/korvel.1", "share/bash-completion/completions/korvel"]:
+        check((prefix / file).exists(), f"{file} is not installed")
+    version = run(prefix / "bin/korvel", "--version")
+    check(version.returncode == 0 and version.stdout.startswith("korvel "), f"--version prints {version}")
+    page = run(prefix / "bin/korvel", "help-page", "5")
+    check(page.returncode == 0 and "[DETERMINANDS]" in page.stdout, f"help-page prints {page}")
+
+
+check_documents(BUILD / "app/korvel")
+with tempfile.TemporaryDirectory() as folder:
+    check_installed(pathlib.Path(folder))
+for failure in failures:
+    print(failure)
+sys.exit(1 if failures else 0)
