@@ -38,7 +38,7 @@ ControlArray<QRadioButton> frmBatch::options() {
                                 "Run type 8: seek to meet river standards (with no deterioration)",
                                 "Run type 9: seek to meet river standards (mid-class upstream quality)",
                                 "Set up flow and quality gap filling"}) {
-        const Place place = at(150, 2220 + index * 300.0, 4950, 270);
+        const Place place = at(120, 2220 + index * 300.0, 5400, 270);
         array.add(index, optionButton(array.elementName(index), caption, place));
         ++index;
     }
@@ -52,8 +52,8 @@ ControlArray<QLabel> frmBatch::labels() {
     };
     const auto top = Qt::AlignLeft | Qt::AlignTop;
     add(0, "Title of run:", at(150, 1710, 1110, 315));
-    add(1, "Base Files", at(90, 60, 3480, 240), {.bold = true, .in = &picBox});
-    add(2, batchRemovalHint(), at(90, 3015, 3480, 720), {.in = &picBox, .align = top, .wraps = true});
+    add(1, "Base Files", at(90, 60, 3120, 240), {.bold = true, .in = &picBox});
+    add(2, batchRemovalHint(), at(90, 2955, 3120, 795), {.in = &picBox, .align = top, .wraps = true});
     add(3, batchInstructions(), at(150, 0, 6540, 1650), {.align = top});
     add(10, "Batch run has been completed", at(150, 4095, 4860, 300), {.bold = true});
     return array;

@@ -28,9 +28,9 @@ class frmBatch : public Form {
     ControlArray<QLabel> labels();
 
     // The controls in the designer's order.
-    QFrame& picBox = frame("picBox", at(5190, 1710, 3660, 3780));
+    QFrame& picBox = frame("picBox", at(5550, 1710, 3300, 3780));
     QListWidget& lstSelectedFiles =
-        listBox("lstSelectedFiles", "Base Files", at(90, 330, 3480, 2640), {.in = &picBox});
+        listBox("lstSelectedFiles", "Base Files", at(90, 330, 3120, 2580), {.in = &picBox});
     ControlArray<QPushButton> cmdBatch = stepButtons();
     QLineEdit& txtBatch = textBox("txtBatch", "Title of run:", at(1290, 1710, 3720, 315));
     ControlArray<QRadioButton> optRun = options();

@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QTimer>
 
 namespace {
@@ -15,9 +16,19 @@ std::string withoutAccessKey(std::string caption) {
     return trim(caption);
 }
 
+// The style knows the height of a line only where there is one.
+int lineHeight(QListWidget& list) {
+    if (list.count() > 0) return list.sizeHintForRow(0);
+    const QSignalBlocker quiet(list);
+    list.addItem("line");
+    const int height = list.sizeHintForRow(0);
+    list.clear();
+    return height;
+}
+
 // A list shows whole lines: its height is taken down to a whole number of them.
 void showWholeLines(QListWidget& list) {
-    const int line = list.sizeHintForRow(0) > 0 ? list.sizeHintForRow(0) : list.fontMetrics().height();
+    const int line = lineHeight(list);
     const int border = 2 * list.frameWidth();
     const int lines = qMax(1, (list.height() - border) / line);
     list.resize(list.width(), lines * line + border);

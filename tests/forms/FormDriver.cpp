@@ -1,5 +1,6 @@
 #include "forms/FormDriver.h"
 
+#include <QAbstractButton>
 #include <QElapsedTimer>
 #include <QMenu>
 #include <QTest>
@@ -40,7 +41,9 @@ void passEvents() {
 }
 
 void click(QWidget& control) {
-    QTest::mouseClick(&control, Qt::LeftButton);
+    const bool isButton = qobject_cast<QAbstractButton*>(&control) != nullptr;
+    const QPoint middle = control.rect().center();
+    QTest::mouseClick(&control, Qt::LeftButton, Qt::NoModifier, isButton ? QPoint(8, middle.y()) : middle);
     passEvents();
 }
 

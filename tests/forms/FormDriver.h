@@ -36,7 +36,7 @@ bool waitFor(const std::function<bool()>& condition);
 void showActive(QWidget& form);
 // What Qt has queued, focus and layout among it.
 void passEvents();
-// With the mouse, in the middle of the control, or on a line of the list.
+// With the mouse, in the middle of the control, on the box of a check box, or on a line of the list.
 void click(QWidget& control);
 void clickLine(QListWidget& list, int line, Qt::KeyboardModifiers keys = Qt::NoModifier);
 

@@ -104,7 +104,7 @@ TEST_F(FrmStart, GreysTheItemsWithNothingBehindThem) {
     start();
     EXPECT_EQ(greyedItems(*form->menuBar()),
               (std::vector<std::string>{"mnuFile", "mnuOpen", "mnuSave", "mnuSaveAs", "mnuEditText",
-                                        "mnuReports", "mnuBatch", "mnuTextEditor", "mnuHelp"}));
+                                        "mnuTextEditor", "mnuHelp"}));
 }
 
 TEST_F(FrmStart, ShowsProductVersionAndReleaseDateAtStart) {
@@ -138,10 +138,10 @@ TEST_F(FrmStart, ShowsTheEditWarningAtStart) {
               "the file again without clicking 'Save' beforehand.");
 }
 
-TEST_F(FrmStart, MakesTheGraphFormsAtStartHiddenAndOfItsOwnSize) {
+TEST_F(FrmStart, MakesTheResultsFormsAtStartHiddenAndOfItsOwnSize) {
     platform.desktop = {300, 450, 20490, 11520};
     start();
-    for (const char* name : {"frmStart", "frmGraphData", "frmSimgraph"}) {
+    for (const char* name : {"frmStart", "frmGraphData", "frmReports", "frmSimgraph"}) {
         const QWidget& made = formNamed(name);
         EXPECT_TRUE(made.isHidden()) << name;
         EXPECT_EQ(made.geometry(), QRect(20, 30, 1366, 768)) << name;
@@ -314,6 +314,20 @@ TEST_F(FrmStart, GraphsHidesTheEditWarning) {
     EXPECT_FALSE(shows("lblEditWarning"));
 }
 
+TEST_F(FrmStart, ReportsHidesTheEditWarning) {
+    start();
+    platform.willActOn("frmReports", [&](ShownForm&) { EXPECT_FALSE(shows("lblEditWarning")); });
+    choose(*form, "mnuReports");
+    EXPECT_EQ(platform.takeTranscript(), "show modal frmReports\nclosed frmReports\n");
+}
+
+TEST_F(FrmStart, BatchRunIsModelessAndLeavesTheEditWarning) {
+    start();
+    choose(*form, "mnuBatch");
+    EXPECT_EQ(platform.takeTranscript(), "show modeless frmBatch\n");
+    EXPECT_TRUE(shows("lblEditWarning"));
+}
+
 TEST_F(FrmStart, MakesTheProgressFrameReadyAsItHidesTheEditWarning) {
     start();
     EXPECT_FALSE(shows("Progress"));
@@ -461,6 +475,21 @@ TEST_F(FrmStart, OpensTheSetUpFormOnAFileGivenAtStart) {
     platform.platform().windows.showModeless(*form);
     EXPECT_EQ(platform.takeTranscript(),
               "show modeless frmStart\nshow modal frmGraphData\nclosed frmGraphData\n");
+}
+
+TEST_F(FrmStart, DoesNotTryAFileGivenAtStartAgain) {
+    form = std::make_unique<frmStart>(platform);
+    platform.setBottomForm(*form);
+    form->load();
+    form->openOnStart(platform.pathOf("MISSING.SGR"));
+    platform.willActOn("frmGraphData", [](ShownForm&) {});
+    platform.willAnswer(Answer::ok);
+    platform.platform().windows.showModeless(*form);
+    platform.takeTranscript();
+    EXPECT_FALSE(GLOBAL.graphResultsPending);
+    platform.willActOn("frmGraphData", [](ShownForm&) {});
+    choose(*form, "mnuGraphs");
+    EXPECT_EQ(platform.takeTranscript(), "show modal frmGraphData\nclosed frmGraphData\n");
 }
 
 TEST_F(FrmStart, AnchorsTheCreditsToTheBottomAndMovesNothingElse) {

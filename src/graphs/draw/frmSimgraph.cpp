@@ -19,9 +19,6 @@ frmSimgraph::frmSimgraph(Platform& doors)
       m_primitives(m_drawing, GraphForm::graph, doors.screenMetrics, doors.paper.metrics()),
       m_capture(doors) {
     picGraph.setAccessibleName("Graph");
-    QFont narrow = Label.font();
-    narrow.setFamily("Arial Narrow");
-    Label.setFont(narrow);
     Label.hide();
     CDFilename.objectName = "CDFilename";
     CDFilename.filter = "Picture files (*.png *.svg *.pdf)|*.png *.svg *.pdf";
@@ -32,6 +29,9 @@ frmSimgraph::frmSimgraph(Platform& doors)
     connectKeys();
     connectPictureMenu();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    QFont narrow = Label.font();
+    narrow.setFamily("Arial Narrow");
+    Label.setFont(narrow);
 }
 
 ControlArray<QPushButton> frmSimgraph::buttons() {
@@ -211,5 +211,6 @@ void frmSimgraph::savePictureTo(const std::string& name) {
 void frmSimgraph::refresh() {
     mnuPrint.setEnabled(isDefaultView(GLOBAL));
     Cmd[3].setText(shown(m_textSizeCaption));
+    Cmd[3].setAccessibleName(shown(m_textSizeCaption));
     Cmd[3].setToolTip(shown(textSizeToolTip(m_textSizeCaption)));
 }

@@ -262,6 +262,9 @@ void frmGraphData::refreshOptions() {
     Check[5].setEnabled(GLOBAL.interpolatedBoxEnabled);
     optPlotType[m_choices.plotType].setChecked(true);
     optPlotType[m_choices.levelOption].setChecked(true);
+    // The Tab key stops at the chosen one of each group.
+    for (const auto& [index, option] : optPlotType)
+        option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
     const QSignalBlocker quietTitle(txtTitle[1]), quietSubTitle(txtTitle[2]);
     if (typed(txtTitle[1].text()) != m_choices.title) txtTitle[1].setText(shown(m_choices.title));
     if (typed(txtTitle[2].text()) != m_choices.subTitle) txtTitle[2].setText(shown(m_choices.subTitle));

@@ -72,9 +72,9 @@ class frmGraphData : public Form {
     QFrame& frameOptions = frame("frameOptions", at(5880, 690, 3480, 2700));
     QFrame& frameFeatures = frame("frameFeatures", at(5880, 3450, 3480, 1740));
     QListWidget& lstDets = listBox("lstDets", "Select 1 to 5 determinands to be plotted.",
-                                   at(2700, 720, 2820, 1380), {.in = &frameMode_1});
+                                   at(2610, 720, 2910, 1380), {.in = &frameMode_1});
     QListWidget& lstSites =
-        listBox("lstSites", "Select up to six reaches.", at(2700, 720, 2820, 870), {.in = &frameMode_2});
+        listBox("lstSites", "Select up to six reaches.", at(2610, 720, 2910, 870), {.in = &frameMode_2});
     QListWidget& lstFeatures = listBox("lstFeatures", "Select feature types to be labelled on graphs.",
                                        at(90, 300, 3300, 1380), {.in = &frameFeatures});
     ControlArray<QLabel> Label = labels();

@@ -23,11 +23,11 @@ ControlArray<QLabel> frmGraphData::labels() {
         at(120, 60, 5400, 405), bold2);
     add(5, "Select upstream reach", at(120, 480, 2460, 240), inMode1);
     add(6, "Select downstream reach", at(120, 1260, 2460, 240), inMode1);
-    add(7, "Select 1 to 5 determinands to be plotted.", at(2700, 480, 2880, 240), inMode1);
+    add(7, "Select 1 to 5 determinands to be plotted.", at(2610, 480, 2985, 240), inMode1);
     add(8, "Select determinand to be plotted", at(120, 480, 2460, 240), inMode2);
-    add(9, "Select up to six reaches.", at(2700, 480, 2820, 240), inMode2);
-    add(10, controlKeyHint, at(2700, 2130, 2880, 240), inMode1);
-    add(11, controlKeyHint, at(2700, 1620, 2880, 240), inMode2);
+    add(9, "Select up to six reaches.", at(2610, 480, 2985, 240), inMode2);
+    add(10, controlKeyHint, at(2610, 2130, 2985, 240), inMode1);
+    add(11, controlKeyHint, at(2610, 1620, 2985, 240), inMode2);
     add(12, "Title and sub-title (max 60 characters each)", at(150, 5130, 5600, 240), {});
     add(13, "OPTIONS", at(90, 45, 3300, 240), {.bold = true, .in = &frameOptions});
     add(14, "Select feature types to be labelled on graphs.", at(90, 45, 3360, 240), {.in = &frameFeatures});
@@ -53,7 +53,7 @@ ControlArray<QCheckBox> frmGraphData::checkBoxes() {
         "Plot quality targets", "Plot observed values", "Plot auto-interpolated points"};
     int index = 0;
     for (const char* caption : captions) {
-        const Place place = at(90, 285 + index * 225.0, 3300, 225);
+        const Place place = at(90, 285 + index * 225.0, 3300, 210);
         array.add(index, checkBox(array.elementName(index), caption, place, {.in = &frameOptions}));
         ++index;
     }
@@ -65,9 +65,9 @@ ControlArray<QRadioButton> frmGraphData::plotTypes() {
     const auto add = [&](int index, const char* caption, Place place) {
         array.add(index, optionButton(array.elementName(index), caption, place, {.in = &frameOptions}));
     };
-    add(0, "Plot 1st data set", at(90, 1935, 1980, 240));
-    add(1, "Plot 2nd data set", at(90, 2190, 1980, 240));
-    add(2, "Compare two data sets", at(90, 2445, 1980, 240));
+    add(0, "Plot 1st data set", at(90, 1935, 2010, 240));
+    add(1, "Plot 2nd data set", at(90, 2190, 2010, 240));
+    add(2, "Compare two data sets", at(90, 2445, 2010, 240));
     add(3, "90", at(2130, 1935, 600, 240));
     add(4, "95", at(2130, 2190, 600, 240));
     add(5, "99", at(2130, 2445, 600, 240));

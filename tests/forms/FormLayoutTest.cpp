@@ -1,0 +1,266 @@
+// Every form on four desktops: nothing is cut, covered or out of reach.
+#include "app/frmStart.h"
+#include "runs/frmEngine.h"
+
+#include "fakes/FakePlatform.h"
+#include "forms/FormDriver.h"
+#include "forms/GraphForms.h"
+
+#include <QAccessible>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QTest>
+
+#include <set>
+
+namespace {
+
+constexpr int titleBarHeight = 30; // pixels that a window manager takes off a form's outer frame
+
+struct Desktop {
+    const char* name;
+    int width, height; // pixels
+};
+
+std::string nameOf(const QWidget& control) {
+    const QString form = control.window()->objectName();
+    return (form + "." + control.objectName()).toStdString();
+}
+
+// The controls that the form made; what Qt makes inside them bears no name or Qt's own.
+std::vector<QWidget*> controlsOf(const QWidget& parent) {
+    std::vector<QWidget*> controls;
+    for (QWidget* control : parent.findChildren<QWidget*>())
+        if (!control->objectName().isEmpty() && !control->objectName().startsWith("qt_") &&
+            !control->isWindow() && qobject_cast<QMenuBar*>(control) == nullptr)
+            controls.push_back(control);
+    return controls;
+}
+
+QSize roomOf(const QLabel& label) {
+    const int border = 2 * (label.margin() + label.frameWidth());
+    return label.size() - QSize(border, border);
+}
+
+// Where a button's style puts its text.
+QSize roomOf(const QAbstractButton& button, QStyle::SubElement element) {
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    option.text = button.text();
+    return button.style()->subElementRect(element, &option, &button).size();
+}
+
+void expectFits(const QWidget& control, QSize needed, QSize room) {
+    EXPECT_LE(needed.width(), room.width()) << nameOf(control) << " is cut";
+    EXPECT_LE(needed.height(), room.height()) << nameOf(control) << " is cut";
+}
+
+void expectCaptionFits(const QWidget& control) {
+    const auto textSize = [&](const QString& text) {
+        return control.fontMetrics().size(Qt::TextShowMnemonic, text);
+    };
+    if (const auto* label = qobject_cast<const QLabel*>(&control)) {
+        const QSize room = roomOf(*label);
+        const int flags = label->wordWrap() ? Qt::TextWordWrap : 0;
+        const QRect wrapped =
+            label->fontMetrics().boundingRect(QRect(0, 0, room.width(), 10000), flags, label->text());
+        expectFits(control, wrapped.size(), room);
+    } else if (const auto* check = qobject_cast<const QCheckBox*>(&control)) {
+        expectFits(control, textSize(check->text()), roomOf(*check, QStyle::SE_CheckBoxContents));
+    } else if (const auto* radio = qobject_cast<const QRadioButton*>(&control)) {
+        expectFits(control, textSize(radio->text()), roomOf(*radio, QStyle::SE_RadioButtonContents));
+    } else if (const auto* button = qobject_cast<const QPushButton*>(&control)) {
+        expectFits(control, textSize(button->text()), roomOf(*button, QStyle::SE_PushButtonContents));
+    }
+}
+
+void expectWholeLines(const QListWidget& list) {
+    if (list.count() == 0) return;
+    const int inside = list.height() - 2 * list.frameWidth();
+    EXPECT_EQ(inside % list.sizeHintForRow(0), 0)
+        << nameOf(list) << ": lines of " << list.sizeHintForRow(0) << " in " << inside;
+    EXPECT_GE(inside, 3 * list.sizeHintForRow(0)) << nameOf(list);
+}
+
+void expectInsideItsParent(const QWidget& control) {
+    const QRect room = control.parentWidget()->rect();
+    const QRect place = control.geometry();
+    EXPECT_TRUE(room.contains(place))
+        << nameOf(control) << " at " << place.x() << "," << place.y() << " size " << place.width() << "x"
+        << place.height() << " in " << room.width() << "x" << room.height();
+}
+
+// The name on the main form stands on its own shadow.
+bool mayOverlap(const QWidget& a, const QWidget& b) {
+    return a.objectName().startsWith("lblKorvel") && b.objectName().startsWith("lblKorvel");
+}
+
+void expectNoOverlaps(const std::vector<QWidget*>& controls) {
+    for (std::size_t i = 0; i < controls.size(); ++i)
+        for (std::size_t k = i + 1; k < controls.size(); ++k) {
+            const QWidget &a = *controls[i], &b = *controls[k];
+            if (a.parentWidget() != b.parentWidget() || a.isHidden() || b.isHidden() || mayOverlap(a, b))
+                continue;
+            EXPECT_FALSE(a.geometry().intersects(b.geometry())) << nameOf(a) << " and " << nameOf(b);
+        }
+}
+
+void expectAccessible(QWidget& control) {
+    if (control.focusPolicy() == Qt::NoFocus && qobject_cast<QProgressBar*>(&control) == nullptr) return;
+    const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&control);
+    ASSERT_NE(spoken, nullptr) << nameOf(control);
+    EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << nameOf(control) << " has no accessible name";
+}
+
+void expectLaidOut(QWidget& form) {
+    const std::vector<QWidget*> controls = controlsOf(form);
+    EXPECT_GE(controls.size(), 5U);
+    for (QWidget* control : controls) {
+        expectCaptionFits(*control);
+        if (const auto* list = qobject_cast<QListWidget*>(control)) expectWholeLines(*list);
+        if (!control->isHidden()) expectInsideItsParent(*control);
+        expectAccessible(*control);
+    }
+    expectNoOverlaps(controls);
+}
+
+// Of a group of option buttons, only the chosen one is a stop.
+bool isTabStop(const QWidget& control) {
+    const auto* option = qobject_cast<const QRadioButton*>(&control);
+    if (option != nullptr && !option->isChecked()) return false;
+    return (control.focusPolicy() & Qt::TabFocus) != 0 && control.isVisible() && control.isEnabled();
+}
+
+std::set<std::string> tabStops(const QWidget& form) {
+    std::set<std::string> stops;
+    for (const QWidget* control : controlsOf(form))
+        if (isTabStop(*control)) stops.insert(nameOf(*control));
+    return stops;
+}
+
+// Where the key leads, round by round.
+std::vector<std::string> walk(Qt::Key key, std::size_t steps) {
+    std::vector<std::string> visited;
+    for (std::size_t i = 0; i < steps; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        passEvents();
+        visited.push_back(nameOf(*QApplication::focusWidget()));
+    }
+    return visited;
+}
+
+void expectTabReachesEverything(QWidget& form, QWidget& first) {
+    first.setFocus();
+    passEvents();
+    const std::set<std::string> stops = tabStops(form);
+    const std::vector<std::string> forward = walk(Qt::Key_Tab, stops.size());
+    EXPECT_EQ(std::set<std::string>(forward.begin(), forward.end()), stops);
+    EXPECT_EQ(forward.back(), nameOf(first)) << "back where it began";
+    std::vector<std::string> backward = walk(Qt::Key_Backtab, stops.size());
+    std::reverse(backward.begin(), backward.end() - 1);
+    EXPECT_EQ(backward, forward);
+}
+
+class FormLayout : public CleanGlobals, public testing::WithParamInterface<Desktop> {
+  protected:
+    FormLayout() {
+        platform.desktop = {0, 0, GetParam().width * 15.0, GetParam().height * 15.0};
+        platform.putFile("MISC.TXT", "C:\\OLD\r\n\r\nFalse\r\n");
+        platform.putFile("A.SGR", longRiver());
+    }
+    // As a window manager shows it.
+    void showFramed(QWidget& form) {
+        form.resize(form.width(), form.height() - titleBarHeight);
+        showActive(form);
+    }
+    void startMainForm() {
+        start = std::make_unique<frmStart>(platform);
+        start->load();
+    }
+    void loadResults(QWidget& setUp) {
+        platform.willChoose(platform.pathOf("A.SGR"));
+        choose(setUp, "mnuDataFile1");
+    }
+
+    FakePlatform platform;
+    std::unique_ptr<frmStart> start;
+};
+
+constexpr Desktop desktops[] = {
+    {"Design640x452", 640, 452}, {"Laptop", 1366, 768}, {"FullHd", 1920, 1080}, {"Small", 960, 540}};
+
+INSTANTIATE_TEST_SUITE_P(Desktops, FormLayout, testing::ValuesIn(desktops),
+                         [](const auto& desktop) { return desktop.param.name; });
+
+} // namespace
+
+TEST_P(FormLayout, MainForm) {
+    startMainForm();
+    showFramed(*start);
+    expectLaidOut(*start);
+}
+
+TEST_P(FormLayout, MainFormShowingProgress) {
+    startMainForm();
+    HideEditWarningMessage(GLOBAL.mainForm);
+    GLOBAL.mainForm.progressFrameVisible = true;
+    static_cast<ShownForm&>(*start).activate();
+    showFramed(*start);
+    for (const char* name : {"Progress", "lblProgress", "lblProgress2"})
+        expectInsideItsParent(control<QWidget>(*start, name));
+}
+
+TEST_P(FormLayout, SetUpForm) {
+    startMainForm();
+    QWidget& form = formNamed("frmGraphData");
+    showFramed(form);
+    expectLaidOut(form);
+    loadResults(form);
+    expectLaidOut(form);
+}
+
+TEST_P(FormLayout, SetUpFormWhileItWaits) {
+    startMainForm();
+    QWidget& form = formNamed("frmGraphData");
+    showFramed(form);
+    control<QLabel>(form, "Label_2").show();
+    control<QProgressBar>(form, "Progress").show();
+    expectLaidOut(form);
+}
+
+TEST_P(FormLayout, SetUpFormTabOrder) {
+    startMainForm();
+    QWidget& form = formNamed("frmGraphData");
+    loadResults(form);
+    showFramed(form);
+    expectTabReachesEverything(form, control<QWidget>(form, "Combo_1"));
+}
+
+TEST_P(FormLayout, GraphForm) {
+    startMainForm();
+    QWidget& form = formNamed("frmSimgraph");
+    showFramed(form);
+    expectLaidOut(form);
+    expectTabReachesEverything(form, control<QWidget>(form, "Cmd_1"));
+}
+
+TEST_P(FormLayout, EngineWindow) {
+    frmEngine form(platform);
+    form.resize(GetParam().width, GetParam().height);
+    showFramed(form);
+    expectLaidOut(form);
+}
+
+TEST_P(FormLayout, ReportForm) {
+    startMainForm();
+    QWidget& form = formNamed("frmReports");
+    showFramed(form);
+    expectLaidOut(form);
+}
+
+TEST_P(FormLayout, BatchForm) {
+    startMainForm();
+    QWidget& form = formNamed("frmBatch");
+    showFramed(form);
+    expectLaidOut(form);
+}
