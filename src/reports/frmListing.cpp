@@ -62,7 +62,6 @@ void frmListing::layOut() {
     all->setContentsMargins(12, 10, 12, 12);
     all->addLayout(bar);
     all->addWidget(&txtListing, 1);
-    setTabOrder(&txtFind, &txtListing);
 }
 
 void frmListing::view(const std::string& fileName) {

@@ -72,14 +72,19 @@ void frmReports::connectChoices() {
             m_choices.tick(which, ticked);
             refresh();
         });
-    on(lstDets, &QListWidget::itemSelectionChanged, [this] {
+    const auto chooseDeterminands = [this] {
         m_choices.chooseDeterminands(selectionOf(lstDets));
         refresh();
-    });
-    on(lstReaches, &QListWidget::itemSelectionChanged, [this] {
+    };
+    const auto chooseReaches = [this] {
         m_choices.chooseReaches(selectionOf(lstReaches));
         refresh();
-    });
+    };
+    // A click counts also where it selects what is selected already.
+    on(lstDets, &QListWidget::itemSelectionChanged, chooseDeterminands);
+    on(lstDets, &QListWidget::itemClicked, chooseDeterminands);
+    on(lstReaches, &QListWidget::itemSelectionChanged, chooseReaches);
+    on(lstReaches, &QListWidget::itemClicked, chooseReaches);
 }
 
 void frmReports::onActivate() {
@@ -211,7 +216,9 @@ void frmReports::refreshLists() {
         const QSignalBlocker quiet(box);
         box->setChecked(m_choices.ticked(static_cast<ReportBox>(index)));
     }
-    Check[static_cast<int>(ReportBox::targets)].setText(shown(m_choices.targetsCaption()));
+    QCheckBox& targets = Check[static_cast<int>(ReportBox::targets)];
+    targets.setText(shown(m_choices.targetsCaption()));
+    targets.setAccessibleName(shown(trim(m_choices.targetsCaption())));
 }
 
 void frmReports::showVerdict() {
