@@ -17,21 +17,36 @@ chain_of() {
         END { for (r = first; (r in next_of) && !(r in seen); r = next_of[r]) { seen[r]; printf "%s ", r } }'
 }
 
+# show COMMAND...: says which command is run, and runs it.
+show() {
+    printf '\n$ korvel'
+    printf ' %q' "$@"
+    printf '\n'
+    "$korvel" "$@"
+}
+
 echo "KORVEL, a short tour: no display was found, so that the windows stay closed."
-for data in "$tour"/*.DAT; do
-    echo
-    echo "korvel run $(basename "$data") --wait"
-    "$korvel" run "$data" --wait
-    name=$(basename "$data" .DAT)
-    results=$tour/${name^^}.SGR
-    "$korvel" info "$results"
-    read -r -a chain <<<"$(chain_of "$results")"
-    [[ ${#chain[@]} -gt 0 ]] || { echo "$results holds no reaches" >&2; exit 1; }
-    "$korvel" graph "$results" --from "${chain[0]}" --to "${chain[-1]}" --series 0,1,2 --output "${data%.DAT}-profile.png"
-    several=$(IFS=,; echo "${chain[*]:0:3}")
-    "$korvel" graph "$results" --reaches "$several" --series 1 --output "${data%.DAT}-reaches.png"
+cd "$tour"
+for data in *.DAT; do
+    show run "$data" --wait
 done
+first=(*.SGR)
+show info "${first[0]}"
+read -r -a chain <<<"$(chain_of "${first[0]}")"
+[[ ${#chain[@]} -gt 0 ]] || { echo "${first[0]} holds no reaches" >&2; exit 1; }
+several=$(IFS=,; echo "${chain[*]:0:3}")
+run_of_reaches=(--from "${chain[0]}" --to "${chain[-1]}" --series 0,1,2)
+show graph "${first[0]}" "${run_of_reaches[@]}" --output profile.png
+show graph "${first[0]}" --reaches "$several" --series 1 --output reaches.png
+if [[ ${#first[@]} -gt 1 ]]; then
+    show graph "${first[0]}" --compare "${first[1]}" "${run_of_reaches[@]}" --output comparison.pdf
+fi
+show report "${first[0]}" --determinands 1,2,3 --statistics mean,95 --output report.pdf
+show csv "${first[0]}" --output report.csv
+show listing "${first[0]%.SGR}.OUT" --output listing.pdf
 
 echo
-echo "Written to $tour:"
-ls -1 "$tour"
+echo "Pictures, pages and files are in $tour:"
+for file in profile.png reaches.png comparison.pdf report.pdf report.csv listing.pdf; do
+    [[ ! -e $file ]] || echo "  $tour/$file"
+done

@@ -89,12 +89,25 @@ void frmReports::connectChoices() {
 
 void frmReports::onActivate() {
     centreFrames();
-    if (!GLOBAL.reportResultsPending) return;
+    if (!GLOBAL.reportResultsPending) return takeOverResults();
     m_loaded = false;
     setWindowTitle("Korvel Reports");
     refresh();
     loadResults();
     GLOBAL.reportResultsPending = false;
+}
+
+// The set-up form may have read the first slot anew since this form last did: another file's lists take the
+// place of these, the same file's keep what is selected.
+void frmReports::takeOverResults() {
+    if (!m_loaded || m_loadsSeen == GLOBAL.firstSlotLoads) return;
+    m_loadsSeen = GLOBAL.firstSlotLoads;
+    m_loaded = GLOBAL.firstSlotLoaded;
+    if (!m_loaded || m_file != GLOBAL.fileNames[0])
+        setWindowTitle(shown(m_loaded ? "Reports for " + GLOBAL.fileNames[0] : "Korvel Reports"));
+    if (m_loaded && m_file != GLOBAL.fileNames[0]) FillReportLists(m_choices, RESULTS);
+    m_file = GLOBAL.fileNames[0];
+    refresh();
 }
 
 void frmReports::centreFrames() {
@@ -124,6 +137,8 @@ void frmReports::loadResults() {
         doors().windows.updateScreen();
     });
     setIdle();
+    m_loadsSeen = GLOBAL.firstSlotLoads;
+    m_file = GLOBAL.fileNames[0];
     m_loaded = !GLOBAL.loadFailed;
     if (m_loaded) FillReportLists(m_choices, RESULTS);
     refresh();

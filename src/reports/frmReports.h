@@ -25,6 +25,7 @@ class frmReports : public Form {
 
     void openResults();
     void loadResults();
+    void takeOverResults();
     void produce(OutputMode mode);
     bool showProgress(double share);
     void showExplanation();
@@ -64,6 +65,8 @@ class frmReports : public Form {
     FileDialogSettings CDFilename;
     frmListing m_listing;
     bool m_loaded = false;
+    int m_loadsSeen = 0; // of the first slot, by number
+    std::string m_file;  // what the lists show
     bool m_busy = false;
     bool m_cancelled = false;
 };

@@ -6,6 +6,7 @@
 #include "forms/GraphForms.h"
 #include "reports/ReportData.h"
 #include "reports/SpreadsheetReport.h"
+#include "results/LoadResultsFile.h"
 
 #include <QTest>
 
@@ -44,6 +45,11 @@ class FrmReports : public CleanGlobals {
         GLOBAL.fileNames[0] = platform.pathOf(results);
         GLOBAL.reportResultsPending = true;
         activate();
+    }
+    void readAsTheSetUpFormDoes(const std::string& results) {
+        GLOBAL.fileNames[0] = platform.pathOf(results);
+        GLOBAL.currentSlot = 0;
+        LoadResultsFile(platform, true);
     }
     QCheckBox& box(int index) { return control<QCheckBox>(form, "Check_" + std::to_string(index)); }
     QListWidget& reaches() { return control<QListWidget>(form, "lstReaches"); }
@@ -576,4 +582,34 @@ TEST_F(FrmReports, ExitCloses) {
     choose(form, "mnuExit");
     EXPECT_EQ(platform.takeTranscript(), "close frmReports\n");
     EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(FrmReports, TakesOverAnotherFileThatTheSetUpFormHasRead) {
+    open();
+    platform.putFile("OTHER.SGR", wideRiver().text());
+    readAsTheSetUpFormDoes("OTHER.SGR");
+    activate();
+    EXPECT_EQ(reaches().count(), 1);
+    EXPECT_EQ(determinands().count(), 20);
+    EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("OTHER.SGR"));
+}
+
+TEST_F(FrmReports, KeepsItsSelectionsWhereTheSameFileIsReadAgain) {
+    open();
+    reaches().clearSelection();
+    readAsTheSetUpFormDoes("RIVER.SGR");
+    activate();
+    EXPECT_TRUE(reaches().selectedItems().isEmpty());
+    EXPECT_TRUE(enabled("mnuSpreadsheet"));
+}
+
+TEST_F(FrmReports, MakesNothingOfAFileThatTheSetUpFormCouldNotRead) {
+    open();
+    platform.putFile("OTHER.SGR", "cut short");
+    platform.willAnswer(Answer::ok);
+    readAsTheSetUpFormDoes("OTHER.SGR");
+    activate();
+    EXPECT_FALSE(enabled("mnuPrint"));
+    EXPECT_FALSE(enabled("mnuSpreadsheet"));
+    EXPECT_EQ(form.windowTitle(), "Korvel Reports");
 }

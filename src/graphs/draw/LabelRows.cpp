@@ -31,7 +31,7 @@ class LabelPlacer {
         do
             placeRest();
         while (lift());
-        centreAll();
+        centreWhereFree();
         return std::move(m_places);
     }
 
@@ -119,16 +119,10 @@ class LabelPlacer {
         return false;
     }
 
-    // Labels beside their leaders leave most room; where all have room in the middle, that looks best.
-    void centreAll() {
-        const std::vector<std::optional<LabelPlace>> beside = m_places;
+    // Labels beside their leaders leave most room; under their leaders they are easiest to read.
+    void centreWhereFree() {
         for (std::size_t k = 0; k < m_places.size(); ++k)
-            if (m_places[k]) m_places[k]->left = centred(k);
-        for (std::size_t k = 0; k < m_places.size(); ++k)
-            if (m_places[k] && !fits(k, *m_places[k])) {
-                m_places = beside;
-                return;
-            }
+            if (m_places[k]) tryAt(k, m_places[k]->row, centred(k));
     }
 
     const std::vector<LabelRequest>& m_requests;

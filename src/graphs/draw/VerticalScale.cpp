@@ -59,7 +59,7 @@ double tickStep(const VerticalScale& scale, double height, double room) {
 }
 
 double tickRoom(const VerticalScale& scale, double textHeight, int largeTextMode) {
-    return textHeight * (1 + 0.3 * largeTextMode + 0.02 * std::abs(scale.exponent));
+    return textHeight * (0.9 + 0.15 * largeTextMode + 0.02 * std::abs(scale.exponent));
 }
 
 int lastTick(const VerticalScale& scale, double step) {
