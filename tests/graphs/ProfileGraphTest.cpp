@@ -203,6 +203,34 @@ TEST_F(ProfileGraphTest, LabelsFeaturesUnderEachPanelOfMode2) {
     EXPECT_TRUE(hasText(drawing, "12.0km"));
 }
 
+// The places of the labelled ones among features at 0, `middle` and 10 km.
+std::vector<double> markedPlaces(double middle, int largeTextMode) {
+    GraphSample sample;
+    sample.useArea(1280, 904);
+    sample.view.LargeTextMode = largeTextMode;
+    sample.addReach(1, "Reach 1", 10);
+    for (const double distance : {0.0, middle, 10.0})
+        sample.addPoint({1, distance, "Gauge", 4});
+    sample.labelAllTypes();
+    sample.plotSeries({1}, {1});
+    std::vector<double> places;
+    for (const DrawnLine& line : allOf<DrawnLine>(drawingOf(sample)))
+        if (line.pen == Pen{paletteColour(colours::lightGrey), 1, Dash::solid}) places.push_back(line.from.x);
+    return places;
+}
+
+TEST(FeatureSpacing, IsThirteenVerticalUnitsAndTwiceThatInLargeText) {
+    const double unit = 6 * (904 / 452.0);
+    for (const int largeTextMode : {0, 1}) {
+        const std::vector<double> ends = markedPlaces(0, largeTextMode);
+        ASSERT_EQ(ends.size(), 2u);
+        const double spacing = 13 * (largeTextMode + 1) * unit;
+        const double distance = spacing * 10 / (ends.back() - ends.front());
+        EXPECT_EQ(markedPlaces(distance * 0.999, largeTextMode).size(), 2u);
+        EXPECT_EQ(markedPlaces(distance * 1.001, largeTextMode).size(), 3u);
+    }
+}
+
 TEST_F(ProfileGraphTest, NoTextCoversAnother) {
     for (const int mode : {0, 1})
         for (const int small : {0, 1})

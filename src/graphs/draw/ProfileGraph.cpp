@@ -112,8 +112,7 @@ void drawProfileGraph(GraphPrimitives& primitives, bool pr, const GraphInputs& i
     const double keyEnd = drawKeyOf(sheet, inputs, frame, frame.left + measures.gutter, headingEnd);
 
     // Mode 1 is one block, whose panels are stacked; in mode 2 the blocks stand in the grid.
-    const PanelGrid grid =
-        inputs.graph.displayMode1 ? PanelGrid{} : panelGrid(false, static_cast<int>(blocks.size()));
+    const PanelGrid grid = panelGrid(inputs.graph.displayMode1, static_cast<int>(blocks.size()));
     const double lowest = 0.1 * measures.line - inputs.view.ScrollOffsetY;
     placeBlocks(blocks, grid, frame, keyEnd - 0.25 * measures.line, measures, lowest);
     int featureRows = 0;
