@@ -45,13 +45,14 @@ void drawDistanceAxis(const GraphSheet& sheet, const DistanceScale& scale, const
                       double y) {
     const double height = sheet.lineHeight();
     const double tick = 0.15 * height;
+    const double bottom = y - 0.3 * height - height; // clear of the 0 of the vertical axis
     sheet.line(looks::axis, {scale.left, y}, {scale.right, y});
     for (const double distance : ticks) {
         const double x = scale.x(distance);
         sheet.line(looks::axis, {x, y}, {x, y - tick});
-        sheet.text({x, y - tick - height}, align::centre, formatPattern(distance, "##0.0"));
+        sheet.text({x, bottom}, align::centre, formatPattern(distance, "##0.0"));
     }
-    sheet.text({scale.left - sheet.width("0.0"), y - tick - height}, align::right, "km");
+    sheet.text({scale.left - sheet.width("0.0"), bottom}, align::right, "km");
 }
 
 void drawReachNames(const GraphSheet& sheet, const DistanceScale& scale,

@@ -23,8 +23,8 @@ struct BlockMeasures {
     double spacing = 0; // of labelled features
     int largeTextMode = 1;
 
-    double numbers() const { return 1.25 * line; } // the numbers under a distance axis
-    double header() const { return 1.25 * line; }  // the text above a panel
+    double numbers() const { return 1.4 * line; } // the numbers under a distance axis
+    double header() const { return 1.25 * line; } // the text above a panel
     double reachNames() const { return 1.25 * line; }
     double featureGap() const { return 0.5 * line; }
     double leastPlot() const { return 3.5 * line; }

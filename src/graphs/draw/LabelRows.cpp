@@ -120,9 +120,15 @@ class LabelPlacer {
     }
 
     // Labels beside their leaders leave most room; under their leaders they are easiest to read.
+    // Back and forth, since a label that moves makes room for its neighbour.
     void centreWhereFree() {
+        for (std::size_t k = m_places.size(); k-- > 0;)
+            centre(k);
         for (std::size_t k = 0; k < m_places.size(); ++k)
-            if (m_places[k]) tryAt(k, m_places[k]->row, centred(k));
+            centre(k);
+    }
+    void centre(std::size_t k) {
+        if (m_places[k]) tryAt(k, m_places[k]->row, centred(k));
     }
 
     const std::vector<LabelRequest>& m_requests;

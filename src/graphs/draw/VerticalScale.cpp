@@ -53,13 +53,13 @@ VerticalScale verticalScale(double largest) {
 
 double tickStep(const VerticalScale& scale, double height, double room) {
     double step = std::pow(10.0, scale.exponent);
-    while (step / scale.top * height < room && step < scale.top)
+    while (step / scale.top * height < room && step <= scale.top)
         step *= 2;
     return step;
 }
 
 double tickRoom(const VerticalScale& scale, double textHeight, int largeTextMode) {
-    return textHeight * (0.9 + 0.15 * largeTextMode + 0.02 * std::abs(scale.exponent));
+    return textHeight * (1 + 0.06 * largeTextMode + 0.02 * std::abs(scale.exponent));
 }
 
 int lastTick(const VerticalScale& scale, double step) {
