@@ -1,6 +1,7 @@
 #include "toolkit/RunThinning.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -9,7 +10,6 @@ struct PixelColumn {
     int x;
     int first, last, lowest, highest;
     bool single = true;
-    bool lowestFirst = true; // in the order of the run
 
     explicit PixelColumn(QPoint point)
         : x(point.x()), first(point.y()), last(first), lowest(first), highest(first) {}
@@ -17,13 +17,8 @@ struct PixelColumn {
     void add(int y) {
         single = false;
         last = y;
-        if (y < lowest) {
-            lowest = y;
-            lowestFirst = false;
-        } else if (y > highest) {
-            highest = y;
-            lowestFirst = true;
-        }
+        lowest = std::min(lowest, y);
+        highest = std::max(highest, y);
     }
 };
 
@@ -65,8 +60,8 @@ class PolygonThinner {
 
     void column(const PixelColumn& column) {
         add(column.x, column.first);
-        add(column.x, column.lowestFirst ? column.lowest : column.highest);
-        add(column.x, column.lowestFirst ? column.highest : column.lowest);
+        if (column.lowest < std::min(column.first, column.last)) add(column.x, column.lowest);
+        if (column.highest > std::max(column.first, column.last)) add(column.x, column.highest);
         add(column.x, column.last);
     }
     void join(const PixelColumn&, QPoint) {}
@@ -77,28 +72,59 @@ class PolygonThinner {
     }
 };
 
+// Takes the points of one column after another.
 template <typename Thinner>
-void thin(const std::vector<DrawnPoint>& points, const PixelGrid& grid, Thinner& thinner) {
-    auto at = points.begin();
-    while (at != points.end() && !grid.point(*at))
-        ++at;
-    if (at == points.end()) return;
-    PixelColumn column(*grid.point(*at));
-    for (++at; at != points.end(); ++at) {
-        const std::optional<QPoint> point = grid.point(*at);
-        if (!point) continue;
-        if (point->x() == column.x) {
-            column.add(point->y());
-            continue;
+class Columns {
+  public:
+    explicit Columns(Thinner& thinner) : m_thinner(thinner) {}
+
+    void add(QPoint point) {
+        if (m_any && m_column.x == point.x()) return m_column.add(point.y());
+        if (m_any) {
+            m_thinner.column(m_column);
+            m_thinner.join(m_column, point);
         }
-        thinner.column(column);
-        thinner.join(column, *point);
-        column = PixelColumn(*point);
+        m_any = true;
+        m_column = PixelColumn(point);
     }
-    thinner.column(column);
+    void end() {
+        if (m_any) m_thinner.column(m_column);
+    }
+
+  private:
+    Thinner& m_thinner;
+    bool m_any = false;
+    PixelColumn m_column{QPoint()};
+};
+
+template <typename Thinner>
+void thin(std::span<const DrawnPoint> points, const PixelGrid& grid, Thinner& thinner) {
+    std::array<QPoint, 512> block;
+    Columns columns(thinner);
+    while (!points.empty()) {
+        const auto some = points.first(std::min(points.size(), block.size()));
+        const std::size_t count = grid.points(some, block.data());
+        for (std::size_t k = 0; k < count; ++k)
+            columns.add(block[k]);
+        points = points.subspan(some.size());
+    }
+    columns.end();
 }
 
 } // namespace
+
+std::size_t PixelGrid::points(std::span<const DrawnPoint> from, QPoint* to) const {
+    bool anyNowhere = false;
+    for (std::size_t k = 0; k < from.size(); ++k) {
+        to[k] = QPoint(x(from[k].x), y(from[k].y));
+        anyNowhere |= isNowhere(from[k]);
+    }
+    if (!anyNowhere) return from.size();
+    std::size_t count = 0;
+    for (std::size_t k = 0; k < from.size(); ++k)
+        if (!isNowhere(from[k])) to[count++] = to[k];
+    return count;
+}
 
 ThinnedRun thinnedRun(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth) {
     PieceThinner thinner(grid, penWidth);

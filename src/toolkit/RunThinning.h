@@ -8,8 +8,8 @@
 #include <QPolygon>
 #include <QRect>
 
-#include <algorithm>
 #include <optional>
+#include <span>
 #include <vector>
 
 // Turns the units of a drawing into whole pixels of a device.
@@ -24,16 +24,21 @@ struct PixelGrid {
     int y(double units) const { return nearest(top + units * scale); }
     // Nothing for a point that is nowhere (not a number).
     std::optional<QPoint> point(DrawnPoint at) const {
-        if (at.x != at.x || at.y != at.y) return std::nullopt;
+        if (isNowhere(at)) return std::nullopt;
         return QPoint(x(at.x), y(at.y));
     }
+    // Many at once, without those that are nowhere; gives their number. `to` has room for all.
+    std::size_t points(std::span<const DrawnPoint> from, QPoint* to) const;
 
   private:
     static constexpr double farAway = 1e6; // pixels; what lies farther off is drawn from here
-    // Cutting off a number above 0 is much faster than rounding it down.
+    static bool isNowhere(DrawnPoint at) { return (at.x != at.x) | (at.y != at.y); }
+    // Cutting off a number above 0 is much faster than rounding it down. Written so that the compiler can do
+    // several at a time.
     static int nearest(double pixel) {
         constexpr int shift = 1 << 21;
-        return static_cast<int>(std::clamp(pixel, -farAway, farAway) + (shift + 0.5)) - shift;
+        const double above = pixel > -farAway ? pixel : -farAway;
+        return static_cast<int>((above < farAway ? above : farAway) + (shift + 0.5)) - shift;
     }
 };
 
@@ -46,5 +51,5 @@ struct ThinnedRun {
 
 ThinnedRun thinnedRun(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth);
 
-// The same as one line through fewer points, in order, for devices that store lines.
+// The same as one line through fewer points, for devices that store lines.
 QPolygon thinnedPolygon(const std::vector<DrawnPoint>& points, const PixelGrid& grid);
