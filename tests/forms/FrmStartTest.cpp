@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QRegularExpression>
+#include <QTableWidget>
+#include <QTest>
 
 namespace {
 
@@ -326,6 +328,20 @@ TEST_F(FrmStart, BatchRunIsModelessAndLeavesTheEditWarning) {
     choose(*form, "mnuBatch");
     EXPECT_EQ(platform.takeTranscript(), "show modeless frmBatch\n");
     EXPECT_TRUE(shows("lblEditWarning"));
+}
+
+TEST_F(FrmStart, F1OpensHelpOnPage4) {
+    platform.putFile("KORDAT4.TXT", "1\r\n2\r\n3\r\nTHE DATA FILE\r\nnot shown\r\n");
+    start();
+    showActive(*form);
+    std::string firstRow;
+    platform.willActOn("frmHelp", [&](ShownForm& help) {
+        firstRow = control<QTableWidget>(help, "grdHelp").item(0, 0)->text().toStdString();
+    });
+    QTest::keyClick(form.get(), Qt::Key_F1);
+    EXPECT_EQ(platform.takeTranscript(), "show modal frmHelp\nclosed frmHelp\n");
+    EXPECT_EQ(firstRow, "THE DATA FILE");
+    EXPECT_EQ(GLOBAL.helpPage, "4");
 }
 
 TEST_F(FrmStart, MakesTheProgressFrameReadyAsItHidesTheEditWarning) {
