@@ -1,9 +1,9 @@
 // Reads PDF files back with the tools that everybody has.
 #pragma once
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
-#include <regex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -23,10 +23,23 @@ inline std::string outputOf(const std::string& command) {
     return output;
 }
 
+// What stands between two marks, looked for from `from` on, which then stands behind it; "" where a mark is
+// missing.
+inline std::string between(const std::string& text, const std::string& begin, const std::string& end,
+                           std::size_t& from) {
+    const std::size_t start = text.find(begin, from);
+    const std::size_t stop = start == std::string::npos ? start : text.find(end, start + begin.size());
+    from = stop;
+    return stop == std::string::npos ? "" : text.substr(start + begin.size(), stop - start - begin.size());
+}
+
+// All of pdfinfo's words where it has no such key.
 inline std::string pdfInfo(const std::string& path, const std::string& key) {
-    const std::string info = outputOf("pdfinfo '" + path + "' 2>&1");
-    std::smatch found;
-    return std::regex_search(info, found, std::regex("(^|\n)" + key + ": *([^\n]*)")) ? found[2].str() : info;
+    const std::string info = "\n" + outputOf("pdfinfo '" + path + "' 2>&1");
+    std::size_t from = 0;
+    const std::string value = between(info, "\n" + key + ":", "\n", from);
+    return from == std::string::npos ? info
+                                     : value.substr(std::min(value.find_first_not_of(' '), value.size()));
 }
 
 inline std::string pdfText(const std::string& path) {
@@ -35,11 +48,15 @@ inline std::string pdfText(const std::string& path) {
 
 inline std::vector<FoundWord> pdfWords(const std::string& path) {
     const std::string page = outputOf("pdftotext -bbox '" + path + "' -");
-    const std::regex word("<word xMin=\"(.*?)\" yMin=\"(.*?)\" xMax=\"(.*?)\" yMax=\"(.*?)\">(.*?)</word>");
     std::vector<FoundWord> words;
-    for (std::sregex_iterator found(page.begin(), page.end(), word), end; found != end; ++found) {
-        const auto inches = [&](std::size_t group) { return std::stod((*found)[group]) / 72; };
-        words.push_back({(*found)[5], inches(1), inches(2), inches(3), inches(4)});
+    std::size_t from = 0;
+    const auto inches = [&](const std::string& name) {
+        return std::stod("0" + between(page, name + "=\"", "\"", from)) / 72;
+    };
+    while ((from = page.find("<word ", from)) != std::string::npos) {
+        const double left = inches("xMin"), top = inches("yMin"), right = inches("xMax"),
+                     bottom = inches("yMax");
+        words.push_back({between(page, ">", "</word>", from), left, top, right, bottom});
     }
     return words;
 }
