@@ -20,7 +20,7 @@ chain_of() {
 # show COMMAND...: says which command is run, and runs it.
 show() {
     printf '\n$ korvel'
-    printf ' %q' "$@"
+    printf ' %s' "$@"
     printf '\n'
     "$korvel" "$@"
 }
