@@ -1,0 +1,74 @@
+#include "platform/ApplicationFolder.h"
+
+#include "platform/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class ApplicationFolder : public testing::Test {
+  protected:
+    ApplicationFolder() {
+        installed.put("korvelf157.exe", "engine");
+        installed.put("KORDAT4.TXT", "page 4");
+        installed.put("korvel", "program");
+        sources.executableFolder = installed.path();
+        sources.home = home.path();
+    }
+    std::string userFolder() const { return home.path(".local/share/korvel"); }
+
+    TemporaryFolder installed, home;
+    ApplicationFolderSources sources;
+};
+
+} // namespace
+
+TEST_F(ApplicationFolder, IsTheOptionBeforeAllElse) {
+    sources.option = "/data/../app/";
+    sources.korvelHome = "/other";
+    EXPECT_EQ(applicationFolder(sources), "/app");
+}
+
+TEST_F(ApplicationFolder, TakesARelativeOptionFromTheCurrentFolder) {
+    sources.option = "app";
+    EXPECT_EQ(applicationFolder(sources), std::filesystem::current_path() / "app");
+}
+
+TEST_F(ApplicationFolder, IsKorvelHomeBeforeTheExecutablesFolder) {
+    sources.korvelHome = "/srv/korvel";
+    EXPECT_EQ(applicationFolder(sources), "/srv/korvel");
+}
+
+TEST_F(ApplicationFolder, IsTheExecutablesFolderWhereItCanBeWritten) {
+    EXPECT_EQ(applicationFolder(sources), installed.path());
+}
+
+TEST_F(ApplicationFolder, IsTheUsersOwnWhereTheExecutablesFolderCannotBeWritten) {
+    sources.executableFolder = installed.path("missing");
+    EXPECT_EQ(applicationFolder(sources), userFolder());
+    sources.dataHome = "/data";
+    EXPECT_EQ(applicationFolder(sources), "/data/korvel");
+}
+
+TEST_F(ApplicationFolder, IsFilledOnFirstUseFromWhatIsInstalled) {
+    fillApplicationFolder(userFolder(), sources);
+    const std::string own = ".local/share/korvel/";
+    EXPECT_EQ(home.textOf(own + "korvelf157.exe"), "engine");
+    EXPECT_EQ(home.textOf(own + "KORDAT4.TXT"), "page 4");
+    EXPECT_EQ(home.textOf(own + "MISC.TXT"), home.model() + "\r\n\r\nFalse\r\n");
+    EXPECT_FALSE(std::filesystem::exists(home.path(own + "korvel")));
+}
+
+TEST_F(ApplicationFolder, LeavesWhatIsThereAlone) {
+    home.put(".local/share/korvel/MISC.TXT", "mine");
+    home.put(".local/share/korvel/korvelf157.exe", "my engine");
+    fillApplicationFolder(userFolder(), sources);
+    EXPECT_EQ(home.textOf(".local/share/korvel/MISC.TXT"), "mine");
+    EXPECT_EQ(home.textOf(".local/share/korvel/korvelf157.exe"), "my engine");
+}
+
+TEST_F(ApplicationFolder, FillsNoOtherFolder) {
+    TemporaryFolder other;
+    fillApplicationFolder(other.path(), sources);
+    EXPECT_TRUE(std::filesystem::is_empty(other.path()));
+}
