@@ -9,23 +9,28 @@
 #include "graphs/setup/ReachLists.h"
 #include "results/LoadResultsFile.h"
 
-// Flow and BOD along reaches 1 to 3 of the long river, shown and activated.
+// Loads the long river and hands over flow and BOD along its reaches 1 to 3.
+inline void handOverLongRiver(FakePlatform& platform) {
+    platform.putFile("A.SGR", longRiver());
+    GLOBAL.fileNames[0] = platform.pathOf("A.SGR");
+    LoadResultsFile(platform, true, {});
+    GraphChoices choices;
+    choices.firstDataSetLoaded = true;
+    choices.title = "Long river";
+    fillLists(choices, RESULTS);
+    chooseUpstreamReach(choices, 0, RESULTS);
+    choices.downstream = 2;
+    choices.selectedSeries[0] = choices.selectedSeries[1] = true;
+    EXPECT_FALSE(prepareGraph(choices, RESULTS, GLOBAL, GLOBAL));
+}
+
+// That graph, shown and activated.
 class DrawnGraphForm : public CleanGlobals {
   protected:
     DrawnGraphForm() {
-        platform.putFile("A.SGR", longRiver());
         platform.closesForm = closeWindow;
         platform.setBottomForm(form);
-        GLOBAL.fileNames[0] = platform.pathOf("A.SGR");
-        LoadResultsFile(platform, true, {});
-        GraphChoices choices;
-        choices.firstDataSetLoaded = true;
-        choices.title = "Long river";
-        fillLists(choices, RESULTS);
-        chooseUpstreamReach(choices, 0, RESULTS);
-        choices.downstream = 2;
-        choices.selectedSeries[0] = choices.selectedSeries[1] = true;
-        EXPECT_FALSE(prepareGraph(choices, RESULTS, GLOBAL, GLOBAL));
+        handOverLongRiver(platform);
         form.resize(760, 560);
         showActive(form);
         static_cast<ShownForm&>(form).activate();

@@ -1,12 +1,7 @@
 // The graph form: drawing, zoom, scrolling and text size by its own buttons.
 #include "graphs/draw/frmSimgraph.h"
 
-#include "fakes/FakePlatform.h"
-#include "forms/FormDriver.h"
-#include "forms/GraphForms.h"
-#include "graphs/setup/PlottingLists.h"
-#include "graphs/setup/ReachLists.h"
-#include "results/LoadResultsFile.h"
+#include "forms/DrawnGraphForm.h"
 
 #include <QHelpEvent>
 #include <QTest>
@@ -16,26 +11,12 @@ namespace {
 class FrmSimgraph : public CleanGlobals {
   protected:
     FrmSimgraph() {
-        platform.putFile("A.SGR", longRiver());
         platform.closesForm = closeWindow;
-        handOver();
+        handOverLongRiver(platform);
         showActive(form);
         activate();
     }
 
-    // Reaches 1 to 3, two series.
-    void handOver() {
-        GLOBAL.fileNames[0] = platform.pathOf("A.SGR");
-        LoadResultsFile(platform, true, {});
-        GraphChoices choices;
-        choices.firstDataSetLoaded = true;
-        choices.title = "Long river";
-        fillLists(choices, RESULTS);
-        chooseUpstreamReach(choices, 0, RESULTS);
-        choices.downstream = 2;
-        choices.selectedSeries[0] = choices.selectedSeries[1] = true;
-        ASSERT_FALSE(prepareGraph(choices, RESULTS, GLOBAL, GLOBAL));
-    }
     void activate() { static_cast<ShownForm&>(form).activate(); }
     QPushButton& cmd(int k) { return control<QPushButton>(form, "Cmd_" + std::to_string(k)); }
     QWidget& graph() { return control<QWidget>(form, "picGraph"); }
