@@ -1,6 +1,7 @@
 #include "basic/ListInput.h"
 
 #include "basic/RunTimeError.h"
+#include "fakes/LetterByLetterInput.h"
 
 #include <gtest/gtest.h>
 
@@ -77,145 +78,6 @@ std::vector<std::string> textsOf(const std::string& text, std::size_t count) {
 
 using Numbers = std::vector<double>;
 using Texts = std::vector<std::string>;
-
-// The same rules, one letter at a time over the whole text.
-class SlowInput {
-  public:
-    explicit SlowInput(std::string text) : m_text(std::move(text)) {}
-
-    double number() {
-        start();
-        std::string word;
-        while (!gone() && !isBlank(now()) && now() != ',' && !isBreak(now()))
-            word += take();
-        const double value = word.empty() ? 0 : valueOf(word);
-        finish();
-        return value;
-    }
-
-    int integer() {
-        const double value = number();
-        const double below = std::floor(value);
-        const double rest = value - below;
-        double whole = rest > 0.5 ? below + 1 : below;
-        if (rest == 0.5 && std::fmod(below, 2) != 0) whole = below + 1;
-        if (whole < -2147483648.0 || whole > 2147483647.0) throw RunTimeError(6);
-        return static_cast<int>(whole);
-    }
-
-    std::string text() {
-        start();
-        std::string word;
-        if (now() == '"') {
-            word = quoted();
-        } else {
-            while (!gone() && now() != ',' && !isBreak(now()))
-                word += take();
-            while (!word.empty() && isBlank(word.back()))
-                word.pop_back();
-        }
-        finish();
-        return word;
-    }
-
-    void skip() {
-        start();
-        if (now() == '"') {
-            quoted();
-        } else {
-            while (!gone() && !isBlank(now()) && now() != ',' && !isBreak(now()))
-                take();
-        }
-        finish();
-    }
-
-    std::string line() {
-        if (gone() || (now() == 26 && atEnd())) throw RunTimeError(62);
-        std::string word;
-        while (!gone() && !isBreak(now()))
-            word += take();
-        takeBreak();
-        return word;
-    }
-
-    bool atEnd() const {
-        for (std::size_t k = m_at; k < m_text.size(); ++k) {
-            if (!isBlank(m_text[k]) && !isBreak(m_text[k]) && m_text[k] != 26) return false;
-        }
-        return true;
-    }
-
-  private:
-    static bool isBlank(char c) { return c == ' ' || c == '\t'; }
-    static bool isBreak(char c) { return c == '\n' || c == '\r'; }
-    bool gone() const { return m_at >= m_text.size(); }
-    char now() const { return gone() ? '\0' : m_text[m_at]; }
-    char take() { return m_text[m_at++]; }
-
-    void start() {
-        while (isBlank(now()))
-            take();
-        if (gone() || (now() == 26 && atEnd())) throw RunTimeError(62);
-    }
-
-    std::string quoted() {
-        std::string word;
-        take();
-        while (!gone() && now() != '"')
-            word += take();
-        if (!gone()) take();
-        return word;
-    }
-
-    void takeBreak() {
-        if (now() == '\r') {
-            take();
-            if (now() == '\n') take();
-        } else if (now() == '\n') {
-            take();
-        }
-    }
-
-    void finish() {
-        while (isBlank(now()))
-            take();
-        if (now() == ',')
-            take();
-        else
-            takeBreak();
-    }
-
-    static double valueOf(const std::string& word) {
-        std::string plain;
-        std::size_t k = word[0] == '+' || word[0] == '-' ? 1 : 0;
-        int digits = 0;
-        for (; k < word.size() && std::isdigit(static_cast<unsigned char>(word[k])); ++k)
-            ++digits;
-        if (k < word.size() && word[k] == '.') {
-            for (++k; k < word.size() && std::isdigit(static_cast<unsigned char>(word[k])); ++k)
-                ++digits;
-        }
-        if (digits == 0) throw RunTimeError(13);
-        plain = word.substr(0, k);
-        if (k < word.size() && std::string("eEdD").find(word[k]) != std::string::npos) {
-            std::string exponent = word.substr(k + 1);
-            std::size_t first = !exponent.empty() && (exponent[0] == '+' || exponent[0] == '-') ? 1 : 0;
-            if (first == exponent.size() ||
-                exponent.find_first_not_of("0123456789", first) != std::string::npos)
-                throw RunTimeError(13);
-            plain += "e" + exponent;
-        } else if (k < word.size()) {
-            throw RunTimeError(13);
-        }
-        const double value = std::strtod(plain.c_str(), nullptr);
-        if (std::isinf(value)) throw RunTimeError(13);
-        const bool tooSmall = value == 0 && word.substr(0, k).find_first_of("123456789") != std::string::npos;
-        return tooSmall ? 0 : value;
-    }
-
-    std::string m_text;
-    std::size_t m_at = 0;
-};
 
 } // namespace
 
@@ -408,7 +270,7 @@ TEST(ListInput, ReadsRandomTextsAsALetterByLetterTwin) {
             text += pieces[upTo(std::size(pieces))];
         TextSource source(text);
         ListInput input(source, round % 8 == 7 ? 512 : static_cast<std::size_t>(round % 8 + 1));
-        SlowInput twin(text);
+        LetterByLetterInput twin(text);
         for (int call = 0; call < 25; ++call) {
             const Call next = static_cast<Call>(upTo(6));
             const Outcome expected = outcomeOf(twin, next);
