@@ -1,0 +1,16 @@
+// A results file as large as the program takes: 59999 points with ten determinands, made up and always the
+// same.
+#pragma once
+
+#include <filesystem>
+
+inline constexpr int largePoints = 59999;
+inline constexpr int largeDeterminands = 10;
+inline constexpr int largeValuesPerPoint = 8 + 34 * largeDeterminands;
+
+enum class ResultsForm {
+    fixedWidth, // every number in 12 columns after a comma, CR LF
+    blanks // one blank between numbers as short as they are, captions of varying length, LF, CR and CR LF
+};
+
+void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form);

@@ -1,0 +1,46 @@
+#include "Program.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+double seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+pid_t start(const std::vector<std::string>& command) {
+    std::vector<char*> arguments;
+    for (const std::string& each : command)
+        arguments.push_back(const_cast<char*>(each.c_str()));
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    pid_t process = 0;
+    const int failure = posix_spawnp(&process, arguments[0], &files, nullptr, arguments.data(), environ);
+    posix_spawn_file_actions_destroy(&files);
+    if (failure != 0) process = 0;
+    return process;
+}
+
+} // namespace
+
+ProgramCost run(const std::vector<std::string>& command) {
+    const auto before = std::chrono::steady_clock::now();
+    const pid_t process = start(command);
+    int status = 1;
+    rusage usage{};
+    if (process == 0 || wait4(process, &status, 0, &usage) != process || status != 0) {
+        std::fprintf(stderr, "%s failed\n", command.front().c_str());
+        std::exit(1);
+    }
+    const double clock = std::chrono::duration<double>(std::chrono::steady_clock::now() - before).count();
+    return {{clock, seconds(usage.ru_utime) + seconds(usage.ru_stime)},
+            static_cast<double>(usage.ru_maxrss) * 1024};
+}

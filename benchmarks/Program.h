@@ -1,0 +1,16 @@
+// Runs other programs and tells what they cost.
+#pragma once
+
+#include "Contest.h"
+
+#include <string>
+#include <vector>
+
+struct ProgramCost {
+    Cost cost;
+    double peakBytes = 0;
+};
+
+// The program and its arguments; what it prints is dropped. Ends this one where the program fails. The peak
+// counts the memory of this program too, so that this one must stay small.
+ProgramCost run(const std::vector<std::string>& command);
