@@ -1,6 +1,7 @@
 // How long a redraw of the largest graph takes, layout and painting, against painting a line for each pair of
-// neighbouring points; the two pictures are compared to the last pixel. Each pair is measured in one go, and
-// the median of the ratios is printed.
+// neighbouring points; the two pictures are compared to the last pixel. Arguments: a folder, the number of
+// rounds.
+#include "Rows.h"
 #include "graphs/GraphSample.h"
 #include "graphs/draw/ProfileGraph.h"
 #include "toolkit/DrawingPainter.h"
@@ -12,12 +13,9 @@
 #include <QImage>
 #include <QPainter>
 
-#include <algorithm>
-#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <random>
-
-#include <ctime>
 
 namespace {
 
@@ -25,7 +23,6 @@ constexpr int width = 1900;
 constexpr int height = 950;
 constexpr int panels = 5;
 constexpr int featureEvery = 50; // points; the others are interpolated
-constexpr int rounds = 15;
 
 enum class Shown { means, everything };
 
@@ -130,24 +127,6 @@ void paintPlainly(const Drawing& drawing, QPainter& painter) {
         std::visit(PlainPainting{painter}, command);
 }
 
-// Of processor time, so that other programs on the machine count less.
-double processorMilliseconds() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
-
-double milliseconds(auto&& work) {
-    const double start = processorMilliseconds();
-    work();
-    return processorMilliseconds() - start;
-}
-
-double median(std::vector<double> values) {
-    std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
-    return values[values.size() / 2];
-}
-
 QImage page() {
     return QImage(width, height, QImage::Format_RGB32);
 }
@@ -170,38 +149,40 @@ bool samePictures(const Drawing& drawing) {
     return true;
 }
 
-bool measure(const char* what, Shown shown) {
+Cost paintingCost(QImage& image, const std::function<void(QPainter&)>& paint) {
+    return costOf([&] {
+        QPainter painter(&image);
+        painter.fillRect(image.rect(), Qt::white);
+        paint(painter);
+    });
+}
+
+bool measure(const char* what, Shown shown, int rounds) {
     const River river(shown);
     Graph graph{river.sample};
     graph.layout();
     QImage image = page();
-    std::vector<double> redraws, plain, ratios;
-    for (int round = 0; round < rounds; ++round) {
-        redraws.push_back(milliseconds([&] {
-            graph.layout();
-            QPainter painter(&image);
-            painter.fillRect(image.rect(), Qt::white);
-            paintOnScreen(graph.drawing, painter);
-        }));
-        plain.push_back(milliseconds([&] {
-            QPainter painter(&image);
-            painter.fillRect(image.rect(), Qt::white);
-            paintPlainly(graph.drawing, painter);
-        }));
-        ratios.push_back(redraws.back() / plain.back());
-    }
-    const bool same = samePictures(graph.drawing);
-    std::printf("%s: %.3f x a line for each pair of points (%.1f ms, %.1f ms), pictures %s\n", what,
-                median(ratios), median(redraws), median(plain), same ? "the same" : "DIFFERENT");
-    return same;
+    const auto ours = [&](QPainter& painter) {
+        graph.layout();
+        paintOnScreen(graph.drawing, painter);
+    };
+    const auto plain = [&](QPainter& painter) { paintPlainly(graph.drawing, painter); };
+    const Contest contest(
+        rounds, {[&] { return paintingCost(image, ours); }, [&] { return paintingCost(image, plain); }});
+    printTimes(what, "one drawLine a segment", contest, 1, 0.1);
+    return samePictures(graph.drawing);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc != 3) return 2;
     settleForNoDisplay();
-    QGuiApplication application(argc, argv);
-    const bool one = measure("one series a panel, 5 x 59999 points", Shown::means);
-    const bool all = measure("means, percentiles, limits, targets, observed", Shown::everything);
-    return one && all ? 0 : 1;
+    const QGuiApplication application(argc, argv);
+    const int rounds = 3 * std::atoi(argv[2]); // they are short
+    const bool one = measure("redraw 1900 x 950, 5 x 59999 points", Shown::means, rounds);
+    const bool all = measure("the same, limits, targets, observed, labels", Shown::everything, rounds);
+    if (one && all) return 0;
+    std::fputs("The pictures differ.\n", stderr);
+    return 1;
 }

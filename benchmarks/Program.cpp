@@ -21,7 +21,8 @@ pid_t start(const std::vector<std::string>& command) {
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_addopen(&files, stream, "/dev/null", O_WRONLY, 0);
     pid_t process = 0;
     const int failure = posix_spawnp(&process, arguments[0], &files, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&files);

@@ -1,6 +1,6 @@
 // How long the spreadsheet file takes against writing the same bytes, and against a general number formatter.
-// The file is left to the page cache; each set is measured in one go, and the medians of the ratios are
-// printed.
+// The file is left to the page cache. Arguments: a folder, the number of rounds.
+#include "Rows.h"
 #include "basic/ModelName.h"
 #include "platform/DiskFiles.h"
 #include "reports/ReportColumns.h"
@@ -12,7 +12,6 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <random>
 #include <vector>
@@ -20,20 +19,7 @@
 namespace {
 
 constexpr int points = 59999;
-constexpr int rounds = 9;
 constexpr std::size_t blockSize = 64 * 1024;
-
-// Of the processor, the kernel's writing included: the whole of the work, and undisturbed by others at work.
-double seconds(auto&& work) {
-    const std::clock_t start = std::clock();
-    work();
-    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-}
-
-double median(std::vector<double> values) {
-    std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
-    return values[values.size() / 2];
-}
 
 void fillResults() {
     RESULTS.resultsTitle = "A made-up catchment";
@@ -102,31 +88,29 @@ void writeGenerally(NewFile& file, const ReportSelection& selection) {
     }
 }
 
-void measure(DiskFiles& files, const std::string& name, int determinands) {
+void measure(DiskFiles& files, const std::string& name, int determinands, int rounds) {
     const ReportSelection selection = everyColumnOf(determinands);
     fillValues(reportColumns(RESULTS, selection));
     Kept kept;
     writeSpreadsheet(kept, RESULTS, selection);
-    std::vector<double> plain, ours, general, oursToPlain, oursToGeneral;
-    for (int round = 0; round < rounds; ++round) {
-        plain.push_back(seconds([&] { writeBytes(*files.create(name), kept.text); }));
-        ours.push_back(seconds([&] { writeSpreadsheet(*files.create(name), RESULTS, selection); }));
-        general.push_back(seconds([&] { writeGenerally(*files.create(name), selection); }));
-        oursToPlain.push_back(ours.back() / plain.back());
-        oursToGeneral.push_back(ours.back() / general.back());
-    }
-    std::printf("spreadsheet, %d columns, %.1f MB: %.2f x writing the same bytes, %.2f x to_chars "
-                "(%.0f ms to %.0f ms and %.0f ms)\n",
-                CountCols(selection), static_cast<double>(kept.text.size()) / 1e6, median(oursToPlain),
-                median(oursToGeneral), median(ours) * 1e3, median(plain) * 1e3, median(general) * 1e3);
+    const auto way = [&](auto write) {
+        return [&, write] { return costOf([&] { write(*files.create(name)); }); };
+    };
+    const Contest contest(rounds, {way([&](NewFile& file) { writeSpreadsheet(file, RESULTS, selection); }),
+                                   way([&](NewFile& file) { writeBytes(file, kept.text); }),
+                                   way([&](NewFile& file) { writeGenerally(file, selection); })});
+    const std::string job = "spreadsheet, 59999 rows x " + std::to_string(CountCols(selection)) + " columns";
+    printTimes(job, "writing the same bytes", contest, 1, 4);
+    printTimes(job, "writer with to_chars", contest, 2, 0.5);
 }
 
 } // namespace
 
-int main() {
-    const auto path = std::filesystem::temp_directory_path() / "korvel-bench.csv";
+int main(int argc, char** argv) {
+    if (argc != 3) return 2;
+    const std::string name = modelNameOfHostPath(argv[1] + std::string("/bench.csv"));
     DiskFiles files;
     fillResults();
     for (const int determinands : {1, 10})
-        measure(files, modelNameOfHostPath(path.string()), determinands);
+        measure(files, name, determinands, std::atoi(argv[2]));
 }
