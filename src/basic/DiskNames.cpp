@@ -65,6 +65,9 @@ std::string hostPathOf(std::string_view modelName) {
 std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse use) {
     if (contains(hostPath, "\\"))
         return "The name holds a backslash, which a model name can't hold. Rename the file or folder.";
+    // The files that name files hold one a line.
+    if (hostPath.find_first_of("\r\n") != std::string_view::npos)
+        return "The name holds a line end, which a model name can't hold. Rename the file or folder.";
     std::string folder;
     for (const std::string& component : componentsOf(hostPath, '/')) {
         const std::string spelt = use == NameUse::inUpperCase ? upperCase(component) : component;

@@ -13,6 +13,6 @@ std::string hostPathOf(std::string_view modelName);
 
 enum class NameUse { asChosen, inUpperCase };
 
-// Why a host path that the user chose can't be held as a model name, or nothing: it holds a backslash, or the
-// rule would not find it again (a twin that differs in case only).
+// Why a host path that the user chose can't be held as a model name, or nothing: it holds a backslash or a
+// line end, or the rule would not find it again (a twin that differs in case only).
 std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse use);

@@ -31,6 +31,12 @@ std::vector<std::string> modelNames(const CommandLine& line) {
     return names;
 }
 
+std::string runTitle(const CommandLine& line) {
+    const std::string title = line.value("--title").value_or("");
+    if (title.find_first_of("\r\n") != std::string::npos) throw UsageError("the title is longer than a line");
+    return title;
+}
+
 int optionOfRunType(int runType) {
     int option = 0;
     while (batchRunType(option) != runType)
@@ -43,6 +49,7 @@ int runBatch(CommandCall& call) {
     const CommandLine line(
         call.arguments, {{"--title", Kind::withValue}, {"--type", Kind::withValue}, {"--wait", Kind::flag}});
     const int runType = givenRunType(line, "046789");
+    const std::string title = runTitle(line);
     const std::vector<std::string> names = modelNames(line);
 
     EngineCall engine(call, line, call.dialogs);
@@ -57,7 +64,7 @@ int runBatch(CommandCall& call) {
     }
     call.platform.files.setCurrentFolder(withoutLast(folderOf(names.front()), 1));
     batch.takeCurrentFolder();
-    batch.state().title = line.value("--title").value_or("");
+    batch.state().title = title;
     batch.chooseOption(optionOfRunType(runType));
     batch.CarryOutBatchRun();
     return engine.exitStatus();

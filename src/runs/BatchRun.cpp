@@ -22,7 +22,8 @@ int batchRunType(int option) {
 }
 
 bool isListedInBatch(std::string_view fileName) {
-    return contains(upperCase(fileName), ".DAT");
+    const bool hasModelName = fileName.find_first_of("\\\r\n") == std::string_view::npos;
+    return hasModelName && contains(upperCase(fileName), ".DAT");
 }
 
 std::vector<std::string> batchList(const std::vector<std::string>& fileNames) {

@@ -29,7 +29,8 @@ inline constexpr int BatchOptions = 6;
 // The run type that an option stands for; error 9 outside 0..5.
 int batchRunType(int option);
 
-// Kept so: ".DAT" anywhere in the name, so that A.DAT.BAK is listed too.
+// Kept so: ".DAT" anywhere in the name, so that A.DAT.BAK is listed too. A name that no line of the
+// run-control file can hold, or that would name a file elsewhere there, is not.
 bool isListedInBatch(std::string_view fileName);
 std::vector<std::string> batchList(const std::vector<std::string>& fileNames);
 

@@ -9,6 +9,8 @@
 
 namespace {
 
+const std::string lineEndRefusal =
+    "The name holds a line end, which a model name can't hold. Rename the file or folder.";
 const std::string backslashRefusal =
     "The name holds a backslash, which a model name can't hold. Rename the file or folder.";
 const std::string twinRefusal =
@@ -87,6 +89,8 @@ TEST(DiskNames, RefusesABackslash) {
     for (const NameUse use : {NameUse::asChosen, NameUse::inUpperCase}) {
         EXPECT_EQ(whyNotAModelName(folder.path("a\\b.dat"), use), backslashRefusal);
         EXPECT_EQ(whyNotAModelName(folder.path("c\\d/e.dat"), use), backslashRefusal);
+        EXPECT_EQ(whyNotAModelName(folder.path("a\nb.dat"), use), lineEndRefusal);
+        EXPECT_EQ(whyNotAModelName(folder.path("c\rd/e.dat"), use), lineEndRefusal);
     }
 }
 

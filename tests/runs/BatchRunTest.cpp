@@ -64,6 +64,11 @@ TEST(BatchRunRules, ListNamesWithTheExtensionAnywhereInThemInUpperCase) {
     EXPECT_TRUE(batchList({}).empty());
 }
 
+TEST(BatchRunRules, ListNoNameThatWouldNameOtherFilesInTheRunControlFile) {
+    EXPECT_EQ(batchList({"a.dat\r\nZ:\\OTHER\\", "..\\b.dat", "c\nd.dat", "e.dat"}),
+              std::vector<std::string>{"E.DAT"});
+}
+
 TEST(BatchRunRules, TakeOutEverySelectedName) {
     const struct {
         std::vector<bool> selected;
