@@ -5,7 +5,6 @@
 #include "basic/RunTimeError.h"
 
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <dirent.h>
@@ -127,16 +126,15 @@ void refuseIfUnwritable(const Target& target) {
         fail(errors::permissionDenied);
 }
 
+mode_t usersMask() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return mask;
+}
+
 class DiskNewFile : public NewFile {
   public:
-    explicit DiskNewFile(Target target) : m_target(std::move(target)) {
-        const mode_t mode = m_target.status ? m_target.status->st_mode & 07777 : 0666;
-        createBeside(mode);
-        if (!m_target.status) return;
-        // Root keeps the old file's owner; for anybody else the file becomes their own.
-        if (fchown(m_file.number(), m_target.status->st_uid, m_target.status->st_gid) != 0) errno = 0;
-        if (fchmod(m_file.number(), mode) != 0) failAndRemove();
-    }
+    explicit DiskNewFile(Target target) : m_target(std::move(target)) { createBeside(); }
     ~DiskNewFile() override {
         if (m_file.isOpen()) ::unlink(m_path.c_str());
     }
@@ -146,6 +144,7 @@ class DiskNewFile : public NewFile {
     }
     void commit() override {
         flush();
+        takeOverOwnerAndMode();
         if (untilNotInterrupted([&] { return fsync(m_file.number()); }) != 0) failWithErrno();
         if (std::rename(m_path.c_str(), m_target.path.c_str()) != 0) failWithErrno();
         m_file = Descriptor();
@@ -157,25 +156,25 @@ class DiskNewFile : public NewFile {
   private:
     static constexpr std::size_t bufferSize = 256 * 1024;
 
-    void createBeside(mode_t mode) {
-        const std::string start = m_target.path.substr(0, m_target.path.rfind('/') + 1) + ".korvel-" +
-                                  std::to_string(getpid()) + '-';
-        int attempt = 0;
-        do {
-            m_path = start + std::to_string(attempt++);
-            m_file = Descriptor(::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-        } while (!m_file.isOpen() && errno == EEXIST && attempt < INT_MAX);
+    // Private, under a name that nobody can foresee, until it is whole.
+    void createBeside() {
+        m_path = m_target.path.substr(0, m_target.path.rfind('/') + 1) + ".korvel-XXXXXX";
+        m_file = Descriptor(::mkostemp(m_path.data(), O_CLOEXEC));
         if (!m_file.isOpen()) failToCreate();
+    }
+    void takeOverOwnerAndMode() const {
+        mode_t mode = 0666 & ~usersMask();
+        if (m_target.status) {
+            mode = m_target.status->st_mode & 07777;
+            // Root keeps the old file's owner; for anybody else the file becomes their own.
+            if (fchown(m_file.number(), m_target.status->st_uid, m_target.status->st_gid) != 0) errno = 0;
+        }
+        if (fchmod(m_file.number(), mode) != 0) failWithErrno();
     }
     [[noreturn]] void failToCreate() const {
         const bool closedFolder = errno == EACCES || errno == EPERM || errno == EROFS;
         if (closedFolder) fail(m_target.status ? errors::permissionDenied : errors::pathFileAccessError);
         failOn(m_path);
-    }
-    [[noreturn]] void failAndRemove() const {
-        const int code = errno;
-        ::unlink(m_path.c_str());
-        throw runTimeErrorOfErrno(code);
     }
     void flush() {
         std::string_view rest = m_pending;

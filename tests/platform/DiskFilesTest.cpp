@@ -7,6 +7,7 @@
 #include <csignal>
 #include <functional>
 #include <gtest/gtest.h>
+#include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -213,6 +214,23 @@ TEST_F(DiskFilesTest, ShowsTheOldFileUntilTheCommit) {
     file->commit();
     EXPECT_EQ(folder.textOf("a").size(), 1'000'000U);
     EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, KeepsAnUnfinishedFilePrivateAndItsNameUnforeseeable) {
+    folder.put("a", "old");
+    chmod(folder.path("a").c_str(), 0666);
+    std::set<std::string> names;
+    for (int round = 0; round < 10; ++round) {
+        const auto file = files.create(folder.model("a"));
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+            const std::string name = entry.path().filename().string();
+            if (name == "a") continue;
+            EXPECT_EQ(modeOf(entry.path()), 0600U);
+            EXPECT_FALSE(name.find(std::to_string(getpid())) != std::string::npos) << name;
+            names.insert(name);
+        }
+    }
+    EXPECT_EQ(names.size(), 10U);
 }
 
 TEST_F(DiskFilesTest, LeavesNothingBehindWithoutACommit) {
