@@ -2,11 +2,12 @@
 
 #include "basic/LineOutput.h"
 #include "basic/ModelName.h"
+#include "basic/RunTimeError.h"
 #include "basic/Text.h"
+#include "platform/DiskFiles.h"
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -19,7 +20,9 @@ std::string environment(const char* name) {
 }
 
 std::string absolute(const std::string& path) {
-    std::string whole = fs::absolute(path).lexically_normal().string();
+    std::error_code withoutFolder; // the current one is gone; the path then names nothing
+    const fs::path whereItStands = fs::absolute(path, withoutFolder);
+    std::string whole = (withoutFolder ? fs::path(path) : whereItStands).lexically_normal().string();
     while (whole.size() > 1 && whole.back() == '/')
         whole.pop_back();
     return whole;
@@ -35,12 +38,21 @@ bool isHelpPage(const std::string& file) {
     return beginsWith(file, "KORDAT") && last(file, 4) == ".TXT";
 }
 
+// Beside its place first, so that a full disk leaves no half of it there.
+void copyWhole(const fs::path& from, const fs::path& to) {
+    std::error_code problem, ignored;
+    if (fs::exists(to, ignored)) return;
+    const fs::path beside = to.string() + ".new";
+    if (fs::copy_file(from, beside, fs::copy_options::overwrite_existing, problem))
+        fs::rename(beside, to, problem);
+    if (problem) fs::remove(beside, ignored);
+}
+
 void copyInstalled(const fs::path& from, const fs::path& to) {
     std::error_code ignored;
     for (const fs::directory_entry& entry : fs::directory_iterator(from, ignored)) {
         const std::string file = entry.path().filename().string();
-        if (file == "korvelf157.exe" || isHelpPage(file))
-            fs::copy_file(entry.path(), to / file, fs::copy_options::skip_existing, ignored);
+        if (file == "korvelf157.exe" || isHelpPage(file)) copyWhole(entry.path(), to / file);
     }
 }
 
@@ -50,7 +62,11 @@ void writeFirstSettings(const fs::path& file, const std::string& home) {
     lines.line(modelNameOfHostPath(home));
     lines.line("");
     lines.line("False");
-    std::ofstream(file, std::ios::binary) << lines.text();
+    try {
+        DiskFiles().writeWhole(modelNameOfHostPath(file.string()), lines.text());
+    } catch (const RunTimeError&) {
+        // The start that misses the file tells it.
+    }
 }
 
 } // namespace
