@@ -17,6 +17,7 @@
 
 #include <QApplication>
 
+#include <csignal>
 #include <iostream>
 
 namespace {
@@ -35,9 +36,21 @@ struct Doors {
     Platform platform{dialogs, files, machine, windows, paper, metrics};
 };
 
-int showMainForm(Doors& doors, const std::string& resultsFile) {
+// The results file to open at start; "" where none is given, or one whose name can't be used.
+std::string givenResultsFile(Doors& doors, const std::vector<std::string>& arguments) {
+    if (arguments.empty()) return "";
+    try {
+        return modelNameOfTyped(arguments.front());
+    } catch (const RefusedName& refusal) {
+        doors.dialogs.show({refusal.what(), "File name", Icon::exclamation, Buttons::ok});
+        return "";
+    }
+}
+
+int showMainForm(Doors& doors, const std::vector<std::string>& arguments) {
     frmStart start(doors.platform);
     Handlers(doors.windows).run([&] {
+        const std::string resultsFile = givenResultsFile(doors, arguments);
         doors.files.setCurrentFolder(doors.machine.applicationFolder());
         if (!resultsFile.empty()) start.openOnStart(resultsFile);
         start.load();
@@ -67,7 +80,7 @@ int runWindows(int argc, char** argv, const std::vector<std::string>& arguments,
     settleLook();
     Doors doors(folder);
     if (!arguments.empty() && arguments.front() == "--engine-window") return showEngineWindow(doors);
-    return showMainForm(doors, arguments.empty() ? std::string() : modelNameOfTyped(arguments.front()));
+    return showMainForm(doors, arguments);
 }
 
 int runProgram(int argc, char** argv) {
@@ -83,6 +96,7 @@ int runProgram(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    std::signal(SIGXFSZ, SIG_IGN); // a file grown to the user's limit is then a full disk like any other
     try {
         return runProgram(argc, argv);
     } catch (const UsageError& error) {

@@ -1,6 +1,7 @@
 #include "commands/CommandLine.h"
 
 #include "basic/ModelName.h"
+#include "basic/RunTimeError.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -58,7 +59,9 @@ std::optional<std::string> CommandLine::value(std::string_view name) const {
 
 std::string modelNameOfTyped(const std::string& file, NameUse use) {
     if (file.empty()) return "";
-    const std::string path = std::filesystem::absolute(file).lexically_normal().string();
+    std::error_code withoutFolder; // the current one is gone
+    const std::string path = std::filesystem::absolute(file, withoutFolder).lexically_normal().string();
+    if (withoutFolder) throw RunTimeError(errors::pathNotFound);
     if (const auto refusal = whyNotAModelName(path, use)) throw RefusedName(*refusal);
     return modelNameOfHostPath(path);
 }

@@ -51,6 +51,12 @@ int runNamed(const Command& command, CommandCall& call) {
     return command.run(call);
 }
 
+// A full disk behind the standard output must not pass for success.
+int checked(std::ostream& out, int status) {
+    if (!out.flush()) throw RunTimeError(errors::deviceIoError, "The output can't be written");
+    return status;
+}
+
 int reportUsage(std::ostream& errors, const std::string& caller, const UsageError& error) {
     errors << caller << ": " << error.what() << " (read '" << caller << " --help')\n";
     return exitStatus::wrongUsage;
@@ -87,10 +93,10 @@ int runCommand(const std::vector<std::string>& arguments, const Platform& platfo
         if (rest.empty()) throw UsageError("no command given");
         const Command* command = commandOf(rest[0]);
         if (!command && !rest[0].starts_with('-')) throw UsageError("no command '" + rest[0] + "'");
-        if (!command) return runOption(rest[0], out);
+        if (!command) return checked(out, runOption(rest[0], out));
         caller += " " + rest[0];
         CommandCall call{{rest.begin() + 1, rest.end()}, console, dialogs, out, errors};
-        return runNamed(*command, call);
+        return checked(out, runNamed(*command, call));
     } catch (const UsageError& error) {
         return reportUsage(errors, caller, error);
     } catch (const RefusedName& refusal) {

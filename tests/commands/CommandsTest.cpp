@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 namespace {
@@ -48,6 +49,22 @@ TEST(Commands, PrintTheirHelp) {
 
 TEST(Commands, PrintTheVersion) {
     EXPECT_EQ(call({"--version"}).out, "korvel 1.0.0\n");
+}
+
+TEST(Commands, FailWhereTheirOutputCannotBeWritten) {
+    FakePlatform fake;
+    for (const char* option : {"--version", "--help"}) {
+        std::ofstream full("/dev/full");
+        std::ostringstream errors;
+        EXPECT_EQ(runCommand({option}, fake.platform(), full, errors), 1);
+        EXPECT_EQ(errors.str(), "[critical] : Run-time error '57': The output can't be written\n");
+    }
+}
+
+TEST(Commands, ABatchTitleIsOneLine) {
+    const Called called = call({"batch", "--title", "a\r\nZ:\\", "x.dat"});
+    EXPECT_EQ(called.status, 2);
+    EXPECT_NE(called.errors.find("the title is longer than a line"), std::string::npos);
 }
 
 TEST(Commands, PrintTheHelpOfOne) {
