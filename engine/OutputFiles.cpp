@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,8 +19,7 @@ namespace {
 // A file descriptor that closes itself.
 class OpenFile {
   public:
-    OpenFile(const std::string& path, int flags)
-        : m_descriptor(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
+    explicit OpenFile(int descriptor) : m_descriptor(descriptor) {}
     ~OpenFile() {
         if (m_descriptor >= 0) ::close(m_descriptor);
     }
@@ -27,6 +27,11 @@ class OpenFile {
     OpenFile& operator=(const OpenFile&) = delete;
 
     bool isOpen() const { return m_descriptor >= 0; }
+    bool isRegular() const {
+        struct stat status {};
+        return ::fstat(m_descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    }
+    bool setMode(mode_t mode) const { return ::fchmod(m_descriptor, mode) == 0; }
 
     bool write(std::string_view bytes) const {
         while (!bytes.empty()) {
@@ -45,11 +50,19 @@ class OpenFile {
     int m_descriptor;
 };
 
+mode_t usersMask() {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return mask;
+}
+
 } // namespace
 
 std::string readFile(const std::string& hostPath) {
-    const OpenFile file(hostPath, O_RDONLY);
+    // Without waiting: nobody may ever write to a pipe.
+    const OpenFile file(::open(hostPath.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file.isOpen()) fail("can't open", hostPath, errno);
+    if (!file.isRegular()) throw FileProblem{"can't open " + hostPath + ": not a file"};
     std::string text;
     char chunk[65536];
     for (;;) {
@@ -72,13 +85,13 @@ OutputFiles::~OutputFiles() {
 void OutputFiles::add(const std::string& hostPath, std::string_view bytes) {
     if (fileExists(hostPath) && ::access(hostPath.c_str(), W_OK) != 0) fail("can't write", hostPath, errno);
     struct stat status {};
-    if (::stat(hostPath.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
-        fail("can't write", hostPath, EISDIR);
-    const std::string temporary = hostPath + '.' + std::to_string(::getpid()) + ".new";
-    const OpenFile file(temporary, O_WRONLY | O_CREAT | O_TRUNC);
+    if (::stat(hostPath.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+        throw FileProblem{"can't write " + hostPath + ": not a file"};
+    std::string temporary = hostPath + ".XXXXXX"; // private until it is whole
+    const OpenFile file(::mkostemp(temporary.data(), O_CLOEXEC));
     if (!file.isOpen()) fail("can't write", hostPath, errno);
     m_pending.push_back({temporary, hostPath});
-    if (!file.write(bytes)) fail("can't write", hostPath, errno);
+    if (!file.write(bytes) || !file.setMode(0666 & ~usersMask())) fail("can't write", hostPath, errno);
 }
 
 void OutputFiles::commit() {
