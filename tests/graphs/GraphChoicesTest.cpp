@@ -204,6 +204,8 @@ TEST_F(GraphChoicesTest, ALevelThatIsNoNumberCountsAs0) {
 TEST_F(GraphChoicesTest, ALevelBeyondWholeNumbersGivesTheMessage) {
     EXPECT_EQ(leaveLevelBox("1e300", *results), wrongLevel);
     EXPECT_EQ(leaveLevelBox("-1e300", *results), wrongLevel);
+    EXPECT_EQ(leaveLevelBox("1e999", *results), wrongLevel);
+    EXPECT_EQ(leaveLevelBox("-1e999", *results), wrongLevel);
     EXPECT_EQ(leaveLevelBox("90.5", *results), wrongLevel);
 }
 

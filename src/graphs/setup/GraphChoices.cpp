@@ -1,6 +1,7 @@
 #include "graphs/setup/GraphChoices.h"
 
 #include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "graphs/setup/ReachLists.h"
 
@@ -33,6 +34,15 @@ int wholeNumber(double value) {
     using Limits = std::numeric_limits<int>;
     return roundHalfToEven(
         std::clamp(value, static_cast<double>(Limits::min()), static_cast<double>(Limits::max())));
+}
+
+// A number beyond a double's range is none of the levels either.
+double levelOf(const std::string& text) {
+    try {
+        return leadingNumber(text);
+    } catch (const RunTimeError&) {
+        return std::numeric_limits<double>::infinity();
+    }
 }
 
 } // namespace
@@ -108,7 +118,7 @@ void chooseLevelOption(GraphChoices& choices, int option, ResultsDataSet& result
 
 std::optional<Message> leaveLevelBox(const std::string& text, ResultsDataSet& results) {
     if (text.empty()) return std::nullopt;
-    const double level = leadingNumber(text);
+    const double level = levelOf(text);
     results.typedPercentileLevel() = wholeNumber(level);
     if (level == 90 || level == 95 || level == 99) return std::nullopt;
     return Message{"Percentile level must be 90, 95 or 99.", "Percentile level", Icon::question, Buttons::ok};
