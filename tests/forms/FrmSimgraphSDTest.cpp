@@ -84,7 +84,7 @@ int narrowTexts(const Drawing& drawing) {
 
 const std::string saveDialog =
     "save dialog \"Save Korvel graph to image file\" filter \"Windows bitmap files (*.bmp)|*.bmp\" "
-    "folder \"\" overwritePrompt yes -> ";
+    "folder \"{app}\\\" overwritePrompt yes -> ";
 
 } // namespace
 

@@ -42,8 +42,9 @@ std::vector<std::string> captionsOf(const QMenu& menu) {
     return captions;
 }
 
-const std::string saveDialog = "save dialog \"Save the graph as PNG, SVG or PDF\" filter \"Picture files "
-                               "(*.png *.svg *.pdf)|*.png *.svg *.pdf\" folder \"\" overwritePrompt yes -> ";
+const std::string saveDialog =
+    "save dialog \"Save the graph as PNG, SVG or PDF\" filter \"Picture files "
+    "(*.png *.svg *.pdf)|*.png *.svg *.pdf\" folder \"{app}\\\" overwritePrompt yes -> ";
 
 } // namespace
 
@@ -294,6 +295,15 @@ TEST_F(FrmSimgraphView, SaysWhichEndingsAPictureCanHave) {
                       "\ncurrent folder {app}\nbox [exclamation] Save picture: The picture's name must end "
                       "in .png, .svg or .pdf. -> ok\n");
         EXPECT_FALSE(platform.hasFile(name));
+    }
+}
+
+TEST_F(FrmSimgraphView, SavesABitmapToo) {
+    for (const std::string name : {"graph.bmp", "GRAPH2.BMP"}) {
+        saveAs(name);
+        const QByteArray bytes = QByteArray::fromStdString(platform.fileText(name));
+        EXPECT_TRUE(bytes.startsWith("BM"));
+        EXPECT_EQ(QImage::fromData(bytes, "BMP").convertToFormat(QImage::Format_RGB32), shownPicture());
     }
 }
 

@@ -180,6 +180,7 @@ void frmSimgraph::copyData() {
 }
 
 void frmSimgraph::savePicture() {
+    CDFilename.initialFolder = folderOf(GLOBAL.fileNames[0]);
     const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::save, CDFilename);
     if (!chosen) return;
     doors().files.setCurrentFolder(doors().machine.applicationFolder());

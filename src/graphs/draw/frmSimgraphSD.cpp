@@ -1,5 +1,7 @@
 #include "graphs/draw/frmSimgraphSD.h"
 
+#include "basic/ModelName.h"
+#include "global/GLOBAL.h"
 #include "graphs/draw/ProfileGraph.h"
 #include "toolkit/PictureFile.h"
 #include "toolkit/Twips.h"
@@ -40,6 +42,7 @@ void frmSimgraphSD::DrawGraphs() {
 }
 
 void frmSimgraphSD::savePicture() {
+    CDFilename.initialFolder = folderOf(GLOBAL.fileNames[0]);
     const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::save, CDFilename);
     if (!chosen) return;
     doors().files.setCurrentFolder(doors().machine.applicationFolder());
