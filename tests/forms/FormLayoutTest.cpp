@@ -1,5 +1,7 @@
 // Every form on four desktops: nothing is cut, covered or out of reach.
 #include "app/frmStart.h"
+#include "help/frmHelp.h"
+#include "reports/frmListing.h"
 #include "runs/frmEngine.h"
 
 #include "fakes/FakePlatform.h"
@@ -61,7 +63,8 @@ void expectCaptionFits(const QWidget& control) {
     };
     if (const auto* label = qobject_cast<const QLabel*>(&control)) {
         const QSize room = roomOf(*label);
-        const int flags = label->wordWrap() ? Qt::TextWordWrap : 0;
+        const int mnemonic = label->buddy() != nullptr ? Qt::TextShowMnemonic : 0;
+        const int flags = mnemonic | (label->wordWrap() ? Qt::TextWordWrap : 0);
         const QRect wrapped =
             label->fontMetrics().boundingRect(QRect(0, 0, room.width(), 10000), flags, label->text());
         expectFits(control, wrapped.size(), room);
@@ -112,9 +115,9 @@ void expectAccessible(QWidget& control) {
     EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << nameOf(control) << " has no accessible name";
 }
 
-void expectLaidOut(QWidget& form) {
+void expectLaidOut(QWidget& form, std::size_t leastControls = 5) {
     const std::vector<QWidget*> controls = controlsOf(form);
-    EXPECT_GE(controls.size(), 5U);
+    EXPECT_GE(controls.size(), leastControls);
     for (QWidget* control : controls) {
         expectCaptionFits(*control);
         if (const auto* list = qobject_cast<QListWidget*>(control)) expectWholeLines(*list);
@@ -263,4 +266,40 @@ TEST_P(FormLayout, BatchForm) {
     QWidget& form = formNamed("frmBatch");
     showFramed(form);
     expectLaidOut(form);
+}
+
+TEST_P(FormLayout, HelpForm) {
+    platform.putFile("KORDAT4.TXT", "1\r\n2\r\n3\r\nThe data file\r\nends here\r\n");
+    startMainForm();
+    GLOBAL.helpPage = "4";
+    auto& form = dynamic_cast<frmHelp&>(formNamed("frmHelp"));
+    form.load();
+    showFramed(form);
+    expectLaidOut(form, 2);
+}
+
+TEST_P(FormLayout, ListingForm) {
+    platform.putFile("A.OUT", "line 1\r\nline 2\r\n");
+    frmListing form(platform);
+    platform.willActOn("frmListing", [&](ShownForm&) {
+        showFramed(form);
+        expectLaidOut(form);
+        expectTabReachesEverything(form, control<QWidget>(form, "txtFind"));
+    });
+    form.view(platform.pathOf("A.OUT"));
+}
+
+// It holds the picture alone, which is as large as the graph form's.
+TEST_P(FormLayout, CaptureForm) {
+    startMainForm();
+    QWidget& form = formNamed("frmSimgraph");
+    showFramed(form);
+    platform.willActOn("frmSimgraphSD", {});
+    platform.willCancel();
+    choose(form, "mnuSaveImage");
+    QWidget& capture = formNamed("frmSimgraphSD");
+    const auto& picture = control<QWidget>(capture, "ScreenCapture");
+    EXPECT_EQ(picture.size(), control<QWidget>(form, "picGraph").size());
+    showFramed(capture);
+    expectInsideItsParent(picture);
 }

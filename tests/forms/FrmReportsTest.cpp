@@ -364,6 +364,8 @@ TEST_F(FrmReports, KeepsItsListsWhereTheOpenedFileCannotBeRead) {
     EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("BAD.SGR"));
     EXPECT_EQ(selectedLines(reaches()), (Lines{"1 Upper Mill      ", "12 Lower Mill      "}));
     EXPECT_EQ(selectedLines(determinands()).size(), 4U);
+    EXPECT_FALSE(enabled("mnuPrint"));
+    EXPECT_FALSE(enabled("mnuSpreadsheet"));
 }
 
 TEST_F(FrmReports, KeepsItsSelectionsWhileHidden) {

@@ -85,7 +85,8 @@ TEST(LabelRows, GivesRequiredLabelsAPlaceWhereThereIsNone) {
     const Places places = placeLabels({{0, 100, true}, {50, 100, true}}, {0, 100, 5, 1});
     ASSERT_TRUE(places[0]);
     ASSERT_TRUE(places[1]);
-    EXPECT_NE(places[0]->row, places[1]->row);
+    EXPECT_EQ(places[1], (LabelPlace{0, 0})) << "the last one has the strip's own row";
+    EXPECT_EQ(places[0], (LabelPlace{1, 0})) << "the other one a row of its own under the strip";
 }
 
 TEST(LabelRows, NoLabelCoversAnotherAndNoLeaderPassesThroughOne) {
