@@ -11,6 +11,12 @@ if(KORVEL_SANITIZE)
                                                   -fno-omit-frame-pointer)
   target_link_options(korvel_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(KORVEL_TESTS STREQUAL "fuzz")
+  set(fuzzed -fsanitize=address,undefined,float-cast-overflow)
+  target_compile_options(korvel_options INTERFACE -fsanitize=fuzzer-no-link ${fuzzed} -fno-sanitize-recover=all
+                                                  -fno-omit-frame-pointer)
+  target_link_options(korvel_options INTERFACE ${fuzzed})
+endif()
 
 # korvel_core(NAME SOURCES ... LINKS ...): rules apart from windows. Qt is not linked, so that including it does not compile.
 function(korvel_core name)

@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr std::size_t bytesAtATime = 256; // the file has a few lines
+
 // A line as a source of its own; the comma ends its field, which may be empty.
 TextSource fieldOf(ListInput& lines) {
     return TextSource(std::string(lines.line()) + ",");
@@ -15,12 +17,12 @@ TextSource fieldOf(ListInput& lines) {
 
 std::string textField(ListInput& lines) {
     TextSource source = fieldOf(lines);
-    return std::string(ListInput(source).text());
+    return std::string(ListInput(source, bytesAtATime).text());
 }
 
 int integerField(ListInput& lines) {
     TextSource source = fieldOf(lines);
-    return ListInput(source).integer();
+    return ListInput(source, bytesAtATime).integer();
 }
 
 // A word in any case, or a number, of which only 0 is false.
@@ -28,7 +30,7 @@ bool flagOf(const std::string& field) {
     const std::string word = upperCase(field);
     if (word == "TRUE" || word == "FALSE") return word == "TRUE";
     TextSource source(field + ",");
-    return ListInput(source).number() != 0;
+    return ListInput(source, bytesAtATime).number() != 0;
 }
 
 std::string settingsFile(Platform& platform) {
@@ -39,7 +41,7 @@ std::string settingsFile(Platform& platform) {
 
 Settings settingsOf(const std::string& text) {
     TextSource source(text);
-    ListInput lines(source);
+    ListInput lines(source, bytesAtATime);
     Settings settings;
     settings.lastFolder = textField(lines);
     settings.displayLevel = integerField(lines);
