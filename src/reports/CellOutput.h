@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Files.h"
+#include "reports/NumberBlock.h"
 #include "reports/ReportNumber.h"
 
 #include <string_view>
@@ -9,10 +10,10 @@
 
 class CellOutput {
   public:
-    explicit CellOutput(NewFile& file) : m_file(file), m_block(blockSize + reportNumberRoom) {}
+    explicit CellOutput(NewFile& file) : m_file(file), m_block(blockSize) {}
 
     void text(std::string_view characters) {
-        if (m_used + characters.size() > blockSize) flush();
+        if (characters.size() > blockSize - m_used) flush();
         if (characters.size() > blockSize) return m_file.write(characters);
         characters.copy(m_block.data() + m_used, characters.size());
         m_used += characters.size();
@@ -21,13 +22,17 @@ class CellOutput {
         text(characters);
         text(",");
     }
-    void cell(double value) {
-        if (m_used > blockSize) flush();
-        char* const start = m_block.data() + m_used;
-        char* const end = writeReportNumber(start, value);
-        if (!end) return cell(reportNumber(value));
-        *end = ',';
-        m_used += static_cast<std::size_t>(end - start) + 1;
+    void quotedCell(std::string_view characters) {
+        text("\"");
+        text(characters);
+        text("\",");
+    }
+    // The cells of one row of the block.
+    void numbers(const NumberBlock& block, std::size_t row) {
+        const std::span<const NumberCode> codes = block.codes(row);
+        for (std::size_t column = usualNumbers(codes, 0); column < codes.size();
+             column = usualNumbers(codes, column + 1))
+            cell(reportNumber(block.value(row, column)));
     }
     void endLine() { text("\r\n"); }
     void flush() {
@@ -38,7 +43,19 @@ class CellOutput {
   private:
     static constexpr std::size_t blockSize = 64 * 1024;
 
+    // Up to the next one for the plain way, whose column is returned. A row is at most some hundred numbers.
+    std::size_t usualNumbers(std::span<const NumberCode> codes, std::size_t column) {
+        const std::size_t wanted = codes.size() * m_texts.room;
+        if (wanted > blockSize - m_used) flush();
+        char* to = m_block.data() + m_used;
+        for (; column < codes.size() && codes[column] != NumberCode::plainWay; ++column)
+            to = m_texts.write(to, codes[column]);
+        m_used = static_cast<std::size_t>(to - m_block.data());
+        return column;
+    }
+
     NewFile& m_file;
+    const NumberTexts& m_texts = NumberTexts::all();
     std::vector<char> m_block;
     std::size_t m_used = 0;
 };

@@ -1,7 +1,7 @@
 #include "reports/PrintedReport.h"
 
 #include "basic/Numbers.h"
-#include "reports/ReportNumber.h"
+#include "reports/QuickNumber.h"
 
 namespace {
 
@@ -103,7 +103,7 @@ void PrintedReport::paintRow(PrintedPage& page, int point, double y) const {
     Ptext(page, m_table.left + m_table.inset, y, rowLabel(m_results, m_selection, point), nextLine, "");
     for (int k = 1; k <= m_columns.count(); ++k) {
         const double value = m_values[static_cast<std::size_t>(k - 1)][static_cast<std::size_t>(point)];
-        Ptext(page, m_table.columnEnd(k) - m_table.inset, y, reportNumber(value), nextLine, "r");
+        Ptext(page, m_table.columnEnd(k) - m_table.inset, y, quickNumber(value), nextLine, "r");
     }
 }
 

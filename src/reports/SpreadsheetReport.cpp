@@ -37,6 +37,14 @@ void PageHeader(CellOutput& out, const std::string& title, const ReportColumns& 
     columnLine(out, columns, &ReportColumn::holds);
 }
 
+// As many as are made together.
+std::vector<ReportRow> nextRows(ReportRows& rows) {
+    std::vector<ReportRow> block;
+    for (; !rows.atEnd() && block.size() < NumberBlock::mostRows; rows.next())
+        block.push_back(rows.row());
+    return block;
+}
+
 } // namespace
 
 std::string spreadsheetFileName(const std::string& resultsFile) {
@@ -46,21 +54,23 @@ std::string spreadsheetFileName(const std::string& resultsFile) {
 ReportEnd writeSpreadsheet(NewFile& file, const ResultsDataSet& results, const ReportSelection& selection,
                            const ReportProgress& progress) {
     const ReportColumns columns = reportColumns(results, selection);
-    const std::vector<ValueColumn> values = valueColumns(results, columns);
+    NumberBlock numbers(valueColumns(results, columns));
     CellOutput out(file);
     PageHeader(out, results.resultsTitle, columns);
     int reachesBegun = 0, rowCount = 0;
-    for (ReportRows rows(results, selection); !rows.atEnd(); rows.next()) {
-        const ReportRow& row = rows.row();
-        reachesBegun += row.newReach ? 1 : 0;
-        if (rowCount++ % rowsBetweenQuestions == 0 &&
-            !goesOn(progress, reachesBegun, selection.reaches.size()))
-            return ReportEnd::cancelled;
-        out.cell(results.reachNames[row.reach]);
-        out.cell('"' + rowLabel(results, selection, row.point) + '"');
-        for (const ValueColumn& column : values)
-            out.cell(column[static_cast<std::size_t>(row.point)]);
-        out.endLine();
+    for (ReportRows rows(results, selection); !rows.atEnd();) {
+        numbers.take(nextRows(rows));
+        for (std::size_t i = 0; i < numbers.rows().size(); ++i) {
+            const ReportRow& row = numbers.rows()[i];
+            reachesBegun += row.newReach ? 1 : 0;
+            if (rowCount++ % rowsBetweenQuestions == 0 &&
+                !goesOn(progress, reachesBegun, selection.reaches.size()))
+                return ReportEnd::cancelled;
+            out.cell(results.reachNames[row.reach]);
+            out.quotedCell(rowLabel(results, selection, row.point));
+            out.numbers(numbers, i);
+            out.endLine();
+        }
     }
     out.flush();
     return ReportEnd::done;
