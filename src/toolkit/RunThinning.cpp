@@ -1,139 +1,86 @@
 #include "toolkit/RunThinning.h"
 
+#include "toolkit/PixelColumns.h"
+
 #include <algorithm>
-#include <array>
 
 namespace {
 
-// The points of a run that fall into one column.
-struct PixelColumn {
-    int x;
-    int first, last, lowest, highest;
-    bool single = true;
-
-    explicit PixelColumn(QPoint point)
-        : x(point.x()), first(point.y()), last(first), lowest(first), highest(first) {}
-
-    void add(int y) {
-        single = false;
-        last = y;
-        lowest = std::min(lowest, y);
-        highest = std::max(highest, y);
-    }
-};
-
-class PieceThinner {
+// The boxes and slants of solid lines between neighbouring points.
+class PieceMaker {
   public:
-    PieceThinner(const PixelGrid& grid, int penWidth)
-        : m_left(-penWidth), m_right(grid.width + penWidth), m_width(penWidth) {}
+    PieceMaker(const std::vector<PixelColumn>& columns, const PixelGrid& grid, int penWidth)
+        : m_columns(columns), m_left(-penWidth), m_right(grid.width + penWidth), m_width(penWidth) {}
 
-    ThinnedRun run;
-
-    void column(const PixelColumn& column) {
-        if (!column.single && column.x >= m_left && column.x <= m_right)
-            addBox(column.x, column.lowest, column.x, column.highest);
-    }
-    void join(const PixelColumn& from, QPoint to) {
-        const int left = std::min(from.x, to.x()), right = std::max(from.x, to.x());
-        if (right < m_left || left > m_right) return;
-        if (from.last == to.y())
-            addBox(left, to.y(), right, to.y());
-        else
-            run.slants.emplace_back(from.x, from.last, to.x(), to.y());
+    ThinnedRun make() {
+        for (std::size_t k = 0; k < m_columns.size(); ++k) {
+            addColumn(m_columns[k]);
+            if (k + 1 < m_columns.size() && !isCovered(k)) join(m_columns[k], m_columns[k + 1]);
+        }
+        return std::move(m_run);
     }
 
   private:
-    // The pixels of a line with square ends.
-    void addBox(int left, int top, int right, int bottom) {
-        run.boxes.emplace_back(left - m_width / 2, top - m_width / 2, right - left + m_width,
-                               bottom - top + m_width);
+    bool isSeen(const PixelColumn& column) const { return column.x >= m_left && column.x <= m_right; }
+
+    void addColumn(const PixelColumn& column) {
+        if (!column.single && isSeen(column)) addBox(column.x, column.lowest, column.x, column.highest);
+    }
+    void join(const PixelColumn& from, const PixelColumn& to) {
+        const int left = std::min(from.x, to.x), right = std::max(from.x, to.x);
+        if (right < m_left || left > m_right) return;
+        if (from.last == to.first)
+            addBox(left, to.first, right, to.first);
+        else
+            m_run.slants.emplace_back(from.x, from.last, to.x, to.first);
+    }
+    // Whether the boxes of the columns around hide the line from column k to the next one. The corners of a
+    // slanting line lie up to a fifth of its width farther out than those of a box.
+    bool isCovered(std::size_t k) const {
+        const auto beyond = static_cast<std::size_t>(m_width / 5 + 1);
+        if (k < beyond || k + 1 + beyond >= m_columns.size()) return false;
+        const int margin = static_cast<int>(beyond);
+        const int from = m_columns[k].last, to = m_columns[k + 1].first;
+        const int lowest = std::min(from, to) - margin, highest = std::max(from, to) + margin;
+        for (std::size_t j = k - beyond; j <= k + 1 + beyond; ++j) {
+            const PixelColumn& column = m_columns[j];
+            const bool inLine = column.x - m_columns[k].x == static_cast<int>(j) - static_cast<int>(k);
+            if (!inLine || !isSeen(column) || column.lowest > lowest || column.highest < highest)
+                return false;
+        }
+        return true;
     }
 
+    // The pixels of a line with square ends.
+    void addBox(int left, int top, int right, int bottom) {
+        m_run.boxes.emplace_back(left - m_width / 2, top - m_width / 2, right - left + m_width,
+                                 bottom - top + m_width);
+    }
+
+    const std::vector<PixelColumn>& m_columns;
+    ThinnedRun m_run;
     int m_left;
     int m_right;
     int m_width;
 };
 
-class PolygonThinner {
-  public:
-    QPolygon polygon;
-
-    void column(const PixelColumn& column) {
-        add(column.x, column.first);
-        if (column.lowest < std::min(column.first, column.last)) add(column.x, column.lowest);
-        if (column.highest > std::max(column.first, column.last)) add(column.x, column.highest);
-        add(column.x, column.last);
-    }
-    void join(const PixelColumn&, QPoint) {}
-
-  private:
-    void add(int x, int y) {
-        if (polygon.isEmpty() || polygon.back() != QPoint(x, y)) polygon.append(QPoint(x, y));
-    }
-};
-
-// Takes the points of one column after another.
-template <typename Thinner>
-class Columns {
-  public:
-    explicit Columns(Thinner& thinner) : m_thinner(thinner) {}
-
-    void add(QPoint point) {
-        if (m_any && m_column.x == point.x()) return m_column.add(point.y());
-        if (m_any) {
-            m_thinner.column(m_column);
-            m_thinner.join(m_column, point);
-        }
-        m_any = true;
-        m_column = PixelColumn(point);
-    }
-    void end() {
-        if (m_any) m_thinner.column(m_column);
-    }
-
-  private:
-    Thinner& m_thinner;
-    bool m_any = false;
-    PixelColumn m_column{QPoint()};
-};
-
-template <typename Thinner>
-void thin(std::span<const DrawnPoint> points, const PixelGrid& grid, Thinner& thinner) {
-    std::array<QPoint, 512> block;
-    Columns columns(thinner);
-    while (!points.empty()) {
-        const auto some = points.first(std::min(points.size(), block.size()));
-        const std::size_t count = grid.points(some, block.data());
-        for (std::size_t k = 0; k < count; ++k)
-            columns.add(block[k]);
-        points = points.subspan(some.size());
-    }
-    columns.end();
+void add(QPolygon& polygon, int x, int y) {
+    if (polygon.isEmpty() || polygon.back() != QPoint(x, y)) polygon.append(QPoint(x, y));
 }
 
 } // namespace
 
-std::size_t PixelGrid::points(std::span<const DrawnPoint> from, QPoint* to) const {
-    bool anyNowhere = false;
-    for (std::size_t k = 0; k < from.size(); ++k) {
-        to[k] = QPoint(x(from[k].x), y(from[k].y));
-        anyNowhere |= isNowhere(from[k]);
-    }
-    if (!anyNowhere) return from.size();
-    std::size_t count = 0;
-    for (std::size_t k = 0; k < from.size(); ++k)
-        if (!isNowhere(from[k])) to[count++] = to[k];
-    return count;
-}
-
 ThinnedRun thinnedRun(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth) {
-    PieceThinner thinner(grid, penWidth);
-    thin(points, grid, thinner);
-    return std::move(thinner.run);
+    return PieceMaker(pixelColumns(points, grid), grid, penWidth).make();
 }
 
 QPolygon thinnedPolygon(const std::vector<DrawnPoint>& points, const PixelGrid& grid) {
-    PolygonThinner thinner;
-    thin(points, grid, thinner);
-    return std::move(thinner.polygon);
+    QPolygon polygon;
+    for (const PixelColumn& column : pixelColumns(points, grid)) {
+        add(polygon, column.x, column.first);
+        if (column.lowest < std::min(column.first, column.last)) add(polygon, column.x, column.lowest);
+        if (column.highest > std::max(column.first, column.last)) add(polygon, column.x, column.highest);
+        add(polygon, column.x, column.last);
+    }
+    return polygon;
 }

@@ -51,9 +51,10 @@ QImage thinned(const Points& points, const Pen& pen) {
     return image;
 }
 
-void expectSamePicture(const Points& points, const std::string& what) {
+void expectSamePicture(const Points& points, const std::string& what,
+                       const std::vector<double>& penWidths = {1, 2, 3, 4, 5, 8}) {
     const PixelGrid grid{0, 0, 1 / 15.0, width, height};
-    for (const double penWidth : {1.0, 2.0, 3.0, 4.0, 5.0, 8.0}) {
+    for (const double penWidth : penWidths) {
         const Pen pen{{200, 30, 60}, penWidth, Dash::solid};
         EXPECT_EQ(pairByPair(points, grid, pen), thinned(points, pen)) << what << ", width " << penWidth;
     }
@@ -96,6 +97,22 @@ TEST(RunThinning, DrawsTheSamePictureOfRandomRuns) {
                         }),
             "anywhere " + std::to_string(count));
     }
+}
+
+// Where points scatter little around a slope, joining lines lie just inside or just outside of their
+// neighbours' boxes.
+// The widths are those of pens on screens of whole scales.
+TEST(RunThinning, DrawsTheSamePictureOfScatterAroundASlope) {
+    RandomPoints random(6);
+    for (const double noise : {15.0, 30.0, 60.0, 100.0, 300.0})
+        for (const double rise : {0.0, 500.0, 3000.0, 30000.0})
+            expectSamePicture(
+                random.make(3000,
+                            [&](double along) {
+                                const double y = 1500 + std::fmod(rise * along, 1500);
+                                return DrawnPoint{along * width * 15, y + random.between(-noise, noise)};
+                            }),
+                "noise " + std::to_string(noise) + ", rise " + std::to_string(rise), {1, 2, 4, 8});
 }
 
 TEST(RunThinning, DrawsTheSamePictureOfNastyRuns) {
