@@ -181,7 +181,7 @@ class ReachWalk {
             if (!fill.stretch.holds(m_distance + step / 2)) continue;
             const double factor = exponential(fill.rate * step);
             for (double& value : m_river.quality[static_cast<std::size_t>(fill.determinand - 1)])
-                value *= factor;
+                value = value > 0 ? std::min(value * factor, highestQuality) : 0;
         }
         bookChange(BalanceItem::gapFilling, before);
     }

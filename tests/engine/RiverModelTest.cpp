@@ -173,6 +173,14 @@ TEST(GapFilling, BringsTheMeanQualityToTheStationsFigure) {
     EXPECT_EQ(run.at("Bridge").concentrations[0].mean, salt);
 }
 
+TEST(GapFilling, StopsAtTheHighestQuality) {
+    ModelRun run(smallCatchment::text());
+    run.fills.qualities.push_back({{2, 0, 10}, 2, 1000});
+    run.simulate();
+    EXPECT_GT(run.end().concentrations[1].mean, 1e8);
+    EXPECT_LE(run.end().concentrations[1].mean, 1e9);
+}
+
 TEST(EffluentStandards, JustMeetTheTarget) {
     ModelRun run(smallCatchment::variableText());
     run.simulate();
