@@ -30,7 +30,7 @@ class Handlers {
     template <typename Action>
     auto guarded(Action action) {
         return [this, action = std::move(action)](auto&&... arguments) mutable {
-            run([&] {
+            this->run([&] {
                 if constexpr (std::is_invocable_v<Action&, decltype(arguments)...>)
                     action(std::forward<decltype(arguments)>(arguments)...);
                 else
