@@ -60,8 +60,10 @@ int roundedNearHalf(double scaled) {
 constexpr double doubt = 1e-14 * smallestNotScaled;
 
 int rounded(double scaled) {
-    const int nearest = static_cast<int>(scaled + 0.5);
-    return std::fabs(scaled - nearest) < 0.5 - doubt ? nearest : roundedNearHalf(scaled);
+    const int whole = static_cast<int>(scaled);
+    const double fraction = scaled - whole;
+    const int nearest = whole + static_cast<int>(fraction > 0.5);
+    return std::fabs(fraction - 0.5) > doubt ? nearest : roundedNearHalf(scaled);
 }
 
 } // namespace

@@ -61,6 +61,18 @@ TEST(ReportColumns, HoldTheValuesThatTheirHeadingsName) {
     EXPECT_EQ(ofPoint3, expected);
 }
 
+TEST(ReportColumns, TakeEachPercentileAtItsLevel) {
+    LoadedRiver river;
+    ReportSelection selection;
+    selection.percentiles = {true, true, true};
+    selection.limits = selection.observed = true;
+    selection.determinands = {1};
+    std::vector<int> levels;
+    for (const ReportColumn& column : reportColumns(river.results, selection).columns)
+        levels.push_back(column.level);
+    EXPECT_EQ(levels, (std::vector<int>{0, 0, 0, 1, 1, 1, 2, 2, 2, 0, 1, 2}));
+}
+
 TEST(ReportColumns, GroupByDeterminandInTheOrderOfTheList) {
     LoadedRiver river;
     ReportSelection selection;
