@@ -30,7 +30,7 @@ struct Row {
 };
 
 inline void print(const Row& row) {
-    std::printf("| %-49s | %9s | %-25s | %9s | %6s | %6s | %9s | %-6s |\n", row.job.c_str(), row.ours.c_str(),
+    std::printf("| %-49s | %9s | %-26s | %9s | %6s | %6s | %9s | %-6s |\n", row.job.c_str(), row.ours.c_str(),
                 row.yardstick.c_str(), row.theirs.c_str(), row.ratio.c_str(), row.ratioByClock.c_str(),
                 row.target.c_str(), row.missed ? "missed" : "");
     std::fflush(stdout);
