@@ -18,7 +18,7 @@ minimise() {
     rm -rf "$smaller"
     mkdir -p "$smaller"
     find "$corpus" -type f -regextype posix-extended -not -regex '.*/[0-9a-f]{40}' -exec cp {} "$smaller" \;
-    "build/fuzz/bin/fuzz_$1" -merge=1 "${limits[@]}" "$smaller" "$corpus" "build/fuzz/found/$1" \
+    "build/fuzz/bin/fuzz_$1" -set_cover_merge=1 "${limits[@]}" "$smaller" "$corpus" "build/fuzz/found/$1" \
         >"build/fuzz/logs/$1.merge" 2>&1
     find "$corpus" -type f -delete
     cp "$smaller"/* "$corpus"

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int longestSide = 16384; // pixels
+constexpr int mostSteps = 10000;   // far beyond any graph
 
 std::pair<std::string, std::string> halves(const std::string& text, char between) {
     const std::size_t at = std::min(text.find(between), text.size());
@@ -38,7 +39,7 @@ double zoomOf(const std::string& text) {
 int stepsOf(const std::string& text, const std::string& scroll) {
     const bool back = text.starts_with('-');
     const auto steps = wholeNumber(back ? text.substr(1) : text);
-    if (!steps) throw UsageError("'" + scroll + "' is no scroll such as 1,-2");
+    if (!steps || *steps > mostSteps) throw UsageError("'" + scroll + "' is no scroll such as 1,-2");
     return back ? -*steps : *steps;
 }
 

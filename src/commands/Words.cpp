@@ -47,7 +47,7 @@ std::optional<int> wholeNumber(const std::string& text) {
     int number = 0;
     const char* const end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, number);
-    if (text.empty() || read.ptr != end || read.ec != std::errc() || number < 0) return std::nullopt;
+    if (text.empty() || text[0] == '-' || read.ptr != end || read.ec != std::errc()) return std::nullopt;
     return number;
 }
 

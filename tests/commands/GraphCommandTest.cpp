@@ -153,6 +153,8 @@ TEST_F(GraphCommand, RefusesWordsThatMeanNothing) {
         {"--reaches", "1", "--series", "0", "--labels", "6"},
         {"--reaches", "1", "--series", "0", "--zoom", "3"},
         {"--reaches", "1", "--series", "0", "--scroll", "1"},
+        {"--reaches", "1", "--series", "0", "--scroll", "2147483647,0"},
+        {"--reaches", "1", "--series", "0", "--scroll", "1,--0"},
         {"--reaches", "1", "--series", "0", "--size", "0x100"},
         {"--reaches", "1", "--series", "0", "--size", "big"},
     };
