@@ -2,7 +2,9 @@
 
 #include "platform/TemporaryFolder.h"
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace {
 
@@ -65,6 +67,24 @@ TEST_F(ApplicationFolder, LeavesWhatIsThereAlone) {
     fillApplicationFolder(userFolder(), sources);
     EXPECT_EQ(home.textOf(".local/share/korvel/MISC.TXT"), "mine");
     EXPECT_EQ(home.textOf(".local/share/korvel/korvelf157.exe"), "my engine");
+}
+
+TEST_F(ApplicationFolder, HoldsNoHalfOfAFileAfterAFullDisk) {
+    installed.put("korvelf157.exe", std::string(100'000, 'e'));
+    const std::string engine = ".local/share/korvel/korvelf157.exe";
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit full{1000, limit.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
+    fillApplicationFolder(userFolder(), sources);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(std::filesystem::exists(home.path(engine)));
+    EXPECT_FALSE(std::filesystem::exists(home.path(engine + ".new")));
+    EXPECT_EQ(home.textOf(".local/share/korvel/KORDAT4.TXT"), "page 4");
+    fillApplicationFolder(userFolder(), sources);
+    EXPECT_EQ(home.textOf(engine).size(), 100'000U);
 }
 
 TEST_F(ApplicationFolder, FillsNoOtherFolder) {
