@@ -1,107 +1,30 @@
 #include "basic/ListInput.h"
 
+#include "basic/ExactDecimal.h"
+#include "basic/FieldCharacters.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdint>
 #include <cstring>
 
 namespace {
 
 constexpr char sentinel = '\n';
 constexpr char controlZ = 26;
+constexpr std::size_t padding = 8; // a sentinel, and as many bytes as numbers are read beyond it
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-bool isLineEnd(char c) {
-    return c == '\n' || c == '\r';
-}
-bool endsNumber(char c) {
-    return c == ',' || isLineEnd(c) || isBlank(c);
-}
-bool endsText(char c) {
-    return c == ',' || isLineEnd(c);
-}
-bool isDigit(char c) {
-    return static_cast<unsigned char>(c - '0') <= 9;
-}
-bool isExponentMark(char c) {
-    return (c | 0x20) == 'e' || (c | 0x20) == 'd';
-}
-
-constexpr int exactPower = 22; // 10^22 is the largest power of ten that a double holds exactly
-constexpr std::array<double, exactPower + 1> powersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                            1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                            1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr std::ptrdiff_t countedDigits = 18;                   // as many never overflow 64 bits
-constexpr std::uint64_t exactInteger = std::uint64_t(1) << 53; // whole numbers up to it are exact
-
-const char* pastBlanks(const char* at) {
-    while (isBlank(*at))
-        ++at;
-    return at;
-}
-
-// Appends the digits from `at` on to a number.
-const char* readDigits(const char* at, std::uint64_t& number) {
-    std::uint64_t value = number;
-    for (; isDigit(*at); ++at)
-        value = value * 10 + static_cast<std::uint64_t>(*at - '0');
-    number = value;
-    return at;
-}
-
-// The exponent's digits after its mark; where there are none or too many, the pointer that came in.
-const char* readExponent(const char* mark, int& power) {
-    const char* at = mark + 1;
-    const bool negative = *at == '-';
-    if (negative || *at == '+') ++at;
-    std::uint64_t digits = 0;
-    const char* end = readDigits(at, digits);
-    if (end == at || end - at > 4) return mark;
-    power += negative ? -static_cast<int>(digits) : static_cast<int>(digits);
-    return end;
-}
-
-// A decimal whose digits and power of ten are both exact doubles is one correctly rounded operation away from
-// its value. Returns where the number ends, or nothing where that doesn't hold and the general parser is
-// needed.
-const char* readExactNumber(const char* at, double& value) {
-    const bool negative = *at == '-';
-    if (negative || *at == '+') ++at;
-    std::uint64_t digits = 0;
-    const char* first = at;
-    at = readDigits(at, digits);
-    std::ptrdiff_t count = at - first;
-    int power = 0;
-    if (*at == '.') {
-        const char* fraction = at + 1;
-        at = readDigits(fraction, digits);
-        power = -static_cast<int>(at - fraction);
-        count -= power;
-    }
-    if (count == 0 || count > countedDigits || digits > exactInteger) return nullptr;
-    if (isExponentMark(*at)) at = readExponent(at, power);
-    if (power < -exactPower || power > exactPower || !endsNumber(*at)) return nullptr;
-    const double whole = static_cast<double>(digits);
-    const double size = power < 0 ? whole / powersOfTen[static_cast<std::size_t>(-power)]
-                                  : whole * powersOfTen[static_cast<std::size_t>(power)];
-    value = negative ? -size : size;
-    return at;
-}
-
-// The same with the blanks before the number and the separator behind it; nothing also where the field may go
-// on behind the bytes in hand.
+// An exact decimal with the blanks before it and the separator behind it; nothing where it has another form,
+// or where the field may go on behind the bytes in hand.
 const char* readExactField(const char* at, const char* end, double& value) {
-    at = readExactNumber(pastBlanks(at), value);
+    double read = 0;
+    at = readExactDecimal(pastBlanks(at), read);
     if (!at) return nullptr;
     if (isBlank(*at)) at = pastBlanks(at);
     if (end - at < 2) return nullptr;
+    value = read;
     if (*at == ',' || *at == '\n') return at + 1;
     if (*at == '\r') return at + (at[1] == '\n' ? 2 : 1);
     return at;
@@ -144,7 +67,7 @@ double parseNumber(std::string text) {
 } // namespace
 
 ListInput::ListInput(ByteSource& source, std::size_t chunkSize)
-    : m_source(source), m_chunkSize(chunkSize), m_buffer(chunkSize + 1, sentinel) {}
+    : m_source(source), m_chunkSize(chunkSize), m_buffer(chunkSize + padding, sentinel) {}
 
 // Brings the next chunk behind the bytes still in use; no at the end of the source.
 bool ListInput::more() {
@@ -156,7 +79,7 @@ bool ListInput::more() {
         m_end -= m_kept;
         m_kept = 0;
     }
-    const std::size_t needed = m_end + m_chunkSize + 1;
+    const std::size_t needed = m_end + m_chunkSize + padding;
     if (m_buffer.size() < needed) m_buffer.resize(needed);
     const std::size_t count = m_source.read(m_buffer.data() + m_end, m_chunkSize);
     m_end += count;
@@ -262,7 +185,7 @@ double ListInput::generalNumber() {
     beginField();
     const Field field = plainField(endsNumber);
     double value = 0;
-    if (field.length > 0 && !readExactNumber(viewOf(field).data(), value))
+    if (field.length > 0 && !readExactDecimal(viewOf(field).data(), value))
         value = parseNumber(std::string(viewOf(field)));
     endField();
     return value;

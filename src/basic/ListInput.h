@@ -31,6 +31,11 @@ class ListInput {
     // Yes where only blanks, blank lines and Ctrl-Z characters are left.
     bool atEnd();
 
+    // The bytes in hand, for a reader that knows what stands there, and its word of how many it has used.
+    // The view holds until the next call; ahead() itself brings no more bytes.
+    std::string_view ahead() const { return {m_buffer.data() + m_next, m_end - m_next}; }
+    void advance(std::size_t count) { m_kept = m_next += count; }
+
     std::size_t bytesConsumed() const { return m_dropped + m_next; }
 
   private:

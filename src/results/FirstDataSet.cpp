@@ -65,9 +65,9 @@ Refusal FirstDataSet::reach(const ReachLine& line) {
 }
 
 void FirstDataSet::pointsBegin() {
-    m_places = valuePlacesOfPoint(m_results.determinandCount);
     for (int c = 0; c <= 2 * m_results.determinandCount; ++c)
         m_results.seriesMaximum[c] = 0;
+    m_largest.assign(valuePlacesOfPoint(m_results.determinandCount).size(), 0);
 }
 
 Refusal FirstDataSet::point(int index, const PointLine& line) {
@@ -79,16 +79,24 @@ Refusal FirstDataSet::point(int index, const PointLine& line) {
     return {};
 }
 
-void FirstDataSet::pointEnd(int index, const double* values) {
+void FirstDataSet::pointEnd(int index, std::span<const double> values) {
     // Interpolated points never set the scale.
     if (m_results.pointFeatureType[index] != InterpolatedPointType) raiseMaxima(values);
     makeLabel(index);
 }
 
-void FirstDataSet::raiseMaxima(const double* values) {
-    for (std::size_t k = 0; k < m_places.size(); ++k) {
-        double& largest = m_results.seriesMaximum[m_places[k].series];
-        largest = std::max(largest, values[k]);
+void FirstDataSet::raiseMaxima(std::span<const double> values) {
+    const double* value = values.data();
+    for (double& largest : m_largest)
+        largest = std::max(largest, *value++);
+}
+
+void FirstDataSet::keepMaxima() {
+    if (m_largest.empty()) return;
+    const std::vector<ValuePlace> places = valuePlacesOfPoint(m_results.determinandCount);
+    for (std::size_t k = 0; k < m_largest.size(); ++k) {
+        double& largest = m_results.seriesMaximum[places[k].series];
+        largest = std::max(largest, m_largest[k]);
     }
 }
 

@@ -10,6 +10,9 @@
 class FirstDataSet : public RecordTaker {
   public:
     explicit FirstDataSet(ResultsDataSet& results) : m_results(results) {}
+    ~FirstDataSet() override { keepMaxima(); }
+    FirstDataSet(const FirstDataSet&) = delete;
+    FirstDataSet& operator=(const FirstDataSet&) = delete;
 
     void title(std::string_view line) override;
     std::optional<std::string> percentileMode(int mode) override;
@@ -20,14 +23,15 @@ class FirstDataSet : public RecordTaker {
     Refusal reach(const ReachLine& line) override;
     void pointsBegin() override;
     Refusal point(int index, const PointLine& line) override;
-    void pointEnd(int index, const double* values) override;
+    void pointEnd(int index, std::span<const double> values) override;
 
   private:
-    void raiseMaxima(const double* values);
+    void raiseMaxima(std::span<const double> values);
+    void keepMaxima();
     void makeLabel(int index);
 
     ResultsDataSet& m_results;
-    std::vector<ValuePlace> m_places;
+    std::vector<double> m_largest; // by place in the file's order; gathered by series at the end
 };
 
 // A determinand's name as shown: blanks around it and points at its end dropped.

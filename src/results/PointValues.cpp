@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -64,12 +63,12 @@ PointValues::PointValues(ValueStore& store, int determinands) : m_store(store) {
     m_rows.resize(rows * m_columns.size());
 }
 
-double* PointValues::nextPoint(int index) {
+std::span<double> PointValues::nextPoint(int index) {
     const std::size_t point = checkedOffset(index, 0, ValueStore::points - 1);
     if (m_count > 0 && point % rows == 0) write();
     if (m_count == 0) m_first = point;
-    double* row = m_rows.data() + m_count * m_columns.size();
-    std::fill_n(row, m_columns.size(), std::numeric_limits<double>::quiet_NaN());
+    const auto row = std::span(m_rows).subspan(m_count * m_columns.size(), m_columns.size());
+    std::ranges::fill(row, notReadYet);
     ++m_count;
     return row;
 }

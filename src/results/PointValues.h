@@ -5,6 +5,8 @@
 #include "results/ValueStore.h"
 
 #include <cstddef>
+#include <limits>
+#include <span>
 #include <vector>
 
 struct ValuePlace {
@@ -19,6 +21,9 @@ std::vector<ValuePlace> valuePlacesOfPoint(int determinands);
 // The values that follow each caption of one point, in the file's order.
 std::vector<int> valuesByCaption(int determinands);
 
+// No file holds it.
+inline constexpr double notReadYet = std::numeric_limits<double>::quiet_NaN();
+
 // Takes points a row at a time and writes them to the columns a few points together, so that a column is
 // touched by whole cache lines. What has been read when it goes, also of a point cut short, is written too.
 class PointValues {
@@ -28,8 +33,8 @@ class PointValues {
     PointValues(const PointValues&) = delete;
     PointValues& operator=(const PointValues&) = delete;
 
-    // Room for the values of the next point, the index following the last one.
-    double* nextPoint(int index);
+    // Room for the values of the next point, the index following the last one; each is notReadYet.
+    std::span<double> nextPoint(int index);
 
   private:
     static constexpr std::size_t rows = 8; // the doubles of a cache line
@@ -38,7 +43,7 @@ class PointValues {
 
     ValueStore& m_store;
     std::vector<double*> m_columns; // by place
-    std::vector<double> m_rows;     // a value not read yet is NaN, which no file holds
-    std::size_t m_first = 0;        // index of the first row's point
+    std::vector<double> m_rows;
+    std::size_t m_first = 0; // index of the first row's point
     std::size_t m_count = 0;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -42,5 +43,5 @@ class RecordTaker {
     virtual void pointsBegin() {}
     virtual Refusal point(int index, const PointLine& line) = 0;
     // All values of the point are read; `values` are in the file's order.
-    virtual void pointEnd(int index, const double* values) = 0;
+    virtual void pointEnd(int index, std::span<const double> values) = 0;
 };

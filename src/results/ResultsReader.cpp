@@ -3,6 +3,7 @@
 #include "basic/ListInput.h"
 #include "basic/Numbers.h"
 #include "results/FirstDataSet.h"
+#include "results/PointLayout.h"
 #include "results/PointValues.h"
 #include "results/SecondDataSet.h"
 
@@ -33,7 +34,8 @@ class Reading {
     Refusal readDeterminands();
     Refusal readReaches();
     Refusal readPointLine(int index);
-    void readValues(double* into);
+    void readValues(std::span<double> into);
+    void readValuesOneByOne(double* into);
     void expectPoints(ValueStore& values, std::size_t firstPointAt) const;
     void tellProgress();
 
@@ -43,6 +45,7 @@ class Reading {
     const LoadWatch& m_watch;
     int m_determinands = 0;
     std::vector<int> m_valuesByCaption;
+    PointLayout m_layout;
     std::string m_label;
     int m_points = 0;
     std::size_t m_nextProgress = 0; // bytes
@@ -86,7 +89,7 @@ Refusal Reading::readPoints(ValueStore& store) {
     while (!m_input.atEnd()) {
         const int index = m_points + 1;
         if (Refusal refusal = readPointLine(index)) return refusal;
-        double* row = values.nextPoint(index);
+        const std::span<double> row = values.nextPoint(index);
         readValues(row);
         m_taker.pointEnd(index, row);
         m_points = index;
@@ -107,7 +110,17 @@ Refusal Reading::readPointLine(int index) {
     return m_taker.point(index, line);
 }
 
-void Reading::readValues(double* into) {
+void Reading::readValues(std::span<double> into) {
+    const std::string_view ahead = m_input.ahead();
+    if (const std::size_t length = m_layout.read(ahead, into)) return m_input.advance(length);
+    const std::size_t before = m_input.bytesConsumed();
+    readValuesOneByOne(into.data());
+    const std::size_t length = m_input.bytesConsumed() - before;
+    // Where all of it was in hand from the beginning, it is there still.
+    if (length < ahead.size()) m_layout.learn(ahead.substr(0, length), m_valuesByCaption.size(), into.size());
+}
+
+void Reading::readValuesOneByOne(double* into) {
     for (int count : m_valuesByCaption) {
         m_input.text(); // the caption
         m_input.numbers({into, static_cast<std::size_t>(count)});

@@ -15,7 +15,7 @@ class SecondDataSet : public RecordTaker {
     Refusal reachCount(int count) override;
     Refusal reach(const ReachLine& line) override;
     Refusal point(int index, const PointLine& line) override;
-    void pointEnd(int, const double*) override {}
+    void pointEnd(int, std::span<const double>) override {}
 
   private:
     const ResultsDataSet& m_first;

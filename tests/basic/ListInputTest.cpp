@@ -79,6 +79,16 @@ std::vector<std::string> textsOf(const std::string& text, std::size_t count) {
 using Numbers = std::vector<double>;
 using Texts = std::vector<std::string>;
 
+TEST(ListInput, LeavesAValueAloneThatItFailsToRead) {
+    // The bytes in hand end within the field, as if it were "6".
+    TextSource source("6x\n");
+    ListInput input(source, 1);
+    input.hasLine();
+    double value = -1;
+    EXPECT_THROW(input.numbers({&value, 1}), RunTimeError);
+    EXPECT_EQ(value, -1);
+}
+
 } // namespace
 
 TEST(ListInput, ReadsNumbersAsTheyAreWritten) {

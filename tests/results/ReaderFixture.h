@@ -12,8 +12,13 @@ class ReaderFixture : public testing::Test {
     enum class Ending { loaded, abandoned, failed };
 
     Ending load(const std::string& text, int slot = 0) {
-        messages.clear();
         TextSource source(text);
+        return load(source, slot);
+    }
+
+    Ending load(ByteSource& source, int slot = 0) {
+        messages.clear();
+        failure = 0;
         prepareLoad(results, slot);
         try {
             const LoadWatch watch{[&](const Message& message) { messages.push_back(message); }, {}};

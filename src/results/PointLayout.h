@@ -1,0 +1,46 @@
+// The place of every number among the values of a plotting point, as the last point had it. An engine writes
+// its points in columns mostly, so that the next one has the same separators and captions in the same places:
+// that is proved by comparing bytes, and its numbers are read where they are known to be, each without
+// waiting for the end of the one before. Any doubt leaves the point to the general reader, which gives the
+// same values.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class PointLayout {
+  public:
+    // Reads the values of the next point, at the beginning of `text`, and returns how many bytes they take; 0
+    // where they are not laid out as those learnt last, or go on behind the text. Seven bytes behind the text
+    // must be readable.
+    std::size_t read(std::string_view text, std::span<double> into);
+
+    // Learns from a point's values that the general reader has read: their bytes from the first caption past
+    // the last separator. Where points differ one from another, they are looked at ever more rarely.
+    void learn(std::string_view text, std::size_t captions, std::size_t numbers);
+
+  private:
+    // A number stands right-aligned before `end`; its decimal point at `point`, which is `end` without one.
+    // Other forms than digits with a point have `inEights` false.
+    struct Number {
+        std::uint32_t start; // the first byte that may differ from point to point
+        std::uint32_t point;
+        std::uint32_t end;
+        bool inEights;
+    };
+
+    bool hasFrame(const char* text) const;
+    bool readNumbers(const char* text, std::span<double> into) const;
+    bool build(std::string_view text, std::size_t captions, std::size_t numbers);
+    void addNumber(std::string_view text, std::size_t lowest, std::size_t first, std::size_t end);
+
+    std::string m_frame;         // the bytes of the learnt point
+    std::vector<char> m_isFrame; // all bits set where the byte is the same in every point, else 0
+    std::vector<Number> m_numbers;
+    int m_pointsToPass = 0;
+    int m_patience = 1;
+};
