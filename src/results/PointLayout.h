@@ -5,8 +5,9 @@
 // same values.
 #pragma once
 
+#include "results/ColumnNumbers.h"
+
 #include <cstddef>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,23 +25,13 @@ class PointLayout {
     void learn(std::string_view text, std::size_t captions, std::size_t numbers);
 
   private:
-    // A number stands right-aligned before `end`; its decimal point at `point`, which is `end` without one.
-    // Other forms than digits with a point have `inEights` false.
-    struct Number {
-        std::uint32_t start; // the first byte that may differ from point to point
-        std::uint32_t point;
-        std::uint32_t end;
-        bool inEights;
-    };
-
     bool hasFrame(const char* text) const;
-    bool readNumbers(const char* text, std::span<double> into) const;
     bool build(std::string_view text, std::size_t captions, std::size_t numbers);
     void addNumber(std::string_view text, std::size_t lowest, std::size_t first, std::size_t end);
 
     std::string m_frame;         // the bytes of the learnt point
     std::vector<char> m_isFrame; // all bits set where the byte is the same in every point, else 0
-    std::vector<Number> m_numbers;
+    std::vector<ColumnNumber> m_numbers;
     int m_pointsToPass = 0;
     int m_patience = 1;
 };
