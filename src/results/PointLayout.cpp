@@ -61,7 +61,9 @@ bool PointLayout::build(std::string_view text, std::size_t captions, std::size_t
     for (std::size_t at = 0; at < text.size();) {
         if (text[at] == '"') {
             ++quoted;
-            fieldEnd = at = text.find('"', at + 1) + 1;
+            const std::size_t closing = text.find('"', at + 1);
+            if (closing == std::string_view::npos) return false; // it stands in a text without quotes
+            fieldEnd = at = closing + 1;
         } else if (endsNumber(text[at])) {
             ++at;
         } else {

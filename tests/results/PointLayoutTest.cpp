@@ -111,6 +111,11 @@ TEST(PointLayout, LearnsNothingFromAPointWhoseFieldsMightMoveUnseen) {
     }
 }
 
+TEST(PointLayout, LearnsNothingFromALoneQuoteInATextWithoutQuotes) {
+    const std::string text = "Flow in \"x, 1, 2\r\nTarget, 3\r\n";
+    EXPECT_EQ(readAs(text, text).length, 0u);
+}
+
 TEST(PointLayout, LooksEverMoreRarelyAtPointsThatDiffer) {
     PointLayout layout;
     const auto widths = [](int width) {
