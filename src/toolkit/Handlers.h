@@ -30,15 +30,18 @@ class Handlers {
     template <typename Action>
     auto guarded(Action action) {
         return [this, action = std::move(action)](auto&&... arguments) mutable {
-            this->run([&] {
-                if constexpr (std::is_invocable_v<Action&, decltype(arguments)...>)
-                    action(std::forward<decltype(arguments)>(arguments)...);
-                else
-                    action();
-            });
+            this->run([&] { call(action, std::forward<decltype(arguments)>(arguments)...); });
         };
     }
 
   private:
+    template <typename Action, typename... Arguments>
+    static void call(Action& action, Arguments&&... arguments) {
+        if constexpr (std::is_invocable_v<Action&, Arguments...>)
+            action(std::forward<Arguments>(arguments)...);
+        else
+            action();
+    }
+
     Windows& m_windows;
 };
