@@ -2,6 +2,7 @@
 
 #include "fakes/ExpectedFile.h"
 #include "fakes/FixedTextMetrics.h"
+#include "reports/PrintedPage.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,19 @@ std::vector<Drawing> pagesOf(const std::string& text, const TextMetrics& metrics
 std::vector<Drawing> pagesOf(const std::string& text) {
     return pagesOf(text, TenthMetrics());
 }
+
+// As many cells a line as are named, to the last bit: the next one begins where the paper's printable part
+// ends.
+class EvenMetrics : public TextMetrics {
+  public:
+    explicit EvenMetrics(int cells) : m_width((8.26 / 1.043 - 0.3) / cells * twipsToAnInch) {}
+    TextSize measure(std::string_view text, const Font&) const override {
+        return {static_cast<double>(text.size()) * m_width, 144};
+    }
+
+  private:
+    double m_width;
+};
 
 // "x y words" of each text.
 std::vector<std::string> textsOf(const Drawing& page) {
@@ -104,6 +118,15 @@ TEST(Listing, LosesWhatLiesBeyondThePaper) {
     const auto pages = pagesOf(std::string(500, 'x') + "\r\nnext");
     ASSERT_EQ(pages.size(), 1U);
     EXPECT_EQ(textsOf(pages[0]), (Texts{"0.30 0.30 " + std::string(77, 'x'), "0.30 0.40 next"}));
+}
+
+TEST(Listing, LosesACharacterThatStartsAtTheVeryEdgeOfThePaper) {
+    const EvenMetrics metrics(4);
+    const double cell = metrics.measure(" ", {}).width / twipsToAnInch;
+    ASSERT_EQ(0.3 + 4 * cell, 8.26 / 1.043);
+    EXPECT_EQ(textsOf(pagesOf("abcde", metrics).at(0)), (Texts{"0.30 0.30 abcd"}));
+    EXPECT_TRUE(linesOf(pagesOf("abcd\xC4", metrics).at(0)).empty());
+    EXPECT_EQ(linesOf(pagesOf("abc\xC4", metrics).at(0)).size(), 1U);
 }
 
 TEST(Listing, ShowsCharactersOfTheCodePageEachInItsCell) {
