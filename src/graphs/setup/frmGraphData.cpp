@@ -96,7 +96,7 @@ void frmGraphData::connectOptions() {
     on(Check[2], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotConfidenceLimits = on; }));
     on(Check[3], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotQualityTargets = on; }));
     on(Check[4], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotObservedValues = on; }));
-    on(Check[5], &QCheckBox::toggled, changing([this](bool on) { GLOBAL.interpolatedBoxTicked = on; }));
+    on(Check[5], &QCheckBox::toggled, changing([](bool on) { GLOBAL.interpolatedBoxTicked = on; }));
     on(m_plotTypeGroup, &QButtonGroup::idClicked,
        changing([this](int type) { choosePlotType(m_choices, type); }));
     on(m_levelGroup, &QButtonGroup::idClicked,
