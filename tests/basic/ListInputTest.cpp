@@ -2,6 +2,7 @@
 
 #include "basic/RunTimeError.h"
 #include "fakes/LetterByLetterInput.h"
+#include "fakes/Rounds.h"
 
 #include <gtest/gtest.h>
 
@@ -274,7 +275,7 @@ TEST(ListInput, ReadsRandomTextsAsALetterByLetterTwin) {
                                   "9.99E+22"};
     std::mt19937 random(7);
     const auto upTo = [&](std::size_t count) { return random() % count; };
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < roundsOf(20000); ++round) {
         std::string text;
         for (std::size_t k = upTo(30); k > 0; --k)
             text += pieces[upTo(std::size(pieces))];
@@ -292,7 +293,7 @@ TEST(ListInput, ReadsRandomTextsAsALetterByLetterTwin) {
 
 TEST(ListInput, ReadsRandomNumbersToTheLastBit) {
     std::mt19937_64 random(11);
-    for (int round = 0; round < 100000; ++round) {
+    for (int round = 0; round < roundsOf(100000); ++round) {
         char text[64];
         const double value = std::bit_cast<double>(random());
         if (!std::isfinite(value)) continue;

@@ -1,6 +1,7 @@
 #include "basic/Numbers.h"
 
 #include "basic/RunTimeError.h"
+#include "fakes/Rounds.h"
 
 #include <algorithm>
 #include <bit>
@@ -243,7 +244,7 @@ void compareWithTwin(double value) {
 
 TEST(NumbersTwin, AgreesOnDecimalsOfFewDigits) {
     std::mt19937_64 random(1);
-    for (int i = 0; i < 6000; ++i) {
+    for (int i = 0; i < roundsOf(6000); ++i) {
         const auto whole =
             static_cast<double>(static_cast<std::int64_t>(random() % 2'000'000'001) - 1'000'000'000);
         ASSERT_NO_FATAL_FAILURE(compareWithTwin(whole / std::pow(10.0, static_cast<double>(random() % 13))));
@@ -252,7 +253,7 @@ TEST(NumbersTwin, AgreesOnDecimalsOfFewDigits) {
 
 TEST(NumbersTwin, AgreesOnHalves) {
     std::mt19937_64 random(2);
-    for (int i = 0; i < 6000; ++i) {
+    for (int i = 0; i < roundsOf(6000); ++i) {
         const auto whole = static_cast<double>(random() % 1'000'000'000);
         const double scale = std::pow(10.0, static_cast<double>(random() % 9));
         const double half = (whole + 0.5) / scale;
@@ -264,7 +265,7 @@ TEST(NumbersTwin, AgreesOnHalves) {
 
 TEST(NumbersTwin, AgreesOnSumsOfPowersOfTwo) {
     std::mt19937_64 random(3);
-    for (int i = 0; i < 6000; ++i) {
+    for (int i = 0; i < roundsOf(6000); ++i) {
         const auto bits = static_cast<double>(random() >> (random() % 60));
         ASSERT_NO_FATAL_FAILURE(compareWithTwin(std::ldexp(bits, -static_cast<int>(random() % 80))));
     }
@@ -272,7 +273,7 @@ TEST(NumbersTwin, AgreesOnSumsOfPowersOfTwo) {
 
 TEST(NumbersTwin, AgreesOnAnyNumber) {
     std::mt19937_64 random(4);
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < roundsOf(3000); ++i) {
         const double value = std::bit_cast<double>(random());
         if (!std::isfinite(value)) continue;
         ASSERT_NO_FATAL_FAILURE(compareWithTwin(value));

@@ -2,6 +2,7 @@
 
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
+#include "fakes/Rounds.h"
 #include "reports/ReportNumber.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +61,7 @@ TEST(QuickNumber, AgreesOnValuesOfEverySize) {
     std::mt19937_64 random(11);
     std::uniform_real_distribution<double> exponent(-12, 10);
     BothWays both;
-    for (int k = 0; k < 300000; ++k)
+    for (int k = 0; k < roundsOf(300000); ++k)
         both.compare(std::pow(10.0, exponent(random)));
     EXPECT_GT(both.quickShare(), 0.8);
 }
@@ -68,7 +69,7 @@ TEST(QuickNumber, AgreesOnValuesOfEverySize) {
 TEST(QuickNumber, AgreesOnDecimalsAndTheirNeighbours) {
     std::mt19937_64 random(12);
     BothWays both;
-    for (int k = 0; k < 60000; ++k)
+    for (int k = 0; k < roundsOf(60000); ++k)
         both.compareAround(static_cast<double>(random() % 100000000) / std::pow(10.0, random() % 9));
     EXPECT_GT(both.quickShare(), 0.9);
 }
@@ -76,7 +77,7 @@ TEST(QuickNumber, AgreesOnDecimalsAndTheirNeighbours) {
 TEST(QuickNumber, AgreesOnHalvesAndWhatIsNearThem) {
     BothWays both;
     for (int decimals = 0; decimals < 8; ++decimals)
-        for (int k = 0; k < 3000; ++k) {
+        for (int k = 0; k < roundsOf(3000); ++k) {
             const double half = (k + 0.5) / std::pow(10.0, decimals);
             both.compareAround(half);
             for (const double part : {3e-16, 5e-16, 1e-15, 3e-15, 5e-15, 1e-14, 1e-13, 1e-12})
