@@ -22,11 +22,11 @@ constexpr char doubleBottomLeft = '\xC8', doubleBottomRight = '\xBC', doubleTeeR
 using Widths = std::vector<std::size_t>;
 
 // A rule whose inner joints are `joint`: cells are one blank wider than their text on either side.
-std::string rule(const Widths& widths, char left, char joint, char right) {
-    std::string line(1, left);
+std::string rule(const Widths& widths, char first, char joint, char last) {
+    std::string line(1, first);
     for (std::size_t i = 0; i < widths.size(); ++i) {
         line.append(widths[i] + 2, across);
-        line += i + 1 < widths.size() ? joint : right;
+        line += i + 1 < widths.size() ? joint : last;
     }
     return line;
 }

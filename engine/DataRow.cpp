@@ -2,6 +2,7 @@
 
 #include "engine/NumberText.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
@@ -33,11 +34,8 @@ std::string_view withoutQuotes(std::string_view field) {
 }
 
 bool isPrintable(std::string_view text) {
-    for (const char character : text) {
-        const auto code = static_cast<unsigned char>(character);
-        if (code < 32 || code == 127 || code == '"') return false;
-    }
-    return true;
+    return std::ranges::none_of(text,
+                                [](unsigned char code) { return code < 32 || code == 127 || code == '"'; });
 }
 
 } // namespace

@@ -49,9 +49,9 @@ class RateSearch {
 
 bool observesQuality(const Catchment& catchment, const Point& point) {
     if (point.type != FeatureType::monitoringStation) return false;
-    for (const Determinand& determinand : catchment.determinands)
-        if (catchment.observedAt(point.feature->number, determinand.number).mean > 0) return true;
-    return false;
+    return std::ranges::any_of(catchment.determinands, [&](const Determinand& determinand) {
+        return catchment.observedAt(point.feature->number, determinand.number).mean > 0;
+    });
 }
 
 void fillStation(const ReachRun& run, const Catchment& catchment, const Point& station,

@@ -13,7 +13,7 @@
 class ListInput {
   public:
     // The source must outlive the input. `chunkSize` bytes are asked for at a time.
-    explicit ListInput(ByteSource& source, std::size_t chunkSize = 512 * 1024);
+    explicit ListInput(ByteSource& source, std::size_t chunkSize = std::size_t{512} * 1024);
 
     // One field each; the views hold until the next call. Failures: 62 a field wanted at the end of the file,
     // 13 text that is not wholly a number or is beyond a double's range, 6 an integer beyond 32 bits.

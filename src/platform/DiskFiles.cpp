@@ -154,7 +154,7 @@ class DiskNewFile : public NewFile {
     }
 
   private:
-    static constexpr std::size_t bufferSize = 256 * 1024;
+    static constexpr std::size_t bufferSize = std::size_t{256} * 1024;
 
     // Private, under a name that nobody can foresee, until it is whole.
     void createBeside() {

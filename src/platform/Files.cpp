@@ -3,7 +3,7 @@
 std::string Files::readAll(const std::string& name) {
     const auto source = open(name);
     std::string text;
-    std::vector<char> chunk(256 * 1024);
+    std::vector<char> chunk(std::size_t{256} * 1024);
     while (const std::size_t count = source->read(chunk.data(), chunk.size()))
         text.append(chunk.data(), count);
     return text;

@@ -24,7 +24,7 @@ double roundStep(double perKm, double room) {
 std::string cutToFit(const GraphSheet& sheet, const std::string& name, double width) {
     if (sheet.narrowWidth(name) <= width) return name;
     for (std::size_t length = shownLength(name); length-- > 2;) {
-        const std::string cut = trimRight(firstShown(name, length)) + "..";
+        std::string cut = trimRight(firstShown(name, length)) + "..";
         if (sheet.narrowWidth(cut) <= width) return cut;
     }
     return "";

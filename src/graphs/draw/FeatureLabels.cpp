@@ -50,6 +50,7 @@ std::vector<FeatureLabel> featureLabels(const GraphInputs& inputs, int column, d
 FeatureRows arrangeFeatures(const GraphSheet& sheet, std::vector<FeatureLabel> labels,
                             const DistanceScale& scale, const LabelStrip& strip) {
     std::vector<LabelRequest> requests;
+    requests.reserve(labels.size());
     for (const FeatureLabel& label : labels)
         requests.push_back({scale.x(label.distance), sheet.narrowWidth(label.text), label.required});
     FeatureRows features{std::move(labels), {}, placeLabels(requests, strip), 0};
