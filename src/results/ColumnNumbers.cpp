@@ -2,12 +2,9 @@
 
 #include "basic/ExactDecimal.h"
 #include "basic/FieldCharacters.h"
+#include "basic/SixteenDigits.h"
 
 #include <algorithm>
-
-#if defined(__x86_64__)
-#include <immintrin.h>
-#endif
 
 namespace {
 
@@ -128,23 +125,12 @@ bool readColumnsByWords(const char* text, std::span<const ColumnNumber> numbers,
 
 namespace {
 
-// Sixteen digits, the first in the lowest byte: neighbours are joined to pairs, to fours and to eights.
-__attribute__((target("sse4.1"))) std::uint64_t joinedSixteen(__m128i digits) {
-    const __m128i pairs = _mm_maddubs_epi16(digits, _mm_set1_epi16(0x010A));
-    const __m128i fours = _mm_madd_epi16(pairs, _mm_set1_epi32(0x00010064));
-    const __m128i packed = _mm_packus_epi32(fours, fours);
-    const auto eights =
-        static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_madd_epi16(packed, _mm_set1_epi32(0x00012710))));
-    return (eights & 0xFFFFFFFF) * 100000000 + (eights >> 32);
-}
-
-__attribute__((target("sse4.1"))) bool readInSixteens(const char* text, const ColumnNumber& number,
-                                                      double& value) {
+WITH_VECTORS bool readInSixteens(const char* text, const ColumnNumber& number, double& value) {
     const auto* bytes = reinterpret_cast<const __m128i*>(text + number.end - sixteen);
     const auto* order = reinterpret_cast<const __m128i*>(number.order.from.data());
     const __m128i characters = _mm_shuffle_epi8(_mm_loadu_si128(bytes), _mm_loadu_si128(order));
     const __m128i values = _mm_sub_epi8(characters, _mm_set1_epi8('0'));
-    const __m128i isDigit = _mm_cmpeq_epi8(_mm_min_epu8(values, _mm_set1_epi8(9)), values);
+    const __m128i isDigit = digitValues(values);
     const auto digits = static_cast<unsigned>(_mm_movemask_epi8(isDigit));
     const auto blanks =
         static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(characters, _mm_set1_epi8(' '))));
@@ -161,8 +147,8 @@ __attribute__((target("sse4.1"))) bool readInSixteens(const char* text, const Co
 
 } // namespace
 
-__attribute__((target("sse4.1"))) bool
-readColumnsByVectors(const char* text, std::span<const ColumnNumber> numbers, double* into) {
+WITH_VECTORS bool readColumnsByVectors(const char* text, std::span<const ColumnNumber> numbers,
+                                       double* into) {
     for (const ColumnNumber& number : numbers) {
         double& value = *into++;
         if (number.inSixteens && readInSixteens(text, number, value)) continue;
@@ -171,18 +157,10 @@ readColumnsByVectors(const char* text, std::span<const ColumnNumber> numbers, do
     return true;
 }
 
-bool hasVectors() {
-    return __builtin_cpu_supports("sse4.1");
-}
-
 #else
 
 bool readColumnsByVectors(const char* text, std::span<const ColumnNumber> numbers, double* into) {
     return readColumnsByWords(text, numbers, into);
-}
-
-bool hasVectors() {
-    return false;
 }
 
 #endif

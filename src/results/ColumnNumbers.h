@@ -35,4 +35,3 @@ bool readColumns(const char* text, std::span<const ColumnNumber> numbers, double
 // The two ways, for comparison.
 bool readColumnsByWords(const char* text, std::span<const ColumnNumber> numbers, double* into);
 bool readColumnsByVectors(const char* text, std::span<const ColumnNumber> numbers, double* into);
-bool hasVectors();

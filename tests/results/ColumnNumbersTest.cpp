@@ -2,6 +2,7 @@
 
 #include "basic/ListInput.h"
 #include "basic/RunTimeError.h"
+#include "basic/SixteenDigits.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-// A file that comes in one piece is read by the layout of its points where they have one; one that dribbles
-// in never is. Both give the same, to the last bit, on files in columns of all kinds and with all kinds of
-// damage.
+// A file that comes in one piece is read by the layout of its points where they have one, and many numbers at
+// a time where they have none; one that dribbles in is read number by number. Both give the same, to the last
+// bit, on files of all kinds and with all kinds of damage.
 #include "fakes/Rounds.h"
 #include "results/PointValues.h"
 #include "results/ReaderFixture.h"
@@ -64,7 +64,8 @@ class ColumnFile {
             std::uniform_real_distribution(-1.0, 1.0)(m_random) * std::pow(10.0, below(9) - 3);
         char text[64];
         const char* format = chance(m_exponentOneIn) ? "%*.*E" : "%*.*f";
-        std::snprintf(text, sizeof text, format, m_width, m_decimals, m_negative ? size : std::abs(size));
+        std::snprintf(text, sizeof text, format, m_inColumns ? m_width : 0, m_decimals,
+                      m_negative ? size : std::abs(size));
         return text;
     }
 
@@ -82,6 +83,7 @@ class ColumnFile {
     std::mt19937& m_random;
     std::string m_lineEnd = oneOf<std::string>({"\r\n", "\n", "\r"});
     std::string m_separator = oneOf<std::string>({",", ", ", " ", "   "});
+    bool m_inColumns = chance(2);
     int m_width = 5 + below(14);
     int m_decimals = below(10);
     bool m_negative = chance(3);
