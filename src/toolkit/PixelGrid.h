@@ -23,6 +23,7 @@ struct PixelGrid {
         return QPoint(x(at.x), y(at.y));
     }
 
+    // NOLINTNEXTLINE(readability-implicit-bool-conversion): without a branch, for millions of points
     static bool isNowhere(DrawnPoint at) { return (at.x != at.x) | (at.y != at.y); }
 
   private:
