@@ -187,7 +187,7 @@ double ListInput::generalNumber() {
     beginField();
     const Field field = plainField(endsNumber);
     double value = 0;
-    if (field.length > 0 && !readExactDecimal(viewOf(field).data(), value))
+    if (field.length > 0 && readExactDecimal(viewOf(field).data(), value) == nullptr)
         value = parseNumber(std::string(viewOf(field)));
     endField();
     return value;

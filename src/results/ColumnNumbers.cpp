@@ -91,9 +91,9 @@ DigitOrder digitOrder(const ColumnNumber& number) {
         if (byte != number.point)
             order.from[--digit] = static_cast<std::uint8_t>(sixteen - (number.end - byte));
     }
-    order.none = static_cast<std::uint16_t>((1u << digit) - 1);
+    order.none = static_cast<std::uint16_t>((1U << digit) - 1);
     const std::size_t decimals = number.point == number.end ? 1 : number.end - number.point - 1;
-    order.mostBlanks = static_cast<std::uint16_t>((1u << (sixteen - decimals)) - 1);
+    order.mostBlanks = static_cast<std::uint16_t>((1U << (sixteen - decimals)) - 1);
     return order;
 }
 

@@ -27,7 +27,7 @@ class Reading {
         : m_size(file.size()), m_input(file), m_taker(taker), m_watch(watch) {}
 
     Refusal readHeader();
-    Refusal readPoints(ValueStore& values);
+    Refusal readPoints(ValueStore& store);
     int points() const { return m_points; }
 
   private:

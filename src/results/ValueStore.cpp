@@ -14,7 +14,7 @@ constexpr int seriesExtent = 21;
 constexpr int levelExtent = 3;
 constexpr int plainFields = 5;      // meanValue to targetValue: one column a series
 constexpr int percentileFields = 4; // the others: one a level and series
-constexpr std::size_t columns = seriesExtent * (plainFields + levelExtent * percentileFields);
+constexpr std::size_t columns = std::size_t{seriesExtent} * (plainFields + levelExtent * percentileFields);
 constexpr std::size_t valueBytes = columns * ValueStore::points * sizeof(double);
 constexpr std::size_t largePage = std::size_t(2) << 20;
 constexpr std::size_t mappingBytes = valueBytes + largePage;
@@ -74,7 +74,7 @@ void ValueStore::reset() {
     *this = ValueStore();
 }
 
-std::size_t ValueStore::offsetOf(ValueField field, int series, int level) const {
+std::size_t ValueStore::offsetOf(ValueField field, int series, int level) {
     const int order = static_cast<int>(field);
     const bool hasLevels = order >= plainFields;
     const int first = hasLevels ? plainFields + (order - plainFields) * levelExtent : order;

@@ -43,7 +43,7 @@ class ValueStore {
     void reset();
 
   private:
-    std::size_t offsetOf(ValueField field, int series, int level) const;
+    static std::size_t offsetOf(ValueField field, int series, int level);
 
     void* m_mapping = nullptr;
     double* m_values = nullptr; // in the mapping, at the first large page's start
