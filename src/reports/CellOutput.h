@@ -41,11 +41,11 @@ class CellOutput {
     }
 
   private:
-    static constexpr std::size_t blockSize = 64 * 1024;
+    static constexpr std::size_t blockSize = std::size_t{64} * 1024;
 
     // Up to the next one for the plain way, whose column is returned. A row is at most some hundred numbers.
     std::size_t usualNumbers(std::span<const NumberCode> codes, std::size_t column) {
-        const std::size_t wanted = codes.size() * m_texts.room;
+        const std::size_t wanted = codes.size() * NumberTexts::room;
         if (wanted > blockSize - m_used) flush();
         char* to = m_block.data() + m_used;
         for (; column < codes.size() && codes[column] != NumberCode::plainWay; ++column)

@@ -75,7 +75,8 @@ class LinePainter {
     void drawAcross(double from, double to, double y, const Pen& pen) {
         DrawnLine* const before =
             m_page.commands.empty() ? nullptr : std::get_if<DrawnLine>(&m_page.commands.back());
-        if (before && before->to == DrawnPoint{from, y} && before->from.y == y && before->pen == pen)
+        if (before != nullptr && before->to == DrawnPoint{from, y} && before->from.y == y &&
+            before->pen == pen)
             before->to.x = to;
         else
             m_page.commands.push_back(DrawnLine{{from, y}, {to, y}, pen});

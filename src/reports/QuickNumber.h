@@ -34,6 +34,7 @@ class NumberTexts {
     char* write(char* to, NumberCode code) const {
         const auto bits = static_cast<std::uint32_t>(code);
         if (bits >= static_cast<std::uint32_t>(NumberCode::wholeNumber)) return writeWhole(to, bits);
+        // NOLINTNEXTLINE(bugprone-not-null-terminated-result): more text follows
         std::memcpy(to, "0.000000", 8);
         to += bits >> 16;
         const Text& text = m_texts[bits & 0xFFFF];

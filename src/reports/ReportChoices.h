@@ -35,7 +35,7 @@ class ReportChoices {
   public:
     bool ticked(ReportBox box) const { return m_boxes[static_cast<int>(box)]; }
     // Ticking "Select all ..." selects every line of its list; unticking it changes no selection.
-    void tick(ReportBox box, bool on);
+    void tick(ReportBox which, bool on);
 
     const std::vector<ListEntry>& determinands() const { return m_determinands; }
     const std::vector<ListEntry>& reaches() const { return m_reaches; }
