@@ -175,6 +175,7 @@ bool measure(const char* what, Shown shown, int rounds) {
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): what fails here may end the benchmark
 int main(int argc, char** argv) {
     if (argc != 3) return 2;
     settleForNoDisplay();

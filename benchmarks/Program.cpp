@@ -16,6 +16,7 @@ double seconds(const timeval& time) {
 
 pid_t start(const std::vector<std::string>& command) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& each : command)
         arguments.push_back(const_cast<char*>(each.c_str()));
     arguments.push_back(nullptr);

@@ -106,6 +106,7 @@ void measure(DiskFiles& files, const std::string& name, int determinands, int ro
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): what fails here may end the benchmark
 int main(int argc, char** argv) {
     if (argc != 3) return 2;
     const std::string name = modelNameOfHostPath(argv[1] + std::string("/bench.csv"));
