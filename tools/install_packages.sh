@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing: `install_packages.sh run` for building and running the program,
-# `install_packages.sh test` for the tests too. Quiet, and content without a network, where nothing is missing.
+# `install_packages.sh test` for the tests too, `install_packages.sh tidy` for clang-tidy. Quiet, and content without a
+# network, where nothing is missing.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev fonts-liberation)
 if [[ ${1:-run} == test ]]; then
     packages+=(libgtest-dev libgmock-dev clang-format python3 xvfb openbox xdotool x11-utils imagemagick poppler-utils
         cups git util-linux)
+elif [[ ${1:-run} == tidy ]]; then
+    packages+=(libgtest-dev libgmock-dev clang clang-tidy)
 fi
 
 is_installed() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }
