@@ -32,7 +32,7 @@ std::vector<std::string> modelNames(const CommandLine& line) {
 }
 
 std::string runTitle(const CommandLine& line) {
-    const std::string title = line.value("--title").value_or("");
+    std::string title = line.value("--title").value_or("");
     if (title.find_first_of("\r\n") != std::string::npos) throw UsageError("the title is longer than a line");
     return title;
 }

@@ -79,7 +79,7 @@ ProgramArguments takeProgramOptions(const std::vector<std::string>& arguments) {
 }
 
 bool isForCommands(const std::vector<std::string>& arguments) {
-    return !arguments.empty() && (commandOf(arguments[0]) || arguments[0].starts_with('-'));
+    return !arguments.empty() && (commandOf(arguments[0]) != nullptr || arguments[0].starts_with('-'));
 }
 
 int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,

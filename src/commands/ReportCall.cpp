@@ -22,6 +22,7 @@ std::vector<bool> chosenDeterminands(const std::vector<ListEntry>& list, std::st
     std::vector<bool> chosen(list.size(), words == "all");
     if (words == "all" || words == "none") return chosen;
     std::vector<std::string> names;
+    names.reserve(list.size());
     for (const ListEntry& entry : list)
         names.push_back(entry.text);
     do

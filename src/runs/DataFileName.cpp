@@ -29,7 +29,7 @@ DataFileVerdict dataFileToSaveAs(std::string_view chosen) {
 }
 
 DataFileVerdict dataFileToOpen(std::string_view chosen) {
-    const DataFileVerdict verdict = dataFileToSaveAs(chosen);
+    DataFileVerdict verdict = dataFileToSaveAs(chosen);
     const DataFileNames* names = std::get_if<DataFileNames>(&verdict);
     if (!names) return verdict;
     if (names->folder.size() > LongestDataFolder)

@@ -19,7 +19,7 @@ struct PlottedColumn {
     const std::vector<int>& scalePoints() const { return measured.empty() ? points : measured; }
 };
 
-PlottedColumn plottedColumn(const ResultsDataSet& results, const GraphHandOver& graph, int column);
+PlottedColumn plottedColumn(const ResultsDataSet& results, const GraphHandOver& graph, int number);
 
 // Turns distances into x; equal for all panels that show one column.
 struct DistanceScale {

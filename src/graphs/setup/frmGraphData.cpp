@@ -16,6 +16,7 @@ Tick tickOf(bool ticked) {
 
 std::vector<std::string> textsOf(const std::vector<ListedReach>& reaches) {
     std::vector<std::string> texts;
+    texts.reserve(reaches.size());
     for (const ListedReach& reach : reaches)
         texts.push_back(reach.text);
     return texts;
