@@ -19,12 +19,11 @@ Water stillWater(const Catchment& catchment, std::size_t shots) {
     return {Shots(shots), std::vector<Shots>(catchment.determinands.size(), Shots(shots))};
 }
 
-BalanceItem balanceItemOf(FeatureType type) {
+BalanceItem balanceItemOfInflow(FeatureType type) {
     switch (type) {
     case FeatureType::sewageDischarge: return BalanceItem::sewage;
     case FeatureType::industrialEffluent: return BalanceItem::industry;
     case FeatureType::stormOverflow: return BalanceItem::overflows;
-    case FeatureType::abstraction: return BalanceItem::abstractions;
     default: return BalanceItem::streams;
     }
 }
@@ -111,7 +110,7 @@ class ReachWalk {
         if (feature.type == FeatureType::abstraction) return abstract(inflow.flow);
         Water effluent = inflow;
         if (treat && isEffluent(feature.type)) treat(feature, m_river, effluent);
-        book(balanceItemOf(feature.type), effluent);
+        book(balanceItemOfInflow(feature.type), effluent);
         mix(m_river, effluent);
     }
 

@@ -159,9 +159,10 @@ TEST(GapFills, ComeBackFromTheirText) {
 
 TEST(GapFills, AreRefusedWhereTheyDoNotFitTheCatchment) {
     const Catchment catchment = smallCatchment::parsed(smallCatchment::text());
-    const char* const bad[] = {"FLOW, 7, 0, 1, 1, 1",    "FLOW, 1, 0, 5, 1, 1",  "FLOW, 1, 3, 2, 1, 1",
-                               "QUALITY, 1, 0, 1, 3, 0", "OTHER, 1, 0, 1, 1, 1", "FLOW, 1",
-                               "FLOW, 1, 0, 1, inf, 1"};
+    const char* const bad[] = {
+        "FLOW, 7, 0, 1, 1, 1",    "FLOW, 1, 0, 5, 1, 1",  "FLOW, 1, 3, 2, 1, 1",
+        "QUALITY, 1, 0, 1, 3, 0", "OTHER, 1, 0, 1, 1, 1", "FLOW, 1",
+        "FLOW, 1, 0, 1, inf, 1",  "FLOW, 1, 0, 1, 2, 3",  "FLOW, 1, 0, 1, 2, 0.000001"};
     for (const char* line : bad) {
         const auto result = parseGapFills(std::string("; remark\n") + line, catchment);
         ASSERT_TRUE(std::holds_alternative<DataError>(result)) << line;

@@ -140,6 +140,18 @@ TEST(RiverModel, BalancesSourcesAndSinksInEveryReach) {
     EXPECT_LT(run.balance(1, BalanceItem::abstractions, 0), 0);
 }
 
+TEST(RiverModel, BooksEachKindOfInflowUnderItsOwnItem) {
+    const std::pair<const char*, BalanceItem> kinds[] = {{"sewage", BalanceItem::sewage},
+                                                         {"industry", BalanceItem::industry},
+                                                         {"overflow", BalanceItem::overflows},
+                                                         {"stream", BalanceItem::streams}};
+    for (const auto& [kind, own] : kinds) {
+        const SimulatedRun run(smallCatchment::replaced(smallCatchment::text(), "sewage", kind));
+        for (const auto& [otherKind, item] : kinds)
+            EXPECT_NEAR(run.balance(1, item, 0), item == own ? 10 * 30 : 0, 1e-9) << kind << otherKind;
+    }
+}
+
 TEST(RiverModel, GivesEachReachInItsTurn) {
     ModelRun run(smallCatchment::text());
     std::string names;
@@ -190,6 +202,16 @@ TEST(EffluentStandards, JustMeetTheTarget) {
     ASSERT_EQ(run.result.standards.size(), 1u);
     EXPECT_LT(run.result.standards[0].standard, run.result.standards[0].present);
     EXPECT_TRUE(run.result.standards[0].meets());
+}
+
+TEST(EffluentStandards, AreOfTheStatisticThatTheTargetLimits) {
+    Shots quality;
+    for (int value = 1000; value > 0; --value)
+        quality.push_back(value);
+    EXPECT_NEAR(statisticOf(quality, StandardStatistic::mean), 500.5, 1e-9);
+    EXPECT_NEAR(statisticOf(quality, StandardStatistic::percentile90), 900, 1);
+    EXPECT_NEAR(statisticOf(quality, StandardStatistic::percentile95), 950, 1);
+    EXPECT_NEAR(statisticOf(quality, StandardStatistic::percentile99), 990, 1);
 }
 
 TEST(EffluentStandards, StopAtTheBestThatCanBeReached) {

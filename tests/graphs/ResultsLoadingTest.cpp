@@ -15,6 +15,7 @@ class ResultsLoading : public testing::Test {
         world.putFile("A.SGR", smallResultsFile());
         world.putFile("B.SGR", smallResultsFile(0, FileEnd::whole, "Second"));
         world.putFile("P90.SGR", smallResultsFile(2));
+        world.putFile("P99.SGR", smallResultsFile(3));
         world.putFile("CUT.SGR", smallResultsFile(0, FileEnd::cutShort));
     }
     void TearDown() override { GLOBAL = {}; }
@@ -82,6 +83,8 @@ TEST_F(ResultsLoading, LetsTheLevelOptionFollowTheFile) {
     EXPECT_EQ(choices.levelOption, 3);
     chooseFile(0, "A.SGR");
     EXPECT_EQ(choices.levelOption, 4);
+    chooseFile(0, "P99.SGR");
+    EXPECT_EQ(choices.levelOption, 5);
 }
 
 TEST_F(ResultsLoading, RefusesASecondFileWithoutAFirst) {

@@ -87,6 +87,22 @@ TEST_F(ApplicationFolder, HoldsNoHalfOfAFileAfterAFullDisk) {
     EXPECT_EQ(home.textOf(engine).size(), 100'000U);
 }
 
+TEST_F(ApplicationFolder, IsSoughtWithWhatTheEnvironmentSays) {
+    const std::string homeBefore = std::getenv("HOME") ? std::getenv("HOME") : "";
+    setenv("KORVEL_HOME", "/srv/korvel", 1);
+    setenv("XDG_DATA_HOME", "/data", 1);
+    unsetenv("HOME");
+    const ApplicationFolderSources found = applicationFolderSources("/option");
+    unsetenv("KORVEL_HOME");
+    unsetenv("XDG_DATA_HOME");
+    setenv("HOME", homeBefore.c_str(), 1);
+    EXPECT_EQ(found.option, "/option");
+    EXPECT_EQ(found.korvelHome, "/srv/korvel");
+    EXPECT_EQ(found.dataHome, "/data");
+    EXPECT_EQ(found.home, "");
+    EXPECT_EQ(found.executableFolder, std::filesystem::read_symlink("/proc/self/exe").parent_path());
+}
+
 TEST_F(ApplicationFolder, FillsNoOtherFolder) {
     TemporaryFolder other;
     fillApplicationFolder(other.path(), sources);
