@@ -78,41 +78,53 @@ WITH_VECTORS bool readNumber(const char* text, int start, int end, Places points
     return true;
 }
 
-// The numbers of one window, but for its last field, of which the end is not in sight.
-WITH_VECTORS NumbersRead readWindow(const char* text, std::span<double> into) {
-    const Window window = windowAt(text);
-    // The first byte of everything that ends a field by itself: a return and its feed are one.
+struct Fields {
+    Places starts = 0; // the last one is that of a field whose end is not in sight
+    Places ends = 0;   // of the others
+    Places enders = 0; // the first byte of each comma and line end before the last start
+};
+
+// Nothing where a field is empty, which takes two enders among the same separators, or one before the first
+// field.
+WITH_VECTORS Fields fieldsOf(const Window& window) {
     const Places enders = window.commas | window.returns | (window.feeds & ~(window.returns << 1));
     const Places separators = window.blanks | enders | window.feeds;
-    Places starts = ~separators & ~(~separators << 1);
+    const Places starts = ~separators & ~(~separators << 1);
     if (withoutFirst(starts) == 0) return {};
-    const int first = std::countr_zero(starts);
-    const int last = windowSize - 1 - std::countl_zero(starts);
-    // An ender carries into the start behind its separators, two among the same ones into one: a field is
-    // empty.
-    const Places known = enders & before(last);
-    const Places carried = ((separators & before(last)) + known) & starts;
-    if ((known & before(first)) != 0 || std::popcount(carried) != std::popcount(known)) return {};
+    const Places beforeFirst = before(std::countr_zero(starts));
+    const Places beforeLast = before(windowSize - 1 - std::countl_zero(starts));
+    const Places known = enders & beforeLast;
+    // Each ender carries through the separators behind it into a start; two among the same ones into one
+    // start.
+    const Places reached = ((separators & beforeLast) + known) & starts;
+    if ((known & beforeFirst) != 0 || std::popcount(reached) != std::popcount(known)) return {};
+    return {starts, separators & ~(separators << 1) & ~beforeFirst, known};
+}
 
-    Places ends = separators & ~(separators << 1) & ~before(first);
+// Where the field behind the separators from `end` up to `next` begins, blanks before it included.
+int behindSeparators(const Window& window, Places enders, int end, int next) {
+    const Places ender = enders & before(next) & ~before(end);
+    if (ender == 0) return next;
+    const bool isPair = (ender & window.returns) != 0 && ((ender << 1) & window.feeds) != 0;
+    return std::countr_zero(ender) + (isPair ? 2 : 1);
+}
+
+WITH_VECTORS NumbersRead readWindow(const char* text, std::span<double> into) {
+    const Window window = windowAt(text);
+    Fields fields = fieldsOf(window);
     std::size_t count = 0;
     int end = 0;
-    while (count < into.size() && withoutFirst(starts) != 0) {
-        const int start = std::countr_zero(starts);
-        const int itsEnd = std::countr_zero(ends);
+    while (count < into.size() && withoutFirst(fields.starts) != 0) {
+        const int start = std::countr_zero(fields.starts);
+        const int itsEnd = std::countr_zero(fields.ends);
         if (!readNumber(text, start, itsEnd, window.points, into[count])) break;
         end = itsEnd;
         ++count;
-        starts = withoutFirst(starts);
-        ends = withoutFirst(ends);
+        fields.starts = withoutFirst(fields.starts);
+        fields.ends = withoutFirst(fields.ends);
     }
     if (count == 0) return {};
-    const int next = std::countr_zero(starts);
-    const Places ender = known & before(next) & ~before(end);
-    if (ender == 0) return {count, text + next};
-    const Places behind = ender << 1;
-    const bool isPair = (ender & window.returns) != 0 && (behind & window.feeds) != 0;
-    return {count, text + std::countr_zero(ender) + (isPair ? 2 : 1)};
+    return {count, text + behindSeparators(window, fields.enders, end, std::countr_zero(fields.starts))};
 }
 
 } // namespace
