@@ -33,6 +33,13 @@ constexpr std::array<Rgb, logoCount> logoColours = {Rgb{11, 60, 93}, {15, 86, 12
                                                     {50, 140, 166},  {88, 167, 182}, {128, 190, 194},
                                                     {168, 210, 205}};
 
+std::string nextStep() {
+    if (GLOBAL.graphResultsPending || GLOBAL.reportResultsPending)
+        return "When the model has finished, open Graphs or Reports to study the results.";
+    return "Start with RUN THE KORVEL MODEL and choose a data file, or open Graphs to look at results that "
+           "are there.";
+}
+
 } // namespace
 
 std::array<QAction*, 10> frmStart::runItems() {
@@ -152,13 +159,6 @@ void frmStart::widenTexts() {
     Place next = controlPlace(lblNextStep);
     next.top *= GLOBAL.ScaleY;
     setControlPlace(lblNextStep, next);
-}
-
-std::string frmStart::nextStep() const {
-    if (GLOBAL.graphResultsPending || GLOBAL.reportResultsPending)
-        return "When the model has finished, open Graphs or Reports to study the results.";
-    return "Start with RUN THE KORVEL MODEL and choose a data file, or open Graphs to look at results that "
-           "are there.";
 }
 
 void frmStart::onActivate() {

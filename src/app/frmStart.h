@@ -35,7 +35,6 @@ class frmStart : public Form {
     void scaleLogo();
     void centreFrames();
     void widenTexts();
-    std::string nextStep() const;
     void connectMenus();
 
     void Exit();

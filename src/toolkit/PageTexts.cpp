@@ -18,6 +18,7 @@ bool PageTexts::add(const DrawnText& text, QPointF corner) {
 void PageTexts::flush() {
     if (m_glyphs.isEmpty()) return;
     QGlyphRun run;
+    // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): where there are glyphs there is their font
     run.setRawFont(m_glyphFont->raw());
     run.setGlyphIndexes(m_glyphs);
     run.setPositions(m_places);

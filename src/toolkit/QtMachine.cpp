@@ -18,7 +18,7 @@ namespace {
 
 // Where the engine lies. A blank behind the program's name is no part of it.
 std::string enginePath(const std::string& program) {
-    const std::string path = hostPathOf(trim(program));
+    std::string path = hostPathOf(trim(program));
     if (!QFile::exists(QFile::decodeName(path.c_str()))) throw RunTimeError(errors::fileNotFound);
     return path;
 }

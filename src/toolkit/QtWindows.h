@@ -12,8 +12,8 @@ class QtWindows : public Windows {
   public:
     explicit QtWindows(Dialogs& dialogs) : m_dialogs(dialogs) {}
 
-    void showModal(ShownForm& form) override;
-    void showModeless(ShownForm& form) override;
+    void showModal(ShownForm& shown) override;
+    void showModeless(ShownForm& shown) override;
     void close(ShownForm& form) override;
     void endProgram() override;
     void failProgram(const RunTimeError& error) override;
