@@ -212,7 +212,7 @@ void FakePlatform::showModal(ShownForm& form) {
     const std::string question = "show modal " + form.formName();
     const Deed deed = nextDeed(question);
     const FormAction* act = std::get_if<FormAction>(&deed);
-    if (!act || act->formName != form.formName()) failUnexpected(question);
+    if (act == nullptr || act->formName != form.formName()) failUnexpected(question);
     note(question);
     m_modalForms.push_back(&form);
     form.activate();
