@@ -23,19 +23,19 @@ ResultsFileBuilder& ResultsFileBuilder::mode(int percentileMode) {
     return *this;
 }
 
-ResultsFileBuilder& ResultsFileBuilder::determinand(int type, std::string name, int statistic) {
+ResultsFileBuilder& ResultsFileBuilder::determinand(int type, const std::string& name, int statistic) {
     m_determinands.push_back(std::to_string(type) + "," + inQuotes(name) + "," + std::to_string(statistic));
     return *this;
 }
 
-ResultsFileBuilder& ResultsFileBuilder::reach(int number, std::string name, double length, int next) {
+ResultsFileBuilder& ResultsFileBuilder::reach(int number, const std::string& name, double length, int next) {
     std::ostringstream line;
     line << std::setw(4) << number << ' ' << std::left << std::setw(16) << name << ' ' << std::right
          << std::setw(10) << shortestNumber(length) << ' ' << std::setw(4) << next;
     return reachLine(line.str());
 }
 
-ResultsFileBuilder& ResultsFileBuilder::point(int reach, double distance, std::string label,
+ResultsFileBuilder& ResultsFileBuilder::point(int reach, double distance, const std::string& label,
                                               int featureType) {
     return pointLine(std::to_string(reach) + "," + shortestNumber(distance) + "," + inQuotes(label + "   ") +
                      ",0," + std::to_string(featureType));

@@ -16,10 +16,10 @@ class ResultsFileBuilder {
   public:
     ResultsFileBuilder& title(std::string line);
     ResultsFileBuilder& mode(int percentileMode);
-    ResultsFileBuilder& determinand(int type, std::string name, int statistic = 1);
-    ResultsFileBuilder& reach(int number, std::string name, double length = 10, int next = 0);
+    ResultsFileBuilder& determinand(int type, const std::string& name, int statistic = 1);
+    ResultsFileBuilder& reach(int number, const std::string& name, double length = 10, int next = 0);
     // The label ends with three more characters in the file, as the engine writes it.
-    ResultsFileBuilder& point(int reach, double distance, std::string label, int featureType = 0);
+    ResultsFileBuilder& point(int reach, double distance, const std::string& label, int featureType = 0);
     // `count` points of one reach, 0.1 apart.
     ResultsFileBuilder& points(int count, int reach = 1, int featureType = 0);
     // A value of the last point; `set` with a text writes it as it stands.
