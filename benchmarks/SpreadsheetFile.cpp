@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int points = 59999;
-constexpr std::size_t blockSize = 64 * 1024;
+constexpr std::size_t blockSize = std::size_t{64} * 1024;
 
 void fillResults() {
     RESULTS.resultsTitle = "A made-up catchment";
