@@ -1,10 +1,12 @@
 #include "toolkit/DrawingPainter.h"
 
+#include "toolkit/CrossStamps.h"
 #include "toolkit/MergedLines.h"
 #include "toolkit/PageTexts.h"
 #include "toolkit/QtTextMetrics.h"
 #include "toolkit/RunThinning.h"
 #include "toolkit/Shown.h"
+#include "toolkit/SolidPen.h"
 
 #include <QFontMetricsF>
 #include <QPaintDevice>
@@ -88,8 +90,11 @@ class DrawingPlayer {
 
     // Lines of one pen at once. Where they are stored a rule is one line, however many rows it passes.
     void flushLines() {
-        if (m_stored) m_lines = mergedLines(m_lines);
-        m_painter.drawLines(m_lines.data(), static_cast<int>(m_lines.size()));
+        if (m_stored) {
+            const std::vector<QLine> merged = mergedLines(m_lines);
+            m_painter.drawLines(merged.data(), static_cast<int>(merged.size()));
+        } else
+            drawLinesAndCrosses(m_painter, m_lines, QRect(0, 0, m_scale.grid.width, m_scale.grid.height));
         m_lines.clear();
     }
 
@@ -106,7 +111,7 @@ class DrawingPlayer {
     void drawThinned(const DrawnRun& run) {
         const QPen pen = m_painter.pen();
         const ThinnedRun thinned = thinnedRun(run.points, m_scale.grid, pen.width());
-        m_painter.drawLines(thinned.slants.data(), static_cast<int>(thinned.slants.size()));
+        m_painter.drawLines(thinned.lines.data(), static_cast<int>(thinned.lines.size()));
         m_painter.setPen(Qt::NoPen);
         m_painter.setBrush(pen.color());
         m_painter.drawRects(thinned.boxes.data(), static_cast<int>(thinned.boxes.size()));
@@ -132,9 +137,7 @@ class DrawingPlayer {
         flushLines();
         m_pen = pen;
         const int width = std::max(1, static_cast<int>(std::lround(pen.width * m_scale.penUnit)));
-        QPen qt(QColor(pen.colour.red, pen.colour.green, pen.colour.blue), width);
-        qt.setCapStyle(Qt::SquareCap);
-        qt.setJoinStyle(Qt::BevelJoin);
+        QPen qt = solidPen(QColor(pen.colour.red, pen.colour.green, pen.colour.blue), width);
         QList<qreal> dashes = dashLengths(pen.dash);
         for (qreal& length : dashes)
             length *= m_scale.pixelsPerInch / screenDotsPerInch / width;

@@ -1,67 +1,90 @@
 #include "toolkit/RunThinning.h"
 
+#include "toolkit/CoveredColumns.h"
+#include "toolkit/LineBox.h"
 #include "toolkit/PixelColumns.h"
+#include "toolkit/SlantPictures.h"
 
 #include <algorithm>
 
 namespace {
 
-// The boxes and slants of solid lines between neighbouring points.
+// The boxes and lines of solid lines between neighbouring points.
 class PieceMaker {
   public:
     PieceMaker(const std::vector<PixelColumn>& columns, const PixelGrid& grid, int penWidth)
-        : m_columns(columns), m_left(-penWidth), m_right(grid.width + penWidth), m_width(penWidth) {}
+        : m_columns(columns),
+          m_width(penWidth),
+          m_device(0, 0, grid.width, grid.height),
+          m_seen(m_device.adjusted(-penWidth, -penWidth, penWidth, penWidth)),
+          m_slants(SlantPictures::ofPen(penWidth)),
+          m_covered(m_seen.left() - penWidth, m_seen.right() + penWidth) {}
 
     ThinnedRun make() {
         for (std::size_t k = 0; k < m_columns.size(); ++k) {
-            addColumn(m_columns[k]);
-            if (k + 1 < m_columns.size() && !isCovered(k)) join(m_columns[k], m_columns[k + 1]);
+            const PixelColumn& column = m_columns[k];
+            if (!column.single && isSeen(column.x)) cover(column.x, column.lowest, column.highest);
+            if (k + 1 < m_columns.size()) join(column, m_columns[k + 1]);
         }
+        const std::vector<QRect> covered = m_covered.takeBoxes();
+        m_run.boxes.insert(m_run.boxes.end(), covered.begin(), covered.end());
         return std::move(m_run);
     }
 
   private:
-    bool isSeen(const PixelColumn& column) const { return column.x >= m_left && column.x <= m_right; }
+    bool isSeen(int x) const { return x >= m_seen.left() && x <= m_seen.right(); }
 
-    void addColumn(const PixelColumn& column) {
-        if (!column.single && isSeen(column)) addBox(column.x, column.lowest, column.x, column.highest);
-    }
     void join(const PixelColumn& from, const PixelColumn& to) {
-        const int left = std::min(from.x, to.x), right = std::max(from.x, to.x);
-        if (right < m_left || left > m_right) return;
-        if (from.last == to.first)
-            addBox(left, to.first, right, to.first);
+        const QLine line(from.x, from.last, to.x, to.first);
+        const QRect box = boxOf(line);
+        if (!m_seen.intersects(box)) return;
+        if (line.dy() == 0 && areLevelLinesBoxes())
+            addLevel(box);
+        else if (line.dy() != 0 && line.dx() == 1 && hasPicture(box))
+            addPicture(line);
         else
-            m_run.slants.emplace_back(from.x, from.last, to.x, to.first);
-    }
-    // Whether the boxes of the columns around hide the line from column k to the next one. The corners of a
-    // slanting line lie up to a fifth of its width farther out than those of a box.
-    bool isCovered(std::size_t k) const {
-        const auto beyond = static_cast<std::size_t>(m_width / 5 + 1);
-        if (k < beyond || k + 1 + beyond >= m_columns.size()) return false;
-        const int margin = static_cast<int>(beyond);
-        const int from = m_columns[k].last, to = m_columns[k + 1].first;
-        const int lowest = std::min(from, to) - margin, highest = std::max(from, to) + margin;
-        for (std::size_t j = k - beyond; j <= k + 1 + beyond; ++j) {
-            const PixelColumn& column = m_columns[j];
-            const bool inLine = column.x - m_columns[k].x == static_cast<int>(j) - static_cast<int>(k);
-            if (!inLine || !isSeen(column) || column.lowest > lowest || column.highest < highest)
-                return false;
-        }
-        return true;
+            m_run.lines.push_back(line);
     }
 
-    // The pixels of a line with square ends.
-    void addBox(int left, int top, int right, int bottom) {
-        m_run.boxes.emplace_back(left - m_width / 2, top - m_width / 2, right - left + m_width,
-                                 bottom - top + m_width);
+    // Qt paints some level lines of odd widths a row of pixels off, but for the thinnest; which ones, depends
+    // on their place.
+    bool areLevelLinesBoxes() const { return m_width == 1 || m_width % 2 == 0; }
+    void addLevel(const QRect& line) {
+        const int before = m_width / 2, after = m_width - 1 - before;
+        if (line.width() > 2 || !isSeen(line.left()) || !isSeen(line.right()))
+            return m_run.boxes.push_back(line.adjusted(-before, -before, after, after));
+        cover(line.left(), line.top(), line.top());
+        cover(line.right(), line.top(), line.top());
+    }
+
+    // Whether the line in the box has a picture, and all of it is on the device: Qt cuts off what is not, and
+    // what remains can differ.
+    bool hasPicture(const QRect& box) const {
+        const int reach = m_slants.reach();
+        return box.height() <= SlantPictures::steepest &&
+               m_device.contains(box.adjusted(-reach, -reach, reach, reach));
+    }
+    void addPicture(const QLine& line) {
+        const SlantPictures::Picture& picture = m_slants.to(line.dy());
+        int column = line.x1() + picture.firstColumn;
+        for (const Stretch& stretch : picture.stretches)
+            m_covered.add(column++, {line.y1() + stretch.top, line.y1() + stretch.bottom});
+    }
+
+    // The pixels of an upright line with square ends.
+    void cover(int x, int top, int bottom) {
+        const int before = m_width / 2, after = m_width - 1 - before;
+        for (int column = x - before; column <= x + after; ++column)
+            m_covered.add(column, {top - before, bottom + after});
     }
 
     const std::vector<PixelColumn>& m_columns;
-    ThinnedRun m_run;
-    int m_left;
-    int m_right;
     int m_width;
+    QRect m_device;
+    QRect m_seen; // what lies outside leaves no pixel on the device
+    SlantPictures& m_slants;
+    CoveredColumns m_covered;
+    ThinnedRun m_run;
 };
 
 void add(QPolygon& polygon, int x, int y) {

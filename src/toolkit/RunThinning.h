@@ -1,5 +1,6 @@
-// Thins runs of joined points for a device: whatever falls into one column of pixels is drawn as one upright
-// line and one joining line, and the picture stays the same to the last pixel.
+// Thins runs of joined points for a device: whatever falls into one column of pixels becomes one upright
+// line, joined to the next by one line, and most of these are filled as boxes, column by column. The picture
+// stays the same to the last pixel.
 #pragma once
 
 #include "toolkit/PixelGrid.h"
@@ -10,11 +11,11 @@
 
 #include <vector>
 
-// What gives the picture of one solid line, with square ends, for each pair of neighbouring points. Upright
-// and level pieces are filled as boxes, which is ten times as fast as painting wide lines.
+// What gives the picture of one solid line, with square ends, for each pair of neighbouring points. Lines are
+// left where their pixels are Qt's to choose; a box takes a tenth of the time of a wide one.
 struct ThinnedRun {
     std::vector<QRect> boxes;
-    std::vector<QLine> slants;
+    std::vector<QLine> lines;
 };
 
 ThinnedRun thinnedRun(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth);
