@@ -148,3 +148,15 @@ TEST_F(GraphPrimitivesTest, ClosesAGraphWithoutTexts) {
     EXPECT_EQ(graph.LabelCount, 0);
     EXPECT_TRUE(drawing.commands.empty());
 }
+
+TEST_F(GraphPrimitivesTest, GivesTheMemoryOfALongRunToTheNextGraph) {
+    std::vector<DrawnPoint> points = graph.takePoints(5000);
+    EXPECT_EQ(points.size(), 5000u);
+    const DrawnPoint* const memory = points.data();
+    graph.DisplayRun(onScreen, std::move(points), 0, 0, 0);
+    graph.CloseGraph();
+    points = graph.takePoints(10);
+    EXPECT_EQ(points.size(), 10u);
+    EXPECT_EQ(points.data(), memory);
+    EXPECT_EQ(graph.takePoints(3), std::vector<DrawnPoint>(3));
+}

@@ -26,8 +26,7 @@ class CurvePen {
     bool above(DrawnPoint point) const { return point.y > m_place.area.top; }
 
     void joined() const {
-        std::vector<DrawnPoint> run = m_sheet.takePoints();
-        run.resize(count());
+        std::vector<DrawnPoint> run = m_sheet.takePoints(count());
         bool anyAbove = false;
         for (std::size_t j = 0; j < count(); ++j) {
             run[j] = at(j);
@@ -51,8 +50,9 @@ class CurvePen {
 
     void crosses() const {
         for (std::size_t j = 0; j < count(); ++j) {
+            if (value(j) == 0) continue;
             const DrawnPoint centre = at(j);
-            if (value(j) != 0 && !above(centre)) m_sheet.cross(m_curve.look, centre, m_place.mark);
+            if (!above(centre)) m_sheet.cross(m_curve.look, centre, m_place.mark);
         }
     }
 

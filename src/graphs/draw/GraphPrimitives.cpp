@@ -109,11 +109,11 @@ void GraphPrimitives::addText(bool pr, double x, double y, int align, const std:
     if (!pr) ++LabelCount;
 }
 
-std::vector<DrawnPoint> GraphPrimitives::takePoints() {
-    if (m_spare.empty()) return {};
+std::vector<DrawnPoint> GraphPrimitives::takePoints(std::size_t count) {
+    if (m_spare.empty()) return std::vector<DrawnPoint>(count);
     std::vector<DrawnPoint> points = std::move(m_spare.back());
     m_spare.pop_back();
-    points.clear();
+    points.resize(count);
     return points;
 }
 

@@ -24,9 +24,9 @@ class GraphPrimitives {
     void DisplayLine(bool pr, double x1, double y1, double x2, double y2, int Thick, int Style, int Col);
     // Points joined by lines, each as DisplayLine draws it.
     void DisplayRun(bool pr, std::vector<DrawnPoint> points, int Thick, int Style, int Col);
-    // An empty list for a run's points, with the memory of an earlier graph's: to take memory anew at each
-    // redraw would cost more than the drawing.
-    std::vector<DrawnPoint> takePoints();
+    // A list for so many points of a run, to be written over: it has the memory of an earlier graph's, and
+    // its points. To take memory anew at each redraw, or to empty it first, would cost more than the drawing.
+    std::vector<DrawnPoint> takePoints(std::size_t count);
     void giveBack(std::vector<DrawnPoint> points);
     // In the drawing's coordinates. Widths: 0 nothing, 1, 2, 3; above 3 as 3.
     void WideLine(double x1, double y1, double x2, double y2, int DWidth, Rgb Color);

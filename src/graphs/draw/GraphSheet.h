@@ -36,7 +36,7 @@ class GraphSheet {
     void run(LineLook look, std::vector<DrawnPoint> points) const {
         m_primitives.DisplayRun(m_pr, std::move(points), look.thick, look.style, look.colour);
     }
-    std::vector<DrawnPoint> takePoints() const { return m_primitives.takePoints(); }
+    std::vector<DrawnPoint> takePoints(std::size_t count) const { return m_primitives.takePoints(count); }
     void giveBack(std::vector<DrawnPoint> points) const { m_primitives.giveBack(std::move(points)); }
     void cross(LineLook look, DrawnPoint centre, double half) const {
         line(look, {centre.x - half, centre.y - half}, {centre.x + half, centre.y + half});
