@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int sixteen = 16;
-constexpr std::ptrdiff_t windowSize = 64;
+constexpr int windowSize = 64;
 constexpr std::ptrdiff_t neededBytes = windowSize + 8; // a number is read from a window's last byte on, too
 
 // A bit for each of 64 bytes, the first in the lowest.
