@@ -47,6 +47,7 @@ TEST(ReportChoices, ListReachesByNumberAndNameInFileOrder) {
 struct BoxesOfMode {
     int mode;
     std::vector<int> boxes;
+    friend void PrintTo(const BoxesOfMode& row, std::ostream* out) { *out << "mode " << row.mode; }
 };
 class ReportBoxesAfterLoad : public testing::TestWithParam<BoxesOfMode> {};
 

@@ -47,6 +47,7 @@ struct Verdict {
     PageFit fit;
     const char* fitText;
     int colour;
+    friend void PrintTo(const Verdict& row, std::ostream* out) { *out << row.columns << " columns"; }
 };
 class ReportVerdict : public testing::TestWithParam<Verdict> {};
 
