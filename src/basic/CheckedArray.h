@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -43,7 +44,10 @@ class CheckedVector {
     CheckedVector() = default;
     explicit CheckedVector(T absent) : m_absent(std::move(absent)) {}
 
-    T operator[](long long index) const {
+    // A text is read in place; the next set() moves it.
+    using Entry = std::conditional_t<std::is_trivially_copyable_v<T>, T, const T&>;
+
+    Entry operator[](long long index) const {
         const std::size_t offset = checkedOffset(index, 0, High);
         return offset < m_items.size() ? m_items[offset] : m_absent;
     }

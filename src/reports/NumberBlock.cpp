@@ -4,8 +4,12 @@
 
 void NumberBlock::take(std::vector<ReportRow> rows) {
     m_rows = std::move(rows);
-    const std::size_t width = m_columns.size();
-    for (std::size_t column = 0; column < width; ++column)
-        for (std::size_t row = 0; row < m_rows.size(); ++row)
-            m_codes[row * width + column] = numberCode(value(row, column));
+    for (std::size_t column = 0; column < m_columns.size(); ++column) {
+        const ValueColumn values = m_columns[column];
+        std::size_t at = column;
+        for (const ReportRow& row : m_rows) {
+            m_codes[at] = numberCode(values[static_cast<std::size_t>(row.point)]);
+            at += m_columns.size();
+        }
+    }
 }

@@ -1,26 +1,15 @@
-// The numbers of a report in few steps, the same ones for values of every size, since no branch could be
-// foreseen where all sizes stand in a row: a value is scaled to a whole number, whose text is looked up with
+// The numbers of a report without formatting them: the text of a whole number (NumberCode) is looked up with
 // the comma that follows it. Where it isn't certain that the text is the plain way's (ReportNumber), the
 // value is left to that.
 #pragma once
 
+#include "reports/NumberCode.h"
+
 #include <array>
-#include <bit>
-#include <cmath>
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
 #include <vector>
-
-// What to write for a value: the place of its last digits in the table of texts and, above these 16 bits, how
-// many characters of a zero stand before them.
-enum class NumberCode : std::uint32_t {
-    wholeNumber = 0x80000000, // added to a number of more than four digits, which is written without a table
-    plainWay = 0xFFFFFFFF
-};
-
-NumberCode numberCode(double value);
 
 class NumberTexts {
   public:
@@ -36,17 +25,12 @@ class NumberTexts {
         if (bits >= static_cast<std::uint32_t>(NumberCode::wholeNumber)) return writeWhole(to, bits);
         // NOLINTNEXTLINE(bugprone-not-null-terminated-result): more text follows
         std::memcpy(to, "0.000000", 8);
-        to += bits >> 16;
-        const Text& text = m_texts[bits & 0xFFFF];
-        std::memcpy(to, &text, sizeof text);
-        return to + text.length;
+        std::memcpy(to + (bits >> 16 & 0xF), m_texts[bits & 0xFFFF].data(), sizeof(Text));
+        return to + (bits >> 20);
     }
 
   private:
-    struct Text {
-        std::array<char, 7> characters;
-        std::uint8_t length;
-    };
+    using Text = std::array<char, 8>; // of at most six characters
 
     NumberTexts();
     static Text textOf(unsigned number, unsigned decimals);

@@ -41,7 +41,14 @@ bool ReportRows::isReported(int point) const {
 }
 
 std::string rowLabel(const ResultsDataSet& results, const ReportSelection& selection, int point) {
-    const std::string side = results.pointSide[point];
-    const std::string label = results.pointLabel[point];
-    return selection.upstream && !trim(side).empty() ? side + ' ' + label : label;
+    std::string label;
+    appendRowLabel(label, results, selection, point);
+    return label;
+}
+
+void appendRowLabel(std::string& text, const ResultsDataSet& results, const ReportSelection& selection,
+                    int point) {
+    const std::string& side = results.pointSide[point];
+    if (selection.upstream && side.find_first_not_of(' ') != std::string::npos) (text += side) += ' ';
+    text += results.pointLabel[point];
 }

@@ -32,3 +32,6 @@ class ReportRows {
 };
 
 std::string rowLabel(const ResultsDataSet& results, const ReportSelection& selection, int point);
+// The same behind what stands in `text`.
+void appendRowLabel(std::string& text, const ResultsDataSet& results, const ReportSelection& selection,
+                    int point);

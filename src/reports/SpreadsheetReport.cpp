@@ -57,6 +57,7 @@ ReportEnd writeSpreadsheet(NewFile& file, const ResultsDataSet& results, const R
     NumberBlock numbers(valueColumns(results, columns));
     CellOutput out(file);
     PageHeader(out, results.resultsTitle, columns);
+    std::string label;
     int reachesBegun = 0, rowCount = 0;
     for (ReportRows rows(results, selection); !rows.atEnd();) {
         numbers.take(nextRows(rows));
@@ -67,7 +68,9 @@ ReportEnd writeSpreadsheet(NewFile& file, const ResultsDataSet& results, const R
                 !goesOn(progress, reachesBegun, selection.reaches.size()))
                 return ReportEnd::cancelled;
             out.cell(results.reachNames[row.reach]);
-            out.quotedCell(rowLabel(results, selection, row.point));
+            label.clear();
+            appendRowLabel(label, results, selection, row.point);
+            out.quotedCell(label);
             out.numbers(numbers, i);
             out.endLine();
         }

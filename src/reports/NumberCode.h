@@ -1,0 +1,104 @@
+// What to write for a value, found in few steps, the same ones for values of every size, since no branch
+// could be foreseen where all sizes stand in a row: the value is scaled to a whole number, whose text is
+// looked up (QuickNumber). It stands in a header so that it becomes a part of the loop over a column of
+// values; a call for each would cost a fifth more.
+#pragma once
+
+#include "reports/ReportNumber.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+// The place of the last digits in the table of texts; above these 16 bits, how many characters of a zero
+// stand before them; above four more, how many are written in all, so that the next number's place is known
+// before the table has been looked at.
+enum class NumberCode : std::uint32_t {
+    wholeNumber = 0x80000000, // added to a number of more than four digits, which is written without a table
+    plainWay = 0xFFFFFFFF
+};
+
+namespace numbers {
+
+inline constexpr std::uint32_t textsOfEachKind = 10000; // the numbers of four digits
+
+struct Format {
+    double powerOfTen;
+    std::uint32_t code; // of 0000
+};
+
+constexpr Format format(double powerOfTen, std::uint32_t kind, std::uint32_t zeros,
+                        std::uint32_t characters) {
+    return {powerOfTen, kind * textsOfEachKind + (zeros << 16) + (characters << 20)};
+}
+
+// By the number of decimals. From four on, "0.", "0.0" ... stand before four digits without a point.
+inline constexpr std::array<Format, 8> formats{
+    format(1, 0, 0, 5),   format(1e1, 1, 0, 6), format(1e2, 2, 0, 6), format(1e3, 3, 0, 6),
+    format(1e4, 0, 2, 7), format(1e5, 0, 3, 8), format(1e6, 0, 4, 9), format(1e7, 0, 5, 10)};
+
+// Between one power of two and the next there is at most one of the bounds between the formats.
+struct BinarySize {
+    double bound;      // 0 without one
+    unsigned decimals; // from the bound on; one more below it
+};
+inline constexpr int leastExponent = -11; // what is smaller has seven decimals
+inline constexpr int exponentBias = 1023;
+inline constexpr int mantissaBits = 52;
+inline constexpr double smallestNotScaled = 99999998; // scaled values have eight digits
+
+constexpr double twoTo(int exponent) {
+    return std::bit_cast<double>(static_cast<std::uint64_t>(exponent + exponentBias) << mantissaBits);
+}
+
+constexpr auto makeBinarySizes() {
+    std::array<BinarySize, 38> sizes{};
+    for (int i = 0; i < static_cast<int>(sizes.size()); ++i) {
+        BinarySize& size = sizes[static_cast<std::size_t>(i)];
+        for (const double bound : decimalBounds) {
+            if (bound >= twoTo(leastExponent + i + 1))
+                ++size.decimals;
+            else if (bound > twoTo(leastExponent + i))
+                size.bound = bound;
+        }
+    }
+    return sizes;
+}
+inline constexpr auto binarySizes = makeBinarySizes();
+
+inline unsigned decimalsOf(double value, std::uint64_t bits) {
+    const int exponent = std::max(static_cast<int>(bits >> mantissaBits) - exponentBias, leastExponent);
+    const BinarySize& size = binarySizes[static_cast<std::size_t>(exponent - leastExponent)];
+    return size.decimals + static_cast<unsigned>(value < size.bound);
+}
+
+// The rarer ones, of which a branch can be foreseen: near a half, and not of four digits.
+std::int32_t roundedNearHalf(double scaled); // -1 where it isn't certain
+NumberCode rareCode(std::int32_t number, unsigned decimals);
+
+// A difference of the 16th digit moves no scaled value by as much as this.
+inline constexpr double doubt = 1e-14 * smallestNotScaled;
+
+inline std::int32_t rounded(double scaled) {
+    const double raised = scaled + 0.5;
+    const auto nearest = static_cast<std::int32_t>(raised);
+    const double past = raised - nearest; // the last half: 0 to 1
+    return std::fabs(past - 0.5) < 0.5 - doubt ? nearest : roundedNearHalf(scaled);
+}
+
+} // namespace numbers
+
+// Compared as bits, negative values, infinities and what is no number are above the limit, too.
+inline NumberCode numberCode(double value) {
+    using namespace numbers;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    if (bits >= std::bit_cast<std::uint64_t>(smallestNotScaled)) return NumberCode::plainWay;
+    const unsigned decimals = decimalsOf(value, bits);
+    const std::int32_t number = rounded(value * formats[decimals].powerOfTen);
+    const bool fourDigits = number >= 1000 && number < 10000;
+    if (!fourDigits) return rareCode(number, decimals);
+    return NumberCode{formats[decimals].code + static_cast<std::uint32_t>(number)};
+}
