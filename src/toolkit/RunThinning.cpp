@@ -46,8 +46,8 @@ class PieceMaker {
             m_run.lines.push_back(line);
     }
 
-    // Qt paints some level lines of odd widths a row of pixels off, but for the thinnest; which ones, depends
-    // on their place.
+    // Lines of odd widths, but for the thinnest, Qt paints a column of pixels shorter where they have certain
+    // lengths.
     bool areLevelLinesBoxes() const { return m_width == 1 || m_width % 2 == 0; }
     void addLevel(const QRect& line) {
         const int before = m_width / 2, after = m_width - 1 - before;

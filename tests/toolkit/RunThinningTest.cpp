@@ -121,6 +121,12 @@ TEST(RunThinning, DrawsTheSamePictureOfScatterAroundASlope) {
                 "noise " + std::to_string(noise) + ", rise " + std::to_string(rise));
 }
 
+// Of some lengths, Qt paints level lines of odd widths a column of pixels shorter.
+TEST(RunThinning, DrawsTheSamePictureOfLevelLines) {
+    for (int length = 40; length <= 100; ++length)
+        expectSamePicture({{300, 1500}, {300 + 15.0 * length, 1500}}, "length " + std::to_string(length));
+}
+
 TEST(RunThinning, DrawsTheSamePictureOfNastyRuns) {
     const std::pair<const char*, Points> runs[] = {
         {"empty", {}},
