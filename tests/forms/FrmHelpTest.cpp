@@ -83,6 +83,13 @@ TEST_F(FrmHelp, TurnsThePagesThatAreThere) {
     EXPECT_EQ(row(0), "page 4, line 4");
 }
 
+TEST_F(FrmHelp, ClosesOnEscape) {
+    putPage("4", 8);
+    load("4");
+    QTest::keyClick(&grid(), Qt::Key_Escape);
+    EXPECT_EQ(world.takeTranscript(), "close frmHelp\n");
+}
+
 TEST_F(FrmHelp, FailsOnAMissingPageAndOnOneThatIsTooShort) {
     putPage("4", 2);
     const struct {

@@ -1,45 +1,16 @@
 // The report form: its lists, boxes, menus and messages.
-#include "reports/frmReports.h"
+#include "forms/ReportsForm.h"
 
-#include "fakes/FakePlatform.h"
-#include "forms/FormDriver.h"
-#include "forms/GraphForms.h"
-#include "reports/ReportData.h"
-#include "reports/SpreadsheetReport.h"
 #include "results/LoadResultsFile.h"
 
 #include <QTest>
 
 namespace {
 
-class FileInMemory : public NewFile {
-  public:
-    void write(std::string_view bytes) override { text.append(bytes); }
-    void commit() override {}
-    std::string text;
-};
-
 using Lines = std::vector<std::string>;
 
-class FrmReports : public CleanGlobals {
+class FrmReports : public ReportsForm {
   protected:
-    FrmReports() {
-        platform.putFile("RIVER.SGR", smallRiver().text());
-        platform.closesForm = closeWindow;
-        form.resize(660, 470);
-        showActive(form);
-        activate();
-    }
-
-    void activate() { static_cast<ShownForm&>(form).activate(); }
-    void open(const std::string& name = "RIVER.SGR") {
-        platform.willChoose(platform.pathOf(name));
-        choose(form, "mnuOpen");
-    }
-    void openRiver(const ResultsFileBuilder& river) {
-        platform.putFile("OTHER.SGR", river.text());
-        open("OTHER.SGR");
-    }
     // As after a run of the model.
     void finishRun(const std::string& results) {
         GLOBAL.fileNames[0] = platform.pathOf(results);
@@ -51,13 +22,7 @@ class FrmReports : public CleanGlobals {
         GLOBAL.currentSlot = 0;
         LoadResultsFile(platform, true);
     }
-    QCheckBox& box(int index) { return control<QCheckBox>(form, "Check_" + std::to_string(index)); }
-    QListWidget& reaches() { return control<QListWidget>(form, "lstReaches"); }
-    QListWidget& determinands() { return control<QListWidget>(form, "lstDets"); }
     QLabel& label(int index) { return control<QLabel>(form, "Label_" + std::to_string(index)); }
-    std::string textOf(const std::string& name) { return control<QLabel>(form, name).text().toStdString(); }
-    QFrame& frame(const std::string& name) { return control<QFrame>(form, name); }
-    bool enabled(const std::string& item) { return control<QAction>(form, item).isEnabled(); }
     std::vector<int> tickedBoxes() {
         std::vector<int> ticked;
         for (int index = 0; index <= 9; ++index)
@@ -76,14 +41,6 @@ class FrmReports : public CleanGlobals {
         clickLine(determinands(), 0);
         clickLine(determinands(), count - 1, Qt::ShiftModifier);
     }
-    std::string coreSheet(const ReportSelection& selection) {
-        FileInMemory file;
-        EXPECT_EQ(writeSpreadsheet(file, RESULTS, selection), ReportEnd::done);
-        return file.text;
-    }
-
-    FakePlatform platform;
-    frmReports form{platform};
 };
 
 // Ten determinands, so twenty lines in the list; one reach, one point.
@@ -96,27 +53,10 @@ ResultsFileBuilder wideRiver(int mode = 0) {
     return river;
 }
 
-// So many reaches of one point each; the walk is watched from reach to reach.
-ResultsFileBuilder manyReaches(int count) {
-    ResultsFileBuilder river;
-    river.determinand(1, "BOD");
-    for (int reach = 1; reach <= count; ++reach)
-        river.reach(reach, "Reach " + std::to_string(reach));
-    for (int reach = 1; reach <= count; ++reach)
-        river.point(reach, 0, "Gauge", 1);
-    return river;
-}
-
 const QColor lightGreen(0, 255, 0), lightYellow(255, 255, 0), lightRed(255, 0, 0);
 
 const std::string openDialog = "open dialog \"Open results file\" filter \"Korvel graph files "
                                "(*.SGR)|*.SGR\" folder \"\" overwritePrompt no -> ";
-const std::string dataFilter = "Input data files (*.DAT)|*.DAT|All files (*.*)|*.*|";
-
-std::string outputDialog(const std::string& filter) {
-    return "open dialog \"Open output text file\" filter \"" + filter +
-           "\" folder \"\" overwritePrompt no -> ";
-}
 
 } // namespace
 
@@ -378,206 +318,6 @@ TEST_F(FrmReports, KeepsItsSelectionsWhileHidden) {
     activate();
     EXPECT_EQ(selectedLines(determinands()), Lines{"Ammonia (Conc)"});
     EXPECT_EQ(tickedBoxes(), ticked);
-}
-
-TEST_F(FrmReports, WritesTheSpreadsheetFileThatTheChoicesAskFor) {
-    open();
-    platform.takeTranscript();
-    choose(form, "mnuSpreadsheet");
-    EXPECT_EQ(platform.takeTranscript(), "");
-    ReportSelection selection;
-    selection.means = selection.percentiles[0] = true;
-    selection.determinands = {1, 2, 3, 4};
-    selection.reaches = {1, 12};
-    EXPECT_EQ(platform.fileText("RIVER.csv"), coreSheet(selection));
-
-    clickLine(determinands(), 3);
-    clickLine(reaches(), 1);
-    for (const int index : {2, 3, 4, 5, 6, 7, 9})
-        click(box(index));
-    choose(form, "mnuSpreadsheet");
-    selection = {true, {false, true, true}, true, true, true, true, {4}, {12}};
-    EXPECT_EQ(platform.fileText("RIVER.csv"), coreSheet(selection));
-}
-
-TEST_F(FrmReports, PrintsTheReport) {
-    open();
-    platform.takeTranscript();
-    choose(form, "mnuPrint");
-    EXPECT_EQ(platform.takeTranscript(), "print portrait \"RIVER.SGR\"\npage\nfinish\n");
-    EXPECT_TRUE(platform.printed().at(0).finished);
-    EXPECT_EQ(platform.printed().at(0).request.fallbackFile, platform.pathOf("RIVER-report.pdf"));
-    click(box(6));
-    choose(form, "mnuPrint");
-    EXPECT_EQ(platform.takeTranscript(), "print landscape \"RIVER.SGR\"\npage\nfinish\n");
-}
-
-TEST_F(FrmReports, SaysThatThePrinterRefuses) {
-    open();
-    platform.takeTranscript();
-    platform.willFailPrinting(PrintStep::begin);
-    platform.willAnswer(Answer::ok);
-    choose(form, "mnuPrint");
-    EXPECT_EQ(platform.takeTranscript(),
-              "print portrait \"RIVER.SGR\"\nbox [information] Printer: Your printer "
-              "is offline or out of paper. -> ok\n");
-    EXPECT_TRUE(frame("frameProgress").isHidden());
-    EXPECT_TRUE(enabled("mnuPrint"));
-}
-
-TEST_F(FrmReports, SaysThatTheSpreadsheetFileIsOpenElsewhere) {
-    open();
-    platform.takeTranscript();
-    platform.putFile("RIVER.csv", "old");
-    platform.putFile(".~lock.RIVER.csv#", "");
-    platform.willAnswer(Answer::ok);
-    choose(form, "mnuSpreadsheet");
-    EXPECT_EQ(platform.takeTranscript(),
-              "box [information] File Open: {app}\\RIVER.csv is already open. Please "
-              "close the file and try again. -> ok\n");
-    EXPECT_EQ(platform.fileText("RIVER.csv"), "old");
-    EXPECT_TRUE(frame("frameProgress").isHidden());
-}
-
-TEST_F(FrmReports, ShowsItsProgressAndTakesNothingElseMeanwhile) {
-    openRiver(manyReaches(300));
-    std::vector<std::string> says;
-    int highest = 0, calls = 0;
-    platform.onPassEvents = [&] {
-        ++calls;
-        if (says.empty() || says.back() != textOf("lblProgress")) says.push_back(textOf("lblProgress"));
-        const int value = control<QProgressBar>(form, "Progress").value();
-        EXPECT_GE(value, calls == 1 ? 0 : highest);
-        highest = value;
-        EXPECT_TRUE(frame("frameProgress").isVisible());
-        EXPECT_TRUE(control<QLabel>(form, "lblCancel").isVisible());
-        EXPECT_FALSE(form.menuBar()->isEnabled());
-        EXPECT_FALSE(box(0).isEnabled() || box(5).isEnabled() || reaches().isEnabled());
-        EXPECT_FALSE(form.close()) << "closed while it works";
-    };
-    choose(form, "mnuPrint");
-    EXPECT_GT(calls, 1);
-    EXPECT_GT(highest, 50);
-    calls = 0;
-    choose(form, "mnuSpreadsheet");
-    EXPECT_GT(calls, 0);
-    EXPECT_EQ(says, (Lines{"Printing ...", "Writing to spreadsheet file ..."}));
-    EXPECT_TRUE(frame("frameProgress").isHidden());
-    EXPECT_TRUE(form.menuBar()->isEnabled() && box(0).isEnabled() && box(5).isEnabled());
-    EXPECT_TRUE(reaches().isEnabled() && determinands().isEnabled());
-}
-
-TEST_F(FrmReports, EscapeCancelsTheReportAndLeavesNoFile) {
-    openRiver(manyReaches(300));
-    platform.takeTranscript();
-    platform.onPassEvents = [&] { QTest::keyClick(&form, Qt::Key_Escape); };
-    choose(form, "mnuSpreadsheet");
-    EXPECT_FALSE(platform.hasFile("OTHER.csv"));
-    EXPECT_EQ(platform.platform().files.filesIn(platform.folder()).size(), 2U) << "the results files alone";
-    EXPECT_EQ(platform.takeTranscript(), "");
-    choose(form, "mnuPrint");
-    EXPECT_EQ(platform.takeTranscript(), "print portrait \"OTHER.SGR\"\npage\n");
-    EXPECT_FALSE(platform.printed().at(0).finished);
-    EXPECT_TRUE(frame("frameProgress").isHidden());
-
-    platform.onPassEvents = {};
-    choose(form, "mnuSpreadsheet");
-    EXPECT_TRUE(platform.hasFile("OTHER.csv")) << "the next one runs to its end";
-}
-
-TEST_F(FrmReports, EscapeWhileNothingRunsCancelsNothingLater) {
-    open();
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_TRUE(form.isVisible());
-    choose(form, "mnuSpreadsheet");
-    EXPECT_TRUE(platform.hasFile("RIVER.csv"));
-}
-
-TEST_F(FrmReports, ExplainsTheOutputFiles) {
-    choose(form, "mnuViewOutputFile");
-    EXPECT_TRUE(frame("frameExplain").isVisible());
-    EXPECT_EQ(textOf("lblExplain"),
-              "The following different types of text output file are available after Korvel has been run:\n\n"
-              "filename.SCN: a copy of the output displayed on the screen during the model run\n"
-              "filename.OUT: the detailed output\n"
-              "filename.LOD: a report on loads\n"
-              "filename.SUM: a report on sources and sinks of pollution\n");
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_TRUE(frame("frameExplain").isHidden());
-}
-
-TEST_F(FrmReports, CentresItsFrames) {
-    const QWidget& client = *form.centralWidget();
-    choose(form, "mnuViewOutputFile");
-    for (const int width : {660, 900}) {
-        form.resize(width, 600);
-        passEvents();
-        activate();
-        for (const char* name : {"frameExplain", "frameProgress"}) {
-            EXPECT_NEAR(frame(name).geometry().center().x(), client.rect().center().x(), 1) << name;
-            EXPECT_NEAR(frame(name).geometry().center().y(), client.rect().center().y(), 1) << name;
-        }
-    }
-}
-
-TEST_F(FrmReports, PrintsAnOutputFile) {
-    platform.putFile("RIVER.OUT", "line 1\r\nline 2\r\n");
-    choose(form, "mnuViewOutputFile");
-    platform.willChoose(platform.pathOf("RIVER.OUT") + " ");
-    click(control<QPushButton>(form, "cmdView_1"));
-    EXPECT_EQ(platform.takeTranscript(), outputDialog(dataFilter) +
-                                             "{app}\\RIVER.OUT \ncurrent folder {app}\n"
-                                             "print portrait \"RIVER.OUT\"\npage\nfinish\n");
-    EXPECT_TRUE(frame("frameExplain").isHidden());
-}
-
-TEST_F(FrmReports, ViewsAnOutputFile) {
-    platform.putFile("RIVER.OUT", "\xC9\xCD\xBB\r\n");
-    choose(form, "mnuViewOutputFile");
-    platform.willChoose(platform.pathOf("RIVER.OUT"));
-    QString seen;
-    platform.willActOn("frmListing", [&](ShownForm& listing) {
-        EXPECT_TRUE(frame("frameExplain").isHidden());
-        seen = control<QPlainTextEdit>(listing, "txtListing").toPlainText();
-    });
-    click(control<QPushButton>(form, "cmdView_0"));
-    EXPECT_EQ(platform.takeTranscript(), outputDialog(dataFilter) +
-                                             "{app}\\RIVER.OUT\ncurrent folder {app}\n"
-                                             "show modal frmListing\nclosed frmListing\n");
-    EXPECT_EQ(seen, QString::fromUtf8("╔═╗\n"));
-}
-
-TEST_F(FrmReports, LengthensTheListOfFileTypesWithEachUse) {
-    std::string filter;
-    for (const char* name : {"cmdView_1", "cmdView_0", "cmdView_1"}) {
-        choose(form, "mnuViewOutputFile");
-        platform.willCancel();
-        click(control<QPushButton>(form, name));
-        filter = dataFilter + filter;
-        EXPECT_EQ(platform.takeTranscript(), outputDialog(filter) + "cancel\n");
-        EXPECT_TRUE(frame("frameExplain").isHidden());
-    }
-    open();
-    platform.takeTranscript();
-    choose(form, "mnuViewOutputFile");
-    platform.willCancel();
-    click(control<QPushButton>(form, "cmdView_0"));
-    EXPECT_EQ(platform.takeTranscript(),
-              outputDialog(dataFilter + "Korvel graph files (*.SGR)|*.SGR") + "cancel\n")
-        << "put in front of what the dialog held";
-}
-
-TEST_F(FrmReports, TellsThatAnOutputFileCannotBeRead) {
-    for (const char* name : {"cmdView_0", "cmdView_1"}) {
-        choose(form, "mnuViewOutputFile");
-        platform.willChoose(platform.pathOf("NONE.OUT"));
-        platform.willAnswer(Answer::ok);
-        click(control<QPushButton>(form, name));
-        EXPECT_NE(platform.takeTranscript().find(
-                      "box [critical] KORVEL Error: Error number 53: File not found -> ok\n"),
-                  std::string::npos);
-        EXPECT_TRUE(frame("frameExplain").isHidden());
-    }
 }
 
 TEST_F(FrmReports, ExitCloses) {
