@@ -85,6 +85,12 @@ TEST(PointLayout, LeavesAnyDoubtToTheGeneralReader) {
     }
 }
 
+TEST(PointLayout, TakesNoTwoNumbersFromOneThatFillsTheBlankBetweenThem) {
+    const std::string text = "\"Flow\" 12  34\n\"Target\" 5\n";
+    EXPECT_EQ(readAs(text, "\"Flow\" 12 134\n\"Target\" 5\n").values, (std::vector<double>{12, 134, 5}));
+    EXPECT_EQ(readAs(text, "\"Flow\" 121234\n\"Target\" 5\n").length, 0u);
+}
+
 TEST(PointLayout, LeavesAPointThatGoesOnBehindTheText) {
     for (std::size_t size = 0; size < learnt.size(); ++size)
         EXPECT_EQ(readAs(learnt, learnt.substr(0, size)).length, 0u) << size;
