@@ -1,7 +1,6 @@
 // What the report form makes: the printed report, the spreadsheet file, the listings of output files.
 #include "forms/ReportsForm.h"
 
-#include "reports/ReportData.h"
 #include "reports/SpreadsheetReport.h"
 
 #include <QTest>

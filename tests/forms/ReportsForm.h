@@ -4,6 +4,7 @@
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 #include "forms/GraphForms.h"
+#include "reports/ReportData.h"
 #include "reports/frmReports.h"
 
 class ReportsForm : public CleanGlobals {
