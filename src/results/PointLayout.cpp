@@ -10,6 +10,28 @@ namespace {
 constexpr int longestPause = 64;            // points
 constexpr std::size_t comparedAtOnce = 512; // bytes
 
+// Where the text goes on: past blanks, past the separator that ends a field, past a caption in quotes. The
+// last one stays where there is none. Of blanks that separate, all but the first may be the next number's.
+std::size_t pastBlanksAt(std::string_view text, std::size_t at) {
+    while (at < text.size() && isBlank(text[at]))
+        ++at;
+    return at;
+}
+
+std::size_t pastSeparator(std::string_view text, std::size_t at) {
+    const std::size_t ender = pastBlanksAt(text, at);
+    if (ender == text.size() || !endsText(text[ender])) return std::min(at + 1, ender);
+    const bool isPair = text.substr(ender, 2) == "\r\n";
+    return ender + (isPair ? 2 : 1);
+}
+
+std::size_t pastCaption(std::string_view text, std::size_t at) {
+    const std::size_t opening = pastBlanksAt(text, at);
+    if (opening == text.size() || text[opening] != '"') return at;
+    const std::size_t closing = text.find('"', opening + 1);
+    return closing == std::string_view::npos ? at : pastSeparator(text, closing + 1);
+}
+
 } // namespace
 
 std::size_t PointLayout::read(std::string_view text, std::span<double> into) {
@@ -38,48 +60,43 @@ bool PointLayout::hasFrame(const char* text) const {
     return true;
 }
 
-void PointLayout::learn(std::string_view text, std::size_t captions, std::size_t numbers) {
+void PointLayout::learn(std::string_view text, std::span<const int> numbersByCaption) {
     if (m_pointsToPass > 0) {
         --m_pointsToPass;
         return;
     }
     m_pointsToPass = m_patience - 1;
     m_patience = std::min(2 * m_patience, longestPause);
-    if (!build(text, captions, numbers)) m_frame.clear();
+    if (!build(text, numbersByCaption)) m_frame.clear();
 }
 
-// With as many quoted fields as captions, and as many others as numbers, no field is empty and none is of the
-// other kind: what is left to differ are the digits. The last byte ends a field for good, so that whatever
-// follows belongs to the next point.
-bool PointLayout::build(std::string_view text, std::size_t captions, std::size_t numbers) {
+// Goes from field to field as the general reader has gone. With every caption in quotes and no field empty,
+// what is left to differ are the digits. The last byte ends a field for good, so that whatever follows
+// belongs to the next point.
+bool PointLayout::build(std::string_view text, std::span<const int> numbersByCaption) {
     if (!text.ends_with('\n') && !text.ends_with(',')) return false;
     m_frame = text;
     m_isFrame.assign(text.size(), ~char(0));
     m_numbers.clear();
-    std::size_t quoted = 0;
-    std::size_t fieldEnd = 0;
-    for (std::size_t at = 0; at < text.size();) {
-        if (text[at] == '"') {
-            ++quoted;
-            const std::size_t closing = text.find('"', at + 1);
-            if (closing == std::string_view::npos) return false; // it stands in a text without quotes
-            fieldEnd = at = closing + 1;
-        } else if (endsNumber(text[at])) {
-            ++at;
-        } else {
-            const std::size_t end = static_cast<std::size_t>(
-                std::find_if(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), endsNumber) -
-                text.begin());
-            addNumber(text, fieldEnd, at, end);
-            at = end;
-            fieldEnd = end + 1;
+    std::size_t at = 0;
+    for (const int numbers : numbersByCaption) {
+        const std::size_t caption = at;
+        at = pastCaption(text, at);
+        if (at == caption) return false;
+        for (int number = 0; number < numbers; ++number) {
+            const std::size_t first = pastBlanksAt(text, at);
+            if (first == text.size() || endsText(text[first])) return false;
+            at = pastSeparator(text, addNumber(text, at, first));
         }
     }
-    return quoted == captions && m_numbers.size() == numbers;
+    return at == text.size();
 }
 
-// The number from `first` to `end`, with the blanks before it down to `lowest`.
-void PointLayout::addNumber(std::string_view text, std::size_t lowest, std::size_t first, std::size_t end) {
+// The number from `first` on, with the blanks before it down to `lowest`; returns where it ends.
+std::size_t PointLayout::addNumber(std::string_view text, std::size_t lowest, std::size_t first) {
+    const auto end = static_cast<std::size_t>(
+        std::find_if(text.begin() + static_cast<std::ptrdiff_t>(first), text.end(), endsNumber) -
+        text.begin());
     std::size_t start = first;
     while (start > lowest && text[start - 1] == ' ')
         --start;
@@ -87,4 +104,5 @@ void PointLayout::addNumber(std::string_view text, std::size_t lowest, std::size
     std::fill(m_isFrame.begin() + number.start, m_isFrame.begin() + number.end, char(0));
     if (number.inEights && number.point < end) m_isFrame[number.point] = ~char(0);
     m_numbers.push_back(number);
+    return end;
 }

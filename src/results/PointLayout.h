@@ -22,12 +22,12 @@ class PointLayout {
 
     // Learns from a point's values that the general reader has read: their bytes from the first caption past
     // the last separator. Where points differ one from another, they are looked at ever more rarely.
-    void learn(std::string_view text, std::size_t captions, std::size_t numbers);
+    void learn(std::string_view text, std::span<const int> numbersByCaption);
 
   private:
     bool hasFrame(const char* text) const;
-    bool build(std::string_view text, std::size_t captions, std::size_t numbers);
-    void addNumber(std::string_view text, std::size_t lowest, std::size_t first, std::size_t end);
+    bool build(std::string_view text, std::span<const int> numbersByCaption);
+    std::size_t addNumber(std::string_view text, std::size_t lowest, std::size_t first);
 
     std::string m_frame;         // the bytes of the learnt point
     std::vector<char> m_isFrame; // all bits set where the byte is the same in every point, else 0

@@ -117,7 +117,7 @@ void Reading::readValues(std::span<double> into) {
     readValuesOneByOne(into.data());
     const std::size_t length = m_input.bytesConsumed() - before;
     // Where all of it was in hand from the beginning, it is there still.
-    if (length < ahead.size()) m_layout.learn(ahead.substr(0, length), m_valuesByCaption.size(), into.size());
+    if (length < ahead.size()) m_layout.learn(ahead.substr(0, length), m_valuesByCaption);
 }
 
 void Reading::readValuesOneByOne(double* into) {

@@ -87,7 +87,7 @@ class Fields {
 };
 
 TEST(ColumnNumbers, BothWaysReadAsTheGeneralReaderDoes) {
-    ASSERT_TRUE(hasVectors()) << "this machine can't try the vectors";
+    if (!hasVectors()) GTEST_SKIP() << "this machine has no vectors to compare the words with";
     Fields fields;
     int read = 0;
     int refused = 0;

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <random>
@@ -14,7 +15,7 @@
 namespace {
 
 // One caption with two numbers, one with one.
-constexpr std::size_t captions = 2;
+constexpr std::array numbersByCaption = {2, 1};
 constexpr std::size_t numbers = 3;
 const std::string learnt = "\"Flow mean\",    12.500,     3.25\r\n\"Target\",       40\r\n";
 
@@ -34,7 +35,7 @@ Read readAs(PointLayout& layout, const std::string& text) {
 
 PointLayout layoutOf(const std::string& text) {
     PointLayout layout;
-    layout.learn(text, captions, numbers);
+    layout.learn(text, numbersByCaption);
     return layout;
 }
 
@@ -111,6 +112,9 @@ TEST(PointLayout, LearnsNothingFromAPointWhoseFieldsMightMoveUnseen) {
              "Flow, 1, 2\r\n\"Target\", 3\r\n",         // a caption that could be a number
              "\"Flow\", 1, \r\n\"Target\", 3\r\n",      // an empty field
              "\"Flow\", 1, 2\r\n\"Target\", \"3\"\r\n", // too many quoted ones
+             "12.5 \"Flow\",,3\r\n\"Target\", 40\r\n",  // a caption without quotes that holds some
+             "\"Flow\",,1\r\n5 \"Target\",40\r\n",
+             "7 \"a\" \"b, 1, 2\nT\" 8, 3\n",
          }) {
         const std::string again = text;
         EXPECT_EQ(readAs(again, again).length, 0u) << text;
@@ -130,7 +134,7 @@ TEST(PointLayout, LooksEverMoreRarelyAtPointsThatDiffer) {
     std::vector<int> learntPoints;
     for (int point = 0; point < 40; ++point) {
         EXPECT_EQ(readAs(layout, widths(point)).length, 0u);
-        layout.learn(widths(point), captions, numbers);
+        layout.learn(widths(point), numbersByCaption);
         PointLayout copy = layout;
         if (readAs(copy, widths(point)).length > 0) learntPoints.push_back(point);
     }
@@ -140,9 +144,9 @@ TEST(PointLayout, LooksEverMoreRarelyAtPointsThatDiffer) {
 TEST(PointLayout, LooksAtEveryPointAgainOnceOneWasLikeTheLast) {
     PointLayout layout = layoutOf(learnt);
     const std::string other = changed("Flow", "Inflow");
-    layout.learn(other, captions, numbers);
+    layout.learn(other, numbersByCaption);
     EXPECT_GT(readAs(layout, other).length, 0u);
-    layout.learn(learnt, captions, numbers);
+    layout.learn(learnt, numbersByCaption);
     EXPECT_GT(readAs(layout, learnt).length, 0u);
 }
 

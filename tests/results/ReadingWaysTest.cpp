@@ -51,7 +51,7 @@ class ColumnFile {
                   std::string(static_cast<std::size_t>(below(5)), 'x') + "   \"" + m_separator + "0" +
                   m_separator + oneOf<std::string>({"0", "10", "99"}) + m_lineEnd;
         for (int count : valuesByCaption(1)) {
-            m_text += "\"Mean\"";
+            m_text += m_caption;
             for (int k = 0; k < count; ++k)
                 m_text += (k % 3 == 0 && k > 0 ? m_lineEnd : m_separator) + number();
             m_text += m_lineEnd;
@@ -60,6 +60,7 @@ class ColumnFile {
     }
 
     std::string number() {
+        if (chance(400)) return "";
         const double size =
             std::uniform_real_distribution(-1.0, 1.0)(m_random) * std::pow(10.0, below(9) - 3);
         char text[64];
@@ -83,6 +84,8 @@ class ColumnFile {
     std::mt19937& m_random;
     std::string m_lineEnd = oneOf<std::string>({"\r\n", "\n", "\r"});
     std::string m_separator = oneOf<std::string>({",", ", ", " ", "   "});
+    std::string m_caption =
+        oneOf<std::string>({"\"Mean\"", "\"Mean\"", "\"Mean\"", "Mean", "7 \"Mean\"", "7 \"a\" \"b"});
     bool m_inColumns = chance(2);
     int m_width = 5 + below(14);
     int m_decimals = below(10);
