@@ -166,6 +166,13 @@ class DrawingPlayer {
     std::vector<QLine> m_lines; // not painted yet, all of m_pen
 };
 
+// Where a screen's scale is broken, a form's parts stand between pixels; there, a line, a box and an image of
+// the same place would not agree.
+void beginAtWholePixel(QPainter& painter) {
+    const QTransform device = painter.deviceTransform();
+    painter.translate(std::round(device.dx()) - device.dx(), std::round(device.dy()) - device.dy());
+}
+
 } // namespace
 
 void paintOnScreen(const Drawing& drawing, QPainter& painter) {
@@ -174,6 +181,7 @@ void paintOnScreen(const Drawing& drawing, QPainter& painter) {
     const double logicalPixel = stored ? painter.device()->logicalDpiX() / screenDotsPerInch : 1;
     painter.save();
     painter.scale(logicalPixel / ratio, logicalPixel / ratio);
+    if (!stored) beginAtWholePixel(painter);
     const double pixelsPerInch = ratio * screenDotsPerInch;
     const double perUnit = pixelsPerInch / drawing.unitsPerInch;
     const PixelGrid grid{0, 0, perUnit, static_cast<int>(std::ceil(drawing.width * perUnit)),

@@ -1,6 +1,7 @@
 // Thins runs of joined points for a device: whatever falls into one column of pixels becomes one upright
 // line, joined to the next by one line, and most of these are filled as boxes, column by column. The picture
-// stays the same to the last pixel.
+// stays the same to the last pixel, but for corners of lines of odd widths within a few pixels of the
+// device's left and top edges, which Qt paints otherwise there.
 #pragma once
 
 #include "toolkit/PixelGrid.h"

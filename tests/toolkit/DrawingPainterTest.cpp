@@ -17,11 +17,12 @@ Drawing drawingOf(std::vector<DrawnCommand> commands) {
     return {width * 15.0, height * 15.0, 1440, std::move(commands)};
 }
 
-QImage painted(const Drawing& drawing, double ratio = 1) {
+QImage painted(const Drawing& drawing, double ratio = 1, QPointF from = {}) {
     QImage image(static_cast<int>(width * ratio), static_cast<int>(height * ratio), QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);
     image.fill(Qt::white);
     QPainter painter(&image);
+    painter.translate(from);
     paintOnScreen(drawing, painter);
     return image;
 }
@@ -72,6 +73,16 @@ TEST(DrawingPainter, ScalesPlacesAndPensWithTheScreen) {
     EXPECT_EQ(inked(painted(line)).height(), 4);
     EXPECT_EQ(inked(painted(line, 2)).height(), 8);
     EXPECT_EQ(inked(painted(line, 2)).center().y(), inked(painted(line)).center().y() * 2 + 1);
+}
+
+// On a screen of a broken scale the window's parts stand between pixels.
+TEST(DrawingPainter, BeginsAtAWholePixel) {
+    DrawnRun run{{}, {{255, 0, 0}, 3, Dash::solid}};
+    for (int k = 0; k < 400; ++k)
+        run.points.push_back({600 + k * 4.0, 300 + (k % 7) * 90.0});
+    const Drawing drawing = drawingOf({run});
+    EXPECT_EQ(painted(drawing, 1, {6.25, 28.75}), painted(drawing, 1, {6, 29}));
+    EXPECT_EQ(painted(drawing, 1.25, {5, 23}), painted(drawing, 1.25, {4.8, 23.2})); // 6.25, 28.75 pixels
 }
 
 TEST(DrawingPainter, DashesCanBeSeen) {
