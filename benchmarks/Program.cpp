@@ -40,12 +40,13 @@ void warmMemory() {
     const pid_t process = fork();
     if (process == 0) {
         void* memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (memory == MAP_FAILED) _exit(1);
         madvise(memory, size, MADV_HUGEPAGE);
-        for (std::size_t at = 0; memory != MAP_FAILED && at < size; at += page)
+        for (std::size_t at = 0; at < size; at += page)
             static_cast<volatile char*>(memory)[at] = 1;
         _exit(0);
     }
-    waitpid(process, nullptr, 0);
+    if (process > 0) waitpid(process, nullptr, 0);
 }
 
 } // namespace

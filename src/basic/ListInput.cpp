@@ -167,8 +167,8 @@ double ListInput::number() {
 
 // The position stays in a register from field to field; it is put back where a field needs the general way.
 void ListInput::numbers(std::span<double> into) {
-    const auto [read, next] = readSeparatedNumbers(m_buffer.data() + m_next, m_buffer.data() + m_end, into);
-    const char* at = next;
+    const auto [read, behind] = readSeparatedNumbers(m_buffer.data() + m_next, m_buffer.data() + m_end, into);
+    const char* at = behind;
     const auto putBack = [&] { m_kept = m_next = static_cast<std::size_t>(at - m_buffer.data()); };
     for (double& value : into.subspan(read)) {
         if (const char* next = readExactField(at, m_buffer.data() + m_end, value)) {

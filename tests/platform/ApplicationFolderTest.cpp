@@ -3,7 +3,9 @@
 #include "platform/TemporaryFolder.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <optional>
 #include <sys/resource.h>
 
 namespace {
@@ -87,15 +89,34 @@ TEST_F(ApplicationFolder, HoldsNoHalfOfAFileAfterAFullDisk) {
     EXPECT_EQ(home.textOf(engine).size(), 100'000U);
 }
 
+// A variable of the environment, for a while; null is none.
+class Variable {
+  public:
+    Variable(const char* name, const char* value) : m_name(name) {
+        if (const char* before = std::getenv(name)) m_before = before;
+        set(value);
+    }
+    ~Variable() { set(m_before ? m_before->c_str() : nullptr); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+  private:
+    void set(const char* value) const {
+        if (value)
+            setenv(m_name, value, 1);
+        else
+            unsetenv(m_name);
+    }
+
+    const char* m_name;
+    std::optional<std::string> m_before;
+};
+
 TEST_F(ApplicationFolder, IsSoughtWithWhatTheEnvironmentSays) {
-    const std::string homeBefore = std::getenv("HOME") ? std::getenv("HOME") : "";
-    setenv("KORVEL_HOME", "/srv/korvel", 1);
-    setenv("XDG_DATA_HOME", "/data", 1);
-    unsetenv("HOME");
+    const Variable korvelHome("KORVEL_HOME", "/srv/korvel");
+    const Variable dataHome("XDG_DATA_HOME", "/data");
+    const Variable home("HOME", nullptr);
     const ApplicationFolderSources found = applicationFolderSources("/option");
-    unsetenv("KORVEL_HOME");
-    unsetenv("XDG_DATA_HOME");
-    setenv("HOME", homeBefore.c_str(), 1);
     EXPECT_EQ(found.option, "/option");
     EXPECT_EQ(found.korvelHome, "/srv/korvel");
     EXPECT_EQ(found.dataHome, "/data");
