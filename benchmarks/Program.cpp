@@ -32,8 +32,8 @@ pid_t start(const std::vector<std::string>& command) {
     return process;
 }
 
-// A virtual machine takes idle memory back and gives it anew slowly. A process of its own touches as much as
-// a program here needs and ends, so that the machine has it at hand, and this one stays small.
+} // namespace
+
 void warmMemory() {
     constexpr std::size_t size = 400 << 20;
     constexpr std::size_t page = 4096;
@@ -49,10 +49,7 @@ void warmMemory() {
     if (process > 0) waitpid(process, nullptr, 0);
 }
 
-} // namespace
-
 ProgramCost run(const std::vector<std::string>& command) {
-    warmMemory();
     const auto before = std::chrono::steady_clock::now();
     const pid_t process = start(command);
     int status = 1;

@@ -16,19 +16,24 @@ std::string madeFile(const std::string& folder, const char* name, ResultsForm fo
     return path;
 }
 
+ProgramCost runWarm(const std::vector<std::string>& command) {
+    warmMemory();
+    return run(command);
+}
+
 void measureFixedWidth(const std::string& path, int rounds) {
     double peak = 0;
     const auto ours = [&] {
-        const ProgramCost cost = run({KORVEL_PROGRAM, "info", path});
+        const ProgramCost cost = runWarm({KORVEL_PROGRAM, "info", path});
         peak = std::max(peak, cost.peakBytes);
         return cost.cost;
     };
     const Contest contest(rounds, {ours,
                                    [&] {
-                                       return run({"wc", "-l", path}).cost;
+                                       return runWarm({"wc", "-l", path}).cost;
                                    },
                                    [&] {
-                                       return run({FROM_CHARS_PROGRAM, path}).cost;
+                                       return runWarm({FROM_CHARS_PROGRAM, path}).cost;
                                    }});
     const std::string job = "korvel info, 59999 points x 10 determinands";
     printTimes(job, "wc -l", contest, 1, 5);
@@ -39,10 +44,10 @@ void measureFixedWidth(const std::string& path, int rounds) {
 
 void measureBlanks(const std::string& path, int rounds) {
     const Contest contest(rounds, {[&] {
-                                       return run({KORVEL_PROGRAM, "info", path}).cost;
+                                       return runWarm({KORVEL_PROGRAM, "info", path}).cost;
                                    },
                                    [&] {
-                                       return run({FROM_CHARS_PROGRAM, path}).cost;
+                                       return runWarm({FROM_CHARS_PROGRAM, path}).cost;
                                    }});
     printTimes("the same between blanks, other captions and lines", "reader with from_chars", contest, 1,
                0.75);
