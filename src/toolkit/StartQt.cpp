@@ -1,9 +1,10 @@
 #include "toolkit/StartQt.h"
 
+#include "toolkit/PlainStyle.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
-#include <QStyleFactory>
 
 namespace {
 
@@ -31,7 +32,7 @@ void settleForNoDisplay() {
 }
 
 void settleLook() {
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new PlainStyle); // Qt deletes it
     QApplication::setPalette(lightPalette());
     QApplication::setFont(QFont("Arial", 10));
 }

@@ -1,0 +1,35 @@
+#include "toolkit/PlainStyle.h"
+
+#include <QImage>
+#include <QStyleFactory>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+constexpr QSize size(32, 32);
+
+QImage imageOf(const QStyle& style, QStyle::StandardPixmap which) {
+    return style.standardIcon(which).pixmap(size).toImage();
+}
+
+TEST(PlainStyle, PaintsTheExtensionIconItself) {
+    const QIcon icon =
+        PlainStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, nullptr);
+    EXPECT_EQ(icon.availableSizes(), QList<QSize>{size}); // that from the files comes in others
+    const QImage image = icon.pixmap(size).toImage();
+    EXPECT_EQ(qAlpha(image.pixel(2, 16)), 0);
+    for (const int x : {8 + 6, 17 + 6})
+        EXPECT_GT(qAlpha(image.pixel(x, 16)), 200) << x;
+}
+
+TEST(PlainStyle, LeavesTheOtherIconsToFusion) {
+    const std::unique_ptr<QStyle> fusion(QStyleFactory::create("Fusion"));
+    const PlainStyle plain;
+    for (const auto which : {QStyle::SP_MessageBoxWarning, QStyle::SP_DirIcon, QStyle::SP_DialogOkButton})
+        EXPECT_EQ(imageOf(plain, which), imageOf(*fusion, which)) << which;
+}
+
+} // namespace
