@@ -84,8 +84,11 @@ class ColumnFile {
     std::mt19937& m_random;
     std::string m_lineEnd = oneOf<std::string>({"\r\n", "\n", "\r"});
     std::string m_separator = oneOf<std::string>({",", ", ", " ", "   "});
+    // One without quotes goes up to the next comma.
     std::string m_caption =
-        oneOf<std::string>({"\"Mean\"", "\"Mean\"", "\"Mean\"", "Mean", "7 \"Mean\"", "7 \"a\" \"b"});
+        m_separator.starts_with(',')
+            ? oneOf<std::string>({"\"Mean\"", "\"Mean\"", "Mean", "7 \"Mean\"", "7 \"a\" \"b"})
+            : "\"Mean\"";
     bool m_inColumns = chance(2);
     int m_width = 5 + below(14);
     int m_decimals = below(10);
