@@ -9,6 +9,8 @@
 #include <functional>
 #include <vector>
 
+namespace korvel {
+
 struct Cost { // seconds
     double clock = 0;
     double processor = 0; // of user and kernel together; other programs on the machine count less in it
@@ -73,3 +75,5 @@ class Contest {
 
     std::vector<std::vector<Cost>> m_costs; // by way and round
 };
+
+} // namespace korvel

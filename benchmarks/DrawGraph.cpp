@@ -2,12 +2,12 @@
 // neighbouring points; the two pictures are compared to the last pixel. Arguments: a folder, the number of
 // rounds.
 #include "Rows.h"
+#include "drawing/paint/DrawingPainter.h"
+#include "drawing/paint/QtTextMetrics.h"
+#include "drawing/paint/RunThinning.h"
 #include "graphs/GraphSample.h"
 #include "graphs/draw/ProfileGraph.h"
-#include "toolkit/DrawingPainter.h"
-#include "toolkit/QtTextMetrics.h"
-#include "toolkit/RunThinning.h"
-#include "toolkit/StartQt.h"
+#include "toolkit/desktop/StartQt.h"
 
 #include <QGuiApplication>
 #include <QImage>
@@ -16,6 +16,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <random>
+
+namespace korvel {
 
 namespace {
 
@@ -176,6 +178,11 @@ bool measure(const char* what, Shown shown, int rounds) {
 } // namespace
 
 // NOLINTNEXTLINE(bugprone-exception-escape): what fails here may end the benchmark
+
+} // namespace korvel
+
+using namespace korvel;
+
 int main(int argc, char** argv) {
     if (argc != 3) return 2;
     settleForNoDisplay();

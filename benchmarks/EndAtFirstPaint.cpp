@@ -6,6 +6,8 @@
 
 #include <unistd.h>
 
+namespace korvel {
+
 namespace {
 
 class FirstPaint : public QObject {
@@ -28,3 +30,5 @@ void watchFirstPaint() {
 } // namespace
 
 Q_COREAPP_STARTUP_FUNCTION(watchFirstPaint)
+
+} // namespace korvel

@@ -12,6 +12,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::size_t chunk = 1 << 20;
@@ -103,6 +105,10 @@ void readValues(Fields& fields, Columns& columns, std::size_t point) {
 }
 
 } // namespace
+
+} // namespace korvel
+
+using namespace korvel;
 
 int main(int argc, char** argv) {
     if (argc != 2) return 1;

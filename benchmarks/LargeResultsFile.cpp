@@ -6,6 +6,8 @@
 #include <random>
 #include <string>
 
+namespace korvel {
+
 namespace {
 
 constexpr const char* names[largeDeterminands] = {"BOD",  "Ammonia", "Nitrate", "Chloride", "Phosphate",
@@ -116,3 +118,5 @@ void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form) 
     for (int index = 1; index <= largePoints; ++index)
         writer.point(index);
 }
+
+} // namespace korvel

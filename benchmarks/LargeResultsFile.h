@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+namespace korvel {
+
 inline constexpr int largePoints = 59999;
 inline constexpr int largeDeterminands = 10;
 inline constexpr int largeValuesPerPoint = 8 + 34 * largeDeterminands;
@@ -14,3 +16,5 @@ enum class ResultsForm {
 };
 
 void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form);
+
+} // namespace korvel

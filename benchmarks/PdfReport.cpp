@@ -3,8 +3,8 @@
 #include "Rows.h"
 #include "basic/ModelName.h"
 #include "platform/DiskFiles.h"
-#include "toolkit/PdfPaper.h"
-#include "toolkit/StartQt.h"
+#include "toolkit/desktop/StartQt.h"
+#include "toolkit/paper/PdfPaper.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -15,6 +15,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <random>
+
+namespace korvel {
 
 namespace {
 
@@ -87,6 +89,10 @@ double sizeOf(const std::string& path) {
 }
 
 } // namespace
+
+} // namespace korvel
+
+using namespace korvel;
 
 int main(int argc, char** argv) {
     if (argc != 3) return 2;

@@ -9,6 +9,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace {
 
 double seconds(const timeval& time) {
@@ -62,3 +64,5 @@ ProgramCost run(const std::vector<std::string>& command) {
     return {{clock, seconds(usage.ru_utime) + seconds(usage.ru_stime)},
             static_cast<double>(usage.ru_maxrss) * 1024};
 }
+
+} // namespace korvel

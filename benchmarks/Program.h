@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct ProgramCost {
     Cost cost;
     double peakBytes = 0;
@@ -19,3 +21,5 @@ ProgramCost run(const std::vector<std::string>& command);
 // a program that reads a large results file and ends, so that the machine has it at hand, in large pages, and
 // this one stays small.
 void warmMemory();
+
+} // namespace korvel

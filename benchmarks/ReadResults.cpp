@@ -6,6 +6,8 @@
 
 #include <cstdlib>
 
+namespace korvel {
+
 namespace {
 
 constexpr double mebibyte = 1024 * 1024;
@@ -54,6 +56,10 @@ void measureBlanks(const std::string& path, int rounds) {
 }
 
 } // namespace
+
+} // namespace korvel
+
+using namespace korvel;
 
 int main(int argc, char** argv) {
     if (argc != 3) return 2;

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <string>
 
+namespace korvel {
+
 inline std::string milliseconds(double seconds) {
     char text[32];
     std::snprintf(text, sizeof text, "%.1f ms", seconds * 1e3);
@@ -69,3 +71,5 @@ inline void printBound(const std::string& job, double ours, const std::string& b
     print(
         {job, megabytes(ours), bound, megabytes(limit), twoDecimals(ours / limit), "", "<= 1", ours > limit});
 }
+
+} // namespace korvel

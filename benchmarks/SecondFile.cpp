@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <memory>
 
+namespace korvel {
+
 namespace {
 
 void load(const std::string& name, ResultsDataSet& results, int slot) {
@@ -19,6 +21,10 @@ void load(const std::string& name, ResultsDataSet& results, int slot) {
 }
 
 } // namespace
+
+} // namespace korvel
+
+using namespace korvel;
 
 int main(int argc, char** argv) {
     if (argc != 3) return 2;

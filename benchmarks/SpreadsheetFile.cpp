@@ -16,6 +16,8 @@
 #include <random>
 #include <vector>
 
+namespace korvel {
+
 namespace {
 
 constexpr int points = 59999;
@@ -107,6 +109,11 @@ void measure(DiskFiles& files, const std::string& name, int determinands, int ro
 } // namespace
 
 // NOLINTNEXTLINE(bugprone-exception-escape): what fails here may end the benchmark
+
+} // namespace korvel
+
+using namespace korvel;
+
 int main(int argc, char** argv) {
     if (argc != 3) return 2;
     const std::string name = modelNameOfHostPath(argv[1] + std::string("/bench.csv"));

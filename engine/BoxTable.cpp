@@ -7,7 +7,7 @@
 #include <numeric>
 #include <utility>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -87,4 +87,4 @@ void printBand(LineOutput& output, std::string_view text) {
     output.line("");
 }
 
-} // namespace engine
+} // namespace korvel::engine

@@ -5,9 +5,11 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
 class LineOutput;
+}
 
-namespace engine {
+namespace korvel::engine {
 
 class BoxTable {
   public:
@@ -27,4 +29,4 @@ class BoxTable {
 // The band that begins a report: a double rule with the text in it.
 void printBand(LineOutput& output, std::string_view text);
 
-} // namespace engine
+} // namespace korvel::engine

@@ -1,6 +1,6 @@
 #include "engine/Catchment.h"
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -47,4 +47,4 @@ const Reach* Catchment::findReach(int number) const {
     return nullptr;
 }
 
-} // namespace engine
+} // namespace korvel::engine

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 inline constexpr int maxDeterminands = 10;
 inline constexpr int maxPoints = 59999; // as many as the graph results file can hold
@@ -121,4 +121,4 @@ struct Catchment {
     const Reach* findReach(int number) const;
 };
 
-} // namespace engine
+} // namespace korvel::engine

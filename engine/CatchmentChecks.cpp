@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <set>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -126,4 +126,4 @@ void finishCatchment(Catchment& catchment) {
     sortFeatures(catchment, order);
 }
 
-} // namespace engine
+} // namespace korvel::engine

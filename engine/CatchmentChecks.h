@@ -3,9 +3,9 @@
 
 #include "engine/Catchment.h"
 
-namespace engine {
+namespace korvel::engine {
 
 // Puts the features in river order and checks every reference; a DataError where one leads nowhere.
 void finishCatchment(Catchment& catchment);
 
-} // namespace engine
+} // namespace korvel::engine

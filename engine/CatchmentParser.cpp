@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -248,4 +248,4 @@ std::variant<Catchment, DataError> parseCatchment(std::string_view text) {
     }
 }
 
-} // namespace engine
+} // namespace korvel::engine

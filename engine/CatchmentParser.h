@@ -7,10 +7,10 @@
 #include <string_view>
 #include <variant>
 
-namespace engine {
+namespace korvel::engine {
 
 inline constexpr std::string_view dataFileMark = "DEMONSTRATION RIVER DATA";
 
 std::variant<Catchment, DataError> parseCatchment(std::string_view text);
 
-} // namespace engine
+} // namespace korvel::engine

@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -172,4 +172,4 @@ bool runDataFile(const RunRequest& request, const std::string& batchTitle, Scree
     return false;
 }
 
-} // namespace engine
+} // namespace korvel::engine

@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace engine {
+namespace korvel::engine {
 
 inline constexpr const char* engineName = "KORVEL demonstration engine 1.0";
 
@@ -16,4 +16,4 @@ bool runDataFile(const RunRequest& request, const std::string& batchTitle, Scree
 // "ALDER" of "Z:\RIVERS\Alder.dat"; what follows the last point, if it is .DAT, is dropped.
 std::string baseOf(const std::string& dataFile);
 
-} // namespace engine
+} // namespace korvel::engine

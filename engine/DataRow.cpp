@@ -7,7 +7,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -91,4 +91,4 @@ void DataRow::fail(const std::string& message) const {
     throw DataError{m_line, message};
 }
 
-} // namespace engine
+} // namespace korvel::engine

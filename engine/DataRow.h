@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 struct DataError {
     int line = 0; // 0: the file as a whole
@@ -38,4 +38,4 @@ class DataRow {
     int m_line;
 };
 
-} // namespace engine
+} // namespace korvel::engine

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -93,4 +93,4 @@ Shots EffluentStandards::upstreamQuality(const Determinand& determinand, const T
     return quality;
 }
 
-} // namespace engine
+} // namespace korvel::engine

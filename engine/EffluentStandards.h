@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 enum class StandardsRule {
     meetTargets,     // a discharge may become better or worse, between the best and the worst standards
@@ -46,4 +46,4 @@ class EffluentStandards {
 // The statistic that a determinand's targets limit.
 double statisticOf(Shots quality, StandardStatistic statistic);
 
-} // namespace engine
+} // namespace korvel::engine

@@ -4,7 +4,7 @@
 #include "engine/DataFileRun.h"
 #include "engine/OutputFiles.h"
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -49,4 +49,4 @@ int runEngine(const std::string& folder, std::ostream& output) {
     }
 }
 
-} // namespace engine
+} // namespace korvel::engine

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -119,4 +119,4 @@ double normalQuantile(double probability) {
     return q < 0 ? -size : size;
 }
 
-} // namespace engine
+} // namespace korvel::engine

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -94,4 +94,4 @@ void fillQualitiesOf(const ReachRun& run, const Catchment& catchment, GapFills& 
     }
 }
 
-} // namespace engine
+} // namespace korvel::engine

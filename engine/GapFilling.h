@@ -4,11 +4,11 @@
 
 #include "engine/ReachRun.h"
 
-namespace engine {
+namespace korvel::engine {
 
 // Both add the fills of this reach to `fills`. A gauge or station less than 0.1 km below the last one, or the
 // head of its reach, is passed over.
 void fillFlowsOf(const ReachRun& run, const Catchment& catchment, GapFills& fills);
 void fillQualitiesOf(const ReachRun& run, const Catchment& catchment, GapFills& fills);
 
-} // namespace engine
+} // namespace korvel::engine

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -79,4 +79,4 @@ std::variant<GapFills, DataError> parseGapFills(std::string_view text, const Cat
     }
 }
 
-} // namespace engine
+} // namespace korvel::engine

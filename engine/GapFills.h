@@ -10,7 +10,7 @@
 #include <variant>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 struct Stretch {
     int reach = 0;
@@ -42,4 +42,4 @@ std::string gapFillsText(const GapFills& fills, const std::string& title);
 // A pure function of any bytes; a fill that does not fit the catchment is an error.
 std::variant<GapFills, DataError> parseGapFills(std::string_view text, const Catchment& catchment);
 
-} // namespace engine
+} // namespace korvel::engine

@@ -5,7 +5,7 @@
 
 #include <initializer_list>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -117,4 +117,4 @@ std::string graphResultsText(const Catchment& catchment, const ModelResult& resu
     return output.text();
 }
 
-} // namespace engine
+} // namespace korvel::engine

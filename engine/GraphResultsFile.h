@@ -5,8 +5,8 @@
 
 #include <string>
 
-namespace engine {
+namespace korvel::engine {
 
 std::string graphResultsText(const Catchment& catchment, const ModelResult& result, const std::string& title);
 
-} // namespace engine
+} // namespace korvel::engine

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <utility>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -96,4 +96,4 @@ Water MonteCarlo::water(const Catchment& catchment, int flowSet, int qualitySet,
     return water;
 }
 
-} // namespace engine
+} // namespace korvel::engine

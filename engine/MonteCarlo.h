@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 using Shots = std::vector<double>; // one value a shot
 
@@ -53,4 +53,4 @@ class MonteCarlo {
     Shots m_hydrology;
 };
 
-} // namespace engine
+} // namespace korvel::engine

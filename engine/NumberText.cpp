@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -53,4 +53,4 @@ std::string rightAligned(std::string_view text, std::size_t width) {
     return std::string(width > text.size() ? width - text.size() : 0, ' ').append(text);
 }
 
-} // namespace engine
+} // namespace korvel::engine

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace engine {
+namespace korvel::engine {
 
 // So many digits after the point.
 std::string fixed(double value, int decimals);
@@ -18,4 +18,4 @@ std::string tableNumber(double value);
 std::string padded(std::string_view text, std::size_t width);
 std::string rightAligned(std::string_view text, std::size_t width);
 
-} // namespace engine
+} // namespace korvel::engine

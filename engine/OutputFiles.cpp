@@ -8,7 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -103,4 +103,4 @@ void OutputFiles::commit() {
     }
 }
 
-} // namespace engine
+} // namespace korvel::engine

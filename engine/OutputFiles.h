@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 struct FileProblem {
     std::string message;
@@ -33,4 +33,4 @@ class OutputFiles {
     std::vector<Pending> m_pending;
 };
 
-} // namespace engine
+} // namespace korvel::engine

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -70,4 +70,4 @@ Summary summariseFlow(Shots flows) {
     return summary;
 }
 
-} // namespace engine
+} // namespace korvel::engine

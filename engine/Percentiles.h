@@ -5,7 +5,7 @@
 
 #include <array>
 
-namespace engine {
+namespace korvel::engine {
 
 struct Limits {
     double lower = 0;
@@ -33,4 +33,4 @@ Summary summarise(Shots values, int samples);
 // Mean, and in all three percentiles the flow that is exceeded for 95 % of the time.
 Summary summariseFlow(Shots flows);
 
-} // namespace engine
+} // namespace korvel::engine

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -60,4 +60,4 @@ std::vector<Point> pointsOfReach(const Catchment& catchment, const Reach& reach)
     return points;
 }
 
-} // namespace engine
+} // namespace korvel::engine

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 enum class Side { none, upstream, downstream };
 
@@ -23,4 +23,4 @@ struct Point {
 // The points refer to the catchment's reaches and features.
 std::vector<Point> pointsOfReach(const Catchment& catchment, const Reach& reach);
 
-} // namespace engine
+} // namespace korvel::engine

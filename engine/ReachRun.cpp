@@ -7,7 +7,7 @@
 #include <cmath>
 #include <utility>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -251,4 +251,4 @@ Water ReachRun::riverAt(const Point& wanted, const GapFills& fills) const {
     return walk.take();
 }
 
-} // namespace engine
+} // namespace korvel::engine

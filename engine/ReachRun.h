@@ -10,7 +10,7 @@
 #include <functional>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 // Where a reach's mean flows and loads come from and go to.
 enum class BalanceItem {
@@ -73,4 +73,4 @@ class ReachRun {
         m_inflows; // by point; empty but for the downstream side of features that change the flow
 };
 
-} // namespace engine
+} // namespace korvel::engine

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace korvel::engine {
 
 void RiverModel::walk(const ReachVisitor& visit, const ReachProgress& progress) const {
     std::map<int, Water> arriving; // by reach number; given up as soon as the reach has taken it
@@ -66,4 +66,4 @@ PointResult RiverModel::resultAt(const Point& point, const Water& river) const {
     return result;
 }
 
-} // namespace engine
+} // namespace korvel::engine

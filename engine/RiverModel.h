@@ -7,7 +7,7 @@
 #include <functional>
 #include <map>
 
-namespace engine {
+namespace korvel::engine {
 
 struct PointResult {
     Point point;
@@ -50,4 +50,4 @@ class RiverModel {
     MonteCarlo m_monteCarlo;
 };
 
-} // namespace engine
+} // namespace korvel::engine

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -54,4 +54,4 @@ std::variant<RunControl, DataError> parseRunControl(std::string_view text) {
     return control;
 }
 
-} // namespace engine
+} // namespace korvel::engine

@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 struct RunRequest {
     std::string dataFile; // model name
@@ -24,4 +24,4 @@ struct RunControl {
 // folder is part of the data file's name, and not used. A pure function of any bytes.
 std::variant<RunControl, DataError> parseRunControl(std::string_view text);
 
-} // namespace engine
+} // namespace korvel::engine

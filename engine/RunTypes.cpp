@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace engine {
+namespace korvel::engine {
 
 const RunPlan& runPlan(int runType) {
     static const std::array<RunPlan, 10> plans{{
@@ -20,4 +20,4 @@ const RunPlan& runPlan(int runType) {
     return plans.at(static_cast<std::size_t>(runType));
 }
 
-} // namespace engine
+} // namespace korvel::engine

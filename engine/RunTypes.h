@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 struct RunPlan {
     const char* name;
@@ -20,4 +20,4 @@ struct RunPlan {
 // Run types 0 to 9.
 const RunPlan& runPlan(int runType);
 
-} // namespace engine
+} // namespace korvel::engine

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace engine {
+namespace korvel::engine {
 
 class Screen {
   public:
@@ -24,4 +24,4 @@ class Screen {
     std::vector<std::string> m_lines;
 };
 
-} // namespace engine
+} // namespace korvel::engine

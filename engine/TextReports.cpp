@@ -7,7 +7,7 @@
 #include <array>
 #include <cmath>
 
-namespace engine {
+namespace korvel::engine {
 
 namespace {
 
@@ -219,4 +219,4 @@ std::string sourcesAndSinksReport(const Report& report) {
     return output.text();
 }
 
-} // namespace engine
+} // namespace korvel::engine

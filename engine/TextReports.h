@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace engine {
+namespace korvel::engine {
 
 struct Report {
     const Catchment& catchment;
@@ -18,4 +18,4 @@ std::string detailedOutput(const Report& report);        // .OUT
 std::string loadReport(const Report& report);            // .LOD
 std::string sourcesAndSinksReport(const Report& report); // .SUM
 
-} // namespace engine
+} // namespace korvel::engine

@@ -4,5 +4,5 @@
 #include <iostream>
 
 int main() {
-    return engine::runEngine(".", std::cout);
+    return korvel::engine::runEngine(".", std::cout);
 }

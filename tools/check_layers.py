@@ -3,29 +3,39 @@
 Usage: check_layers.py [FOLDER]   FOLDER is the project's root.
 
 A room is a folder. Its forms are the files frm*.h and frm*.cpp, main.cpp is a room of its own, and the rest is the
-folder's core. Forms, commands, main and the toolkit may use Qt; a core may not.
+folder's core. Forms, commands, main, the toolkit and the painter may use Qt; a core may not.
 """
 
 import re
 import sys
 from pathlib import Path
 
-GROUND = {"results", "global", "platform", "basic"}
+GROUND = {"results", "global", "tables", "platform", "drawing", "basic"}
+STUDIES = {"study", "results", "platform", "drawing", "basic"}  # rooms from here on know no shared state
+ANALYSES = {"analysis", "tables"} | STUDIES
 CORES = {"app", "runs", "graphs/setup", "graphs/draw", "reports", "help"}
-WITH_QT = {"form", "commands", "main", "toolkit"}
+STUDY_CORES = {"study", "analysis", "panels", "explore", "publish", "many"}
+WITH_QT = {"form", "commands", "main", "toolkit", "drawing/paint"}
 MAY_INCLUDE = {
     "basic": {"basic"},
-    "platform": {"platform", "basic"},
+    "drawing": {"drawing", "basic"},
+    "drawing/paint": {"drawing/paint", "drawing", "basic"},
+    "platform": {"platform", "drawing", "basic"},
     "global": {"global", "basic"},
-    "results": GROUND,
-    "toolkit": {"toolkit", "platform", "basic"},
-    "commands": {"commands", "toolkit"} | CORES | GROUND,
+    "tables": {"tables", "platform", "drawing", "basic"},
+    "results": {"results", "global", "platform", "drawing", "basic"},
+    "study": STUDIES,
+    "analysis": ANALYSES,
+    "panels": {"panels"} | ANALYSES,
+    "explore": {"explore", "panels"} | ANALYSES,
+    "publish": {"publish", "panels"} | ANALYSES,
+    "many": {"many"} | STUDIES,
+    "toolkit": {"toolkit", "drawing/paint", "drawing", "platform", "basic"},
+    "commands": {"commands", "toolkit", "drawing/paint"} | CORES | STUDY_CORES | GROUND,
     "engine": {"engine", "basic"},
 }
 # The main form's menus open data files and start runs; both belong to the runs.
 FORM_ALSO_INCLUDES = {"app/frmStart": {"runs"}}
-PLAIN_VALUES = {"graphs/draw/Drawing.h"}  # everybody's, but for the two that stand by themselves
-WITHOUT_PLAIN_VALUES = {"basic", "engine"}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
 COMMENT_OR_TEXT = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"', re.DOTALL)
@@ -36,13 +46,13 @@ TOOLKIT_ONLY = re.compile(
 
 
 def room_of(name: str) -> str:
-    """The room of a file, named from the root of includes: basic/Text.h, graphs/draw/Drawing.h, engine/Reach.h."""
+    """The room of a file, named from the root of includes: basic/Text.h, graphs/draw/Panel.h, engine/Reach.h."""
     folder, _, file = name.rpartition("/")
     if file.startswith("frm"):
         return "form"
     if name == "app/main.cpp":
         return "main"
-    return folder
+    return "toolkit" if folder.startswith("toolkit/") else folder
 
 
 def allowed_rooms(room: str, name: str) -> set[str]:
@@ -50,9 +60,9 @@ def allowed_rooms(room: str, name: str) -> set[str]:
     if room in MAY_INCLUDE:
         return MAY_INCLUDE[room]
     if room == "form":
-        return {folder, "form", "toolkit"} | GROUND | FORM_ALSO_INCLUDES.get(name.rpartition(".")[0], set())
+        return {folder, "form", "toolkit", "drawing/paint"} | GROUND | FORM_ALSO_INCLUDES.get(name.rpartition(".")[0], set())
     if room == "main":
-        return {folder, "form", "commands", "toolkit"} | GROUND
+        return {folder, "form", "commands", "toolkit", "drawing/paint"} | GROUND
     return {room} | GROUND
 
 
@@ -83,8 +93,6 @@ def include_problem(root: Path, path: Path, bracket: str, header: str) -> str | 
     target = resolve(root, path, header)
     if target is None:
         return f"no such header: {header}"
-    if target in PLAIN_VALUES and room not in WITHOUT_PLAIN_VALUES:
-        return None
     if room_of(target) in allowed_rooms(room, name):
         return None
     return f"{room} may not include {target}"

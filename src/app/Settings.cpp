@@ -6,6 +6,8 @@
 #include "basic/Text.h"
 #include "global/GLOBAL.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr std::size_t bytesAtATime = 256; // the file has a few lines
@@ -66,3 +68,5 @@ void ReadSettings(Platform& platform) {
 void SaveSettings(Platform& platform) {
     platform.files.writeWhole(settingsFile(platform), settingsText(GLOBAL.LastFolder));
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace korvel {
+
 inline constexpr const char* SettingsFileName = "MISC.TXT";
 
 struct Settings {
@@ -24,3 +26,5 @@ std::string settingsText(const std::string& lastFolder);
 // start.
 void ReadSettings(Platform& platform);
 void SaveSettings(Platform& platform);
+
+} // namespace korvel

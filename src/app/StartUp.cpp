@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 double inSingle(double value) {
@@ -64,3 +66,5 @@ void SetStartValues(Platform& platform) {
     clearRunFlags();
     ReadSettings(platform);
 }
+
+} // namespace korvel

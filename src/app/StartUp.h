@@ -5,6 +5,8 @@
 #include "basic/FormScaling.h"
 #include "platform/Platform.h"
 
+namespace korvel {
+
 inline constexpr double DesignWidth = 9600; // of every form, twips
 inline constexpr double DesignHeight = 6780;
 
@@ -35,3 +37,5 @@ double topFromBottom(double top, double heightBefore, double heightNow);
 
 // Scale factors, flags and folder at start, then the settings file.
 void SetStartValues(Platform& platform);
+
+} // namespace korvel

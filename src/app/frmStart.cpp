@@ -3,12 +3,14 @@
 #include "app/DisplayLevel.h"
 #include "app/Settings.h"
 #include "app/StartUp.h"
+#include "drawing/paint/Shown.h"
+#include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
 #include "runs/RunModel.h"
-#include "toolkit/Shown.h"
-#include "toolkit/Twips.h"
 
 #include <QMenuBar>
+
+namespace korvel {
 
 namespace {
 
@@ -263,3 +265,5 @@ void frmStart::showProgressFrame(const MainFormState& state) {
         content->setVisible(state.progressContentsVisible);
     Progress.setValue(static_cast<int>(state.progress * Progress.maximum()));
 }
+
+} // namespace korvel

@@ -9,11 +9,13 @@
 #include "reports/frmReports.h"
 #include "runs/DataFiles.h"
 #include "runs/frmBatch.h"
-#include "toolkit/ControlArray.h"
-#include "toolkit/Form.h"
+#include "toolkit/forms/ControlArray.h"
+#include "toolkit/forms/Form.h"
 
 #include <array>
 #include <memory>
+
+namespace korvel {
 
 class frmStart : public Form {
   public:
@@ -109,3 +111,5 @@ class frmStart : public Form {
     std::unique_ptr<frmHelp> m_help;
     std::string m_openOnStart;
 };
+
+} // namespace korvel

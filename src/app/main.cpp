@@ -4,21 +4,23 @@
 #include "basic/ModelName.h"
 #include "commands/CommandLine.h"
 #include "commands/Commands.h"
+#include "drawing/paint/QtTextMetrics.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/DiskFiles.h"
 #include "runs/frmEngine.h"
-#include "toolkit/PdfPaper.h"
-#include "toolkit/PrinterChoice.h"
-#include "toolkit/QtDialogs.h"
-#include "toolkit/QtMachine.h"
-#include "toolkit/QtTextMetrics.h"
-#include "toolkit/QtWindows.h"
-#include "toolkit/StartQt.h"
+#include "toolkit/desktop/QtDialogs.h"
+#include "toolkit/desktop/QtMachine.h"
+#include "toolkit/desktop/QtWindows.h"
+#include "toolkit/desktop/StartQt.h"
+#include "toolkit/paper/PdfPaper.h"
+#include "toolkit/paper/PrinterChoice.h"
 
 #include <QApplication>
 
 #include <csignal>
 #include <iostream>
+
+namespace korvel {
 
 namespace {
 
@@ -94,6 +96,10 @@ int runProgram(int argc, char** argv) {
 }
 
 } // namespace
+
+} // namespace korvel
+
+using namespace korvel;
 
 int main(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN); // a file grown to the user's limit is then a full disk like any other

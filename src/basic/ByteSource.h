@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string>
 
+namespace korvel {
+
 class ByteSource {
   public:
     virtual ~ByteSource() = default;
@@ -27,3 +29,5 @@ class TextSource : public ByteSource {
     std::string m_text;
     std::size_t m_position = 0;
 };
+
+} // namespace korvel

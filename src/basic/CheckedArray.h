@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+namespace korvel {
+
 inline std::size_t checkedOffset(long long index, long long low, long long high) {
     if (index < low || index > high) throw RunTimeError(errors::subscriptOutOfRange);
     return static_cast<std::size_t>(index - low);
@@ -68,3 +70,5 @@ class CheckedVector {
     std::vector<T> m_items;
     T m_absent{};
 };
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <vector>
 
+namespace korvel {
+
 namespace {
 
 std::vector<std::string> componentsOf(std::string_view path, char separator) {
@@ -86,3 +88,5 @@ std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse u
     }
     return std::nullopt;
 }
+
+} // namespace korvel

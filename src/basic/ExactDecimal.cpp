@@ -2,6 +2,8 @@
 
 #include "basic/FieldCharacters.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr std::ptrdiff_t countedDigits = 18; // as many never overflow 64 bits
@@ -53,3 +55,5 @@ const char* readExactDecimal(const char* at, double& value) {
     value = negative ? -size : size;
     return at;
 }
+
+} // namespace korvel

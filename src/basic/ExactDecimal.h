@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <cstring>
 
+namespace korvel {
+
 // Eight characters as a number, the first in its lowest byte.
 inline std::uint64_t eightCharacters(const char* at) {
     std::uint64_t word = 0;
@@ -44,3 +46,5 @@ inline constexpr std::array<double, exactPower + 1> powersOfTen = {
 // Reads the number at `at` with its sign and exponent, up to a blank, a comma or a line end. Returns where it
 // ends, or nothing where it has another form or too many digits.
 const char* readExactDecimal(const char* at, double& value);
+
+} // namespace korvel

@@ -1,6 +1,8 @@
 // The characters that part and form the fields of list input.
 #pragma once
 
+namespace korvel {
+
 constexpr bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
@@ -26,3 +28,5 @@ inline const char* pastBlanks(const char* at) {
         ++at;
     return at;
 }
+
+} // namespace korvel

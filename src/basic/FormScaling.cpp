@@ -5,6 +5,8 @@
 #include <cmath>
 #include <string_view>
 
+namespace korvel {
+
 namespace {
 
 enum class Treatment { none, endPoints, allButHeight, placeAndSize };
@@ -52,3 +54,5 @@ ControlLayout scaledControl(const ControlLayout& control, double scaleX, double 
         scaled.fontSize = scaledFontSize(control.fontSize, fontFactor(scaleX, scaleY));
     return scaled;
 }
+
+} // namespace korvel

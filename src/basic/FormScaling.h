@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace korvel {
+
 struct Place { // twips
     double left = 0;
     double top = 0;
@@ -28,3 +30,5 @@ double fontFactor(double scaleX, double scaleY);
 double scaledFontSize(double size, double factor);
 
 ControlLayout scaledControl(const ControlLayout& control, double scaleX, double scaleY);
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace korvel {
+
 class LineOutput {
   public:
     void line(std::string_view text) { m_text.append(text).append("\r\n"); }
@@ -12,3 +14,5 @@ class LineOutput {
   private:
     std::string m_text;
 };
+
+} // namespace korvel

@@ -11,6 +11,8 @@
 #include <cmath>
 #include <cstring>
 
+namespace korvel {
+
 namespace {
 
 constexpr char sentinel = '\n';
@@ -243,3 +245,5 @@ bool ListInput::atEnd() {
     m_next = m_kept;
     return ended;
 }
+
+} // namespace korvel

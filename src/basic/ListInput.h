@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 class ListInput {
   public:
     // The source must outlive the input. `chunkSize` bytes are asked for at a time.
@@ -67,3 +69,5 @@ class ListInput {
     std::size_t m_dropped = 0; // bytes that the buffer no longer holds
     bool m_sourceEnded = false;
 };
+
+} // namespace korvel

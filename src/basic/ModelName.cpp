@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 std::string modelNameOfHostPath(std::string_view hostPath) {
     std::string name("Z:");
     name.append(hostPath);
@@ -25,3 +27,5 @@ std::string inFolder(std::string_view folder, std::string_view file) {
         folder.remove_suffix(1);
     return std::string(folder).append("\\").append(file);
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace korvel {
+
 // "/home/ann/a.sgr" -> "Z:\home\ann\a.sgr". The host path must be absolute.
 std::string modelNameOfHostPath(std::string_view hostPath);
 
@@ -14,3 +16,5 @@ std::string folderOf(std::string_view modelName);
 std::string fileOf(std::string_view modelName);
 // A folder with exactly one backslash between it and the file; the file alone where the folder is "".
 std::string inFolder(std::string_view folder, std::string_view file);
+
+} // namespace korvel

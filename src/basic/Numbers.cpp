@@ -9,6 +9,8 @@
 #include <cstddef>
 #include <limits>
 
+namespace korvel {
+
 namespace {
 
 bool isDigit(char c) {
@@ -159,3 +161,5 @@ int roundHalfToEven(double value) {
         throw RunTimeError(errors::overflow);
     return static_cast<int>(whole);
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace korvel {
+
 // Free print format: one blank or "-", the digits, one trailing blank: " 3 ".
 std::string freePrint(long long value);
 // The same without the trailing blank: " 3".
@@ -23,3 +25,5 @@ std::string shortestNumber(double value);
 
 // Round half to even, as the run-time converts to whole numbers; 6 beyond 32 bits.
 int roundHalfToEven(double value);
+
+} // namespace korvel

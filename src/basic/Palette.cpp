@@ -5,6 +5,8 @@
 #include <array>
 #include <cstddef>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::array<Rgb, 16> classicPalette{{
@@ -32,3 +34,5 @@ Rgb paletteColour(int number) {
     if (number < 0 || number > 15) throw RunTimeError(errors::invalidProcedureCall);
     return classicPalette[static_cast<std::size_t>(number)];
 }
+
+} // namespace korvel

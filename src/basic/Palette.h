@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+namespace korvel {
+
 struct Rgb {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
@@ -18,3 +20,5 @@ inline constexpr int black = 0, blue = 1, green = 2, cyan = 3, red = 4, magenta 
                      darkGrey = 8, lightBlue = 9, lightGreen = 10, lightCyan = 11, lightRed = 12,
                      lightMagenta = 13, yellow = 14, white = 15;
 } // namespace colours
+
+} // namespace korvel

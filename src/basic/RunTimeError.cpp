@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 const char* descriptionOf(int number) {
@@ -61,3 +63,5 @@ std::string RunTimeError::message() const {
 RunTimeError runTimeErrorOfErrno(int errorCode) {
     return RunTimeError(numberOfErrno(errorCode));
 }
+
+} // namespace korvel

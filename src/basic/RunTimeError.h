@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace korvel {
+
 struct RunTimeError : std::exception {
     RunTimeError(int failureNumber, std::string failureDescription);
     // With the description that belongs to the number; an unknown one has "Application-defined or
@@ -39,3 +41,5 @@ inline constexpr int printerError = 482;
 
 // The run-time's error for a failed system call (errno) on a file.
 RunTimeError runTimeErrorOfErrno(int errorCode);
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 #include "basic/ExactDecimal.h"
 #include "basic/SixteenDigits.h"
 
+namespace korvel {
+
 #if defined(__x86_64__)
 
 namespace {
@@ -148,3 +150,5 @@ NumbersRead readSeparatedNumbers(const char* at, const char*, std::span<double>)
 }
 
 #endif
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <span>
 
+namespace korvel {
+
 struct NumbersRead {
     std::size_t count = 0;
     const char* next = nullptr; // behind the separator of the last one
@@ -15,3 +17,5 @@ struct NumbersRead {
 // Reads the fields from `at` on for as long as it can; none where the processor has no vectors. Seven bytes
 // behind `end` must be readable.
 NumbersRead readSeparatedNumbers(const char* at, const char* end, std::span<double> into);
+
+} // namespace korvel

@@ -2,10 +2,13 @@
 #pragma once
 
 #if defined(__x86_64__)
-
 #include <cstdint>
-
 #include <immintrin.h>
+#endif
+
+namespace korvel {
+
+#if defined(__x86_64__)
 
 #define WITH_VECTORS __attribute__((target("sse4.2,popcnt")))
 
@@ -36,3 +39,5 @@ inline bool hasVectors() {
 }
 
 #endif
+
+} // namespace korvel

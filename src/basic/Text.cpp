@@ -4,6 +4,8 @@
 #include <array>
 #include <optional>
 
+namespace korvel {
+
 namespace {
 
 // The code points of Windows-1252's characters 80 to 9F; its five undefined ones stand for themselves.
@@ -150,3 +152,5 @@ std::string firstShown(std::string_view utf8, std::size_t count) {
 std::size_t shownLength(std::string_view utf8) {
     return utf8.size() - static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), continuesSequence));
 }
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 std::string trim(std::string_view text);
 std::string trimLeft(std::string_view text);
 std::string trimRight(std::string_view text);
@@ -26,3 +28,5 @@ std::string shownUtf8(std::string_view text);
 // The first `count` characters of a UTF-8 text, counted as shown.
 std::string firstShown(std::string_view utf8, std::size_t count);
 std::size_t shownLength(std::string_view utf8);
+
+} // namespace korvel

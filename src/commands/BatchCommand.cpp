@@ -5,6 +5,8 @@
 #include "runs/BatchRun.h"
 #include "runs/DataFileName.h"
 
+namespace korvel {
+
 namespace {
 
 const char* const help =
@@ -73,3 +75,5 @@ int runBatch(CommandCall& call) {
 } // namespace
 
 const Command batchCommand = {"batch", "run the model on several data files", help, runBatch};
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <filesystem>
 
+namespace korvel {
+
 namespace {
 
 const CommandOption& knownOption(std::initializer_list<CommandOption> options, const std::string& name) {
@@ -65,3 +67,5 @@ std::string modelNameOfTyped(const std::string& file, NameUse use) {
     if (const auto refusal = whyNotAModelName(path, use)) throw RefusedName(*refusal);
     return modelNameOfHostPath(path);
 }
+
+} // namespace korvel

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 // Wrong usage: one line for the user, who is then told where to read more.
 struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -52,3 +54,5 @@ class CommandLine {
 // The model name of a file that was typed, relative to the current folder; "" stays. RefusedName where it
 // can't be one.
 std::string modelNameOfTyped(const std::string& file, NameUse use = NameUse::asChosen);
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include "commands/Commands.h"
 
+namespace korvel {
+
 extern const Command infoCommand;
 extern const Command csvCommand;
 extern const Command reportCommand;
@@ -16,3 +18,5 @@ extern const Command helpPageCommand;
 inline const Command* const commandList[] = {&infoCommand,  &csvCommand,     &reportCommand,
                                              &graphCommand, &listingCommand, &runModelCommand,
                                              &batchCommand, &helpPageCommand};
+
+} // namespace korvel

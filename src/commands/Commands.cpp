@@ -9,6 +9,8 @@
 #include <iterator>
 #include <ostream>
 
+namespace korvel {
+
 namespace {
 
 const char* const version = "korvel 1.0.0";
@@ -106,3 +108,5 @@ int runCommand(const std::vector<std::string>& arguments, const Platform& platfo
     }
     return exitStatus::failed;
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 namespace exitStatus {
 inline constexpr int done = 0;
 inline constexpr int failed = 1; // refused or failed
@@ -48,3 +50,5 @@ bool isForCommands(const std::vector<std::string>& arguments);
 // not used. A failure that nothing trapped is reported like a message.
 int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,
                std::ostream& errors);
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <ostream>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 std::string inOneLine(const std::string& text) {
@@ -47,3 +49,5 @@ Answer ConsoleDialogs::show(const Message& message) {
 std::vector<Message> ConsoleDialogs::takeMessages() {
     return std::exchange(m_messages, {});
 }
+
+} // namespace korvel

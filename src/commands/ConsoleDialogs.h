@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 // "exclamation", "question", "critical", "information"
 std::string iconName(Icon icon);
 
@@ -29,3 +31,5 @@ class ConsoleDialogs : public Dialogs {
     std::ostream& m_errors;
     std::vector<Message> m_messages;
 };
+
+} // namespace korvel

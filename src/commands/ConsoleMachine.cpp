@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+namespace korvel {
+
 void ConsoleMachine::startEngine(const std::string& program) {
     if (m_output == nullptr) {
         m_machine.startEngineAlone(program);
@@ -11,3 +13,5 @@ void ConsoleMachine::startEngine(const std::string& program) {
             program, [this](std::string_view bytes) { *m_output << bytes << std::flush; });
     }
 }
+
+} // namespace korvel

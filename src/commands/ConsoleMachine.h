@@ -6,6 +6,8 @@
 #include <iosfwd>
 #include <optional>
 
+namespace korvel {
+
 class ConsoleMachine : public Machine {
   public:
     // `output`: where the engine's own output goes; none: the engine is not waited for.
@@ -29,3 +31,5 @@ class ConsoleMachine : public Machine {
     std::ostream* m_output;
     std::optional<int> m_engineStatus;
 };
+
+} // namespace korvel

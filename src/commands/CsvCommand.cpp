@@ -1,6 +1,8 @@
 #include "commands/CommandList.h"
 #include "commands/ReportCall.h"
 
+namespace korvel {
+
 namespace {
 
 const std::string help =
@@ -19,3 +21,5 @@ int runCsv(CommandCall& call) {
 } // namespace
 
 const Command csvCommand = {"csv", "a report as a spreadsheet file", help.c_str(), runCsv};
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "commands/EngineCall.h"
 
+namespace korvel {
+
 int givenRunType(const CommandLine& line, std::string_view allowed) {
     const std::string type = line.value("--type").value_or("0");
     if (type.size() != 1 || allowed.find(type[0]) == std::string_view::npos)
@@ -17,5 +19,7 @@ EngineCall::EngineCall(CommandCall& call, const CommandLine& line, Dialogs& dial
                  call.platform.screenMetrics} {}
 
 int EngineCall::exitStatus() const {
-    return m_machine.engineStatus() == 0 ? ::exitStatus::done : ::exitStatus::failed;
+    return m_machine.engineStatus() == 0 ? korvel::exitStatus::done : korvel::exitStatus::failed;
 }
+
+} // namespace korvel

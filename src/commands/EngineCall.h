@@ -7,6 +7,8 @@
 
 #include <string_view>
 
+namespace korvel {
+
 // The value of --type, one of the digits allowed, or 0; UsageError for anything else.
 int givenRunType(const CommandLine& line, std::string_view allowed);
 
@@ -23,3 +25,5 @@ class EngineCall {
     ConsoleMachine m_machine;
     Platform m_platform;
 };
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace korvel {
+
 namespace {
 
 constexpr int longestSide = 16384; // pixels
@@ -166,3 +168,5 @@ void chooseBy(const CommandLine& line, GraphChoices& choices, ResultsDataSet& re
     if (const auto title = line.value("--title")) choices.title = cutTitle(*title);
     if (const auto title = line.value("--subtitle")) choices.subTitle = cutTitle(*title);
 }
+
+} // namespace korvel

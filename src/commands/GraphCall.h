@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace korvel {
+
 struct GraphCall {
     std::string resultsFile; // model names
     std::string comparedFile;
@@ -23,3 +25,5 @@ GraphCall graphCallBy(const CommandLine& line);
 
 // The options that choose from the loaded results, taken as the set-up form takes clicks.
 void chooseBy(const CommandLine& line, GraphChoices& choices, ResultsDataSet& results);
+
+} // namespace korvel

@@ -2,16 +2,18 @@
 #include "commands/GraphCall.h"
 
 #include "basic/Text.h"
+#include "drawing/paint/PictureFile.h"
+#include "drawing/paint/QtTextMetrics.h"
 #include "global/GLOBAL.h"
 #include "graphs/draw/ProfileGraph.h"
 #include "graphs/draw/ViewControl.h"
 #include "graphs/setup/ResultsLoading.h"
 #include "results/LoadResultsFile.h"
-#include "toolkit/DrawingSession.h"
-#include "toolkit/PictureFile.h"
-#include "toolkit/QtTextMetrics.h"
+#include "toolkit/desktop/DrawingSession.h"
 
 #include <cstdlib>
+
+namespace korvel {
 
 namespace {
 
@@ -116,3 +118,5 @@ int runGraph(CommandCall& call) {
 } // namespace
 
 const Command graphCommand = {"graph", "a longitudinal profile as a picture", help, runGraph};
+
+} // namespace korvel

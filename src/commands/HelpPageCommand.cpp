@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <ostream>
 
+namespace korvel {
+
 namespace {
 
 const char* const help = "Usage: korvel help-page N\n\n"
@@ -30,3 +32,5 @@ int runHelpPage(CommandCall& call) {
 } // namespace
 
 const Command helpPageCommand = {"help-page", "a help page about the data file", help, runHelpPage};
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 const char* const help =
@@ -53,3 +55,5 @@ const Command infoCommand = {"info", "what a results file holds", help, runInfo}
 int lastSeries(const ResultsDataSet& results) {
     return 2 * std::clamp(results.determinandCount, 0, MaxDeterminands);
 }
+
+} // namespace korvel

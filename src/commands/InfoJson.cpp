@@ -6,6 +6,8 @@
 #include <array>
 #include <ostream>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::array<std::pair<const char*, ValueField>, 5> plainFields = {
@@ -165,3 +167,5 @@ void printInfoJson(const InfoReport& report, std::ostream& out) {
     if (report.withValues) printValues(results, out);
     out << "}\n";
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct LoadReport {
     int slot = 0;
     std::string file; // as typed
@@ -28,3 +30,5 @@ void printInfoJson(const InfoReport& report, std::ostream& out);
 
 // Series 0 to the last one that the header names.
 int lastSeries(const ResultsDataSet& results);
+
+} // namespace korvel

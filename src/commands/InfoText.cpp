@@ -6,6 +6,8 @@
 #include <map>
 #include <ostream>
 
+namespace korvel {
+
 namespace {
 
 std::string counted(int count, const char* one, const char* many) {
@@ -91,3 +93,5 @@ void printInfoText(const InfoReport& report, std::ostream& out) {
         if (report.withValues && results.values[slot].everWritten()) printValues(results, slot, out);
     }
 }
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 #include "commands/CommandList.h"
 #include "reports/Output.h"
 
+namespace korvel {
+
 namespace {
 
 const char* const help =
@@ -20,3 +22,5 @@ int runListing(CommandCall& call) {
 } // namespace
 
 const Command listingCommand = {"listing", "a text file of the engine as a PDF document", help, runListing};
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "reports/ReportChoices.h"
 #include "results/LoadResultsFile.h"
 
+namespace korvel {
+
 const char* const selectionHelp =
     "  --reaches LIST        all, none, or reach numbers: 1,2,5-9\n"
     "  --determinands LIST   all, none, or positions in the list of determinands, from 1, or names: \"BOD "
@@ -90,3 +92,5 @@ int makeReport(CommandCall& call, const ReportCall& report, OutputMode mode) {
     if (report.outputFile) request.outputFile = *report.outputFile;
     return Output(call.platform, mode, request) == OutputEnd::done ? exitStatus::done : exitStatus::failed;
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <optional>
 #include <string>
 
+namespace korvel {
+
 // The part of a command's help that tells of the options below.
 extern const char* const selectionHelp;
 
@@ -24,3 +26,5 @@ std::optional<ReportCall> takeReportCall(CommandCall& call);
 
 // Makes the report and returns the exit status.
 int makeReport(CommandCall& call, const ReportCall& report, OutputMode mode);
+
+} // namespace korvel

@@ -1,6 +1,8 @@
 #include "commands/CommandList.h"
 #include "commands/ReportCall.h"
 
+namespace korvel {
+
 namespace {
 
 const std::string help =
@@ -22,3 +24,5 @@ int runReport(CommandCall& call) {
 } // namespace
 
 const Command reportCommand = {"report", "a report as a PDF document", help.c_str(), runReport};
+
+} // namespace korvel

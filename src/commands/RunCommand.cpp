@@ -3,6 +3,8 @@
 #include "global/GLOBAL.h"
 #include "runs/RunModel.h"
 
+namespace korvel {
+
 namespace {
 
 const char* const help =
@@ -47,3 +49,5 @@ int runRun(CommandCall& call) {
 } // namespace
 
 const Command runModelCommand = {"run", "run the model on a data file", help, runRun};
+
+} // namespace korvel

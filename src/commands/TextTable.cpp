@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <ostream>
 
+namespace korvel {
+
 TextTable::TextTable(std::vector<std::string> headings, std::set<std::size_t> leftColumns)
     : m_widths(headings.size()), m_leftColumns(std::move(leftColumns)) {
     row(std::move(headings));
@@ -29,3 +31,5 @@ void TextTable::print(std::ostream& out) const {
     }
     out << '\n';
 }
+
+} // namespace korvel

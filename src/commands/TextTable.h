@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 class TextTable {
   public:
     // The first row, and which columns (from 0) stand to the left.
@@ -19,3 +21,5 @@ class TextTable {
     std::vector<std::size_t> m_widths;
     std::set<std::size_t> m_leftColumns;
 };
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <charconv>
 
+namespace korvel {
+
 namespace {
 
 struct ReachRange {
@@ -79,3 +81,5 @@ std::size_t takeNamed(const std::vector<std::string>& names, std::string& list, 
     list = end < list.size() ? trimLeft(list.substr(end + 1)) : "";
     return found;
 }
+
+} // namespace korvel

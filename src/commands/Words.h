@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 // Parted by commas, without the blanks around them.
 std::vector<std::string> partsOf(const std::string& list);
 
@@ -19,3 +21,5 @@ std::vector<bool> reachesNamed(const std::string& list, const std::vector<int>& 
 // `firstPosition`. UsageError with `what` in words where it is neither.
 std::size_t takeNamed(const std::vector<std::string>& names, std::string& list, int firstPosition,
                       const std::string& what);
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace korvel {
+
 struct CurrentDataFile {
     std::string DataFileName;  // full model name, upper case; "New Data" for a new file; empty when none
     std::string DataFolder;    // ends in a backslash
@@ -14,3 +16,5 @@ struct CurrentDataFile {
     std::string RunMode;       // "SINGLE"
     bool RunStarting = false;  // a run is choosing its data file: the title stays
 };
+
+} // namespace korvel

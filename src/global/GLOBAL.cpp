@@ -1,3 +1,7 @@
 #include "global/GLOBAL.h"
 
+namespace korvel {
+
 Globals GLOBAL;
+
+} // namespace korvel

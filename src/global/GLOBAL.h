@@ -11,6 +11,8 @@
 #include "global/ResultsHandOver.h"
 #include "global/SharedConstants.h"
 
+namespace korvel {
+
 struct Globals : SharedConstants,
                  CurrentDataFile,
                  BatchFileList,
@@ -22,3 +24,5 @@ struct Globals : SharedConstants,
 };
 
 extern Globals GLOBAL;
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 inline constexpr int MaxPlottingPoints = 59999;
 inline constexpr int MaxGraphColumns = 6;
 
@@ -36,3 +38,5 @@ struct GraphHandOver {
     CheckedArray<int, 0, MaxGraphColumns> graphPointCounts;
     int displayLevel = 0; // 0 to 3, the Options menu's level when "&Plot" was chosen
 };
+
+} // namespace korvel

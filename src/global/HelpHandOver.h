@@ -3,6 +3,10 @@
 
 #include <string>
 
+namespace korvel {
+
 struct HelpHandOver {
     std::string helpPage; // "4" to "10" are pages about the data file
 };
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "global/MainFormState.h"
 
+namespace korvel {
+
 void HideEditWarningMessage(MainFormState& state) {
     state.editWarningVisible = false;
     state.progressFrameColour = colours::white;
@@ -10,3 +12,5 @@ void HideEditWarningMessage(MainFormState& state) {
 std::string mainFormTitle(const std::string& dataFileBase) {
     return "KORVEL:  " + dataFileBase;
 }
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+namespace korvel {
+
 struct MainFormState {
     std::string title; // "KORVEL:  TEST1"
     bool editWarningVisible = true;
@@ -26,3 +28,5 @@ void HideEditWarningMessage(MainFormState& state);
 
 // The title bar while this data file is the current one.
 std::string mainFormTitle(const std::string& dataFileBase);
+
+} // namespace korvel

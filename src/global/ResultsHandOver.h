@@ -5,6 +5,8 @@
 
 #include <string>
 
+namespace korvel {
+
 struct ResultsHandOver {
     CheckedArray<std::string, 0, 1>
         fileNames;           // results file of each slot; set by the caller of the reader and by runs
@@ -22,3 +24,5 @@ struct ResultsHandOver {
     bool interpolatedBoxEnabled = true;
     bool interpolatedBoxTicked = false;
 };
+
+} // namespace korvel

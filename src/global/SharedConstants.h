@@ -6,6 +6,8 @@
 #include <numbers>
 #include <string>
 
+namespace korvel {
+
 struct SharedConstants {
     double ScaleX = 1; // work-area width / 9600 twips
     double ScaleY = 1; // work-area height / 6780 twips
@@ -17,3 +19,5 @@ struct SharedConstants {
     std::string doubleLineBreak = "\r\n\r\n";
     std::string LoadingMessage = "PLEASE WAIT - DATA FILE LOADING";
 };
+
+} // namespace korvel

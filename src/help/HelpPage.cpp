@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 struct KnownPage {
@@ -59,3 +61,5 @@ std::string turnedPage(const std::vector<std::string>& pagesThere, const std::st
     if (turn == PageTurn::back) return place == pagesThere.begin() ? page : *std::prev(place);
     return std::next(place) == pagesThere.end() ? page : *std::next(place);
 }
+
+} // namespace korvel

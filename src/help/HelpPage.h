@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 struct HelpPageLayout {
     int headerLines = 0; // not shown
     bool showsLastLine = true;
@@ -29,3 +31,5 @@ std::vector<std::string> helpPagesThere(Platform& platform);
 // The next of the pages there in this direction; the page itself where there is none.
 enum class PageTurn { back, forth };
 std::string turnedPage(const std::vector<std::string>& pagesThere, const std::string& page, PageTurn turn);
+
+} // namespace korvel

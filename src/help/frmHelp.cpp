@@ -1,12 +1,14 @@
 #include "help/frmHelp.h"
 
+#include "drawing/paint/Shown.h"
+#include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
 #include "help/HelpPage.h"
-#include "toolkit/Shown.h"
-#include "toolkit/Twips.h"
 
 #include <QHeaderView>
 #include <QVBoxLayout>
+
+namespace korvel {
 
 namespace {
 
@@ -100,3 +102,5 @@ bool frmHelp::keyInGrid(int key) {
     load();
     return true;
 }
+
+} // namespace korvel

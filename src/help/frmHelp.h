@@ -1,9 +1,11 @@
 // The help viewer: one page of text in a grid of one column. Page Up and Page Down turn to the other pages.
 #pragma once
 
-#include "toolkit/Form.h"
+#include "toolkit/forms/Form.h"
 
 #include <QTableWidget>
+
+namespace korvel {
 
 class frmHelp : public Form {
   public:
@@ -25,3 +27,5 @@ class frmHelp : public Form {
     QTableWidget& grdHelp = grid();
     QLabel& lblPage = label("lblPage", "", {});
 };
+
+} // namespace korvel

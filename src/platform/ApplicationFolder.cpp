@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -92,3 +94,5 @@ void fillApplicationFolder(const std::string& folder, const ApplicationFolderSou
     copyInstalled(sources.executableFolder, folder);
     writeFirstSettings(fs::path(folder) / "MISC.TXT", sources.home);
 }
+
+} // namespace korvel

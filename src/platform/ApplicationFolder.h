@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+namespace korvel {
+
 struct ApplicationFolderSources {      // host paths; "" where there is none
     std::optional<std::string> option; // --application-folder
     std::string korvelHome;            // $KORVEL_HOME
@@ -22,3 +24,5 @@ std::string applicationFolder(const ApplicationFolderSources& sources);
 // The user's own application folder is filled on first use from what is installed beside the executable: the
 // engine, the help pages, and a MISC.TXT that offers the home folder. What is there is left alone.
 void fillApplicationFolder(const std::string& folder, const ApplicationFolderSources& sources);
+
+} // namespace korvel

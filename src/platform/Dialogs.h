@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+namespace korvel {
+
 enum class FileDialogKind { open, save };
 
 // What a form's one dialog control holds between uses: settings made for one use stay for the next.
@@ -40,3 +42,5 @@ class Dialogs {
 inline Message refusedName(const ChosenFile& chosen) {
     return {chosen.refusal.value_or(""), "File name", Icon::exclamation, Buttons::ok};
 }
+
+} // namespace korvel

@@ -14,6 +14,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 class Descriptor {
@@ -246,3 +248,5 @@ std::string DiskFiles::currentFolder() {
 void DiskFiles::setCurrentFolder(const std::string& folder) {
     if (chdir(hostPathOrFail(folder).c_str()) != 0) failOnFolder();
 }
+
+} // namespace korvel

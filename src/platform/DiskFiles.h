@@ -3,6 +3,8 @@
 
 #include "platform/Files.h"
 
+namespace korvel {
+
 class DiskFiles : public Files {
   public:
     std::unique_ptr<ByteSource> open(const std::string& name) override;
@@ -13,3 +15,5 @@ class DiskFiles : public Files {
     std::string currentFolder() override;
     void setCurrentFolder(const std::string& folder) override;
 };
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "platform/Files.h"
 
+namespace korvel {
+
 std::string Files::readAll(const std::string& name) {
     const auto source = open(name);
     std::string text;
@@ -14,3 +16,5 @@ void Files::writeWhole(const std::string& name, std::string_view bytes) {
     file->write(bytes);
     file->commit();
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 // A file that replaces another whole: what is written goes to a file beside it, which takes the name on
 // commit(). Without a commit the old file stays and nothing is left behind.
 class NewFile {
@@ -36,3 +38,5 @@ class Files {
     std::string readAll(const std::string& name);
     void writeWhole(const std::string& name, std::string_view bytes);
 };
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "platform/Machine.h"
 
+namespace korvel {
+
 namespace {
 
 std::string padded(int number, std::size_t width) {
@@ -12,3 +14,5 @@ std::string padded(int number, std::size_t width) {
 std::string dayMonthYear(const Date& date) {
     return padded(date.day, 2) + '/' + padded(date.month, 2) + '/' + padded(date.year, 4);
 }
+
+} // namespace korvel

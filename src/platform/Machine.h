@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace korvel {
+
 struct WorkArea { // twips
     double left = 0;
     double top = 0;
@@ -36,3 +38,5 @@ class Machine {
     virtual int runEngine(const std::string& program,
                           const std::function<void(std::string_view)>& onOutput) = 0;
 };
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace korvel {
+
 enum class Icon { exclamation, question, critical, information };
 enum class Buttons { ok, yesNo };
 enum class Answer { ok, yes, no };
@@ -14,3 +16,5 @@ struct Message {
     Buttons buttons = Buttons::ok;
     bool operator==(const Message&) const = default;
 };
+
+} // namespace korvel

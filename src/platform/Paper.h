@@ -1,11 +1,13 @@
 // Paper: pages of a print job, which go to the printer that Printer Setup chose or to a PDF file.
 #pragma once
 
-#include "graphs/draw/Drawing.h"
-#include "platform/TextMetrics.h"
+#include "drawing/Drawing.h"
+#include "drawing/TextMetrics.h"
 
 #include <memory>
 #include <string>
+
+namespace korvel {
 
 enum class Orientation { portrait, landscape };
 
@@ -40,3 +42,5 @@ class Paper {
     // Error 482 where the chosen printer does not take jobs.
     virtual std::unique_ptr<PrintJob> begin(const PrintRequest& request) = 0;
 };
+
+} // namespace korvel

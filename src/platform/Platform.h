@@ -1,12 +1,14 @@
 // The doors to the outside world, given to every form.
 #pragma once
 
+#include "drawing/TextMetrics.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Machine.h"
 #include "platform/Paper.h"
-#include "platform/TextMetrics.h"
 #include "platform/Windows.h"
+
+namespace korvel {
 
 struct Platform {
     Dialogs& dialogs;
@@ -16,3 +18,5 @@ struct Platform {
     Paper& paper;
     const TextMetrics& screenMetrics;
 };
+
+} // namespace korvel

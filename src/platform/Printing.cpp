@@ -3,6 +3,8 @@
 #include "basic/DiskNames.h"
 #include "basic/ModelName.h"
 
+namespace korvel {
+
 Message printerRefused() {
     return {"Your printer is offline or out of paper.", "Printer", Icon::information, Buttons::ok};
 }
@@ -18,3 +20,5 @@ std::string besideResults(const std::string& resultsFile, const std::string& end
     const std::string file = fileOf(resultsFile);
     return folderOf(resultsFile) + file.substr(0, file.rfind('.')) + ending;
 }
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 
 #include "platform/Platform.h"
 
+namespace korvel {
+
 // The printer did not take a document (error 482).
 Message printerRefused();
 
@@ -11,3 +13,5 @@ void finishPrinting(Platform& platform, PrintJob& job);
 
 // "Z:\DATA\RIVER-graph.pdf" for "Z:\DATA\RIVER.SGR" and "-graph.pdf".
 std::string besideResults(const std::string& resultsFile, const std::string& ending);
+
+} // namespace korvel

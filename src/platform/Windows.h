@@ -5,6 +5,8 @@
 
 #include <string>
 
+namespace korvel {
+
 class ShownForm {
   public:
     virtual ~ShownForm() = default;
@@ -30,3 +32,5 @@ class Windows {
     // switches all else off meanwhile.
     virtual void passEvents() = 0;
 };
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 class CellOutput {
   public:
     explicit CellOutput(NewFile& file) : m_file(file), m_block(blockSize) {}
@@ -59,3 +61,5 @@ class CellOutput {
     std::vector<char> m_block;
     std::size_t m_used = 0;
 };
+
+} // namespace korvel

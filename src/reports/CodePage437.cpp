@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace korvel {
+
 namespace {
 
 // The code points of codes 0 to 31; code 0 is blank.
@@ -78,3 +80,5 @@ std::optional<BoxStrokes> boxStrokesOf(char character) {
     default: return std::nullopt;
     }
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace korvel {
+
 // Every code has a character to show, the control codes included.
 std::string utf8OfCodePage437(std::string_view text);
 
@@ -17,3 +19,5 @@ struct BoxStrokes {
 
 // Nothing where the character isn't drawn but printed.
 std::optional<BoxStrokes> boxStrokesOf(char character);
+
+} // namespace korvel

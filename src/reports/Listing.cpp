@@ -4,6 +4,8 @@
 #include "reports/CodePage437.h"
 #include "reports/PrintedPage.h"
 
+namespace korvel {
+
 namespace {
 
 const Font listingFont{"Courier New", 7, false};
@@ -110,3 +112,5 @@ std::optional<Drawing> Listing::nextPage() {
         LinePainter(page, m_cell, line).paint(m_lines.line());
     return page;
 }
+
+} // namespace korvel

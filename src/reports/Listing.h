@@ -3,10 +3,12 @@
 #pragma once
 
 #include "basic/ListInput.h"
-#include "graphs/draw/Drawing.h"
+#include "drawing/Drawing.h"
 #include "platform/Paper.h"
 
 #include <optional>
+
+namespace korvel {
 
 class Listing {
   public:
@@ -22,3 +24,5 @@ class Listing {
     TextSize m_cell; // inches
     bool m_started = false;
 };
+
+} // namespace korvel

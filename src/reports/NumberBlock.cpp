@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace korvel {
+
 void NumberBlock::take(std::vector<ReportRow> rows) {
     m_rows = std::move(rows);
     for (std::size_t column = 0; column < m_columns.size(); ++column) {
@@ -13,3 +15,5 @@ void NumberBlock::take(std::vector<ReportRow> rows) {
         }
     }
 }
+
+} // namespace korvel

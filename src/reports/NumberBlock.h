@@ -9,6 +9,8 @@
 #include <span>
 #include <vector>
 
+namespace korvel {
+
 class NumberBlock {
   public:
     static constexpr std::size_t mostRows = 64;
@@ -31,3 +33,5 @@ class NumberBlock {
     std::vector<ReportRow> m_rows;
     std::vector<NumberCode> m_codes; // row by row
 };
+
+} // namespace korvel

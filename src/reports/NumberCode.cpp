@@ -1,5 +1,7 @@
 #include "reports/NumberCode.h"
 
+namespace korvel {
+
 namespace numbers {
 
 // Half away from zero, judged on the value's first 15 digits: within 3e-16 of a half it is one in that
@@ -20,3 +22,5 @@ NumberCode rareCode(std::int32_t number, unsigned decimals) {
 }
 
 } // namespace numbers
+
+} // namespace korvel

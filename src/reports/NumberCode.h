@@ -13,6 +13,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace korvel {
+
 // The place of the last digits in the table of texts; above these 16 bits, how many characters of a zero
 // stand before them; above four more, how many are written in all, so that the next number's place is known
 // before the table has been looked at.
@@ -102,3 +104,5 @@ inline NumberCode numberCode(double value) {
     if (!fourDigits) return rareCode(number, decimals);
     return NumberCode{formats[decimals].code + static_cast<std::uint32_t>(number)};
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include "reports/PrintedReport.h"
 #include "reports/SpreadsheetReport.h"
 
+namespace korvel {
+
 namespace {
 
 // The printer takes a document whole, so that whatever it refuses counts as refused at its heading.
@@ -92,3 +94,5 @@ OutputEnd PrintFile(Platform& platform, const std::string& fileName, const std::
         return printListing(platform, fileName, pdfFile.empty() ? fileName + ".pdf" : pdfFile);
     });
 }
+
+} // namespace korvel

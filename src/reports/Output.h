@@ -9,6 +9,8 @@
 
 #include <string>
 
+namespace korvel {
+
 enum class OutputMode { print, spreadsheet };
 enum class OutputEnd { done, cancelled, failed };
 
@@ -29,3 +31,5 @@ OutputEnd Output(Platform& platform, OutputMode mode, const OutputRequest& reque
 
 // `pdfFile`: what is made where there is no printer; "" is the file's name with ".pdf" behind it.
 OutputEnd PrintFile(Platform& platform, const std::string& fileName, const std::string& pdfFile = "");
+
+} // namespace korvel

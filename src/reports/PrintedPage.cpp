@@ -2,6 +2,8 @@
 
 #include "basic/Text.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr double rulePenWidth = 2; // printer dots
@@ -50,3 +52,5 @@ void Ptext(PrintedPage& page, double xp, double yp, const std::string& Text1, do
     page.print(Text1, size);
     LastY = page.position.y;
 }
+
+} // namespace korvel

@@ -2,10 +2,12 @@
 // font.
 #pragma once
 
-#include "graphs/draw/Drawing.h"
+#include "drawing/Drawing.h"
 #include "platform/Paper.h"
 
 #include <string>
+
+namespace korvel {
 
 inline constexpr double twipsToAnInch = 1440;
 
@@ -43,3 +45,5 @@ class PrintedPage {
 // `LastY` receives the start of the next line.
 void Ptext(PrintedPage& page, double xp, double yp, const std::string& Text1, double& LastY,
            const std::string& Fmt);
+
+} // namespace korvel

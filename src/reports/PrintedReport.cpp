@@ -3,6 +3,8 @@
 #include "basic/Numbers.h"
 #include "reports/QuickNumber.h"
 
+namespace korvel {
+
 namespace {
 
 // The lines of the heading block, from the top of the page; one stays empty above the table.
@@ -116,3 +118,5 @@ void PrintedReport::ruleDown(PrintedPage& page, double x, int fromLine, int toLi
     page.rule({x, lineTop(fromLine) - TableGeometry::ruleAbove},
               {x, lineTop(toLine) - TableGeometry::ruleAbove});
 }
+
+} // namespace korvel

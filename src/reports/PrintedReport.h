@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 class PrintedReport {
   public:
     // All that is given must outlive the report. `date` as it is to be printed.
@@ -42,3 +44,5 @@ class PrintedReport {
     double m_lineHeight; // inches
     ReportPages m_pages;
 };
+
+} // namespace korvel

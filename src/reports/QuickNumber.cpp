@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <charconv>
 
+namespace korvel {
+
 using numbers::textsOfEachKind;
 
 const NumberTexts& NumberTexts::all() {
@@ -43,3 +45,5 @@ std::string quickNumber(double value) {
     const char* const end = NumberTexts::all().write(text.data(), code);
     return {text.data(), static_cast<std::size_t>(end - text.data()) - 1};
 }
+
+} // namespace korvel

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 class NumberTexts {
   public:
     // Room that write needs.
@@ -41,3 +43,5 @@ class NumberTexts {
 
 // The same text as reportNumber's.
 std::string quickNumber(double value);
+
+} // namespace korvel

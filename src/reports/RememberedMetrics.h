@@ -1,10 +1,12 @@
 // Measures each short text of one font once: a long report shows the same numbers again and again.
 #pragma once
 
-#include "platform/TextMetrics.h"
+#include "drawing/TextMetrics.h"
 
 #include <string>
 #include <unordered_map>
+
+namespace korvel {
 
 class RememberedMetrics : public TextMetrics {
   public:
@@ -26,3 +28,5 @@ class RememberedMetrics : public TextMetrics {
     Font m_font;
     mutable std::unordered_map<std::string, TextSize> m_sizes;
 };
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+namespace korvel {
+
 namespace {
 
 void selectAll(std::vector<ListEntry>& list) {
@@ -96,3 +98,5 @@ void FillReportLists(ReportChoices& choices, const ResultsDataSet& results) {
     if (const auto percentiles = percentileBoxOf(results.percentileMode)) choices.box(*percentiles) = true;
     choices.m_targetsCaption = "Print quality targets (" + results.percentileCaption + ")";
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 // The check boxes by their index.
 enum class ReportBox {
     allDeterminands,
@@ -61,3 +63,5 @@ class ReportChoices {
 
 // After every load of results: both lists anew, all selected, and the boxes as the results suggest.
 void FillReportLists(ReportChoices& choices, const ResultsDataSet& results);
+
+} // namespace korvel

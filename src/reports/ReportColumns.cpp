@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 struct Statistic {
@@ -80,3 +82,5 @@ std::vector<ValueColumn> valueColumns(const ResultsDataSet& results, const Repor
         values.push_back(results.values[0].column(each.field, each.series, each.level));
     return values;
 }
+
+} // namespace korvel

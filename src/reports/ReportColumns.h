@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct ReportColumn {
     ValueField field = ValueField::meanValue;
     int series = 0;
@@ -37,3 +39,5 @@ ReportColumns reportColumns(const ResultsDataSet& results, const ReportSelection
 // The values of each column, by point.
 using ValueColumn = std::span<const double>;
 std::vector<ValueColumn> valueColumns(const ResultsDataSet& results, const ReportColumns& columns);
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::array<const char*, decimalBounds.size() + 1> formats{
@@ -19,3 +21,5 @@ const char* reportFormat(double value) {
 std::string reportNumber(double value) {
     return formatPattern(value, reportFormat(value));
 }
+
+} // namespace korvel

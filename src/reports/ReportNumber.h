@@ -5,6 +5,8 @@
 #include <array>
 #include <string>
 
+namespace korvel {
+
 // A value below the k-th bound (counted from 0) has more than k decimals. Kept so: the value is compared with
 // its sign, so that every negative one has seven decimals, and the bounds are no powers of ten.
 inline constexpr std::array<double, 7> decimalBounds{999.9, 99.9, 9.9, 0.9, 0.09, 0.009, 0.0009};
@@ -13,3 +15,5 @@ inline constexpr std::array<double, 7> decimalBounds{999.9, 99.9, 9.9, 0.9, 0.09
 const char* reportFormat(double value);
 
 std::string reportNumber(double value);
+
+} // namespace korvel

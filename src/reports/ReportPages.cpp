@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace korvel {
+
 namespace {
 
 // Less than any pen could show, more than a sum of lines errs.
@@ -51,3 +53,5 @@ PlannedReach ReportPages::begunReach(int line, const std::string& suffix) {
     ++m_reachesBegun;
     return {line, m_results.reachNames[m_rows.row().reach] + suffix, {}};
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 // Page units, inches.
 struct TableGeometry {
     Orientation orientation = Orientation::portrait;
@@ -64,3 +66,5 @@ class ReportPages {
     int m_page = 0;
     int m_reachesBegun = 0;
 };
+
+} // namespace korvel

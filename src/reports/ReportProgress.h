@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <functional>
 
+namespace korvel {
+
 // Hears the share done, 0 to 1, and answers whether to go on. May be empty.
 using ReportProgress = std::function<bool(double)>;
 
@@ -17,3 +19,5 @@ inline bool goesOn(const ReportProgress& progress, int reachesBegun, std::size_t
     const double selected = static_cast<double>(std::max<std::size_t>(reachesSelected, 1));
     return progress(std::min(reachesBegun / selected, 1.0));
 }
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include "basic/Text.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr int alwaysReportedType = 10;
@@ -52,3 +54,5 @@ void appendRowLabel(std::string& text, const ResultsDataSet& results, const Repo
     if (selection.upstream && side.find_first_not_of(' ') != std::string::npos) (text += side) += ' ';
     text += results.pointLabel[point];
 }
+
+} // namespace korvel

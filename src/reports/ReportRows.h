@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct ReportRow {
     int point = 0;
     int reach = 0;
@@ -35,3 +37,5 @@ std::string rowLabel(const ResultsDataSet& results, const ReportSelection& selec
 // The same behind what stands in `text`.
 void appendRowLabel(std::string& text, const ResultsDataSet& results, const ReportSelection& selection,
                     int point);
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 int CountCols(const ReportSelection& selection) {
     const auto percentiles = std::ranges::count(selection.percentiles, true);
     const int statistics = static_cast<int>(percentiles) + (selection.means ? 1 : 0);
@@ -29,3 +31,5 @@ ColumnVerdict verdictOn(int columns) {
     }
     return {PageFit::tooWide, countText, "Too wide to print", colours::lightRed};
 }
+
+} // namespace korvel

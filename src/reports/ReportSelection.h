@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 inline constexpr int MaxSelectedDeterminands = 20;
 
 struct ReportSelection {
@@ -33,3 +35,5 @@ struct ColumnVerdict {
     int colour = 0; // of the palette, behind both texts
 };
 ColumnVerdict verdictOn(int columns);
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "reports/ReportColumns.h"
 #include "reports/ReportRows.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr int rowsBetweenQuestions = 1000;
@@ -78,3 +80,5 @@ ReportEnd writeSpreadsheet(NewFile& file, const ResultsDataSet& results, const R
     out.flush();
     return ReportEnd::done;
 }
+
+} // namespace korvel

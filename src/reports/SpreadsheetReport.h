@@ -9,9 +9,13 @@
 
 #include <string>
 
+namespace korvel {
+
 // The results file's name with its last three characters replaced.
 std::string spreadsheetFileName(const std::string& resultsFile);
 
 // Leaves the commit to the caller.
 ReportEnd writeSpreadsheet(NewFile& file, const ResultsDataSet& results, const ReportSelection& selection,
                            const ReportProgress& progress = {});
+
+} // namespace korvel

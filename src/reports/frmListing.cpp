@@ -2,13 +2,15 @@
 
 #include "basic/ListInput.h"
 #include "basic/ModelName.h"
+#include "drawing/paint/Shown.h"
 #include "global/GLOBAL.h"
 #include "reports/CodePage437.h"
 #include "reports/Output.h"
-#include "toolkit/Shown.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+
+namespace korvel {
 
 namespace {
 
@@ -93,3 +95,5 @@ void frmListing::find(Direction direction) {
     }
     lblFound.setText(found || txtFind.text().isEmpty() ? QString() : QString("Not found."));
 }
+
+} // namespace korvel

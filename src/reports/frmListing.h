@@ -1,9 +1,11 @@
 // Shows one of the engine's text files as it is printed: box characters as characters, with a search.
 #pragma once
 
-#include "toolkit/Form.h"
+#include "toolkit/forms/Form.h"
 
 #include <QPlainTextEdit>
+
+namespace korvel {
 
 class frmListing : public Form {
   public:
@@ -29,3 +31,5 @@ class frmListing : public Form {
 
     std::string m_fileName;
 };
+
+} // namespace korvel

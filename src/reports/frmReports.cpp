@@ -1,14 +1,16 @@
 #include "reports/frmReports.h"
 
 #include "basic/Text.h"
+#include "drawing/paint/Shown.h"
+#include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
 #include "results/LoadResultsFile.h"
-#include "toolkit/ListFilling.h"
-#include "toolkit/Shown.h"
-#include "toolkit/Twips.h"
+#include "toolkit/forms/ListFilling.h"
 
 #include <QScopeGuard>
 #include <QSignalBlocker>
+
+namespace korvel {
 
 namespace {
 
@@ -248,3 +250,5 @@ void frmReports::showVerdict() {
                                    "Spreadsheet file."
                                  : "Next: choose Open and pick a results file.");
 }
+
+} // namespace korvel

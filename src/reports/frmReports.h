@@ -4,8 +4,10 @@
 #include "reports/Output.h"
 #include "reports/ReportChoices.h"
 #include "reports/frmListing.h"
-#include "toolkit/ControlArray.h"
-#include "toolkit/Form.h"
+#include "toolkit/forms/ControlArray.h"
+#include "toolkit/forms/Form.h"
+
+namespace korvel {
 
 class frmReports : public Form {
   public:
@@ -70,3 +72,5 @@ class frmReports : public Form {
     bool m_busy = false;
     bool m_cancelled = false;
 };
+
+} // namespace korvel

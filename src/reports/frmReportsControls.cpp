@@ -1,5 +1,7 @@
 #include "reports/frmReports.h"
 
+namespace korvel {
+
 ControlArray<QLabel> frmReports::labels() {
     ControlArray<QLabel> array("Label");
     const auto add = [&](int index, const char* caption, Place place, Look look = {}) {
@@ -48,3 +50,5 @@ ControlArray<QPushButton> frmReports::viewButtons() {
     add(1, "Select and print file", at(3600, 1650, 2520, 420));
     return array;
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::size_t eight = sizeof(std::uint64_t);
@@ -169,3 +171,5 @@ bool readColumns(const char* text, std::span<const ColumnNumber> numbers, double
     static const auto way = hasVectors() ? readColumnsByVectors : readColumnsByWords;
     return way(text, numbers, into);
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <span>
 #include <string_view>
 
+namespace korvel {
+
 // How a number of at most 15 digits in the last sixteen bytes before its end becomes sixteen digits.
 struct DigitOrder {
     std::array<std::uint8_t, 16> from; // the byte of each digit, the last digit at the end; 0x80 for none
@@ -35,3 +37,5 @@ bool readColumns(const char* text, std::span<const ColumnNumber> numbers, double
 // The two ways, for comparison.
 bool readColumnsByWords(const char* text, std::span<const ColumnNumber> numbers, double* into);
 bool readColumnsByVectors(const char* text, std::span<const ColumnNumber> numbers, double* into);
+
+} // namespace korvel

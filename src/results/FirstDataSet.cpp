@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 std::string shownDeterminandName(std::string_view name) {
     std::string shown = trim(name);
     while (shown.ends_with('.'))
@@ -106,3 +108,5 @@ void FirstDataSet::makeLabel(int index) {
     m_results.pointLabel.set(index, std::move(label.text));
     m_results.pointSide.set(index, std::move(label.side));
 }
+
+} // namespace korvel

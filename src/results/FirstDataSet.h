@@ -7,6 +7,8 @@
 
 #include <vector>
 
+namespace korvel {
+
 class FirstDataSet : public RecordTaker {
   public:
     explicit FirstDataSet(ResultsDataSet& results) : m_results(results) {}
@@ -36,3 +38,5 @@ class FirstDataSet : public RecordTaker {
 
 // A determinand's name as shown: blanks around it and points at its end dropped.
 std::string shownDeterminandName(std::string_view name);
+
+} // namespace korvel

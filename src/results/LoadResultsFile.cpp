@@ -7,6 +7,8 @@
 
 #include <new>
 
+namespace korvel {
+
 namespace {
 
 const char* const readErrorText =
@@ -64,3 +66,5 @@ std::string ShortFileName(const std::string& path, int maxLength) {
     const std::string trimmed = trim(path);
     return static_cast<int>(trimmed.size()) <= maxLength ? trimmed : fileOf(trimmed);
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+namespace korvel {
+
 // Share read so far, 0 to 1; called at most about a hundred times a load.
 using LoadProgress = std::function<void(double)>;
 
@@ -15,3 +17,5 @@ void LoadResultsFile(Platform& platform, bool showErrors, const LoadProgress& pr
 // The path with surrounding blanks removed if it has at most `maxLength` characters, otherwise what follows
 // its last backslash.
 std::string ShortFileName(const std::string& path, int maxLength);
+
+} // namespace korvel

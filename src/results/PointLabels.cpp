@@ -2,6 +2,8 @@
 
 #include "basic/Text.h"
 
+namespace korvel {
+
 std::string labelInFile(std::string_view field) {
     return withoutLast(field, 3);
 }
@@ -20,3 +22,5 @@ PointLabel makePointLabel(std::string_view label, const std::function<std::strin
         made.text = "Start of reach " + trim(reachName());
     return made;
 }
+
+} // namespace korvel

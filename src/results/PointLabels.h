@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace korvel {
+
 // The label as a results file holds it, less its last three characters. They are dropped always: the engine
 // ends every label with three characters that are not part of the name.
 std::string labelInFile(std::string_view field);
@@ -17,3 +19,5 @@ struct PointLabel {
 
 // `reachName` is asked only where the label names its reach.
 PointLabel makePointLabel(std::string_view label, const std::function<std::string()>& reachName);
+
+} // namespace korvel

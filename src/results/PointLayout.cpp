@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr int longestPause = 64;            // points
@@ -106,3 +108,5 @@ std::size_t PointLayout::addNumber(std::string_view text, std::size_t lowest, st
     m_numbers.push_back(number);
     return end;
 }
+
+} // namespace korvel

@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 class PointLayout {
   public:
     // Reads the values of the next point, at the beginning of `text`, and returns how many bytes they take; 0
@@ -35,3 +37,5 @@ class PointLayout {
     int m_pointsToPass = 0;
     int m_patience = 1;
 };
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace korvel {
+
 namespace {
 
 constexpr int levels = 3;
@@ -85,3 +87,5 @@ void PointValues::write() {
     }
     m_count = 0;
 }
+
+} // namespace korvel

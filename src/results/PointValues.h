@@ -9,6 +9,8 @@
 #include <span>
 #include <vector>
 
+namespace korvel {
+
 struct ValuePlace {
     ValueField field;
     int series;
@@ -47,3 +49,5 @@ class PointValues {
     std::size_t m_first = 0; // index of the first row's point
     std::size_t m_count = 0;
 };
+
+} // namespace korvel

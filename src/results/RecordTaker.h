@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace korvel {
+
 struct DeterminandLine {
     int type = 0;
     std::string_view name;
@@ -45,3 +47,5 @@ class RecordTaker {
     // All values of the point are read; `values` are in the file's order.
     virtual void pointEnd(int index, std::span<const double> values) = 0;
 };
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "results/ResultsDataSet.h"
 
+namespace korvel {
+
 ResultsDataSet RESULTS;
 
 void ResultsDataSet::forgetReaches() {
@@ -10,3 +12,5 @@ void ResultsDataSet::forgetReaches() {
     reachNames.set(0, name);
     reachLengths.set(0, length);
 }
+
+} // namespace korvel

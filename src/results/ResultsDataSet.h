@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 inline constexpr int MaxSeries = 20; // flow, and concentration and load of ten determinands
 inline constexpr int MaxDeterminands = 10;
 inline constexpr int MaxReachNumber = 59999;
@@ -59,3 +61,5 @@ struct ResultsDataSet {
 };
 
 extern ResultsDataSet RESULTS;
+
+} // namespace korvel

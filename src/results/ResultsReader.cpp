@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 // The characters in columns `first` to `last`, counted from 1; fewer from a short line.
@@ -167,3 +169,5 @@ LoadEnd readResults(ByteSource& file, ResultsDataSet& results, int slot, const L
     }
     return LoadEnd::loaded;
 }
+
+} // namespace korvel

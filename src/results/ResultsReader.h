@@ -7,6 +7,8 @@
 
 #include <functional>
 
+namespace korvel {
+
 enum class LoadEnd { loaded, abandoned };
 
 struct LoadWatch {
@@ -20,3 +22,5 @@ void prepareLoad(ResultsDataSet& results, int slot);
 // Fails with RunTimeError where the file can't be read; what was read before stays. An abandoned load has
 // shown why.
 LoadEnd readResults(ByteSource& file, ResultsDataSet& results, int slot, const LoadWatch& watch);
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 Refusal refusedUnless(bool same, const char* words) {
@@ -52,3 +54,5 @@ bool targetsDiffer(const ResultsDataSet& results) {
     }
     return false;
 }
+
+} // namespace korvel

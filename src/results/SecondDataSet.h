@@ -4,6 +4,8 @@
 #include "results/RecordTaker.h"
 #include "results/ResultsDataSet.h"
 
+namespace korvel {
+
 class SecondDataSet : public RecordTaker {
   public:
     explicit SecondDataSet(const ResultsDataSet& first) : m_first(first) {}
@@ -23,3 +25,5 @@ class SecondDataSet : public RecordTaker {
 
 // Whether any target of the second data set differs from the first's, over the points there are.
 bool targetsDiffer(const ResultsDataSet& results);
+
+} // namespace korvel

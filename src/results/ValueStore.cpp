@@ -8,6 +8,8 @@
 
 #include <sys/mman.h>
 
+namespace korvel {
+
 namespace {
 
 constexpr int seriesExtent = 21;
@@ -82,3 +84,5 @@ std::size_t ValueStore::offsetOf(ValueField field, int series, int level) {
         static_cast<std::size_t>(first) + checkedOffset(level, 0, hasLevels ? levelExtent - 1 : 0);
     return (row * seriesExtent + checkedOffset(series, 0, seriesExtent - 1)) * points;
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <span>
 
+namespace korvel {
+
 // Extents: series 0..20 for all; level 0..2 for the percentile fields.
 enum class ValueField {
     meanValue,
@@ -49,3 +51,5 @@ class ValueStore {
     double* m_values = nullptr; // in the mapping, at the first large page's start
     bool m_everWritten = false;
 };
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 #include <array>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 constexpr const char* policyDataFile = "GlobalPolicyData.gpd"; // the engine must not find an earlier run's
@@ -169,3 +171,5 @@ void BatchRun::writeRunControlFile() {
     m_platform.files.writeWhole(inFolder(folder, RunControlFileName), batchRunText(m_state.title, m_runs));
     m_platform.files.setCurrentFolder(folder);
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+namespace korvel {
+
 enum class BatchStep { selectFiles, run };
 
 struct BatchState {
@@ -83,3 +85,5 @@ class BatchRun {
     bool m_cancelled = false;
     std::vector<ControlledRun> m_runs;
 };
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 #include "basic/ModelName.h"
 #include "basic/Text.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr std::string_view extension = ".DAT";
@@ -42,3 +44,5 @@ DataFileVerdict dataFileToOpen(std::string_view chosen) {
 std::string resultsFileName(std::string_view folder, std::string_view base) {
     return std::string(folder) + trim(base) + ".SGR";
 }
+
+} // namespace korvel

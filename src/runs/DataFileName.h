@@ -7,6 +7,8 @@
 #include <string_view>
 #include <variant>
 
+namespace korvel {
+
 inline constexpr std::size_t LongestDataFolder = 100; // characters, the backslash at its end included
 inline constexpr std::size_t LongestDataFile = 30;    // characters, ".DAT" included
 
@@ -34,3 +36,5 @@ DataFileVerdict dataFileToSaveAs(std::string_view chosen);
 
 // The graph results file that the engine writes beside the data file.
 std::string resultsFileName(std::string_view folder, std::string_view base);
+
+} // namespace korvel

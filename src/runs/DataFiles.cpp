@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 constexpr const char* dataFileFilter = "Korvel input data (*.DAT)|*.DAT";
@@ -145,3 +147,5 @@ Answer DataFiles::show(const Message& message) {
     m_services.showState();
     return m_platform.dialogs.show(message);
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <functional>
 
+namespace korvel {
+
 // What the data-file procedures need of the program around them.
 struct MainFormServices {
     std::function<void()> saveSettings;
@@ -33,3 +35,5 @@ class DataFiles {
     // The one dialog that Open and Save As share: what one sets stays set for the other.
     FileDialogSettings CDFilename;
 };
+
+} // namespace korvel

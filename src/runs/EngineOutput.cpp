@@ -2,6 +2,8 @@
 
 #include "basic/Text.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr std::size_t longestLine =
@@ -41,3 +43,5 @@ void EngineOutput::endLine(std::vector<std::string>& completed) {
     completed.push_back(std::move(m_open));
     m_open.clear();
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 class EngineOutput {
   public:
     // Takes the next piece and returns the lines that it completes, without their ends (CR LF, LF; a lone CR
@@ -22,3 +24,5 @@ class EngineOutput {
     std::string m_fileInHand;
     bool m_afterReturn = false;
 };
+
+} // namespace korvel

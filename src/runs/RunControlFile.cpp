@@ -4,6 +4,8 @@
 #include "basic/Numbers.h"
 #include "basic/Text.h"
 
+namespace korvel {
+
 namespace {
 
 void addRun(LineOutput& output, const ControlledRun& run) {
@@ -29,3 +31,5 @@ std::string batchRunText(std::string_view title, const std::vector<ControlledRun
         if (!trim(run.base).empty()) addRun(output, run);
     return output.text();
 }
+
+} // namespace korvel

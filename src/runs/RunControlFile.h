@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 inline constexpr const char* RunControlFileName = "RUNDAT.TMP";
 inline constexpr const char* EngineFileName = "korvelf157.exe";
 
@@ -21,3 +23,5 @@ std::string singleRunText(std::string_view runMode, const ControlledRun& run);
 // The title ("-" for an empty one) and the runs in order; one without a base name writes nothing. There is no
 // count and no end mark.
 std::string batchRunText(std::string_view title, const std::vector<ControlledRun>& runs);
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include "runs/DataFileName.h"
 #include "runs/RunControlFile.h"
 
+namespace korvel {
+
 namespace {
 
 bool hasDataFile(const CurrentDataFile& current) {
@@ -43,3 +45,5 @@ void RunModel(Platform& platform, DataFiles& dataFiles) {
     GLOBAL.DataFileName.clear();
     GLOBAL.RunStarting = false;
 }
+
+} // namespace korvel

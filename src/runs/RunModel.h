@@ -4,4 +4,8 @@
 
 #include "runs/DataFiles.h"
 
+namespace korvel {
+
 void RunModel(Platform& platform, DataFiles& dataFiles);
+
+} // namespace korvel

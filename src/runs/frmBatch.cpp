@@ -1,10 +1,12 @@
 #include "runs/frmBatch.h"
 
+#include "drawing/paint/Shown.h"
 #include "global/GLOBAL.h"
-#include "toolkit/ListFilling.h"
-#include "toolkit/Shown.h"
+#include "toolkit/forms/ListFilling.h"
 
 #include <QSignalBlocker>
+
+namespace korvel {
 
 namespace {
 
@@ -179,3 +181,5 @@ std::string frmBatch::nextStep() const {
                          : "Next: choose a run type, then 'Step 2' to run ") +
            files + ".";
 }
+
+} // namespace korvel

@@ -3,8 +3,10 @@
 #pragma once
 
 #include "runs/BatchRun.h"
-#include "toolkit/ControlArray.h"
-#include "toolkit/Form.h"
+#include "toolkit/forms/ControlArray.h"
+#include "toolkit/forms/Form.h"
+
+namespace korvel {
 
 class frmBatch : public Form {
   public:
@@ -45,3 +47,5 @@ class frmBatch : public Form {
     BatchRun m_batch;
     LeaveWatch& m_leaveList;
 };
+
+} // namespace korvel

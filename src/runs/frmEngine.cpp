@@ -2,13 +2,15 @@
 
 #include "basic/DiskNames.h"
 #include "basic/ModelName.h"
-#include "toolkit/Shown.h"
+#include "drawing/paint/Shown.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QScrollBar>
 #include <QTextCursor>
 #include <QVBoxLayout>
+
+namespace korvel {
 
 namespace {
 
@@ -149,3 +151,5 @@ void frmEngine::refresh() {
                         ? "Close this window and choose Graphs or Reports in KORVEL to study the results."
                         : QString());
 }
+
+} // namespace korvel

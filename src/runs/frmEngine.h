@@ -3,12 +3,14 @@
 #pragma once
 
 #include "runs/EngineOutput.h"
-#include "toolkit/EngineProcess.h"
-#include "toolkit/Form.h"
+#include "toolkit/forms/Form.h"
+#include "toolkit/process/EngineProcess.h"
 
 #include <QElapsedTimer>
 #include <QPlainTextEdit>
 #include <QTimer>
+
+namespace korvel {
 
 class frmEngine : public Form {
   public:
@@ -50,3 +52,5 @@ class frmEngine : public Form {
     bool m_stopRequested = false;
     std::string m_shownOpenLine;
 };
+
+} // namespace korvel

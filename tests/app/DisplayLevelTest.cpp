@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class DisplayLevelTest : public testing::Test {
@@ -55,3 +57,5 @@ TEST_F(DisplayLevelTest, AFailureToSaveLeavesTheMarks) {
     EXPECT_THROW(ChooseDisplayLevel(world, 2), RunTimeError);
     EXPECT_EQ(marks(), (DisplayLevelMarks{true, false, false, false}));
 }
+
+} // namespace korvel

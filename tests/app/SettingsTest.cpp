@@ -7,6 +7,8 @@
 
 #include <functional>
 
+namespace korvel {
+
 namespace {
 
 class SettingsFile : public testing::Test {
@@ -104,3 +106,5 @@ TEST_F(SettingsFile, FailsWhereItCannotBeWritten) {
     world.putFile(world.pathOf("MISC.TXT\\BLOCK"), "a folder stands where the file should");
     EXPECT_NE(failureOf([&] { SaveSettings(world); }), 0);
 }
+
+} // namespace korvel

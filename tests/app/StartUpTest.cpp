@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class StartValues : public testing::Test {
@@ -97,3 +99,5 @@ TEST_F(StartValues, LeaveTheSharedConstantsAtTheirValues) {
     EXPECT_EQ(GLOBAL.doubleLineBreak, "\r\n\r\n");
     EXPECT_EQ(GLOBAL.LoadingMessage, "PLEASE WAIT - DATA FILE LOADING");
 }
+
+} // namespace korvel

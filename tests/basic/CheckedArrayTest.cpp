@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace korvel {
+
 namespace {
 
 template <typename Access>
@@ -113,3 +115,5 @@ TEST(CheckedVector, RefusesAnIndexOutsideItsBounds) {
 }
 
 } // namespace
+
+} // namespace korvel

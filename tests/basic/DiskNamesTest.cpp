@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace {
 
 const std::string lineEndRefusal =
@@ -148,3 +150,5 @@ TEST(DiskNames, FindsEveryAcceptedNameAgain) {
 }
 
 } // namespace
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace korvel {
+
 namespace {
 
 ControlLayout control(const std::string& typeName) {
@@ -84,3 +86,5 @@ TEST(FormScaling, TruncatesFontSizesExceptWithinATenthBelowTheNextPoint) {
          std::vector<Case>{{8, 8}, {7.85, 7}, {7.89, 7}, {7.95, 8}, {8.92, 9}, {8.5, 8}, {9.6, 9}})
         EXPECT_EQ(scaledFontSize(each.product, 1), each.size) << each.product;
 }
+
+} // namespace korvel

@@ -13,6 +13,8 @@
 #include <optional>
 #include <random>
 
+namespace korvel {
+
 namespace {
 
 // What one call gave: the error's number, or the value.
@@ -305,3 +307,5 @@ TEST(ListInput, ReadsRandomNumbersToTheLastBit) {
         ASSERT_EQ(numbersOf(text, 1), Numbers{std::strtod(text, nullptr)}) << text;
     }
 }
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 TEST(ModelName, OfAHostPathIsOnDriveZ) {
@@ -38,3 +40,5 @@ TEST(ModelName, InAFolderHasOneBackslashBetween) {
 }
 
 } // namespace
+
+} // namespace korvel

@@ -14,6 +14,8 @@
 #include <random>
 #include <string>
 
+namespace korvel {
+
 namespace {
 
 template <typename Call>
@@ -342,3 +344,5 @@ TEST(Numbers, RefuseToRoundBeyond32Bits) {
 }
 
 } // namespace
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace korvel {
+
 namespace {
 
 std::string hexOf(Rgb colour) {
@@ -46,3 +48,5 @@ TEST(Palette, RefusesOtherNumbers) {
 }
 
 } // namespace
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 struct Described {
@@ -67,3 +69,5 @@ TEST(RunTimeError, HasANumberForEveryFailedSystemCall) {
 }
 
 } // namespace
+
+} // namespace korvel

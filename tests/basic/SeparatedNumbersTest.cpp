@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 namespace {
 
 struct Read {
@@ -141,3 +143,5 @@ TEST_F(SeparatedNumbers, LeaveTheLastOfTheBytesInHand) {
 }
 
 } // namespace
+
+} // namespace korvel

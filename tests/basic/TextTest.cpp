@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 TEST(Text, TrimDropsBlanksOnly) {
@@ -120,3 +122,5 @@ TEST(Text, CountsCharactersAsShown) {
 }
 
 } // namespace
+
+} // namespace korvel

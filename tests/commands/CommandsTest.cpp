@@ -8,6 +8,8 @@
 #include <fstream>
 #include <sstream>
 
+namespace korvel {
+
 namespace {
 
 struct Called {
@@ -162,3 +164,5 @@ TEST(ConsoleDialogs, AskNothing) {
     EXPECT_EQ(dialogs.takeMessages().size(), 2u);
     EXPECT_TRUE(dialogs.takeMessages().empty());
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 
 #include <sstream>
 
+namespace korvel {
+
 namespace {
 
 class GraphCommand : public testing::Test {
@@ -169,3 +171,5 @@ TEST_F(GraphCommand, ShowsWhatTheFormWouldShow) {
     EXPECT_EQ(graph({"--reaches", "none", "--series", "0"}), exitStatus::failed);
     EXPECT_EQ(errors, "[exclamation] Missing data: You must select one or more reaches.\n");
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 
 #include <sstream>
 
+namespace korvel {
+
 namespace {
 
 const std::string readError =
@@ -183,3 +185,5 @@ TEST_F(Info, PrintsNoSummaryOfAFileThatFailed) {
     EXPECT_EQ(run({"/no/such.sgr"}), 1);
     EXPECT_EQ(out, "Data file 1  /no/such.sgr  (failed)\n\n");
 }
+
+} // namespace korvel

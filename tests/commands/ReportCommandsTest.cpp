@@ -10,6 +10,8 @@
 
 #include <sstream>
 
+namespace korvel {
+
 namespace {
 
 class ReportCommands : public testing::Test {
@@ -192,3 +194,5 @@ TEST_F(ReportCommands, ListingPrintsTheFileToOneBesideIt) {
     EXPECT_EQ(runDrawing(listingCommand, {hostPath("none.out")}), 1);
     EXPECT_EQ(errors, "[critical] KORVEL Error: Error number 53: File not found\n");
 }
+
+} // namespace korvel

@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+namespace korvel {
+
 namespace {
 
 class RunCommands : public testing::Test {
@@ -210,3 +212,5 @@ TEST_F(RunCommands, HelpPageFailsAsTheFormDoes) {
     EXPECT_EQ(run({"help-page", "4"}), 1);
     EXPECT_EQ(errors, "[critical] : Run-time error '62': Input past end of file\n");
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 const char* const unreadable = "[exclamation] Error: There is an error in reading the data for plotting. The "
@@ -182,3 +184,5 @@ TEST_F(Commands, RunNeedsTheEngine) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "[critical] : Run-time error '53': File not found\n");
 }
+
+} // namespace korvel

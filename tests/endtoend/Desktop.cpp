@@ -3,6 +3,8 @@
 #include <sstream>
 #include <stdexcept>
 
+namespace korvel {
+
 namespace {
 
 std::string describe(const std::vector<ShownWindow>& windows) {
@@ -153,3 +155,5 @@ std::string Desktop::pictureOf(const ShownWindow& window) const {
 void Desktop::savePicture(const std::string& file) const {
     ask({"import", "-window", "root", file});
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct ShownWindow {
     std::string id;
     std::string title;
@@ -55,3 +57,5 @@ class Desktop {
     std::string m_display; // "DISPLAY=:n"
     std::unique_ptr<BackgroundProgram> m_server, m_manager;
 };
+
+} // namespace korvel

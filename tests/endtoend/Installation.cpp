@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <stdexcept>
 
+namespace korvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -72,3 +74,5 @@ Outcome Installation::runEngine(const std::string& dataFile) const {
     write(application("RUNDAT.TMP"), runControlFor(dataFile, 0));
     return runProgram({application(engineName)}, {application(""), {}});
 }
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 class Installation {
   public:
     // With the engine that was built, and a settings file that names the data folder.
@@ -35,3 +37,5 @@ class Installation {
   private:
     TestFolder m_folder;
 };
+
+} // namespace korvel

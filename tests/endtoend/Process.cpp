@@ -14,6 +14,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::chrono::milliseconds betweenQuestions{20};
@@ -148,3 +150,5 @@ LeftPrograms::~LeftPrograms() {
     };
     waitFor(noneLeft);
 }
+
+} // namespace korvel

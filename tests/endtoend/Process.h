@@ -7,6 +7,8 @@
 #include <sys/types.h>
 #include <vector>
 
+namespace korvel {
+
 constexpr std::chrono::seconds patience{30};
 
 // Asks again and again until the answer is yes or the patience is at its end; false then.
@@ -54,3 +56,5 @@ class LeftPrograms {
     LeftPrograms(const LeftPrograms&) = delete;
     LeftPrograms& operator=(const LeftPrograms&) = delete;
 };
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include <iterator>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace fs = std::filesystem;
 
 TestFolder::TestFolder() {
@@ -51,3 +53,5 @@ std::string inCapitals(std::string text) {
     }
     return text;
 }
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace korvel {
+
 class TestFolder {
   public:
     TestFolder();
@@ -23,3 +25,5 @@ void copy(const std::string& from, const std::string& to);
 // "/home/ann" as the program's files name it: "Z:\home\ann".
 std::string modelNameOf(const std::string& path);
 std::string inCapitals(std::string text); // a-z alone
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "endtoend/WindowsFixture.h"
 
+namespace korvel {
+
 // A picture of a test that failed is left in the build folder.
 void WindowsFixture::TearDown() {
     if (HasFailure()) {
@@ -55,3 +57,5 @@ ShownWindow WindowsFixture::plot() {
     screen.press({"alt+p"});
     return screen.front(setUpTitle, 2);
 }
+
+} // namespace korvel

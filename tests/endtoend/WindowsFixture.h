@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 constexpr const char* setUpTitle = "Korvel Graphical Results"; // the graph form's too
 constexpr const char* engineTitle = "KORVEL model run";
 constexpr const char* openTitle = "Open KORVEL data file ...";
@@ -36,3 +38,5 @@ class WindowsFixture : public testing::Test {
   private:
     std::unique_ptr<BackgroundProgram> m_program;
 };
+
+} // namespace korvel

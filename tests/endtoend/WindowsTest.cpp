@@ -3,6 +3,8 @@
 
 #include <filesystem>
 
+namespace korvel {
+
 namespace {
 
 const char* const plottedBlue = "#0000FF"; // colour 9 of the palette
@@ -210,3 +212,5 @@ TEST_F(EngineWindow, AMissingEngineEndsTheProgram) {
     screen.press({"Return"});
     EXPECT_EQ(waitForEnd(), 1);
 }
+
+} // namespace korvel

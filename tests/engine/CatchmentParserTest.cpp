@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <random>
 
+namespace korvel {
+
 using namespace engine;
 using namespace std::string_literals;
 
@@ -169,3 +171,5 @@ TEST(GapFills, AreRefusedWhereTheyDoNotFitTheCatchment) {
         EXPECT_EQ(std::get<DataError>(result).line, 2) << line;
     }
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 #include <set>
 #include <sstream>
 
+namespace korvel {
+
 using namespace engine;
 
 namespace {
@@ -165,3 +167,5 @@ TEST_F(EngineRun, SaysThatItsRunControlFileIsMissingOrWrong) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(holds(outcome.screen, "ERROR: RUNDAT.TMP, line 4: is not a run type from 0 to 9\n"));
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 using namespace engine;
 
 namespace {
@@ -157,3 +159,5 @@ TEST(GraphResultsFile, TakesThreeAndEighteenTimesTheDeterminandsLinesAPoint) {
     }
     EXPECT_EQ(lines, 8 + run.result.points.size() * (3 + 18 * 2));
 }
+
+} // namespace korvel

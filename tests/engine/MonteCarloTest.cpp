@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace korvel {
+
 using namespace engine;
 
 namespace {
@@ -160,3 +162,5 @@ TEST(Percentiles, OfAFlowAreItsLowFlow) {
     for (const double value : summary.percentiles)
         EXPECT_DOUBLE_EQ(value, 5);
 }
+
+} // namespace korvel

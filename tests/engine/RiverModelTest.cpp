@@ -6,6 +6,8 @@
 
 #include <cmath>
 
+namespace korvel {
+
 using namespace engine;
 
 namespace {
@@ -239,3 +241,5 @@ TEST(EffluentStandards, DependOnTheQualityThatIsAssumedUpstream) {
     // The river arrives with less than the middle of its class (7.5), so that less is left for the works.
     EXPECT_LT(run.result.standards.at(0).standard, actual);
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <set>
 
+namespace korvel {
+
 using namespace engine;
 
 namespace {
@@ -62,3 +64,5 @@ TEST(RunTypes, AreTenOfDifferentNames) {
     EXPECT_EQ(names.size(), 10u);
     EXPECT_THROW(runPlan(10), std::out_of_range);
 }
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 using namespace engine;
 
 namespace {
@@ -75,3 +77,5 @@ TEST(Samples, HaveASmallSisterInTheDocumentation) {
     EXPECT_EQ(catchment.settings.title, "Small River, present day");
     EXPECT_EQ(catchment.features.size(), 5u);
 }
+
+} // namespace korvel

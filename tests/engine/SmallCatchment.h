@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace korvel {
+
 namespace smallCatchment {
 
 inline const std::string head = "DEMONSTRATION RIVER DATA\n"
@@ -79,3 +81,5 @@ inline std::string replaced(std::string text, const std::string& old, const std:
 }
 
 } // namespace smallCatchment
+
+} // namespace korvel

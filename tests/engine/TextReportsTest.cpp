@@ -8,6 +8,8 @@
 
 #include <sstream>
 
+namespace korvel {
+
 using namespace engine;
 
 namespace {
@@ -88,3 +90,5 @@ TEST(TextReports, TellGapFillingStandardsReachesAndLoads) {
          {"SOURCES AND SINKS", "whole catchment", "Sewage discharges", "Decay", "To downstream"})
         EXPECT_NE(balance.find(text), std::string::npos) << text;
 }
+
+} // namespace korvel

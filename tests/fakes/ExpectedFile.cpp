@@ -9,6 +9,8 @@
 #include <fstream>
 #include <iterator>
 
+namespace korvel {
+
 namespace {
 
 std::string place(double value) {
@@ -64,3 +66,5 @@ void expectSameAsFile(const std::string& text, const std::string& name) {
     const std::string expected{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     EXPECT_EQ(text, expected) << path;
 }
+
+} // namespace korvel

@@ -2,9 +2,11 @@
 // with KORVEL_ACCEPT=1, which writes the file anew, and look at the difference before it is committed.
 #pragma once
 
-#include "graphs/draw/Drawing.h"
+#include "drawing/Drawing.h"
 
 #include <string>
+
+namespace korvel {
 
 // One line for each command, places with four decimals:
 //   text x y width height Arial 8 bold "words"
@@ -13,3 +15,5 @@ std::string textOf(const Drawing& drawing);
 
 // `name` within tests/data.
 void expectSameAsFile(const std::string& text, const std::string& name);
+
+} // namespace korvel

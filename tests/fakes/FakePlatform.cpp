@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+namespace korvel {
+
 namespace {
 
 std::string newFolder() {
@@ -278,3 +280,5 @@ void FakePlatform::failIfTold(PrintStep step) {
     m_printFailure.reset();
     throw error;
 }
+
+} // namespace korvel

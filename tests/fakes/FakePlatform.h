@@ -18,6 +18,8 @@
 #include <variant>
 #include <vector>
 
+namespace korvel {
+
 struct UnexpectedQuestion : std::logic_error {
     using std::logic_error::logic_error;
 };
@@ -151,3 +153,5 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     FixedTextMetrics m_metrics;
     Platform m_platform;
 };
+
+} // namespace korvel

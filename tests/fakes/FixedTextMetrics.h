@@ -2,7 +2,9 @@
 #pragma once
 
 #include "basic/Text.h"
-#include "platform/TextMetrics.h"
+#include "drawing/TextMetrics.h"
+
+namespace korvel {
 
 class FixedTextMetrics : public TextMetrics {
   public:
@@ -11,3 +13,5 @@ class FixedTextMetrics : public TextMetrics {
         return {static_cast<double>(shownLength(shownUtf8(text))) * twips * 0.5, twips * 1.2};
     }
 };
+
+} // namespace korvel

@@ -11,6 +11,8 @@
 #include <string>
 #include <utility>
 
+namespace korvel {
+
 class LetterByLetterInput {
   public:
     explicit LetterByLetterInput(std::string text) : m_text(std::move(text)) {}
@@ -148,3 +150,5 @@ class LetterByLetterInput {
     std::string m_text;
     std::size_t m_at = 0;
 };
+
+} // namespace korvel

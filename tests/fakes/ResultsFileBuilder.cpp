@@ -5,6 +5,8 @@
 #include <iomanip>
 #include <sstream>
 
+namespace korvel {
+
 namespace {
 
 std::string inQuotes(const std::string& text) {
@@ -145,3 +147,5 @@ std::string ResultsFileBuilder::pointText(int index) const {
     }
     return text;
 }
+
+} // namespace korvel

@@ -12,6 +12,8 @@
 #include <tuple>
 #include <vector>
 
+namespace korvel {
+
 class ResultsFileBuilder {
   public:
     ResultsFileBuilder& title(std::string line);
@@ -58,3 +60,5 @@ class ResultsFileBuilder {
     std::vector<Point> m_points;
     std::string m_lineEnd = "\r\n";
 };
+
+} // namespace korvel

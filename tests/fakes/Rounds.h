@@ -6,7 +6,11 @@
 #include <algorithm>
 #include <cstdlib>
 
+namespace korvel {
+
 inline int roundsOf(int all) {
     const char* share = std::getenv("KORVEL_TEST_ROUNDS_SHARE");
     return share ? std::max(1, static_cast<int>(all * std::atof(share))) : all;
 }
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -307,3 +309,5 @@ TEST_F(Faults, AFolderThatIsGoneIsAPathNotFound) {
         EXPECT_EQ(outcome.err, "[critical] : Run-time error '76': Path not found\n");
     }
 }
+
+} // namespace korvel

@@ -16,6 +16,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -357,3 +359,5 @@ TEST_F(FormFaults, WhatIsNoFileIsRefusedAsResultsAndAsAListing) {
         }
     }
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -91,3 +93,5 @@ TEST_F(Security, AnEngineInTheSearchPathIsNotStarted) {
     EXPECT_EQ(outcome.err, "[critical] : Run-time error '53': File not found\n");
     EXPECT_FALSE(anyFileNamed("hijacked"));
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include "graphs/setup/ReachLists.h"
 #include "results/LoadResultsFile.h"
 
+namespace korvel {
+
 // Loads the long river and hands over flow and BOD along its reaches 1 to 3.
 inline void handOverLongRiver(FakePlatform& platform) {
     platform.putFile("A.SGR", longRiver());
@@ -42,3 +44,5 @@ class DrawnGraphForm : public CleanGlobals {
     FakePlatform platform;
     frmSimgraph form{platform};
 };
+
+} // namespace korvel

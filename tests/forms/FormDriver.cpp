@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QTest>
 
+namespace korvel {
+
 namespace {
 
 template <typename Visit>
@@ -86,3 +88,5 @@ QWidget& formNamed(const std::string& name) {
         if (form->objectName().toStdString() == name) return *form;
     throw std::runtime_error("no form named " + name);
 }
+
+} // namespace korvel

@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 template <typename Control, typename FormType>
 Control& control(FormType& form, const std::string& name) {
     auto* found = dynamic_cast<QWidget&>(form).template findChild<Control*>(QString::fromStdString(name));
@@ -53,3 +55,5 @@ void closeWindow(ShownForm& form);
 
 // A hidden or shown form that the program has made; fails where there is none.
 QWidget& formNamed(const std::string& name);
+
+} // namespace korvel

@@ -15,6 +15,8 @@
 
 #include <set>
 
+namespace korvel {
+
 namespace {
 
 constexpr int titleBarHeight = 30; // pixels that a window manager takes off a form's outer frame
@@ -303,3 +305,5 @@ TEST_P(FormLayout, CaptureForm) {
     showFramed(capture);
     expectInsideItsParent(picture);
 }
+
+} // namespace korvel

@@ -1,10 +1,12 @@
 // The forms' tests run their real controls without a display.
-#include "toolkit/StartQt.h"
+#include "toolkit/desktop/StartQt.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
 
 #include <cstdio>
+
+namespace korvel {
 
 namespace {
 
@@ -14,6 +16,10 @@ void writeMessage(QtMsgType, const QMessageLogContext&, const QString& message) 
 }
 
 } // namespace
+
+} // namespace korvel
+
+using namespace korvel;
 
 int main(int argc, char** argv) {
     qInstallMessageHandler(writeMessage);

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 const std::string leaveQuestion = "box [question] Delete file names: Do you want to delete the marked file "
@@ -222,3 +224,5 @@ TEST_F(FrmBatch, NamesItsControlsForThoseWhoCannotSeeThem) {
     EXPECT_EQ(step().accessibleName(), "Step 1 - Select files");
     EXPECT_EQ(control<QLabel>(form, "lblBatch_1").buddy(), &list());
 }
+
+} // namespace korvel

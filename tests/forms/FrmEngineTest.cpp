@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class FrmEngine : public testing::Test {
@@ -131,3 +133,5 @@ TEST(EngineCommand, SaysSoWhereWineIsMissing) {
     EXPECT_EQ(command.program, "");
     EXPECT_EQ(command.problem, "The engine is a Windows program. Install wine to run it on this machine.");
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <QHelpEvent>
 #include <QTest>
 
+namespace korvel {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -559,3 +561,5 @@ TEST_F(FrmGraphData, ExitClosesIt) {
     EXPECT_EQ(platform.takeTranscript(), "close frmGraphData\n");
     EXPECT_FALSE(form.isVisible());
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+namespace korvel {
+
 namespace {
 
 class FrmHelp : public testing::Test {
@@ -113,3 +115,5 @@ TEST_F(FrmHelp, EndsTheProgramWhereAPageThatIsTurnedToIsTooShort) {
     QTest::keyClick(&grid(), Qt::Key_PageDown);
     EXPECT_EQ(world.takeTranscript(), "fail program: Run-time error '62': Input past end of file\n");
 }
+
+} // namespace korvel

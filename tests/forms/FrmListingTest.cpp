@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QTextBlock>
 
+namespace korvel {
+
 namespace {
 
 class FrmListing : public testing::Test {
@@ -197,3 +199,5 @@ TEST_F(FrmListing, TabsFromTheSearchToTheButtonsToTheText) {
         }
     });
 }
+
+} // namespace korvel

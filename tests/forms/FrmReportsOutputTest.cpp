@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+namespace korvel {
+
 namespace {
 
 class FileInMemory : public NewFile {
@@ -243,3 +245,5 @@ TEST_F(FrmReportsOutput, TellsThatAnOutputFileCannotBeRead) {
         EXPECT_TRUE(frame("frameExplain").isHidden());
     }
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+namespace korvel {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -355,3 +357,5 @@ TEST_F(FrmReports, MakesNothingOfAFileThatTheSetUpFormCouldNotRead) {
     EXPECT_FALSE(enabled("mnuSpreadsheet"));
     EXPECT_EQ(form.windowTitle(), "Korvel Reports");
 }
+
+} // namespace korvel

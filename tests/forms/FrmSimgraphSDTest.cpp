@@ -1,10 +1,12 @@
 // The image-capture form: the saved bitmap and how its drawing differs from the graph form's.
+#include "drawing/paint/PictureFile.h"
 #include "forms/DrawnGraphForm.h"
 #include "graphs/draw/PrintGraph.h"
 #include "graphs/draw/ProfileGraph.h"
-#include "toolkit/PictureFile.h"
 
 #include <QtEndian>
+
+namespace korvel {
 
 namespace {
 
@@ -184,3 +186,5 @@ TEST_F(FrmSimgraphSD, SaysThatANameCannotBeUsed) {
                   "The name can't be used. -> ok\n"
                   "close frmSimgraphSD\nclosed frmSimgraphSD\n");
 }
+
+} // namespace korvel

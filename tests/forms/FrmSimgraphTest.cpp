@@ -6,6 +6,8 @@
 #include <QHelpEvent>
 #include <QTest>
 
+namespace korvel {
+
 namespace {
 
 class FrmSimgraph : public CleanGlobals {
@@ -232,3 +234,5 @@ TEST_F(FrmSimgraph, KeepsTheViewUntilTheNextPlot) {
     EXPECT_EQ(GLOBAL.ZoomFactor, 0.5);
     EXPECT_EQ(GLOBAL.ScrollOffsetY, offset);
 }
+
+} // namespace korvel

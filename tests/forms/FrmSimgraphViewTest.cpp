@@ -1,14 +1,16 @@
 // The graph form: keys and wheel, paper, and the pictures that leave the program.
 #include "basic/DiskNames.h"
+#include "drawing/paint/PictureFile.h"
 #include "forms/DrawnGraphForm.h"
 #include "graphs/draw/PrintGraph.h"
 #include "toolkit/PdfReading.h"
-#include "toolkit/PictureFile.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QTest>
 #include <QWheelEvent>
+
+namespace korvel {
 
 namespace {
 
@@ -317,3 +319,5 @@ TEST_F(FrmSimgraphView, SaysThatAPictureCannotBeWritten) {
                                                  name + " can't be written: Path not found. -> ok\n");
     }
 }
+
+} // namespace korvel

@@ -12,6 +12,8 @@
 #include <QTableWidget>
 #include <QTest>
 
+namespace korvel {
+
 namespace {
 
 const std::string openDialog =
@@ -556,3 +558,5 @@ TEST_F(FrmStart, CentresTheProgressFrame) {
     EXPECT_NEAR(frame.x(), (1366 - frame.width()) / 2.0, 1);
     EXPECT_NEAR(frame.y(), (768 - frame.height()) / 2.0, 1);
 }
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include "fakes/ResultsFileBuilder.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr int reaches = 8;
@@ -24,3 +26,5 @@ std::string longRiver(int lastReach, const std::string& title) {
         file.point(reach, 0, "Head", 0).point(reach, 4, "Between", 99).point(reach, 8, "Gauge", 4);
     return file.text();
 }
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include "reports/ReportData.h"
 #include "reports/frmReports.h"
 
+namespace korvel {
+
 class ReportsForm : public CleanGlobals {
   protected:
     ReportsForm() {
@@ -35,3 +37,5 @@ class ReportsForm : public CleanGlobals {
     FakePlatform platform;
     frmReports form{platform};
 };
+
+} // namespace korvel

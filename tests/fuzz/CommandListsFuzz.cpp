@@ -12,6 +12,8 @@
 
 #include <sstream>
 
+namespace korvel {
+
 namespace {
 
 using Arguments = std::vector<std::string>;
@@ -175,3 +177,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     });
     return 0;
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 
 #include <cmath>
 
+namespace korvel {
+
 using namespace engine;
 
 namespace {
@@ -102,3 +104,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (isSmall(*catchment)) requireRun(*catchment, fills);
     return 0;
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <random>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::size_t longestLine = 10000;
@@ -89,3 +91,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     require(lines == plainlyShown(text), "every line is shown");
     return 0;
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+namespace korvel {
+
 namespace {
 
 // The code point that a sequence stands for.
@@ -69,3 +71,5 @@ std::vector<std::string> utf8Characters(std::string_view text) {
     }
     return characters;
 }
+
+} // namespace korvel

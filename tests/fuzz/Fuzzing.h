@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+namespace korvel {
+
 // The way in: one run on the bytes at hand. Always 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -51,3 +53,5 @@ std::vector<std::string> plainLines(const std::string& text);
 
 // The characters of a UTF-8 text, each as its bytes; breaks a promise where the text isn't UTF-8.
 std::vector<std::string> utf8Characters(std::string_view text);
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 #include "fuzz/Fuzzing.h"
 #include "help/HelpPage.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr const char* pages[] = {"4", "5", "6", "7", "8", "9", "10", "11"};
@@ -41,3 +43,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         utf8Characters(shownUtf8(row));
     return 0;
 }
+
+} // namespace korvel

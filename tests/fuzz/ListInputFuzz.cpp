@@ -6,6 +6,8 @@
 
 #include <bit>
 
+namespace korvel {
+
 namespace {
 
 struct Outcome {
@@ -69,3 +71,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     requireSameNumbers(text, calls, chunkSize);
     return 0;
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 #include <map>
 #include <set>
 
+namespace korvel {
+
 namespace {
 
 constexpr double margin = 0.3; // inches
@@ -126,3 +128,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     require(drawn == plainPages(text, cell), "every character of the file is drawn in its cell");
     return 0;
 }
+
+} // namespace korvel

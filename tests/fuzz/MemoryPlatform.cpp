@@ -1,5 +1,7 @@
 #include "fuzz/MemoryPlatform.h"
 
+namespace korvel {
+
 class MemoryPlatform::CountedFile : public NewFile {
   public:
     explicit CountedFile(int& committed) : m_committed(committed) {}
@@ -38,3 +40,5 @@ std::unique_ptr<NewFile> MemoryPlatform::create(const std::string&) {
 std::unique_ptr<PrintJob> MemoryPlatform::begin(const PrintRequest&) {
     return std::make_unique<CountedJob>(m_committed);
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "fakes/FixedTextMetrics.h"
 #include "platform/Platform.h"
 
+namespace korvel {
+
 class MemoryPlatform : private Dialogs, private Files, private Machine, private Windows, private Paper {
   public:
     explicit MemoryPlatform(std::string river);
@@ -50,3 +52,5 @@ class MemoryPlatform : private Dialogs, private Files, private Machine, private 
     FixedTextMetrics m_metrics;
     Platform m_platform;
 };
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "fakes/LetterByLetterInput.h"
 #include "results/PointLabels.h"
 
+namespace korvel {
+
 namespace {
 
 std::string columns(const std::string& line, std::size_t first, std::size_t count) {
@@ -86,3 +88,5 @@ std::optional<PlainResults> plainResults(const std::string& text) {
     }
     return results;
 }
+
+} // namespace korvel

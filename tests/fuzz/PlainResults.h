@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct PlainPoint {
     int reach = 0;
     double distance = 0;
@@ -39,3 +41,5 @@ struct PlainResults {
 
 // Nothing where reading into the first slot must fail.
 std::optional<PlainResults> plainResults(const std::string& text);
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include <fstream>
 #include <iterator>
 
+namespace korvel {
+
 namespace {
 
 std::vector<std::filesystem::path> filesIn(const char* folder) {
@@ -25,6 +27,10 @@ void replay(const std::filesystem::path& path) {
 }
 
 } // namespace
+
+} // namespace korvel
+
+using namespace korvel;
 
 int main(int count, char** arguments) {
     if (count != 2) return 2;

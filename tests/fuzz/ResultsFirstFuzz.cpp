@@ -5,6 +5,8 @@
 #include "results/PointLabels.h"
 #include "results/PointValues.h"
 
+namespace korvel {
+
 namespace {
 
 void requireHeader(const ResultsDataSet& results, const PlainResults& plain) {
@@ -101,3 +103,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     requireValues(results, 1, *plain);
     return 0;
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <bit>
 
+namespace korvel {
+
 Load load(ByteSource&& file, ResultsDataSet& results, int slot) {
     Load made;
     const LoadWatch watch{[&](const Message& message) { made.messages.push_back(message.text); },
@@ -28,3 +30,5 @@ void requireValues(const ResultsDataSet& results, int slot, const PlainResults& 
                     "every value lies in its place");
     }
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "fuzz/PlainResults.h"
 #include "results/ResultsReader.h"
 
+namespace korvel {
+
 enum class Ending { loaded, abandoned, failed };
 
 struct Load {
@@ -18,3 +20,5 @@ Load load(ByteSource&& file, ResultsDataSet& results, int slot);
 
 // Whether the values of a slot are these, bit for bit.
 void requireValues(const ResultsDataSet& results, int slot, const PlainResults& plain);
+
+} // namespace korvel

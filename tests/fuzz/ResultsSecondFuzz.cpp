@@ -4,6 +4,8 @@
 #include "fuzz/ResultsFuzz.h"
 #include "results/SecondDataSet.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr char between = '\x1E';
@@ -84,3 +86,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         requireLoaded(results, *second, mode, made);
     return 0;
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 #include "fakes/LetterByLetterInput.h"
 #include "fuzz/Fuzzing.h"
 
+namespace korvel {
+
 namespace {
 
 struct Reading {
@@ -54,3 +56,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     requireNestedMarks(settings.level);
     return 0;
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 // An area of 100 by 100 units at (0, 0), one unit of value 10 high; surface y is 1000 less the graph's.
@@ -87,3 +89,5 @@ TEST_F(CurveDrawingTest, DrawsNothingWithoutPoints) {
         draw(kind, looks::first, {}, {});
     EXPECT_TRUE(drawing.commands.empty());
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 struct TickCase {
@@ -52,3 +54,5 @@ TEST_F(DistanceAxisTest, CutsANameThatIsTooLongForItsReach) {
     drawReachNames(sheet, {0, 10, 0, 9600}, {{0, 1, "Upper Mill Stream"}, {1, 1.1, "Tiny"}}, 300, 250);
     EXPECT_EQ(textsOf(drawing), std::vector<std::string>{"Upper Mi.."});
 }
+
+} // namespace korvel

@@ -1,11 +1,13 @@
 // Looking into drawings.
 #pragma once
 
-#include "graphs/draw/Drawing.h"
+#include "drawing/Drawing.h"
 
 #include <optional>
 #include <string>
 #include <vector>
+
+namespace korvel {
 
 template <typename Command>
 std::vector<Command> allOf(const Drawing& drawing) {
@@ -47,3 +49,5 @@ inline std::vector<DrawnLine> linesOfColour(const Drawing& drawing, int colour) 
         if (line.pen.colour == paletteColour(colour)) found.push_back(line);
     return found;
 }
+
+} // namespace korvel

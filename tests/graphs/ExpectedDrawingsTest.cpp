@@ -14,6 +14,8 @@
 #include <fstream>
 #include <sstream>
 
+namespace korvel {
+
 namespace {
 
 // To a hundredth of a unit, so that another compiler's last digit does not count.
@@ -116,3 +118,5 @@ TEST(ExpectedDrawings, ZoomedAndScrolledComparison) {
     sample.plotSeries({3, 9}, {1});
     expectDrawing(sample, "comparison");
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 struct FeatureLabelsTest : testing::Test {
@@ -92,3 +94,5 @@ TEST_F(FeatureLabelsTest, MeasuresDistancesAlongTheRun) {
     sample.plotSeries({7, 8}, {0});
     EXPECT_EQ(texts().back(), "Gauge (14.0km)");
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class GraphChoicesTest : public testing::Test {
@@ -221,3 +223,5 @@ TEST(CutTitle, CountsCharactersAsShown) {
         title += "\xc3\xa9";
     EXPECT_EQ(cutTitle(title), title.substr(0, 120));
 }
+
+} // namespace korvel

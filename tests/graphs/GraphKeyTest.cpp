@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 GraphHandOver bare() {
@@ -93,3 +95,5 @@ TEST(GraphKey, GoesOnInAnotherLineWhereTheFrameEnds) {
     EXPECT_EQ(textsOf(drawing),
               (Texts{"KEY:", "Mean values", "Confidence limits", "Quality targets", "Observed values"}));
 }
+
+} // namespace korvel

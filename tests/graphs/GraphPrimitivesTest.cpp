@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 constexpr bool onScreen = false;
@@ -160,3 +162,5 @@ TEST_F(GraphPrimitivesTest, GivesTheMemoryOfALongRunToTheNextGraph) {
     EXPECT_EQ(points.data(), memory);
     EXPECT_EQ(graph.takePoints(3), std::vector<DrawnPoint>(3));
 }
+
+} // namespace korvel

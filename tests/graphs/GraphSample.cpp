@@ -1,5 +1,7 @@
 #include "graphs/GraphSample.h"
 
+namespace korvel {
+
 void GraphSample::setDeterminands(const std::vector<std::string>& names) {
     const int count = static_cast<int>(names.size());
     results.determinandCount = count;
@@ -84,3 +86,5 @@ void GraphSample::useArea(int width, int height) {
     constants.ScaleY = height / 452.0;
     area = {width * 15.0, height * 15.0, width * 15.0};
 }
+
+} // namespace korvel

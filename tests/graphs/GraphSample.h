@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct SamplePoint {
     int reach = 1;
     double distance = 0; // within its reach
@@ -44,3 +46,5 @@ class GraphSample {
   private:
     double takePoints(int reach, int column, double offset);
 };
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 TEST(GraphToolTips, NameThePercentileLevel) {
     EXPECT_EQ(toolTip(GraphTip::plotPercentiles, "95"),
               "'Plot percentiles': The 95 percentile flow and quality values will be plotted.");
@@ -34,3 +36,5 @@ TEST(GraphToolTips, AreOtherwiseFixed) {
     for (const auto& each : cases)
         EXPECT_EQ(toolTip(each.tip, "95"), each.text);
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <random>
 
+namespace korvel {
+
 namespace {
 
 using Places = std::vector<std::optional<LabelPlace>>;
@@ -121,3 +123,5 @@ TEST(LabelRows, EveryLabelIsOnTheFirstRowThatIsFreeBesideItsLeader) {
 TEST(LabelRows, HasNothingToPlaceWithoutRequests) {
     EXPECT_TRUE(placeLabels({}, {0, 100, 5, 2}).empty());
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 // Values that tell field, series, level and slot apart.
@@ -168,3 +170,5 @@ TEST(LargestValue, LooksAtAllCurvesAndIsNeverNegative) {
     EXPECT_EQ(largestValue(curves, {1}), 1);
     EXPECT_EQ(largestValue({{CurveKind::joined, {}, low}}, {3}), 0);
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 // Two reaches, an interpolated point in the first.
@@ -128,3 +130,5 @@ TEST(PlottedData, HoldsItsHeadingAloneWithoutPoints) {
     sample.plotSeries({}, {1});
     EXPECT_EQ(dataOf(sample), table({"Reach|Distance (km)|Feature|BOD (Conc) mean"}));
 }
+
+} // namespace korvel

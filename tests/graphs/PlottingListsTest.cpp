@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class PlottingLists : public testing::Test {
@@ -318,3 +320,5 @@ TEST_F(PlottingLists, HoldTheMostPointsOverTheMostReaches) {
     EXPECT_EQ(graph.graphPoints[1][MaxPlottingPoints], MaxPlottingPoints);
     EXPECT_EQ(graph.graphDistances[1][MaxPlottingPoints], reachCount - 1);
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 // What the graph form would show: two series along two reaches, with every kind of line.
@@ -149,3 +151,5 @@ TEST_F(PrintGraphTest, NamesThePageAfterTheResultsFile) {
     EXPECT_EQ(platform.printed().front().request.title, "RIVER");
     EXPECT_EQ(platform.printed().front().request.fallbackFile, "Z:\\A.B\\RIVER-graph.pdf");
 }
+
+} // namespace korvel

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace korvel {
+
 namespace {
 
 const FixedTextMetrics metrics;
@@ -391,3 +393,5 @@ TEST_F(ProfileGraphTest, DrawGraphsDrawsTheSharedState) {
     EXPECT_EQ(primitives.LabelCount, drawing.textCount());
     GLOBAL = {};
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 std::vector<int> numbersOf(const std::vector<ListedReach>& reaches) {
@@ -94,3 +96,5 @@ TEST(ReachLists, KeepTheSelectionsOfAListThatComesOutAsItWas) {
     EXPECT_EQ(choices.upstream, 0);
     EXPECT_EQ(choices.selectedSeries, std::vector<bool>(5, false));
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class ResultsLoading : public testing::Test {
@@ -325,3 +327,5 @@ TEST_F(ResultsLoading, PlotOfIncompleteResultsSaysSo) {
     EXPECT_FALSE(readyToPlot(world, choices));
     EXPECT_TRUE(contains(world.takeTranscript(), "box [question] Incomplete Results: "));
 }
+
+} // namespace korvel

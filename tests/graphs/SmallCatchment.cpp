@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace korvel {
+
 namespace {
 
 struct Reach {
@@ -61,3 +63,5 @@ std::string smallResultsFile(int percentileMode, FileEnd end, const std::string&
     if (end == FileEnd::cutShort) text.resize(text.size() - 40);
     return text;
 }
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+namespace korvel {
+
 // In memory, as a load leaves it.
 std::unique_ptr<ResultsDataSet> smallCatchment();
 
@@ -14,3 +16,5 @@ std::unique_ptr<ResultsDataSet> smallCatchment();
 enum class FileEnd { whole, cutShort };
 std::string smallResultsFile(int percentileMode = 0, FileEnd end = FileEnd::whole,
                              const std::string& title = "Small catchment");
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+namespace korvel {
+
 namespace {
 
 struct TopCase {
@@ -75,3 +77,5 @@ TEST(VerticalScale, WritesTicksWithTheDecimalsOfTheStep) {
     EXPECT_EQ(tickText({5e15, 15}, 5e15), "5E15");
     EXPECT_EQ(tickText({5e15, 15}, 0), "0");
 }
+
+} // namespace korvel

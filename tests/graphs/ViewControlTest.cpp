@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 TEST(ViewControl, ZoomsInDownToAQuarter) {
     GraphView view;
     for (const double expected : {0.5, 0.25, 0.25}) {
@@ -72,3 +74,5 @@ TEST(ViewControl, TheTextSizeButtonSaysWhatItDoes) {
               "This allows the graph to be displayed in less detail in a larger font - to provide improved "
               "legibility on screen.");
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 std::string linesTo(int count) {
@@ -114,3 +116,5 @@ TEST(HelpPage, TurnsToThePagesThatAreThere) {
     EXPECT_EQ(turnedPage(there, "12", PageTurn::back), "4");
     EXPECT_EQ(turnedPage({}, "12", PageTurn::forth), "12");
 }
+
+} // namespace korvel

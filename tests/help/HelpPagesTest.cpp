@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
+namespace korvel {
+
 namespace {
 
 constexpr int firstPage = 4, lastPage = 10;
@@ -92,3 +94,5 @@ TEST(HelpPages, TellTheSectionsOfTheDataFileEachInAnExample) {
                                 "[QUALITIES]", "[TARGETS]", "[OBSERVED]"})
         EXPECT_NE(examples.find("    " + std::string(section) + "\n"), std::string::npos) << section;
 }
+
+} // namespace korvel

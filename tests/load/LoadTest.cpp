@@ -18,6 +18,8 @@
 #include <fstream>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -261,3 +263,5 @@ TEST_F(Load, LabelsOfThirtyThousandCharacters) {
     EXPECT_LT(seconds, 30);
     platform.takeTranscript();
 }
+
+} // namespace korvel

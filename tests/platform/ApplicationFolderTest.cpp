@@ -8,6 +8,8 @@
 #include <optional>
 #include <sys/resource.h>
 
+namespace korvel {
+
 namespace {
 
 class ApplicationFolder : public testing::Test {
@@ -129,3 +131,5 @@ TEST_F(ApplicationFolder, FillsNoOtherFolder) {
     fillApplicationFolder(other.path(), sources);
     EXPECT_TRUE(std::filesystem::is_empty(other.path()));
 }
+
+} // namespace korvel

@@ -13,6 +13,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace {
 
 int errorOf(const std::function<void()>& action) {
@@ -387,3 +389,5 @@ TEST_F(DiskFilesTest, ReportsACurrentFolderThatIsGone) {
 }
 
 } // namespace
+
+} // namespace korvel

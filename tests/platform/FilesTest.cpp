@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <map>
 
+namespace korvel {
+
 namespace {
 
 // Files in memory, read a few bytes at a time.
@@ -61,3 +63,5 @@ TEST(Files, WritesAndCommitsWhole) {
 }
 
 } // namespace
+
+} // namespace korvel

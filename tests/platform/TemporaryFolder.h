@@ -10,6 +10,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace korvel {
+
 class TemporaryFolder {
   public:
     TemporaryFolder() {
@@ -47,3 +49,5 @@ class TemporaryFolder {
   private:
     std::string m_path;
 };
+
+} // namespace korvel

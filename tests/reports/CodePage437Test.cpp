@@ -5,6 +5,8 @@
 #include <set>
 #include <string>
 
+namespace korvel {
+
 namespace {
 
 std::string shown(int code) {
@@ -75,3 +77,5 @@ TEST(BoxStrokes, AreNoneForAllOtherCharacters) {
     EXPECT_FALSE(boxStrokesOf(static_cast<char>(186)));
     EXPECT_FALSE(boxStrokesOf(static_cast<char>(197)));
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 // A cell of 1 by 1 tenth of an inch.
@@ -177,3 +179,5 @@ TEST(Listing, LooksAsItDidBefore) {
                              "C\r\n";
     expectSameAsFile(textOf(pagesOf(text, FixedTextMetrics()).at(0)), "listing/boxes.drawing");
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class ReportOutput : public testing::Test {
@@ -164,3 +166,5 @@ TEST(PrintFile, EndsOnFailures) {
               "print portrait \"RIVER.OUT\"\nbox [information] Printer: Your printer is "
               "offline or out of paper. -> ok\n");
 }
+
+} // namespace korvel

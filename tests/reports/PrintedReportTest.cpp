@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr double lineHeight = 192.0 / 1440; // of size 8 in the fixed metrics, inches
@@ -223,3 +225,5 @@ TEST(Ptext, KeepsThePositionWhereNoneIsGiven) {
     EXPECT_EQ(texts.at(1).corner, (DrawnPoint{0, 4 + lineHeight}));
     EXPECT_EQ(texts.at(2).corner, (DrawnPoint{0, 4 + lineHeight + lineHeight}));
 }
+
+} // namespace korvel

@@ -11,6 +11,8 @@
 #include <limits>
 #include <random>
 
+namespace korvel {
+
 namespace {
 
 // Both ways must agree; counts how often the quick one needed no help.
@@ -113,3 +115,5 @@ TEST(QuickNumber, AgreesAtTheBoundsAndTheEndsOfTheRange) {
                                -Limits::max()})
         both.compareAround(value);
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class CountingMetrics : public FixedTextMetrics {
@@ -47,3 +49,5 @@ TEST(RememberedMetrics, StaysRightWhenItForgets) {
     EXPECT_EQ(remembered.measure("7", rows).width, FixedTextMetrics().measure("7", rows).width);
     EXPECT_EQ(metrics.count, 120001);
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 std::vector<std::string> textsOf(const std::vector<ListEntry>& list) {
@@ -137,3 +139,5 @@ TEST(ReportChoices, SelectEverySeriesOfTenDeterminands) {
         ten.determinand(1, "Substance " + std::to_string(d));
     EXPECT_EQ(LoadedRiver(ten).choices.selection().determinands.size(), 20U);
 }
+
+} // namespace korvel

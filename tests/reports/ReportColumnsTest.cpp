@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 // "Mean|LCL: field series/level" for each column.
@@ -141,3 +143,5 @@ TEST(ReportColumns, AreAsManyAsCounted) {
         EXPECT_EQ(reportColumns(river.results, selection).count(), CountCols(selection)) << boxes;
     }
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace korvel {
+
 // Two reaches, two determinands, a feature of every kind that a report treats its own way.
 inline ResultsFileBuilder smallRiver() {
     ResultsFileBuilder river;
@@ -46,3 +48,5 @@ inline std::string lines(std::initializer_list<std::string> all) {
         text += line + "\r\n";
     return text;
 }
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 struct Shown {
@@ -44,3 +46,5 @@ INSTANTIATE_TEST_SUITE_P(Bounds, ReportNumberBounds,
                                          std::pair{Shown{0.009, "0.00900"}, Shown{0.0089999, "0.009000"}},
                                          std::pair{Shown{0.0009, "0.000900"},
                                                    Shown{0.00089999, "0.0009000"}}));
+
+} // namespace korvel

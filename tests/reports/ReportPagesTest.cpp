@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 constexpr double lineHeight = 0.1; // so that lines 0 to 97 begin at 0.5 to 10.2
@@ -108,3 +110,5 @@ TEST(ReportPages, AskForTheLimitBeforeRowsOnly) {
 TEST(ReportPages, HoldAtLeastOneRowEach) {
     EXPECT_EQ(pagesOf(LoadedRiver(twoReaches(3, 0)), 0.6).size(), 3U);
 }
+
+} // namespace korvel

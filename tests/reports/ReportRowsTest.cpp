@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 std::vector<std::string> rowsOf(const LoadedRiver& river, const ReportSelection& selection) {
@@ -87,3 +89,5 @@ TEST(ReportRows, EndWithThe59999thPoint) {
     rows.next();
     EXPECT_TRUE(rows.atEnd());
 }
+
+} // namespace korvel

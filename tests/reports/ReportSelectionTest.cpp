@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 ReportSelection ofDeterminands(int count) {
@@ -67,3 +69,5 @@ INSTANTIATE_TEST_SUITE_P(Columns, ReportVerdict,
                                          Verdict{18, PageFit::landscape, "Print orientation: Landscape", 14},
                                          Verdict{19, PageFit::tooWide, "Too wide to print", 12},
                                          Verdict{340, PageFit::tooWide, "Too wide to print", 12}));
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class FileInMemory : public NewFile {
@@ -126,3 +128,5 @@ TEST(SpreadsheetReport, CarriesTextsLongerThanABlock) {
     EXPECT_NE(sheet.find("\"" + std::string(100000, 'L') + "\",1" + std::string(300, '0') + ","),
               std::string::npos);
 }
+
+} // namespace korvel

@@ -15,6 +15,8 @@
 #include <random>
 #include <string>
 
+namespace korvel {
+
 namespace {
 
 using Value = std::optional<std::uint64_t>; // the bits
@@ -132,3 +134,5 @@ TEST(ColumnNumbers, RefuseWhatOnlyLooksLikeANumber) {
 }
 
 } // namespace
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 
 #include <filesystem>
 
+namespace korvel {
+
 namespace {
 
 const std::string readError = "box [exclamation] Error: There is an error in reading the data for plotting. "
@@ -195,3 +197,5 @@ TEST(ShortFileName, TakesTheFileOfALongerPath) {
     EXPECT_EQ(ShortFileName("A very long name without folder.sgr", 20),
               "A very long name without folder.sgr");
 }
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 PointLabel made(const std::string& label) {
@@ -46,3 +48,5 @@ TEST(PointLabels, AsksForTheReachOnlyWhereTheLabelNamesIt) {
     for (const char* label : {"end of reac", "Start of reac", "the end of reach", "Weir", ""})
         EXPECT_EQ(makePointLabel(label, never).text, label);
 }
+
+} // namespace korvel

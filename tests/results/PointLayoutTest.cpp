@@ -12,6 +12,8 @@
 #include <cmath>
 #include <random>
 
+namespace korvel {
+
 namespace {
 
 // One caption with two numbers, one with one.
@@ -151,3 +153,5 @@ TEST(PointLayout, LooksAtEveryPointAgainOnceOneWasLikeTheLast) {
 }
 
 } // namespace
+
+} // namespace korvel

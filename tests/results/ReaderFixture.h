@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 class ReaderFixture : public testing::Test {
   protected:
     enum class Ending { loaded, abandoned, failed };
@@ -49,3 +51,5 @@ class ReaderFixture : public testing::Test {
     std::vector<Message> messages;
     int failure = 0;
 };
+
+} // namespace korvel

@@ -12,6 +12,8 @@
 #include <cstdio>
 #include <random>
 
+namespace korvel {
+
 namespace {
 
 class DribblingSource : public ByteSource {
@@ -146,3 +148,5 @@ TEST_F(ReadingWays, GiveTheSameToTheLastBit) {
 }
 
 } // namespace
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <random>
 
+namespace korvel {
+
 namespace {
 
 using enum ValueField;
@@ -410,3 +412,5 @@ TEST_F(ResultsReader, LoadsOrFailsOnDamagedFilesAndNothingElse) {
     EXPECT_GT(loaded, rounds / 40);
     EXPECT_GT(failed, rounds / 40);
 }
+
+} // namespace korvel

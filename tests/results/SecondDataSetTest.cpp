@@ -2,6 +2,8 @@
 
 #include "ReaderFixture.h"
 
+namespace korvel {
+
 namespace {
 
 using enum ValueField;
@@ -194,3 +196,5 @@ TEST_F(SecondDataSetChecks, FailOnThe60000thPoint) {
     EXPECT_EQ(load(file.point(1, 9, "One too many"), 1), Ending::failed);
     EXPECT_TRUE(messages.empty());
 }
+
+} // namespace korvel

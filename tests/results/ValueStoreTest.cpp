@@ -6,6 +6,8 @@
 
 #include <set>
 
+namespace korvel {
+
 namespace {
 
 using enum ValueField;
@@ -77,3 +79,5 @@ TEST(ValueStore, MovesWithItsValues) {
     ValueStore taken = std::move(store);
     EXPECT_EQ(taken.at(meanValue, 1, 1), 5);
 }
+
+} // namespace korvel

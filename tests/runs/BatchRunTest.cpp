@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class BatchRunTest : public testing::Test {
@@ -346,3 +348,5 @@ TEST_F(BatchRunTest, ARunControlFileThatCannotBeWrittenIsAFailureThatNothingTrap
     EXPECT_NE(errorOfRun(), 0);
     EXPECT_FALSE(contains(world.takeTranscript(), "start engine"));
 }
+
+} // namespace korvel

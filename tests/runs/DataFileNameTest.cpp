@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace korvel {
+
 namespace {
 
 DataFileNames namesOf(const DataFileVerdict& verdict) {
@@ -88,3 +90,5 @@ TEST(DataFileName, ChecksNoLengthWhenSaving) {
 TEST(DataFileName, NamesTheResultsFileBesideTheDataFile) {
     EXPECT_EQ(resultsFileName("C:\\DATA\\", " TEST "), "C:\\DATA\\TEST.SGR");
 }
+
+} // namespace korvel

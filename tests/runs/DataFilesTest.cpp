@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 const std::string openDialog =
@@ -243,3 +245,5 @@ TEST_F(DataFilesTest, TheOverwritePromptComesFromTheSecondDialogOn) {
     EXPECT_TRUE(contains(world.takeTranscript(), saveDialog + "folder \"C:\\OLD\" overwritePrompt yes"))
         << "the folder of the last Open stays set as well";
 }
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 using Lines = std::vector<std::string>;
 
 TEST(EngineOutput, GivesLinesAsTheyAreCompleted) {
@@ -52,3 +54,5 @@ TEST(EngineOutput, BreaksALineThatNeverEnds) {
     EXPECT_EQ(output.feed(std::string(25000, 'x')).size(), 2U);
     EXPECT_EQ(output.openLine().size(), 5000U);
 }
+
+} // namespace korvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 TEST(RunControlFile, HoldsFourLinesForASingleRun) {
     EXPECT_EQ(singleRunText("SINGLE", {"C:\\DATA\\", "TEST", 0}),
               "SINGLE\r\nC:\\DATA\\\r\nC:\\DATA\\TEST.DAT\r\n 0 \r\n");
@@ -34,3 +36,5 @@ TEST(RunControlFile, WritesADashForABatchWithoutATitle) {
 TEST(RunControlFile, LeavesOutABatchFileWithoutABaseName) {
     EXPECT_EQ(batchRunText("T", {{"C:\\", "  ", 4}, {"C:\\", "A", 4}}), "T\r\nC:\\\r\nC:\\A.DAT\r\n 4 \r\n");
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace korvel {
+
 namespace {
 
 class RunModelTest : public testing::Test {
@@ -121,3 +123,5 @@ TEST_F(RunModelTest, ARunControlFileThatCannotBeWrittenIsAFailureThatNothingTrap
     EXPECT_THROW(run(0), RunTimeError);
     EXPECT_FALSE(contains(world.takeTranscript(), "start engine"));
 }
+
+} // namespace korvel

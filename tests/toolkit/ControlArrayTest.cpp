@@ -1,6 +1,8 @@
-#include "toolkit/ControlArray.h"
+#include "toolkit/forms/ControlArray.h"
 
 #include <gtest/gtest.h>
+
+namespace korvel {
 
 TEST(ControlArray, NamesItsElements) {
     const ControlArray<int> array("Check");
@@ -32,3 +34,5 @@ TEST(ControlArray, FailsOnAnIndexWithoutAControl) {
         EXPECT_EQ(error.number, 340);
     }
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace korvel {
+
 namespace {
 
 constexpr int patienceMilliseconds = 10000;
@@ -169,3 +171,5 @@ void CupsServer::waitUntilItAnswers() {
 void forgetPrintSystem() {
     usePort(freePort());
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 
 #include <string>
 
+namespace korvel {
+
 class CupsServer {
   public:
     CupsServer();
@@ -33,3 +35,5 @@ class CupsServer {
 
 // From now on print calls find no server.
 void forgetPrintSystem();
+
+} // namespace korvel

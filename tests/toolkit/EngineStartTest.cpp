@@ -1,5 +1,5 @@
 // The engine without a window, with real processes: small shell scripts stand for it.
-#include "toolkit/EngineStart.h"
+#include "toolkit/process/EngineStart.h"
 
 #include "basic/RunTimeError.h"
 #include "platform/TemporaryFolder.h"
@@ -7,6 +7,8 @@
 #include <chrono>
 #include <gtest/gtest.h>
 #include <thread>
+
+namespace korvel {
 
 namespace {
 
@@ -72,3 +74,5 @@ TEST_F(EngineStart, FailsWhereTheEngineCannotBeStarted) {
     std::filesystem::permissions(folder.path("text"), std::filesystem::perms::owner_read);
     EXPECT_NE(errorOf(folder.path("text"), folder.path()), 0);
 }
+
+} // namespace korvel

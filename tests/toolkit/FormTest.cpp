@@ -1,10 +1,12 @@
 // The base of all forms, by a small form of its own.
-#include "toolkit/Form.h"
+#include "toolkit/forms/Form.h"
 
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 
 #include <QTest>
+
+namespace korvel {
 
 namespace {
 
@@ -178,3 +180,5 @@ TEST_F(FormTest, RunsTheActionOfAButton) {
     click(control<QPushButton>(form, "cmdGo"));
     EXPECT_EQ(form.happened, "go ");
 }
+
+} // namespace korvel

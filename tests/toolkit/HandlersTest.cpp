@@ -1,8 +1,10 @@
-#include "toolkit/Handlers.h"
+#include "toolkit/forms/Handlers.h"
 
 #include "fakes/FakePlatform.h"
 
 #include <gtest/gtest.h>
+
+namespace korvel {
 
 namespace {
 
@@ -48,3 +50,5 @@ TEST_F(HandlersTest, GuardAConnectedAction) {
     handlers.guarded([] { throw RunTimeError(errors::overflow); })();
     EXPECT_EQ(platform.takeTranscript(), "fail program: Run-time error '6': Overflow\n");
 }
+
+} // namespace korvel

@@ -1,6 +1,8 @@
-#include "toolkit/ListFilling.h"
+#include "toolkit/forms/ListFilling.h"
 
 #include <gtest/gtest.h>
+
+namespace korvel {
 
 TEST(ListFilling, ShowsTextsAndTheChosenOneInACombo) {
     QComboBox combo;
@@ -55,3 +57,5 @@ TEST(ListFilling, ReadsTheSelectionOfAnEmptyList) {
     const QListWidget list;
     EXPECT_TRUE(selectionOf(list).empty());
 }
+
+} // namespace korvel

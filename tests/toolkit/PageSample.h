@@ -3,6 +3,8 @@
 
 #include "platform/Paper.h"
 
+namespace korvel {
+
 inline Drawing emptyPage(Orientation orientation = Orientation::portrait) {
     const bool landscape = orientation == Orientation::landscape;
     return {landscape ? printableLongSide : printableShortSide,
@@ -20,3 +22,5 @@ inline Drawing pageWith(const std::string& text, Orientation orientation = Orien
     page.commands.emplace_back(textAt(1, 1, text));
     return page;
 }
+
+} // namespace korvel

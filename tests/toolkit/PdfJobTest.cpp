@@ -1,4 +1,4 @@
-#include "toolkit/PdfJob.h"
+#include "toolkit/paper/PdfJob.h"
 
 #include "basic/RunTimeError.h"
 #include "platform/TemporaryFolder.h"
@@ -6,6 +6,8 @@
 #include "toolkit/PdfReading.h"
 
 #include <gtest/gtest.h>
+
+namespace korvel {
 
 namespace {
 
@@ -87,3 +89,5 @@ TEST(PdfJob, WritesPagesOutAsTheyAreMade) {
         EXPECT_GT(bytes.size(), before) << k;
     }
 }
+
+} // namespace korvel

@@ -1,4 +1,4 @@
-#include "toolkit/PdfPaper.h"
+#include "toolkit/paper/PdfPaper.h"
 
 #include "basic/RunTimeError.h"
 #include "platform/DiskFiles.h"
@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+
+namespace korvel {
 
 namespace {
 
@@ -225,3 +227,5 @@ TEST_F(PdfPaperTest, RefusesAFolderThatIsMissing) {
     PdfFilePaper paper(m_files, m_folder.model("missing\\Report.pdf"));
     EXPECT_EQ(errorOf([&] { paper.begin({}); }), errors::pathNotFound);
 }
+
+} // namespace korvel

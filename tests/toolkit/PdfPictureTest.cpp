@@ -1,13 +1,13 @@
 // A page as the program writes it, in few large pieces, beside the same page drawn text by text and line by
 // line.
 #include "basic/ModelName.h"
+#include "drawing/paint/QtTextMetrics.h"
+#include "drawing/paint/Shown.h"
 #include "platform/DiskFiles.h"
 #include "platform/TemporaryFolder.h"
 #include "toolkit/PageSample.h"
-#include "toolkit/PdfPaper.h"
 #include "toolkit/PdfReading.h"
-#include "toolkit/QtTextMetrics.h"
-#include "toolkit/Shown.h"
+#include "toolkit/paper/PdfPaper.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -18,6 +18,8 @@
 
 #include <cmath>
 #include <random>
+
+namespace korvel {
 
 namespace {
 
@@ -174,3 +176,5 @@ TEST_F(PdfPictureTest, DiffersWhereOneDigitDoes) {
     const QImage pieces = inPieces(page, dotsPerInch);
     EXPECT_GT(darkPixelsMissing(plain, pieces) + darkPixelsMissing(pieces, plain), 10);
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct FoundWord { // inches from the sheet's top left
     std::string text;
     double left, top, right, bottom;
@@ -65,3 +67,5 @@ inline std::vector<FoundWord> pdfWords(const std::string& path) {
 inline std::string pdfAsSvg(const std::string& path) {
     return outputOf("pdftocairo -svg -l 1 '" + path + "' -");
 }
+
+} // namespace korvel

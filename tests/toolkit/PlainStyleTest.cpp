@@ -1,4 +1,4 @@
-#include "toolkit/PlainStyle.h"
+#include "toolkit/forms/PlainStyle.h"
 
 #include <QImage>
 #include <QStyleFactory>
@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+
+namespace korvel {
 
 namespace {
 
@@ -33,3 +35,5 @@ TEST(PlainStyle, LeavesTheOtherIconsToFusion) {
 }
 
 } // namespace
+
+} // namespace korvel

@@ -2,10 +2,12 @@
 #include "platform/DiskFiles.h"
 #include "toolkit/CupsServer.h"
 #include "toolkit/PageSample.h"
-#include "toolkit/PdfPaper.h"
 #include "toolkit/PdfReading.h"
+#include "toolkit/paper/PdfPaper.h"
 
 #include <gtest/gtest.h>
+
+namespace korvel {
 
 namespace {
 
@@ -141,3 +143,5 @@ TEST(PrintSystem, IsNotAskedWhereAFileWasChosen) {
     EXPECT_EQ(job->finish(), "");
     EXPECT_EQ(pdfInfo(printing.folder.path("chosen.pdf"), "Pages"), "1");
 }
+
+} // namespace korvel

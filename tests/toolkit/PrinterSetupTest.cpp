@@ -1,7 +1,7 @@
 #include "platform/TemporaryFolder.h"
 #include "toolkit/CupsServer.h"
-#include "toolkit/PrinterChoice.h"
-#include "toolkit/QtDialogs.h"
+#include "toolkit/desktop/QtDialogs.h"
+#include "toolkit/paper/PrinterChoice.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -14,6 +14,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+
+namespace korvel {
 
 namespace {
 
@@ -161,3 +163,5 @@ TEST_F(PrinterSetup, RefusesAFileNameThatCantBeHeld) {
     EXPECT_EQ(message, "File name");
     EXPECT_FALSE(m_choice.chosen());
 }
+
+} // namespace korvel

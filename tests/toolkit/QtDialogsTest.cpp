@@ -1,9 +1,9 @@
 // The message boxes and file dialogs that a user sees: what stands in them, and what an answer gives.
-#include "toolkit/QtDialogs.h"
+#include "toolkit/desktop/QtDialogs.h"
 
 #include "basic/ModelName.h"
 #include "platform/TemporaryFolder.h"
-#include "toolkit/PrinterChoice.h"
+#include "toolkit/paper/PrinterChoice.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -14,6 +14,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+
+namespace korvel {
 
 namespace {
 
@@ -146,3 +148,5 @@ TEST_F(QtDialogsTest, TellsWhyAChosenNameCannotBeUsed) {
               "Another file or folder has the same name but for upper and lower case. Rename "
               "one of them.");
 }
+
+} // namespace korvel

@@ -1,4 +1,4 @@
-#include "toolkit/QtMachine.h"
+#include "toolkit/desktop/QtMachine.h"
 
 #include "basic/RunTimeError.h"
 #include "platform/TemporaryFolder.h"
@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+
+namespace korvel {
 
 namespace {
 
@@ -59,3 +61,5 @@ TEST_F(QtMachineTest, RunsTheEngineInTheApplicationFolderWhateverTheCaseOfItsNam
     EXPECT_EQ(m_machine.runEngine(engine() + "  ", [&](std::string_view text) { said += text; }), 7);
     EXPECT_EQ(said, "arguments: 0\nthe run\n");
 }
+
+} // namespace korvel

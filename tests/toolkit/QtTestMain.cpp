@@ -1,12 +1,12 @@
 // For tests that paint: Qt without a display.
-#include "toolkit/StartQt.h"
+#include "toolkit/desktop/StartQt.h"
 
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    settleForNoDisplay();
+    korvel::settleForNoDisplay();
     QGuiApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -1,13 +1,15 @@
 // Forms shown as windows: which is activated when, and what a modal one waits for.
-#include "toolkit/QtWindows.h"
+#include "toolkit/desktop/QtWindows.h"
 
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
-#include "toolkit/Form.h"
+#include "toolkit/forms/Form.h"
 
 #include <QTimer>
 
 #include <utility>
+
+namespace korvel {
 
 namespace {
 
@@ -70,3 +72,5 @@ TEST_F(QtWindowsTest, LetsWhatIsQueuedPass) {
     windows.passEvents();
     EXPECT_EQ(ran, 2);
 }
+
+} // namespace korvel

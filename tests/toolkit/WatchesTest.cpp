@@ -1,5 +1,5 @@
 // With real focus: two boxes and a button in one window.
-#include "toolkit/Watches.h"
+#include "toolkit/forms/Watches.h"
 
 #include "forms/FormDriver.h"
 
@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
+
+namespace korvel {
 
 namespace {
 
@@ -114,3 +116,5 @@ TEST_F(Watches, ATipIsMadeAnewUnderThePointer) {
     QApplication::sendEvent(&button, &ask);
     EXPECT_EQ(button.toolTip(), "Level 90");
 }
+
+} // namespace korvel

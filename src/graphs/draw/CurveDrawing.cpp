@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 class CurvePen {
@@ -112,3 +114,5 @@ void drawCurve(const GraphSheet& sheet, const PanelCurve& curve, const PlottedCo
     case CurveKind::crosses: pen.crosses(); break;
     }
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "graphs/draw/PanelCurves.h"
 #include "graphs/draw/PlottedColumn.h"
 
+namespace korvel {
+
 struct PlotArea { // graph coordinates
     double left = 0;
     double right = 0;
@@ -22,3 +24,5 @@ struct CurvePlace {
 // What rises above the top is cut off there; negative values lie on the axis.
 void drawCurve(const GraphSheet& sheet, const PanelCurve& curve, const PlottedColumn& column,
                const DistanceScale& scale, const CurvePlace& place);
+
+} // namespace korvel

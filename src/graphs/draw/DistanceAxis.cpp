@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace korvel {
+
 namespace {
 
 constexpr double leastStep = 0.1; // km; distances are shown with one decimal
@@ -67,3 +69,5 @@ void drawReachNames(const GraphSheet& sheet, const DistanceScale& scale,
         if (!name.empty()) sheet.narrowText({(from + to) / 2, bottom}, align::centre, name);
     }
 }
+
+} // namespace korvel

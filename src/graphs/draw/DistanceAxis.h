@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 // Round distances, at least `room` (graph units) apart; never closer than the tenth that is shown.
 std::vector<double> distanceTicks(const DistanceScale& scale, double room);
 
@@ -24,3 +26,5 @@ struct ReachSpan { // km along the plotted run
 // reaches.
 void drawReachNames(const GraphSheet& sheet, const DistanceScale& scale,
                     const std::vector<ReachSpan>& reaches, double y, double height);
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 constexpr int reachBoundary = 0;
@@ -77,3 +79,5 @@ void drawFeatures(const GraphSheet& sheet, const FeatureRows& features, const Di
         sheet.line(looks::leader, {x, heights.axis}, {x, leaderEnd});
     }
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct FeatureLabel {
     double distance = 0; // km along the plotted run
     std::string text;
@@ -47,3 +49,5 @@ struct FeatureHeights {
 // Every candidate has a mark under the axis, those with a place a leader to their label.
 void drawFeatures(const GraphSheet& sheet, const FeatureRows& features, const DistanceScale& scale,
                   const FeatureHeights& heights);
+
+} // namespace korvel

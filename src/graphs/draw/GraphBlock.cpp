@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 double axisHeight(const GraphBlock& block, const BlockMeasures& measures) {
@@ -76,3 +78,5 @@ void drawBlock(const GraphSheet& sheet, const GraphBlock& block, const BlockMeas
     drawReachNames(sheet, block.scale, block.reaches, axis, names);
     drawDistanceAxis(sheet, block.scale, ticks, axis);
 }
+
+} // namespace korvel

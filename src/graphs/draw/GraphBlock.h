@@ -8,6 +8,8 @@
 
 #include <vector>
 
+namespace korvel {
+
 struct BlockPlace { // graph coordinates
     double left = 0;
     double right = 0;
@@ -46,3 +48,5 @@ void arrangeBlock(const GraphSheet& sheet, const GraphInputs& inputs, const Bloc
 // `featureRows`: of the block that has the most, so that panels side by side are of one height.
 void drawBlock(const GraphSheet& sheet, const GraphBlock& block, const BlockMeasures& measures,
                int featureRows);
+
+} // namespace korvel

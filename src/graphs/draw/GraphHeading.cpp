@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr double largestTitle = 12; // points, times ScaleX
@@ -76,3 +78,5 @@ double drawHeading(const GraphSheet& sheet, const GraphInputs& inputs, const Plo
     sides.draw(sheet, frame, sideBottom);
     return y;
 }
+
+} // namespace korvel

@@ -9,6 +9,8 @@
 
 #include <string>
 
+namespace korvel {
+
 struct GraphInputs {
     const ResultsDataSet& results;
     const GraphHandOver& graph;
@@ -17,3 +19,5 @@ struct GraphInputs {
     DrawingArea area;
     std::string date; // "dd/mm/yyyy"
 };
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr int comparison = 2;
@@ -75,3 +77,5 @@ double drawKey(const GraphSheet& sheet, const std::vector<KeyEntry>& entries, co
     }
     return bottom;
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 enum class KeySample { line, cross };
 
 struct KeyEntry {
@@ -30,3 +32,5 @@ struct KeyPlace { // graph coordinates
 
 // As many lines as needed; gives the height at which the key ends.
 double drawKey(const GraphSheet& sheet, const std::vector<KeyEntry>& entries, const KeyPlace& place);
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 #include <span>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 constexpr int thickStyle = 4;
@@ -128,3 +130,5 @@ void GraphPrimitives::CloseGraph() {
     m_drawing.clear();
     LabelCount = 0;
 }
+
+} // namespace korvel

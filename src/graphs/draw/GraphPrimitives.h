@@ -2,10 +2,12 @@
 // primitives turn them into the drawing's, and choose font and line width for the target.
 #pragma once
 
-#include "graphs/draw/Drawing.h"
+#include "drawing/Drawing.h"
 
 #include <string>
 #include <vector>
+
+namespace korvel {
 
 // The form that carries the primitives: the capture form widens every thick line and has no narrow font.
 enum class GraphForm { graph, capture };
@@ -57,3 +59,5 @@ class GraphPrimitives {
     const TextMetrics& m_screen;
     const TextMetrics& m_printer;
 };
+
+} // namespace korvel

@@ -3,6 +3,8 @@
 
 #include "graphs/draw/GraphPrimitives.h"
 
+namespace korvel {
+
 struct LineLook {
     int thick = 0;
     int style = 0;
@@ -63,3 +65,5 @@ class GraphSheet {
     GraphPrimitives& m_primitives;
     bool m_pr;
 };
+
+} // namespace korvel

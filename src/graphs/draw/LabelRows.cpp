@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 // The order of placing and the side on which a label stands by its leader. Going right with labels to the
@@ -166,3 +168,5 @@ std::vector<std::optional<LabelPlace>> placeLabels(const std::vector<LabelReques
         }
     return best;
 }
+
+} // namespace korvel

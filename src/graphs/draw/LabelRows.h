@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+namespace korvel {
+
 struct LabelRequest {
     double at = 0;         // x of the leader
     double width = 0;      // of the text
@@ -27,3 +29,5 @@ struct LabelStrip {
 // One entry a request, empty where no row is free. Requests come in order of `at`.
 std::vector<std::optional<LabelPlace>> placeLabels(const std::vector<LabelRequest>& requests,
                                                    const LabelStrip& strip);
+
+} // namespace korvel

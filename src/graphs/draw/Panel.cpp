@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::size_t endingLength = 7; // " (Conc)", " (Load)"
@@ -83,3 +85,5 @@ void drawPanel(const GraphSheet& sheet, const Panel& panel, const PlotArea& area
         drawCurve(sheet, curve, column.points, column.scale, {area, panel.scale.top, sheet.crossHalf()});
     drawTexts(sheet, panel, area, text);
 }
+
+} // namespace korvel

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 struct Panel {
     std::string axisLabel;   // the series without its " (Conc)" or " (Load)"
     std::string kindOfValue; // "(Conc)", "(Load)" or "", beside the axis label
@@ -39,3 +41,5 @@ struct PanelText {
 
 void drawPanel(const GraphSheet& sheet, const Panel& panel, const PlotArea& area, const PanelColumn& column,
                const PanelText& text);
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 #include <array>
 #include <string>
 
+namespace korvel {
+
 namespace {
 
 constexpr int secondSetOnly = 1;
@@ -131,3 +133,5 @@ double largestValue(const std::vector<PanelCurve>& curves, const std::vector<int
             largest = std::max(largest, curve.values[static_cast<std::size_t>(point)]);
     return largest;
 }
+
+} // namespace korvel

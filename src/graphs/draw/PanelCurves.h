@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 enum class CurveKind { joined, runsOfEqualValue, crosses };
 
 struct PanelCurve {
@@ -30,3 +32,5 @@ std::vector<PanelCurve> panelCurves(const ResultsDataSet& results, const GraphHa
 
 // 0 where nothing is above it.
 double largestValue(const std::vector<PanelCurve>& curves, const std::vector<int>& points);
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "graphs/draw/PlotFrame.h"
 
+namespace korvel {
+
 PlotFrame plotFrame(const DrawingArea& area, double scaleY, const GraphView& view) {
     PlotFrame frame;
     frame.unit = 6 * scaleY / view.ZoomFactor;
@@ -9,3 +11,5 @@ PlotFrame plotFrame(const DrawingArea& area, double scaleY, const GraphView& vie
     frame.right = area.rightEdge / view.ZoomFactor - view.ScrollOffsetX;
     return frame;
 }
+
+} // namespace korvel

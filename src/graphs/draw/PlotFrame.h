@@ -4,6 +4,8 @@
 
 #include "global/GraphView.h"
 
+namespace korvel {
+
 struct DrawingArea { // twips
     double width = 0;
     double height = 0;
@@ -22,3 +24,5 @@ struct PlotFrame {
 };
 
 PlotFrame plotFrame(const DrawingArea& area, double scaleY, const GraphView& view);
+
+} // namespace korvel

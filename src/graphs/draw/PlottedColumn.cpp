@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 bool plotsInterpolated(const GraphHandOver& graph) {
@@ -34,3 +36,5 @@ PlottedColumn plottedColumn(const ResultsDataSet& results, const GraphHandOver& 
     column.highest = highest > lowest ? highest : lowest + 1;
     return column;
 }
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace korvel {
+
 struct PlottedColumn {
     int number = 1;
     std::vector<int> points;       // indices of the points to plot, in order
@@ -31,3 +33,5 @@ struct DistanceScale {
     double perKm() const { return (right - left) / (highest - lowest); }
     double x(double distance) const { return left + (distance - lowest) * perKm(); }
 };
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "graphs/draw/PanelCurves.h"
 #include "graphs/draw/PlottedColumn.h"
 
+namespace korvel {
+
 namespace {
 
 struct NamedCurve {
@@ -63,3 +65,5 @@ std::string plottedData(const ResultsDataSet& results, const GraphHandOver& grap
         addColumn(table, results, curves, plottedColumn(results, graph, column));
     return table;
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "graphs/draw/ProfileGraph.h"
 #include "platform/Printing.h"
 
+namespace korvel {
+
 namespace {
 
 Message failureOf(const RunTimeError& error) {
@@ -35,3 +37,5 @@ void PrintGraph(Platform& platform, const DrawingArea& area) {
         platform.dialogs.show(failureOf(error));
     }
 }
+
+} // namespace korvel

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr int suppressReachesLevel = 3;
@@ -127,3 +129,5 @@ void drawProfileGraph(GraphPrimitives& primitives, bool pr, const GraphInputs& i
 void DrawGraphs(GraphPrimitives& primitives, bool pr, const DrawingArea& area, const std::string& date) {
     drawProfileGraph(primitives, pr, {RESULTS, GLOBAL, GLOBAL, GLOBAL, area, date});
 }
+
+} // namespace korvel

@@ -5,6 +5,8 @@
 #include "graphs/draw/GraphInputs.h"
 #include "graphs/draw/GraphPrimitives.h"
 
+namespace korvel {
+
 // Panels are numbered from the first down the first column, then down the next.
 struct PanelGrid {
     int rows = 1;
@@ -20,3 +22,5 @@ void drawProfileGraph(GraphPrimitives& primitives, bool pr, const GraphInputs& i
 
 // Draws what the set-up form handed over, from the shared state.
 void DrawGraphs(GraphPrimitives& primitives, bool pr, const DrawingArea& area, const std::string& date);
+
+} // namespace korvel

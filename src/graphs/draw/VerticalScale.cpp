@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdlib>
 
+namespace korvel {
+
 namespace {
 
 // Beyond these a tick's text has a power of ten instead of all its digits.
@@ -77,3 +79,5 @@ std::string tickText(const VerticalScale& scale, double value) {
     const int decimals = std::max(0, power - scale.exponent);
     return formatPattern(value / std::pow(10.0, power), patternOf(decimals)) + "E" + std::to_string(power);
 }
+
+} // namespace korvel

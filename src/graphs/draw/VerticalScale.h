@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace korvel {
+
 struct VerticalScale {
     double top = 1;
     int exponent = -1; // ticks are counted in doublings of ten to this power
@@ -23,3 +25,5 @@ double tickRoom(const VerticalScale& scale, double textHeight, int largeTextMode
 int lastTick(const VerticalScale& scale, double step);
 
 std::string tickText(const VerticalScale& scale, double value);
+
+} // namespace korvel

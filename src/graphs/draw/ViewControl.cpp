@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+namespace korvel {
+
 namespace {
 
 constexpr std::string_view smallText = "Small text";
@@ -47,3 +49,5 @@ std::string textSizeToolTip(std::string_view caption) {
     return "This allows the graph to be displayed in less detail in a larger font - to provide improved "
            "legibility on screen.";
 }
+
+} // namespace korvel

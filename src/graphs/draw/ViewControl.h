@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace korvel {
+
 enum class ScrollDirection { up, down, left, right };
 
 // Both change nothing at their limit.
@@ -21,3 +23,5 @@ bool isDefaultView(const GraphView& view);
 // The text size button says what a click changes to: its caption decides, and the new caption is returned.
 std::string toggleTextSize(GraphView& view, std::string_view caption);
 std::string textSizeToolTip(std::string_view caption);
+
+} // namespace korvel

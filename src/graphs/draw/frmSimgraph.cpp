@@ -2,17 +2,19 @@
 
 #include "basic/ModelName.h"
 #include "basic/Text.h"
+#include "drawing/paint/PictureFile.h"
+#include "drawing/paint/Shown.h"
+#include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
 #include "graphs/draw/PlottedData.h"
 #include "graphs/draw/PrintGraph.h"
 #include "graphs/draw/ProfileGraph.h"
-#include "toolkit/PdfPaper.h"
-#include "toolkit/PictureFile.h"
-#include "toolkit/Shown.h"
-#include "toolkit/Twips.h"
+#include "toolkit/paper/PdfPaper.h"
 
 #include <QApplication>
 #include <QClipboard>
+
+namespace korvel {
 
 frmSimgraph::frmSimgraph(Platform& doors)
     : Form(doors, "frmSimgraph", "Korvel Graphical Results"),
@@ -147,7 +149,7 @@ void frmSimgraph::redraw() {
 
 void frmSimgraph::moveView(ScrollDirection direction) {
     const DrawingArea area = drawingArea();
-    ::scroll(GLOBAL, direction, area.width, area.height);
+    korvel::scroll(GLOBAL, direction, area.width, area.height);
     redraw();
 }
 
@@ -215,3 +217,5 @@ void frmSimgraph::refresh() {
     Cmd[3].setAccessibleName(shown(m_textSizeCaption));
     Cmd[3].setToolTip(shown(textSizeToolTip(m_textSizeCaption)));
 }
+
+} // namespace korvel

@@ -5,11 +5,13 @@
 #include "graphs/draw/PlotFrame.h"
 #include "graphs/draw/ViewControl.h"
 #include "graphs/draw/frmSimgraphSD.h"
-#include "toolkit/ControlArray.h"
-#include "toolkit/Form.h"
-#include "toolkit/PictureBox.h"
+#include "toolkit/forms/ControlArray.h"
+#include "toolkit/forms/Form.h"
+#include "toolkit/forms/PictureBox.h"
 
 #include <QToolButton>
+
+namespace korvel {
 
 class frmSimgraph : public Form {
   public:
@@ -80,3 +82,5 @@ class frmSimgraph : public Form {
     frmSimgraphSD m_capture;
     std::string m_textSizeCaption = "Small text";
 };
+
+} // namespace korvel

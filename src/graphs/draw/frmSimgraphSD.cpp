@@ -1,10 +1,12 @@
 #include "graphs/draw/frmSimgraphSD.h"
 
 #include "basic/ModelName.h"
+#include "drawing/paint/PictureFile.h"
+#include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
 #include "graphs/draw/ProfileGraph.h"
-#include "toolkit/PictureFile.h"
-#include "toolkit/Twips.h"
+
+namespace korvel {
 
 frmSimgraphSD::frmSimgraphSD(Platform& doors)
     : Form(doors, "frmSimgraphSD", "Korvel Graphical Results"),
@@ -37,7 +39,7 @@ void frmSimgraphSD::DrawGraphs() {
     m_primitives.CloseGraph();
     m_drawing.width = m_area.width;
     m_drawing.height = m_area.height;
-    ::DrawGraphs(m_primitives, false, m_area, dayMonthYear(doors().machine.today()));
+    korvel::DrawGraphs(m_primitives, false, m_area, dayMonthYear(doors().machine.today()));
     ScreenCapture.update();
 }
 
@@ -52,3 +54,5 @@ void frmSimgraphSD::savePicture() {
     }
     doors().files.writeWhole(chosen->name, pictureBytes(m_drawing, PictureFormat::bmp, devicePixelRatioF()));
 }
+
+} // namespace korvel

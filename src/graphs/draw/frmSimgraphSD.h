@@ -4,8 +4,10 @@
 
 #include "graphs/draw/GraphPrimitives.h"
 #include "graphs/draw/PlotFrame.h"
-#include "toolkit/Form.h"
-#include "toolkit/PictureBox.h"
+#include "toolkit/forms/Form.h"
+#include "toolkit/forms/PictureBox.h"
+
+namespace korvel {
 
 class frmSimgraphSD : public Form {
   public:
@@ -27,3 +29,5 @@ class frmSimgraphSD : public Form {
     GraphPrimitives m_primitives;
     PictureBox ScreenCapture{"ScreenCapture", m_drawing, &client()};
 };
+
+} // namespace korvel

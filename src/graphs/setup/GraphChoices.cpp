@@ -9,6 +9,8 @@
 #include <limits>
 #include <utility>
 
+namespace korvel {
+
 namespace {
 
 void deselectAll(std::vector<bool>& selected) {
@@ -127,3 +129,5 @@ std::optional<Message> leaveLevelBox(const std::string& text, ResultsDataSet& re
 std::string cutTitle(const std::string& text) {
     return firstShown(text, LongestTitle);
 }
+
+} // namespace korvel

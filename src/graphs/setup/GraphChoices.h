@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace korvel {
+
 inline constexpr std::size_t MostPlottedSeries = 5;
 inline constexpr std::size_t MostPlottedReaches = 6;
 inline constexpr std::size_t LongestTitle = 60; // characters as shown
@@ -90,3 +92,5 @@ std::optional<Message> leaveLevelBox(const std::string& text, ResultsDataSet& re
 
 // A title box is left.
 std::string cutTitle(const std::string& text);
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "graphs/setup/GraphToolTips.h"
 
+namespace korvel {
+
 std::string toolTip(GraphTip tip, const std::string& percentileLevel) {
     switch (tip) {
     case GraphTip::plotMeans: return "'Plot means': The mean flow and quality values will be plotted.";
@@ -36,3 +38,5 @@ std::string toolTip(GraphTip tip, const std::string& percentileLevel) {
     }
     return "";
 }
+
+} // namespace korvel

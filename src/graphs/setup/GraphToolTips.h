@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace korvel {
+
 enum class GraphTip {
     plotMeans,
     plotPercentiles,
@@ -17,3 +19,5 @@ enum class GraphTip {
 };
 
 std::string toolTip(GraphTip tip, const std::string& percentileLevel);
+
+} // namespace korvel

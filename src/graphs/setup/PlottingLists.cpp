@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace korvel {
+
 namespace {
 
 constexpr int specialDeterminandType = 4; // has no targets to show
@@ -160,3 +162,5 @@ std::optional<Message> prepareGraph(const GraphChoices& choices, ResultsDataSet&
     view = {};
     return std::nullopt;
 }
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 #include "global/GraphView.h"
 #include "graphs/setup/GraphChoices.h"
 
+namespace korvel {
+
 // The first thing that is missing for a graph, in the order in which the user is told.
 std::optional<Message> missingData(const GraphChoices& choices);
 
@@ -12,3 +14,5 @@ std::optional<Message> missingData(const GraphChoices& choices);
 // alone.
 std::optional<Message> prepareGraph(const GraphChoices& choices, ResultsDataSet& results,
                                     GraphHandOver& graph, GraphView& view);
+
+} // namespace korvel

@@ -4,6 +4,8 @@
 
 #include <unordered_set>
 
+namespace korvel {
+
 namespace {
 
 ListedReach listed(const ResultsDataSet& results, int number, const char* pattern) {
@@ -54,3 +56,5 @@ void fillLists(GraphChoices& choices, ResultsDataSet& results) {
         choices.determinand = NothingChosen;
     }
 }
+
+} // namespace korvel

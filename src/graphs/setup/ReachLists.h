@@ -3,6 +3,8 @@
 
 #include "graphs/setup/GraphChoices.h"
 
+namespace korvel {
+
 // One line for each of the counted reaches. Kept so: the count is the one that the level box shares, so that
 // a level typed before the load can make the list longer; the lines beyond the last reach are those of reach
 // 0.
@@ -16,3 +18,5 @@ std::vector<std::string> listedSeries(const ResultsDataSet& results);
 
 // After a load. A list that comes out as it was keeps its selections.
 void fillLists(GraphChoices& choices, ResultsDataSet& results);
+
+} // namespace korvel

@@ -6,6 +6,8 @@
 #include "graphs/setup/PlottingLists.h"
 #include "graphs/setup/ReachLists.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr int labelLength = 20; // a longer path is shown without its folders
@@ -144,3 +146,5 @@ bool readyToPlot(Platform& platform, GraphChoices& choices) {
     if (refusal) platform.dialogs.show(*refusal);
     return !refusal;
 }
+
+} // namespace korvel

@@ -7,6 +7,8 @@
 
 #include <functional>
 
+namespace korvel {
+
 // What loading needs of the form.
 struct SetUpServices {
     std::function<void()>
@@ -32,3 +34,5 @@ void chooseResultsFile(Platform& platform, GraphChoices& choices, FileDialogSett
 
 // "&Plot": shows what is missing, or hands the graph over; true where the graph can be shown.
 bool readyToPlot(Platform& platform, GraphChoices& choices);
+
+} // namespace korvel

@@ -1,12 +1,14 @@
 #include "graphs/setup/frmGraphData.h"
 
+#include "drawing/paint/Shown.h"
 #include "global/GLOBAL.h"
 #include "graphs/setup/GraphToolTips.h"
 #include "graphs/setup/PlottingLists.h"
-#include "toolkit/ListFilling.h"
-#include "toolkit/Shown.h"
+#include "toolkit/forms/ListFilling.h"
 
 #include <QSignalBlocker>
+
+namespace korvel {
 
 namespace {
 
@@ -122,7 +124,7 @@ void frmGraphData::connectTitles() {
 
 void frmGraphData::setToolTips() {
     const auto say = [](QWidget& control, GraphTip which) {
-        tip(control, [which] { return ::toolTip(which, RESULTS.percentileLevel); });
+        tip(control, [which] { return korvel::toolTip(which, RESULTS.percentileLevel); });
     };
     say(Check[0], GraphTip::plotMeans);
     say(Check[1], GraphTip::plotPercentiles);
@@ -279,3 +281,5 @@ std::string frmGraphData::nextStep() const {
     const std::optional<Message> missing = missingData(m_choices);
     return missing ? "Next: choose reaches and determinands in one of the two modes." : "Next: choose Plot.";
 }
+
+} // namespace korvel

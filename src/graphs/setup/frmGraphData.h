@@ -4,10 +4,12 @@
 #include "graphs/draw/frmSimgraph.h"
 #include "graphs/setup/GraphChoices.h"
 #include "graphs/setup/ResultsLoading.h"
-#include "toolkit/ControlArray.h"
-#include "toolkit/Form.h"
+#include "toolkit/forms/ControlArray.h"
+#include "toolkit/forms/Form.h"
 
 #include <QButtonGroup>
+
+namespace korvel {
 
 class frmGraphData : public Form {
   public:
@@ -93,3 +95,5 @@ class frmGraphData : public Form {
     bool m_loading = false;
     frmSimgraph& m_graph;
 };
+
+} // namespace korvel

@@ -1,5 +1,7 @@
 #include "graphs/setup/frmGraphData.h"
 
+namespace korvel {
+
 namespace {
 
 constexpr const char* controlKeyHint = "(Use control key for multiple selections.)";
@@ -84,3 +86,5 @@ ControlArray<QLineEdit> frmGraphData::titleBoxes() {
     add(2, "Sub-title", at(150, 5700, 5610, 300), {});
     return array;
 }
+
+} // namespace korvel

@@ -1,0 +1,68 @@
+// A picture as a list of plain commands, in the units of a graph (twips) or a page (inches): y runs downward
+// from the top left. What is drawn first lies below; texts lie above everything else. One painter plays it to
+// a window, an image, an SVG or a PDF page.
+#pragma once
+
+#include "basic/Palette.h"
+#include "drawing/TextMetrics.h"
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace korvel {
+
+enum class Dash { solid, dash, dot, dashDot, dashDotDot };
+
+struct Pen {
+    Rgb colour;
+    double width = 1; // pixels on screen, printer dots (1/300 inch) on paper
+    Dash dash = Dash::solid;
+    bool operator==(const Pen&) const = default;
+};
+
+struct DrawnPoint {
+    double x = 0;
+    double y = 0;
+    bool operator==(const DrawnPoint&) const = default;
+};
+
+struct DrawnLine {
+    DrawnPoint from;
+    DrawnPoint to;
+    Pen pen;
+    bool operator==(const DrawnLine&) const = default;
+};
+
+// Points joined by straight lines. Long runs are thinned by the painter for the device's resolution.
+struct DrawnRun {
+    std::vector<DrawnPoint> points;
+    Pen pen;
+    bool operator==(const DrawnRun&) const = default;
+};
+
+// `corner`: the top left of the text's box. Lying text only.
+struct DrawnText {
+    DrawnPoint corner;
+    double width = 0; // as measured
+    double height = 0;
+    std::string text;
+    Font font;
+    Rgb colour;
+    bool operator==(const DrawnText&) const = default;
+};
+
+using DrawnCommand = std::variant<DrawnLine, DrawnRun, DrawnText>;
+
+struct Drawing {
+    double width = 0;
+    double height = 0;
+    double unitsPerInch = 1440; // twips; 1 where the page is in inches
+    std::vector<DrawnCommand> commands;
+
+    void clear() { commands.clear(); }
+    int textCount() const;
+    bool operator==(const Drawing&) const = default;
+};
+
+} // namespace korvel

@@ -1,0 +1,37 @@
+#include "drawing/paint/CoveredColumns.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvel {
+
+CoveredColumns::CoveredColumns(int left, int right)
+    : m_left(left), m_stretches(static_cast<std::size_t>(right - left + 1), nothing) {}
+
+void CoveredColumns::add(int column, Stretch stretch) {
+    Stretch& known = m_stretches[static_cast<std::size_t>(column - m_left)];
+    if (stretch.top > known.bottom + 1 || stretch.bottom < known.top - 1)
+        addBox(column, std::exchange(known, stretch));
+    else
+        known = {std::min(known.top, stretch.top), std::max(known.bottom, stretch.bottom)};
+}
+
+std::vector<QRect> CoveredColumns::takeBoxes() {
+    int column = m_left;
+    for (Stretch& stretch : m_stretches)
+        addBox(column++, std::exchange(stretch, nothing));
+    return std::exchange(m_boxes, {});
+}
+
+// Where the last box ends at the same heights in the column before, it grows.
+void CoveredColumns::addBox(int column, Stretch stretch) {
+    if (stretch.top > stretch.bottom) return;
+    const bool grows = !m_boxes.empty() && m_boxes.back().right() == column - 1 &&
+                       m_boxes.back().top() == stretch.top && m_boxes.back().bottom() == stretch.bottom;
+    if (grows)
+        m_boxes.back().setRight(column);
+    else
+        m_boxes.emplace_back(QPoint(column, stretch.top), QPoint(column, stretch.bottom));
+}
+
+} // namespace korvel

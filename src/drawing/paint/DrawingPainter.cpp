@@ -1,0 +1,205 @@
+#include "drawing/paint/DrawingPainter.h"
+
+#include "drawing/paint/CrossStamps.h"
+#include "drawing/paint/MergedLines.h"
+#include "drawing/paint/PageTexts.h"
+#include "drawing/paint/QtTextMetrics.h"
+#include "drawing/paint/RunThinning.h"
+#include "drawing/paint/Shown.h"
+#include "drawing/paint/SolidPen.h"
+
+#include <QFontMetricsF>
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace korvel {
+
+namespace {
+
+constexpr double screenDotsPerInch = 96;
+constexpr double pageDotsPerInch = 300;
+constexpr double pointsPerInch = 72;
+constexpr double finerGrid = 8; // steps a logical pixel where lines are stored, not painted
+
+bool storesLines(const QPainter& painter) {
+    const QPaintEngine::Type type = painter.paintEngine()->type();
+    return type == QPaintEngine::Pdf || type == QPaintEngine::SVG || type == QPaintEngine::Picture;
+}
+
+// Dashes and gaps, in 1/96 inch, so that they can be seen with thin pens on fine devices too.
+QList<qreal> dashLengths(Dash dash) {
+    switch (dash) {
+    case Dash::solid: break;
+    case Dash::dash: return {6, 3};
+    case Dash::dot: return {2, 3};
+    case Dash::dashDot: return {6, 3, 2, 3};
+    case Dash::dashDotDot: return {6, 3, 2, 3, 2, 3};
+    }
+    return {};
+}
+
+struct DeviceScale {
+    PixelGrid grid;
+    double penUnit = 1; // pixels of a pen's width 1
+    double pixelsPerInch = screenDotsPerInch;
+};
+
+class DrawingPlayer {
+  public:
+    DrawingPlayer(const Drawing& drawing, QPainter& painter, const DeviceScale& scale)
+        : m_drawing(drawing), m_painter(painter), m_scale(scale), m_stored(storesLines(painter)) {
+        m_painter.save();
+        m_painter.setRenderHint(QPainter::Antialiasing, false);
+        m_painter.setRenderHint(QPainter::TextAntialiasing, true);
+        m_painter.setBrush(Qt::NoBrush);
+    }
+    ~DrawingPlayer() { m_painter.restore(); }
+    DrawingPlayer(const DrawingPlayer&) = delete;
+    DrawingPlayer& operator=(const DrawingPlayer&) = delete;
+
+    // Texts as pieces of a page where `texts` is given.
+    void play(PageTexts* texts = nullptr) {
+        for (const DrawnCommand& command : m_drawing.commands) {
+            if (const auto* line = std::get_if<DrawnLine>(&command))
+                draw(*line);
+            else if (const auto* run = std::get_if<DrawnRun>(&command))
+                draw(*run);
+        }
+        flushLines();
+        for (const DrawnCommand& command : m_drawing.commands)
+            if (const auto* text = std::get_if<DrawnText>(&command))
+                if (texts == nullptr || !texts->add(*text, cornerOf(*text))) draw(*text);
+        if (texts != nullptr) texts->flush();
+    }
+
+    double dotsPerPoint() const { return m_drawing.unitsPerInch * m_scale.grid.scale / pointsPerInch; }
+
+  private:
+    void draw(const DrawnLine& line) {
+        const auto from = m_scale.grid.point(line.from), to = m_scale.grid.point(line.to);
+        if (!from || !to) return;
+        use(line.pen);
+        if (line.pen.dash == Dash::solid)
+            m_lines.emplace_back(*from, *to);
+        else
+            m_painter.drawLine(*from, *to);
+    }
+
+    // Lines of one pen at once. Where they are stored a rule is one line, however many rows it passes.
+    void flushLines() {
+        if (m_stored) {
+            const std::vector<QLine> merged = mergedLines(m_lines);
+            m_painter.drawLines(merged.data(), static_cast<int>(merged.size()));
+        } else
+            drawLinesAndCrosses(m_painter, m_lines, QRect(0, 0, m_scale.grid.width, m_scale.grid.height));
+        m_lines.clear();
+    }
+
+    void draw(const DrawnRun& run) {
+        use(run.pen);
+        // Dashes go on along the whole run; lines of their own would each begin anew.
+        if (m_stored || run.pen.dash != Dash::solid)
+            m_painter.drawPolyline(thinnedPolygon(run.points, m_scale.grid));
+        else
+            drawThinned(run);
+    }
+
+    // Never one wide line through all points: painting its joins takes a hundred times as long.
+    void drawThinned(const DrawnRun& run) {
+        const QPen pen = m_painter.pen();
+        const ThinnedRun thinned = thinnedRun(run.points, m_scale.grid, pen.width());
+        m_painter.drawLines(thinned.lines.data(), static_cast<int>(thinned.lines.size()));
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(pen.color());
+        m_painter.drawRects(thinned.boxes.data(), static_cast<int>(thinned.boxes.size()));
+        m_painter.setBrush(Qt::NoBrush);
+        m_painter.setPen(pen);
+    }
+
+    void draw(const DrawnText& text) {
+        use(text.font);
+        m_painter.setPen(QColor(text.colour.red, text.colour.green, text.colour.blue));
+        m_pen.reset();
+        const QPointF corner = cornerOf(text);
+        m_painter.drawText(QPointF(corner.x(), std::round(corner.y() + m_ascent)), shown(text.text));
+    }
+
+    QPointF cornerOf(const DrawnText& text) const {
+        const PixelGrid& grid = m_scale.grid;
+        return {grid.left + text.corner.x * grid.scale, grid.top + text.corner.y * grid.scale};
+    }
+
+    void use(const Pen& pen) {
+        if (m_pen == pen) return;
+        flushLines();
+        m_pen = pen;
+        const int width = std::max(1, static_cast<int>(std::lround(pen.width * m_scale.penUnit)));
+        QPen qt = solidPen(QColor(pen.colour.red, pen.colour.green, pen.colour.blue), width);
+        QList<qreal> dashes = dashLengths(pen.dash);
+        for (qreal& length : dashes)
+            length *= m_scale.pixelsPerInch / screenDotsPerInch / width;
+        if (!dashes.isEmpty()) {
+            qt.setCapStyle(Qt::FlatCap);
+            qt.setDashPattern(dashes);
+        }
+        m_painter.setPen(qt);
+    }
+
+    void use(const Font& font) {
+        if (m_font == font) return;
+        m_font = font;
+        const QFont qt = drawnFont(font, font.size * dotsPerPoint(), m_painter.device()->logicalDpiY());
+        m_painter.setFont(qt);
+        m_ascent = QFontMetricsF(qt, m_painter.device()).ascent();
+    }
+
+    const Drawing& m_drawing;
+    QPainter& m_painter;
+    DeviceScale m_scale;
+    bool m_stored;
+    std::optional<Pen> m_pen;
+    std::optional<Font> m_font;
+    double m_ascent = 0;
+    std::vector<QLine> m_lines; // not painted yet, all of m_pen
+};
+
+// Where a screen's scale is broken, a form's parts stand between pixels; there, a line, a box and an image of
+// the same place would not agree.
+void beginAtWholePixel(QPainter& painter) {
+    const QTransform device = painter.deviceTransform();
+    painter.translate(std::round(device.dx()) - device.dx(), std::round(device.dy()) - device.dy());
+}
+
+} // namespace
+
+void paintOnScreen(const Drawing& drawing, QPainter& painter) {
+    const bool stored = storesLines(painter);
+    const double ratio = stored ? finerGrid : painter.device()->devicePixelRatio();
+    const double logicalPixel = stored ? painter.device()->logicalDpiX() / screenDotsPerInch : 1;
+    painter.save();
+    painter.scale(logicalPixel / ratio, logicalPixel / ratio);
+    if (!stored) beginAtWholePixel(painter);
+    const double pixelsPerInch = ratio * screenDotsPerInch;
+    const double perUnit = pixelsPerInch / drawing.unitsPerInch;
+    const PixelGrid grid{0, 0, perUnit, static_cast<int>(std::ceil(drawing.width * perUnit)),
+                         static_cast<int>(std::ceil(drawing.height * perUnit))};
+    DrawingPlayer(drawing, painter, {grid, ratio, pixelsPerInch}).play();
+    painter.restore();
+}
+
+void paintOnPage(const Drawing& drawing, QPainter& painter, const QRectF& area, GlyphFonts& fonts) {
+    const double dotsPerInch = painter.device()->logicalDpiX();
+    const double perUnit = area.width() / drawing.width;
+    const PixelGrid grid{area.left(), area.top(), perUnit, painter.device()->width(),
+                         painter.device()->height()};
+    DrawingPlayer player(drawing, painter, {grid, dotsPerInch / pageDotsPerInch, dotsPerInch});
+    PageTexts texts(painter, fonts, player.dotsPerPoint());
+    player.play(&texts);
+}
+
+} // namespace korvel

@@ -1,0 +1,51 @@
+#include "drawing/paint/QtTextMetrics.h"
+
+#include "drawing/paint/Shown.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+namespace {
+
+constexpr int referencePixels = 256;
+constexpr double twipsPerPoint = 20;
+
+QFont evenFont(const Font& font) {
+    QFont qt(shown(font.name));
+    qt.setBold(font.bold);
+    qt.setHintingPreference(QFont::PreferNoHinting);
+    return qt;
+}
+
+} // namespace
+
+QFont qtFont(const Font& font) {
+    QFont qt(shown(font.name));
+    qt.setPointSizeF(font.size > 0 ? font.size : 1);
+    qt.setBold(font.bold);
+    return qt;
+}
+
+QFont drawnFont(const Font& font, double pixelsHigh, int dotsPerInch) {
+    QFont qt = evenFont(font);
+    qt.setPointSizeF(std::max(pixelsHigh, 0.1) * 72 / dotsPerInch);
+    return qt;
+}
+
+const QFontMetricsF& QtTextMetrics::reference(const Font& font) const {
+    const std::pair key(font.name, font.bold);
+    const auto found = m_references.find(key);
+    if (found != m_references.end()) return found->second;
+    QFont large = evenFont(font);
+    large.setPixelSize(referencePixels);
+    return m_references.emplace(key, QFontMetricsF(large)).first->second;
+}
+
+TextSize QtTextMetrics::measure(std::string_view text, const Font& font) const {
+    const QFontMetricsF& metrics = reference(font);
+    const double scale = font.size * twipsPerPoint / referencePixels;
+    return {metrics.horizontalAdvance(shown(text)) * scale, metrics.height() * scale};
+}
+
+} // namespace korvel

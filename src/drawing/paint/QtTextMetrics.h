@@ -1,0 +1,32 @@
+// Text as Qt's fonts measure it, at 15 twips a logical pixel.
+#pragma once
+
+#include "drawing/TextMetrics.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+
+#include <map>
+#include <string>
+#include <utility>
+
+namespace korvel {
+
+// Measured once at a large size and scaled: a text twice the size is exactly twice as wide, on every device.
+class QtTextMetrics : public TextMetrics {
+  public:
+    TextSize measure(std::string_view text, const Font& font) const override;
+
+  private:
+    const QFontMetricsF& reference(const Font& font) const;
+
+    mutable std::map<std::pair<std::string, bool>, QFontMetricsF> m_references; // by name and bold
+};
+
+// A font of a size in points.
+QFont qtFont(const Font& font);
+
+// The same of a height in pixels, with shapes that grow evenly with the size.
+QFont drawnFont(const Font& font, double pixelsHigh, int dotsPerInch);
+
+} // namespace korvel

@@ -1,9 +1,0 @@
-#include "graphs/draw/Drawing.h"
-
-#include <algorithm>
-
-int Drawing::textCount() const {
-    return static_cast<int>(std::count_if(commands.begin(), commands.end(), [](const DrawnCommand& command) {
-        return std::holds_alternative<DrawnText>(command);
-    }));
-}

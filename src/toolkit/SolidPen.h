@@ -1,8 +1,0 @@
-// The pen of solid lines: its square ends are those of boxes.
-#pragma once
-
-#include <QPen>
-
-inline QPen solidPen(const QColor& colour, int width) {
-    return {colour, static_cast<qreal>(width), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
-}

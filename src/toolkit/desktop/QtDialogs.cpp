@@ -1,0 +1,132 @@
+#include "toolkit/desktop/QtDialogs.h"
+
+#include "basic/ModelName.h"
+#include "drawing/paint/Shown.h"
+#include "toolkit/paper/PrinterChoice.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPushButton>
+
+namespace korvel {
+
+namespace {
+
+QWidget* topForm() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+QMessageBox::Icon iconOf(Icon icon) {
+    switch (icon) {
+    case Icon::exclamation: return QMessageBox::Warning;
+    case Icon::question: return QMessageBox::Question;
+    case Icon::critical: return QMessageBox::Critical;
+    case Icon::information: return QMessageBox::Information;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// "caption|pattern|caption|pattern" as Qt lists it. A caption that names its own pattern stands as it is.
+QStringList nameFilters(const std::string& filter) {
+    const QStringList parts = shown(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const bool namesPattern = parts[i].contains('(' + parts[i + 1] + ')');
+        filters << (namesPattern ? parts[i] : parts[i] + " (" + parts[i + 1] + ')');
+    }
+    return filters;
+}
+
+// The dialog takes any name: what is wrong with it is the program's own check to say.
+void prepare(QFileDialog& dialog, FileDialogKind kind, const FileDialogSettings& settings) {
+    dialog.setObjectName(shown(settings.objectName));
+    dialog.setWindowTitle(shown(settings.title));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setAcceptMode(kind == FileDialogKind::open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !settings.overwritePrompt);
+    dialog.setNameFilters(nameFilters(settings.filter));
+    dialog.setDefaultSuffix(shown(settings.defaultExtension));
+    if (!settings.initialFolder.empty())
+        dialog.setDirectory(QFile::decodeName(hostPathOf(settings.initialFolder).c_str()));
+}
+
+// The dialog only chooses: nothing is printed when it closes.
+void prepare(QPrintDialog& dialog, const std::string& objectName) {
+    dialog.setObjectName(shown(objectName));
+    dialog.setWindowTitle("Printer Setup");
+    dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange |
+                      QPrintDialog::PrintCollateCopies);
+    const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+    QPushButton* accept = buttons != nullptr ? buttons->button(QDialogButtonBox::Ok) : nullptr;
+    if (accept != nullptr) accept->setText("OK");
+}
+
+// The dialog lists files, its last entry, only once it is shown, and never shows that one was chosen before.
+void selectFile(QPrintDialog& dialog, const QString& file) {
+    dialog.setModal(true);
+    dialog.show();
+    if (auto* printers = dialog.findChild<QComboBox*>("printers"))
+        printers->setCurrentIndex(printers->count() - 1);
+    if (auto* name = dialog.findChild<QLineEdit*>("filename")) name->setText(file);
+}
+
+// Without a refusal where the printer is none that writes files.
+ChosenFile chosenFile(const QPrinter& printer) {
+    if (printer.outputFormat() != QPrinter::PdfFormat) return {};
+    const std::string path = QFile::encodeName(printer.outputFileName()).toStdString();
+    return {modelNameOfHostPath(path), whyNotAModelName(path, NameUse::asChosen)};
+}
+
+} // namespace
+
+Answer QtDialogs::show(const Message& message) {
+    QMessageBox box(topForm());
+    box.setObjectName("messageBox");
+    box.setWindowTitle(shown(message.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(shown(message.text));
+    box.setIcon(iconOf(message.icon));
+    const bool asks = message.buttons == Buttons::yesNo;
+    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No
+                                : QMessageBox::StandardButtons(QMessageBox::Ok));
+    const int pressed = box.exec();
+    if (!asks) return Answer::ok;
+    return pressed == QMessageBox::Yes ? Answer::yes : Answer::no;
+}
+
+std::optional<ChosenFile> QtDialogs::chooseFile(FileDialogKind kind, const FileDialogSettings& settings) {
+    QFileDialog dialog(topForm());
+    prepare(dialog, kind, settings);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    const QString path = QDir::cleanPath(dialog.selectedFiles().constFirst());
+    QDir::setCurrent(QFileInfo(path).absolutePath());
+    const std::string hostPath = QFile::encodeName(path).toStdString();
+    return ChosenFile{modelNameOfHostPath(hostPath), whyNotAModelName(hostPath, settings.nameUse)};
+}
+
+void QtDialogs::choosePrinter(const std::string& objectName) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName("KORVEL"); // the name that the dialog proposes for a PDF file
+    m_printer.showOn(printer);
+    QPrintDialog dialog(&printer, topForm());
+    prepare(dialog, objectName);
+    if (m_printer.chosen() && !m_printer.chosen()->file.isEmpty())
+        selectFile(dialog, m_printer.chosen()->file);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const ChosenFile file = chosenFile(printer);
+    if (file.refusal)
+        show(refusedName(file));
+    else
+        m_printer.takeFrom(printer);
+}
+
+} // namespace korvel

@@ -1,0 +1,16 @@
+// What has to be settled before the application object exists, and how the program looks.
+#pragma once
+
+namespace korvel {
+
+// One point is always 96/72 logical pixels, whatever the desktop says of its fonts: places are in twips, and
+// captions must fit them.
+void settleBeforeQt();
+
+// For commands: no display is needed.
+void settleForNoDisplay();
+
+// Style and colours, once the application object exists.
+void settleLook();
+
+} // namespace korvel

@@ -1,0 +1,88 @@
+#include "toolkit/paper/PdfJob.h"
+
+#include "basic/RunTimeError.h"
+#include "drawing/paint/DrawingPainter.h"
+#include "drawing/paint/Shown.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvel {
+
+namespace {
+
+constexpr int dotsPerInch = 300;
+constexpr double pointsPerInch = 72;
+
+void prepare(QPdfWriter& writer, const PdfJobSettings& settings) {
+    const bool landscape = settings.orientation == Orientation::landscape;
+    writer.setResolution(dotsPerInch);
+    writer.setPageLayout(
+        {QPageSize(QPageSize::A4), landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()});
+    writer.setTitle(shown(settings.title));
+    writer.setCreator("KORVEL");
+}
+
+// The largest place of a drawing's proportions in the middle of an area.
+QRectF placeIn(const QRectF& area, const Drawing& drawing) {
+    const double scale = std::min(area.width() / drawing.width, area.height() / drawing.height);
+    QRectF place(0, 0, drawing.width * scale, drawing.height * scale);
+    place.moveCenter(area.center());
+    return place;
+}
+
+} // namespace
+
+void TargetDevice::throwFailure() const {
+    if (m_failure) std::rethrow_exception(m_failure);
+}
+
+qint64 TargetDevice::writeData(const char* data, qint64 size) {
+    if (m_failure) return -1;
+    try {
+        m_target.write({data, static_cast<std::size_t>(size)});
+        return size;
+    } catch (...) {
+        m_failure = std::current_exception();
+        return -1;
+    }
+}
+
+PdfJob::PdfJob(PdfJobSettings settings, std::unique_ptr<PdfTarget> target)
+    : m_settings(std::move(settings)), m_target(std::move(target)), m_device(*m_target), m_writer(&m_device) {
+    prepare(m_writer, m_settings);
+}
+
+void PdfJob::page(const Drawing& drawing) {
+    ++m_pages;
+    if (!m_settings.pages.isEmpty() && !m_settings.pages.contains(m_pages)) return;
+    beginPage();
+    paintOnPage(drawing, m_painter, placeIn(printableArea(), drawing), m_fonts);
+    m_device.throwFailure();
+}
+
+// A document without a page in the chosen range can't be printed.
+std::string PdfJob::finish() {
+    if (!m_painter.isActive()) throw RunTimeError(errors::printerError);
+    m_painter.end();
+    m_device.throwFailure();
+    m_target->finish();
+    return m_settings.toTell;
+}
+
+void PdfJob::beginPage() {
+    const bool begun = m_painter.isActive() ? m_writer.newPage() : m_painter.begin(&m_writer);
+    m_device.throwFailure();
+    if (!begun) throw RunTimeError(errors::printerError);
+}
+
+QRectF PdfJob::printableArea() const {
+    const bool landscape = m_settings.orientation == Orientation::landscape;
+    const double width = landscape ? printableLongSide : printableShortSide;
+    const double height = landscape ? printableShortSide : printableLongSide;
+    const QSizeF sheet = m_writer.pageLayout().fullRect(QPageLayout::Point).size() / pointsPerInch;
+    return {(sheet.width() - width) / 2 * dotsPerInch, (sheet.height() - height) / 2 * dotsPerInch,
+            width * dotsPerInch, height * dotsPerInch};
+}
+
+} // namespace korvel

@@ -1,0 +1,59 @@
+// A print job as a PDF document: A4, vectors, text as text, a page at a time.
+#pragma once
+
+#include "drawing/paint/GlyphFonts.h"
+#include "platform/Paper.h"
+#include "toolkit/paper/PdfTarget.h"
+
+#include <QIODevice>
+#include <QPageRanges>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include <exception>
+
+namespace korvel {
+
+struct PdfJobSettings {
+    std::string title;
+    Orientation orientation = Orientation::portrait;
+    QPageRanges pages;  // of the document that are made; empty: all
+    std::string toTell; // what finish() returns
+};
+
+// The writer's way out: a failure of the target is kept until the job can throw it.
+class TargetDevice : public QIODevice {
+  public:
+    explicit TargetDevice(PdfTarget& target) : m_target(target) { open(WriteOnly | Unbuffered); }
+    bool isSequential() const override { return true; }
+    void throwFailure() const;
+
+  protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char* data, qint64 size) override;
+
+  private:
+    PdfTarget& m_target;
+    std::exception_ptr m_failure;
+};
+
+class PdfJob : public PrintJob {
+  public:
+    PdfJob(PdfJobSettings settings, std::unique_ptr<PdfTarget> target);
+    void page(const Drawing& drawing) override;
+    std::string finish() override;
+
+  private:
+    void beginPage();
+    QRectF printableArea() const;
+
+    PdfJobSettings m_settings;
+    std::unique_ptr<PdfTarget> m_target;
+    TargetDevice m_device;
+    GlyphFonts m_fonts;
+    QPdfWriter m_writer;
+    QPainter m_painter; // active from the first page on
+    int m_pages = 0;
+};
+
+} // namespace korvel

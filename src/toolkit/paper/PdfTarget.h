@@ -1,0 +1,45 @@
+// Where the bytes of a PDF document go: a file, or a print queue.
+#pragma once
+
+#include "platform/Files.h"
+#include "toolkit/paper/PrintQueue.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvel {
+
+// Dropped without finish(), nothing of the document stays.
+class PdfTarget {
+  public:
+    virtual ~PdfTarget() = default;
+    virtual void write(std::string_view bytes) = 0;
+    virtual void finish() = 0;
+};
+
+// A PDF file that replaces another whole; a file that can't be written fails at once, as Files::create tells.
+class FileTarget : public PdfTarget {
+  public:
+    FileTarget(Files& files, const std::string& name) : m_file(files.create(name)) {}
+    void write(std::string_view bytes) override { m_file->write(bytes); }
+    void finish() override { m_file->commit(); }
+
+  private:
+    std::unique_ptr<NewFile> m_file;
+};
+
+// A queue that takes jobs, or error 482; it is asked again before it gets the document.
+class QueueTarget : public PdfTarget {
+  public:
+    explicit QueueTarget(QueueJob job);
+    ~QueueTarget() override;
+    void write(std::string_view bytes) override;
+    void finish() override;
+
+  private:
+    QueueJob m_job;
+    int m_file = -1; // a private temporary file without a name, so that nothing of it can be left behind
+};
+
+} // namespace korvel
