@@ -1,0 +1,41 @@
+// One results file, read into a data set of its own, as slot 0.
+#pragma once
+
+#include "platform/Files.h"
+#include "platform/Message.h"
+#include "study/ReachPoints.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+struct RunFile {
+    std::string file; // model name
+    ResultsDataSet results;
+    ReachPoints reaches;
+
+    std::string reachName(int number) const; // without the blanks around it
+};
+
+using SharedRun = std::shared_ptr<const RunFile>;
+
+struct ReadRun {
+    SharedRun run;                  // none where the file can't be read
+    std::optional<Message> failure; // why, in the reader's words
+};
+
+// Of one file, 0 to 1; called on the thread that reads.
+using RunProgress = std::function<void(double)>;
+
+ReadRun readRun(Files& files, const std::string& file, const RunProgress& progress = {});
+
+// Reads them side by side, as many at a time as there are processors; the results stand in the files' order.
+// `progress` is told the share of all of them, on one thread at a time.
+std::vector<ReadRun> readRuns(Files& files, const std::vector<std::string>& names,
+                              const RunProgress& progress = {});
+
+} // namespace korvel
