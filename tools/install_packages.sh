@@ -4,7 +4,7 @@
 # network, where nothing is missing.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev fonts-liberation)
+packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev nlohmann-json3-dev fonts-liberation)
 if [[ ${1:-run} == test ]]; then
     packages+=(libgtest-dev libgmock-dev clang-format python3 xvfb openbox xdotool x11-utils imagemagick poppler-utils
         cups git util-linux)

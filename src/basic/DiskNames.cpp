@@ -3,6 +3,7 @@
 #include "basic/Text.h"
 
 #include <dirent.h>
+#include <functional>
 #include <memory>
 #include <sys/stat.h>
 #include <vector>
@@ -31,22 +32,22 @@ bool isThere(const std::string& path) {
     return lstat(path.c_str(), &status) == 0;
 }
 
+void forEachName(const std::string& folder, const std::function<void(const std::string&)>& take) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(pathIn(folder, ".").c_str()), closedir);
+    if (!listing) return;
+    while (const dirent* entry = readdir(listing.get()))
+        take(entry->d_name);
+}
+
 // The first name in byte order that differs from the component in case only; the component itself without
 // one.
 std::string firstTwin(const std::string& folder, const std::string& component) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(pathIn(folder, ".").c_str()), closedir);
     const std::string wanted = upperCase(component);
     std::string found;
-    if (!listing) return component;
-    while (const dirent* entry = readdir(listing.get())) {
-        const std::string name = entry->d_name;
+    forEachName(folder, [&](const std::string& name) {
         if (upperCase(name) == wanted && (found.empty() || name < found)) found = name;
-    }
+    });
     return found.empty() ? component : found;
-}
-
-std::string spellingOnDisk(const std::string& folder, const std::string& component) {
-    return isThere(pathIn(folder, component)) ? component : firstTwin(folder, component);
 }
 
 bool isOnZ(std::string_view name) {
@@ -54,26 +55,14 @@ bool isOnZ(std::string_view name) {
            (name.size() == 2 || name[2] == '\\');
 }
 
-} // namespace
+using Spelling = std::function<std::string(const std::string& folder, const std::string& component)>;
 
-std::string hostPathOf(std::string_view modelName) {
-    if (!isOnZ(modelName)) return std::string(modelName);
-    std::string path;
-    for (const std::string& component : componentsOf(modelName.substr(2), '\\'))
-        path = pathIn(path, spellingOnDisk(path, component));
-    return path.empty() ? "/" : path;
-}
-
-std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse use) {
-    if (contains(hostPath, "\\"))
-        return "The name holds a backslash, which a model name can't hold. Rename the file or folder.";
-    // The files that name files hold one a line.
-    if (hostPath.find_first_of("\r\n") != std::string_view::npos)
-        return "The name holds a line end, which a model name can't hold. Rename the file or folder.";
+std::optional<std::string> whyNotFoundAgain(std::string_view hostPath, NameUse use,
+                                            const Spelling& spelling) {
     std::string folder;
     for (const std::string& component : componentsOf(hostPath, '/')) {
-        const std::string spelt = use == NameUse::inUpperCase ? upperCase(component) : component;
-        const std::string found = spellingOnDisk(folder, spelt);
+        const std::string found =
+            spelling(folder, use == NameUse::inUpperCase ? upperCase(component) : component);
         if (found != component) {
             if (isThere(pathIn(folder, found)))
                 return "Another file or folder has the same name but for upper and lower case. Rename one of "
@@ -87,6 +76,62 @@ std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse u
         folder = pathIn(folder, component);
     }
     return std::nullopt;
+}
+
+std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse use,
+                                            const Spelling& spelling) {
+    if (contains(hostPath, "\\"))
+        return "The name holds a backslash, which a model name can't hold. Rename the file or folder.";
+    // The files that name files hold one a line.
+    if (hostPath.find_first_of("\r\n") != std::string_view::npos)
+        return "The name holds a line end, which a model name can't hold. Rename the file or folder.";
+    return whyNotFoundAgain(hostPath, use, spelling);
+}
+
+} // namespace
+
+std::string spellingOnDisk(const std::string& folder, const std::string& component) {
+    return isThere(pathIn(folder, component)) ? component : firstTwin(folder, component);
+}
+
+const std::string& KnownFolders::spellingOnDisk(const std::string& folder, const std::string& component) {
+    const auto [place, isNew] = m_spellings.try_emplace(pathIn(folder, component), component);
+    if (isNew && !isThere(place->first)) {
+        const Twins& twins = twinsIn(folder);
+        const auto twin = twins.find(upperCase(component));
+        if (twin != twins.end()) place->second = twin->second;
+    }
+    return place->second;
+}
+
+const KnownFolders::Twins& KnownFolders::twinsIn(const std::string& folder) {
+    const auto [place, isNew] = m_twins.try_emplace(folder);
+    if (!isNew) return place->second;
+    forEachName(folder, [&](const std::string& name) {
+        const auto [twin, isFirst] = place->second.try_emplace(upperCase(name), name);
+        if (!isFirst && name < twin->second) twin->second = name;
+    });
+    return place->second;
+}
+
+std::string hostPathOf(std::string_view modelName) {
+    if (!isOnZ(modelName)) return std::string(modelName);
+    std::string path;
+    for (const std::string& component : componentsOf(modelName.substr(2), '\\'))
+        path = pathIn(path, spellingOnDisk(path, component));
+    return path.empty() ? "/" : path;
+}
+
+std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse use) {
+    return whyNotAModelName(hostPath, use, [](const std::string& folder, const std::string& component) {
+        return spellingOnDisk(folder, component);
+    });
+}
+
+std::optional<std::string> whyNotAModelName(std::string_view hostPath, NameUse use, KnownFolders& known) {
+    return whyNotAModelName(hostPath, use, [&](const std::string& folder, const std::string& component) {
+        return known.spellingOnDisk(folder, component);
+    });
 }
 
 } // namespace korvel

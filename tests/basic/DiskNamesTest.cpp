@@ -149,6 +149,22 @@ TEST(DiskNames, FindsEveryAcceptedNameAgain) {
     }
 }
 
+TEST(DiskNames, AreFoundTheSameWhereFoldersAreRemembered) {
+    const TemporaryFolder folder;
+    for (const char* name :
+         {"Rivers/North/a.dat", "Rivers/North/A.DAT", "Rivers/North/b.dat", "Rivers/c.DAT"})
+        folder.put(name);
+    KnownFolders known;
+    for (const char* name : {"Rivers/North/a.dat", "Rivers/North/A.DAT", "Rivers/North/b.dat", "Rivers/c.DAT",
+                             "Rivers/d.dat", "Nowhere/a.dat", "Rivers/e\\f"})
+        for (const NameUse use : {NameUse::asChosen, NameUse::inUpperCase})
+            EXPECT_EQ(whyNotAModelName(folder.path(name), use, known),
+                      whyNotAModelName(folder.path(name), use))
+                << name;
+    EXPECT_EQ(known.spellingOnDisk(folder.path("Rivers"), "C.dat"), "c.DAT");
+    EXPECT_EQ(known.spellingOnDisk(folder.path("Rivers"), "x"), "x");
+}
+
 } // namespace
 
 } // namespace korvel

@@ -1,0 +1,53 @@
+#include "many/PlanPlaces.h"
+
+#include "basic/RunTimeError.h"
+#include "basic/Text.h"
+
+#include <filesystem>
+
+namespace korvel {
+
+namespace {
+
+std::string absolute(const std::string& path) {
+    std::error_code withoutFolder; // the current one is gone
+    const std::string whole = std::filesystem::absolute(path, withoutFolder).lexically_normal().string();
+    if (withoutFolder) throw RunTimeError(errors::pathNotFound);
+    return whole;
+}
+
+std::string folderNameOf(std::string_view runName) {
+    std::string name;
+    for (const char character : runName) {
+        if (character == '/')
+            name += "%2F";
+        else if (character == '%')
+            name += "%25";
+        else if (character == '.' && name.empty())
+            name += "%2E"; // names that begin with a point are ours, or mean other folders
+        else
+            name += character;
+    }
+    return name;
+}
+
+} // namespace
+
+PlanPlaces placesOfPlan(const std::string& plan) {
+    PlanPlaces places;
+    places.plan = absolute(plan);
+    const auto slash = places.plan.rfind('/');
+    places.folder = slash == 0 ? "/" : places.plan.substr(0, slash);
+    const std::string stem =
+        lowerCase(last(places.plan, 4)) == ".csv" ? withoutLast(places.plan, 4) : places.plan;
+    places.record = stem + ".runs.jsonl";
+    places.runs = stem + ".runs";
+    places.cluster = places.runs + "/.slurm";
+    return places;
+}
+
+std::string privateFolderOf(const PlanPlaces& places, std::string_view runName) {
+    return places.runs + '/' + folderNameOf(runName);
+}
+
+} // namespace korvel
