@@ -88,8 +88,7 @@ int runCommand(const std::vector<std::string>& arguments, const Platform& platfo
                std::ostream& errors) {
     std::string caller = "korvel";
     ConsoleDialogs dialogs(errors);
-    Platform console{dialogs,          platform.files, platform.machine,
-                     platform.windows, platform.paper, platform.screenMetrics};
+    Platform console = withDialogs(platform, dialogs);
     try {
         const std::vector<std::string> rest = takeProgramOptions(arguments).rest;
         if (rest.empty()) throw UsageError("no command given");

@@ -19,4 +19,10 @@ struct Platform {
     const TextMetrics& screenMetrics;
 };
 
+// The same services with other dialogs.
+inline Platform withDialogs(const Platform& platform, Dialogs& dialogs) {
+    return {dialogs,          platform.files, platform.machine,
+            platform.windows, platform.paper, platform.screenMetrics};
+}
+
 } // namespace korvel

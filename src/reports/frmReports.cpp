@@ -134,7 +134,7 @@ void frmReports::loadResults() {
     GLOBAL.currentSlot = 0;
     setBusy("Reading the results ...");
     lblCancel.hide();
-    LoadResultsFile(doors(), true, [this](double share) {
+    LoadResultsFile(m_services, true, [this](double share) {
         Progress.setValue(static_cast<int>(share * Progress.maximum()));
         doors().windows.updateScreen();
     });
@@ -159,7 +159,7 @@ void frmReports::produce(OutputMode mode) {
     setBusy(mode == OutputMode::print ? "Printing ..." : "Writing to spreadsheet file ...");
     const auto idleAgain = qScopeGuard([this] { setIdle(); });
     const ReportSelection selection = m_choices.selection();
-    Output(doors(), mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]),
+    Output(m_services, mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]),
            [this](double share) { return showProgress(share); });
 }
 

@@ -1,6 +1,7 @@
 // The report form: what a tabular report of the results is to hold, and where it goes.
 #pragma once
 
+#include "platform/DialogsAfter.h"
 #include "reports/Output.h"
 #include "reports/ReportChoices.h"
 #include "reports/frmListing.h"
@@ -64,6 +65,9 @@ class frmReports : public Form {
         label("lblCancel", "Press Esc to cancel.", at(240, 840, 4020, 270), {.in = &frameProgress});
 
     ReportChoices m_choices;
+    // A message that ends a load or a report stands alone on the form.
+    DialogsAfter m_dialogs{doors().dialogs, [this] { frameProgress.hide(); }};
+    Platform m_services = withDialogs(doors(), m_dialogs);
     FileDialogSettings CDFilename;
     frmListing m_listing;
     bool m_loaded = false;

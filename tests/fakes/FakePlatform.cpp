@@ -153,6 +153,7 @@ Answer FakePlatform::show(const Message& message) {
     const Answer* answer = std::get_if<Answer>(&deed);
     if (!answer || !suits(*answer, message.buttons)) failUnexpected(question);
     note(question + " -> " + nameOf(*answer));
+    if (onMessage) onMessage();
     return *answer;
 }
 

@@ -75,6 +75,9 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     // What closing a form does besides being written down; the forms' tests close its window.
     std::function<void(ShownForm&)> closesForm;
 
+    // What the user sees when a message is shown.
+    std::function<void()> onMessage;
+
     // What the user does while a long piece of work lets events pass.
     std::function<void()> onPassEvents;
 

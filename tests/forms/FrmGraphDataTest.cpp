@@ -291,6 +291,25 @@ TEST_F(FrmGraphData, KeepsTheResultsOfARunPendingWhereTheyCannotBeRead) {
     EXPECT_TRUE(control<QLabel>(form, "Label_2").isHidden());
 }
 
+TEST_F(FrmGraphData, ShowsNoProgressWhileAMessageEndsTheLoad) {
+    int messages = 0;
+    platform.onMessage = [&] {
+        ++messages;
+        EXPECT_TRUE(control<QLabel>(form, "Label_2").isHidden());
+        EXPECT_TRUE(control<QProgressBar>(form, "Progress").isHidden());
+    };
+    const auto loadWithMessage = [&](const char* item, const char* file) {
+        platform.willChoose(platform.pathOf(file));
+        platform.willAnswer(Answer::ok);
+        choose(form, item);
+        platform.takeTranscript();
+    };
+    loadWithMessage("mnuDataFile1", "CUT.SGR");
+    load("mnuDataFile1", "A.SGR");
+    loadWithMessage("mnuDataFile2", "CUT.SGR");
+    EXPECT_EQ(messages, 2);
+}
+
 TEST_F(FrmGraphData, KeepsItsStateAfterAGraph) {
     showLoaded();
     chooseMode1();

@@ -105,6 +105,35 @@ TEST_F(FrmReportsOutput, SaysThatTheSpreadsheetFileIsOpenElsewhere) {
     EXPECT_TRUE(frame("frameProgress").isHidden());
 }
 
+TEST_F(FrmReportsOutput, HidesItsProgressBeforeAMessageIsShown) {
+    platform.printedTo = platform.pathOf("RIVER-report.pdf");
+    int messages = 0;
+    platform.onMessage = [&] {
+        ++messages;
+        EXPECT_TRUE(frame("frameProgress").isHidden()) << messages;
+    };
+    const auto expectMessageOf = [&](const char* item) {
+        const int before = messages;
+        platform.willAnswer(Answer::ok);
+        choose(form, item);
+        EXPECT_EQ(messages, before + 1);
+    };
+    open();
+    expectMessageOf("mnuPrint"); // where it went
+    for (const PrintStep step : {PrintStep::begin, PrintStep::page, PrintStep::finish}) {
+        platform.willFailPrinting(step);
+        expectMessageOf("mnuPrint");
+    }
+    platform.willFailPrinting(PrintStep::page, RunTimeError(errors::diskFull));
+    expectMessageOf("mnuPrint");
+    platform.putFile("RIVER.csv", "old");
+    platform.putFile(".~lock.RIVER.csv#", "");
+    expectMessageOf("mnuSpreadsheet");
+    platform.putFile("BAD.SGR", "no results");
+    platform.willChoose(platform.pathOf("BAD.SGR"));
+    expectMessageOf("mnuOpen");
+}
+
 TEST_F(FrmReportsOutput, ShowsItsProgressAndTakesNothingElseMeanwhile) {
     openRiver(manyReaches(300));
     std::vector<std::string> says;

@@ -5,6 +5,7 @@
 #include "global/GLOBAL.h"
 #include "graphs/setup/PlottingLists.h"
 #include "graphs/setup/ReachLists.h"
+#include "platform/DialogsAfter.h"
 
 namespace korvel {
 
@@ -34,12 +35,27 @@ void rememberLoad(GraphChoices& choices) {
     choices.firstLoad = GLOBAL.firstSlotLoads;
 }
 
+// A message stands alone: the form does not show meanwhile that it waits. After a warning reading goes on.
+void readWaiting(Platform& platform, GraphChoices& choices, const SetUpServices& services) {
+    const auto showWaiting = [&](bool waiting) {
+        if (choices.waiting == waiting) return;
+        choices.waiting = waiting;
+        services.showState();
+    };
+    DialogsAfter dialogs(platform.dialogs, [&] { showWaiting(false); });
+    Platform whileReading = withDialogs(platform, dialogs);
+    LoadResultsFile(whileReading, true, [&](double share) {
+        showWaiting(true);
+        if (services.progress) services.progress(share);
+    });
+}
+
 void load(Platform& platform, GraphChoices& choices, int slot, const SetUpServices& services) {
     GLOBAL.currentSlot = slot;
     if (slot == 0) GLOBAL.fileNames[1].clear();
     beginLoad(choices, slot, GLOBAL.fileNames[slot]);
     services.showState();
-    LoadResultsFile(platform, true, services.progress);
+    readWaiting(platform, choices, services);
     endLoad(choices, slot, GLOBAL.loadFailed ? LoadEnd::failed : LoadEnd::loaded, RESULTS);
     if (slot == 0) rememberLoad(choices);
 }
