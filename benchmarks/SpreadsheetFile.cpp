@@ -48,8 +48,8 @@ void fillValues(const ReportColumns& columns) {
 
 ReportSelection everyColumnOf(int determinands) {
     ReportSelection selection;
-    selection.means = selection.targets = selection.observed = selection.limits = selection.upstream = true;
-    selection.percentiles = {true, true, true};
+    selection.targets = selection.observed = selection.limits = selection.upstream = true;
+    selection.statistics = {allStatistics.begin(), allStatistics.end()};
     selection.reaches = {1};
     for (int series = 1; series <= determinands; ++series)
         selection.determinands.push_back(series);

@@ -9,7 +9,7 @@ const std::string help =
     std::string(
         "Usage: korvel csv FILE.SGR [OPTION]...\n\n"
         "Writes the report of a results file as a comma-separated file for a spreadsheet program.\n\n") +
-    selectionHelp +
+    selectionHelp() +
     "  --output FILE         the file to write; by default it lies beside the results file, with their "
     "name\n";
 

@@ -1,9 +1,9 @@
 #include "commands/GraphCall.h"
 
 #include "commands/Words.h"
+#include "results/Statistics.h"
 
 #include <algorithm>
-#include <array>
 
 namespace korvel {
 
@@ -118,10 +118,9 @@ void chooseStatistics(GraphChoices& choices, const std::string& list) {
 }
 
 void chooseLevel(GraphChoices& choices, const std::string& level, ResultsDataSet& results) {
-    const std::array<const char*, 3> levels = {"90", "95", "99"};
-    const auto found = std::ranges::find(levels, level);
-    if (found == levels.end()) throw UsageError("'" + level + "' is no level: 90, 95 or 99");
-    chooseLevelOption(choices, 3 + static_cast<int>(found - levels.begin()), results);
+    const auto found = std::ranges::find(statistics::percentiles, level, &StatisticFacts::name);
+    if (found == statistics::percentiles.end()) throw UsageError("'" + level + "' is no level: 90, 95 or 99");
+    chooseLevelOption(choices, 3 + found->level, results);
 }
 
 std::size_t featureEntry(const std::string& type) {

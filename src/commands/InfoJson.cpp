@@ -2,25 +2,13 @@
 #include "basic/Text.h"
 #include "commands/ConsoleDialogs.h"
 #include "commands/InfoReport.h"
+#include "results/Statistics.h"
 
-#include <array>
 #include <ostream>
 
 namespace korvel {
 
 namespace {
-
-constexpr std::array<std::pair<const char*, ValueField>, 5> plainFields = {
-    {{"meanValue", ValueField::meanValue},
-     {"meanLimit1", ValueField::meanLimit1},
-     {"meanLimit2", ValueField::meanLimit2},
-     {"observedMean", ValueField::observedMean},
-     {"targetValue", ValueField::targetValue}}};
-constexpr std::array<std::pair<const char*, ValueField>, 4> levelFields = {
-    {{"percentileValues", ValueField::percentileValues},
-     {"percentileLimit1", ValueField::percentileLimit1},
-     {"percentileLimit2", ValueField::percentileLimit2},
-     {"observedPercentiles", ValueField::observedPercentiles}}};
 
 std::string json(bool value) {
     return value ? "true" : "false";
@@ -94,13 +82,14 @@ std::string jsonOfValues(const ResultsDataSet& results, int slot, int point) {
     const ValueStore& values = results.values[slot];
     const int last = lastSeries(results);
     std::string text = "{";
-    for (auto [name, field] : plainFields) {
+    for (auto [field, name] : plainFieldNames) {
         const auto value = [&, field = field](int c) { return json(values.at(field, point, c)); };
         text += (text.size() > 1 ? ", " : "") + key(name) + list(0, last, value);
     }
-    for (auto [name, field] : levelFields) {
+    for (auto [field, name] : percentileFieldNames) {
         const auto levels = [&, field = field](int c) {
-            return list(0, 2, [&](int m) { return json(values.at(field, point, c, m)); });
+            return list(0, statistics::levels - 1,
+                        [&](int m) { return json(values.at(field, point, c, m)); });
         };
         text += ", " + key(name) + list(0, last, levels);
     }

@@ -2,6 +2,7 @@
 #include "basic/Text.h"
 #include "commands/InfoReport.h"
 #include "commands/TextTable.h"
+#include "results/Statistics.h"
 
 #include <map>
 #include <ostream>
@@ -61,18 +62,28 @@ void printPoints(const ResultsDataSet& results, std::ostream& out) {
     table.print(out);
 }
 
+std::vector<std::string> valueHeadings() {
+    std::vector<std::string> headings{"Point", "Series", "Mean"};
+    for (const StatisticFacts& each : statistics::percentiles)
+        headings.emplace_back(each.name);
+    headings.insert(headings.end(), {"Observed", "Target"});
+    return headings;
+}
+
 void printValues(const ResultsDataSet& results, int slot, std::ostream& out) {
-    using enum ValueField;
     const ValueStore& values = results.values[slot];
-    TextTable table({"Point", "Series", "Mean", "90", "95", "99", "Observed", "Target"}, {1});
+    TextTable table(valueHeadings(), {1});
     for (int i = 1; i <= results.pointCount; ++i) {
         for (int c = 0; c <= lastSeries(results); ++c) {
-            const auto shown = [&](ValueField field, int m) {
-                return shortestNumber(values.at(field, i, c, m));
+            const auto shown = [&](ValueField field, int level) {
+                return shortestNumber(values.at(field, i, c, level));
             };
-            table.row({std::to_string(i), results.seriesNames[c], shown(meanValue, 0),
-                       shown(percentileValues, 0), shown(percentileValues, 1), shown(percentileValues, 2),
-                       shown(observedMean, 0), c == 0 ? "" : shown(targetValue, 0)});
+            std::vector<std::string> cells{std::to_string(i), results.seriesNames[c]};
+            for (const StatisticFacts& each : statistics::table)
+                cells.push_back(shown(each.value, each.level));
+            cells.push_back(shown(ValueField::observedMean, 0));
+            cells.push_back(c == 0 ? "" : shown(ValueField::targetValue, 0));
+            table.row(std::move(cells));
         }
     }
     out << "Values of data file " << slot + 1 << '\n';

@@ -7,16 +7,6 @@
 
 namespace korvel {
 
-const char* const selectionHelp =
-    "  --reaches LIST        all, none, or reach numbers: 1,2,5-9\n"
-    "  --determinands LIST   all, none, or positions in the list of determinands, from 1, or names: \"BOD "
-    "(Conc)\"\n"
-    "  --statistics LIST     none, or some of mean,90,95,99; as the results suggest where not given\n"
-    "  --targets             a column for the quality target\n"
-    "  --observed            a column of observed values for each statistic\n"
-    "  --limits              two columns of confidence limits for each statistic\n"
-    "  --upstream            the upstream ends of reaches, too\n";
-
 namespace {
 
 // By line of the list of determinands.
@@ -33,20 +23,18 @@ std::vector<bool> chosenDeterminands(const std::vector<ListEntry>& list, std::st
     return chosen;
 }
 
-ReportBox statisticBox(const std::string& word) {
-    if (word == "mean") return ReportBox::means;
-    if (word == "90") return ReportBox::percentiles90;
-    if (word == "95") return ReportBox::percentiles95;
-    if (word == "99") return ReportBox::percentiles99;
-    throw UsageError("'" + word + "' is no statistic");
+Statistic statisticTyped(const std::string& word) {
+    const auto statistic = statisticNamed(word);
+    if (!statistic) throw UsageError("'" + word + "' is no statistic");
+    return *statistic;
 }
 
 void chooseStatistics(ReportChoices& choices, const std::string& list) {
-    for (const char* const word : {"mean", "90", "95", "99"})
-        choices.tick(statisticBox(word), false);
+    for (const Statistic statistic : allStatistics)
+        choices.tick(boxOf(statistic), false);
     if (list == "none") return;
     for (const std::string& word : partsOf(list))
-        choices.tick(statisticBox(word), true);
+        choices.tick(boxOf(statisticTyped(word)), true);
 }
 
 ReportSelection selectionBy(const CommandLine& line) {
@@ -65,6 +53,20 @@ ReportSelection selectionBy(const CommandLine& line) {
 }
 
 } // namespace
+
+std::string selectionHelp() {
+    return "  --reaches LIST        all, none, or reach numbers: 1,2,5-9\n"
+           "  --determinands LIST   all, none, or positions in the list of determinands, from 1, or names: "
+           "\"BOD "
+           "(Conc)\"\n"
+           "  --statistics LIST     none, or some of " +
+           statisticNames() +
+           "; as the results suggest where not given\n"
+           "  --targets             a column for the quality target\n"
+           "  --observed            a column of observed values for each statistic\n"
+           "  --limits              two columns of confidence limits for each statistic\n"
+           "  --upstream            the upstream ends of reaches, too\n";
+}
 
 std::optional<ReportCall> takeReportCall(CommandCall& call) {
     using Kind = CommandOption::Kind;

@@ -12,7 +12,7 @@
 namespace korvel {
 
 // The part of a command's help that tells of the options below.
-extern const char* const selectionHelp;
+std::string selectionHelp();
 
 struct ReportCall {
     std::string resultsFile;               // model name

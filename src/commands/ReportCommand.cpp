@@ -1,5 +1,6 @@
 #include "commands/CommandList.h"
 #include "commands/ReportCall.h"
+#include "reports/ReportColumns.h"
 
 namespace korvel {
 
@@ -8,7 +9,7 @@ namespace {
 const std::string help =
     std::string("Usage: korvel report FILE.SGR [OPTION]...\n\n"
                 "Writes the report of a results file as ruled pages, a PDF document.\n\n") +
-    selectionHelp +
+    selectionHelp() +
     "  --output FILE         the file to write; RIVER-report.pdf beside RIVER.SGR by default\n";
 
 int runReport(CommandCall& call) {

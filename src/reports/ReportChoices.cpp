@@ -3,8 +3,6 @@
 #include "basic/Numbers.h"
 #include "basic/Text.h"
 
-#include <optional>
-
 namespace korvel {
 
 namespace {
@@ -31,14 +29,6 @@ std::vector<ListEntry> reachLines(const ResultsDataSet& results) {
     for (const int reach : results.reachOrder)
         lines.push_back({formatPattern(reach, "####") + ' ' + results.reachNames[reach], true});
     return lines;
-}
-
-// Kept so: a target that is a mean (1) ticks the 95 percentiles, as a 95 percentile (0) does.
-std::optional<ReportBox> percentileBoxOf(int percentileMode) {
-    if (percentileMode <= 1) return ReportBox::percentiles95;
-    if (percentileMode == 2) return ReportBox::percentiles90;
-    if (percentileMode == 3) return ReportBox::percentiles99;
-    return std::nullopt;
 }
 
 } // namespace
@@ -71,9 +61,8 @@ std::vector<int> selectedDeterminands(const std::vector<ListEntry>& list) {
 
 ReportSelection ReportChoices::selection() const {
     ReportSelection chosen;
-    chosen.means = ticked(ReportBox::means);
-    chosen.percentiles = {ticked(ReportBox::percentiles90), ticked(ReportBox::percentiles95),
-                          ticked(ReportBox::percentiles99)};
+    for (const Statistic statistic : allStatistics)
+        if (ticked(boxOf(statistic))) chosen.statistics.push_back(statistic);
     chosen.targets = ticked(ReportBox::targets);
     chosen.observed = ticked(ReportBox::observed);
     chosen.limits = ticked(ReportBox::limits);
@@ -95,7 +84,9 @@ void FillReportLists(ReportChoices& choices, const ResultsDataSet& results) {
     choices.box(ReportBox::allDeterminands) = true;
     choices.box(ReportBox::means) = true;
     choices.box(ReportBox::allReaches) = true;
-    if (const auto percentiles = percentileBoxOf(results.percentileMode)) choices.box(*percentiles) = true;
+    // Kept so: a target that is a mean (1) ticks the 95 percentiles, as a 95 percentile (0) does.
+    if (const auto percentile = percentileOfMode(results.percentileMode))
+        choices.box(boxOf(*percentile)) = true;
     choices.m_targetsCaption = "Print quality targets (" + results.percentileCaption + ")";
 }
 

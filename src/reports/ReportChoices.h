@@ -5,6 +5,7 @@
 #include "reports/ReportSelection.h"
 #include "results/ResultsDataSet.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,14 @@ enum class ReportBox {
     allReaches,
     upstream
 };
+
+// The box of each statistic's columns.
+inline constexpr std::array statisticBoxes{ReportBox::means, ReportBox::percentiles90,
+                                           ReportBox::percentiles95, ReportBox::percentiles99};
+static_assert(statisticBoxes.size() == allStatistics.size());
+constexpr ReportBox boxOf(Statistic statistic) {
+    return statisticBoxes[static_cast<std::size_t>(statistic)];
+}
 
 struct ListEntry {
     std::string text;

@@ -6,46 +6,6 @@ namespace korvel {
 
 namespace {
 
-struct Statistic {
-    const char* heading;
-    ValueField value, limit1, limit2, observed;
-    int level;
-};
-
-using enum ValueField;
-
-constexpr Statistic mean{"Mean", meanValue, meanLimit1, meanLimit2, observedMean, 0};
-constexpr Statistic percentile(const char* heading, int level) {
-    return {heading, percentileValues, percentileLimit1, percentileLimit2, observedPercentiles, level};
-}
-constexpr std::array<Statistic, 3> percentiles{percentile("90%-ile", 0), percentile("95%-ile", 1),
-                                               percentile("99%-ile", 2)};
-
-std::vector<Statistic> chosenStatistics(const ReportSelection& selection) {
-    std::vector<Statistic> chosen;
-    if (selection.means) chosen.push_back(mean);
-    for (std::size_t level = 0; level < percentiles.size(); ++level)
-        if (selection.percentiles[level]) chosen.push_back(percentiles[level]);
-    return chosen;
-}
-
-// In the order in which a determinand's columns stand.
-std::vector<ReportColumn> columnsOf(int series, const ReportSelection& selection) {
-    const std::vector<Statistic> statistics = chosenStatistics(selection);
-    std::vector<ReportColumn> columns;
-    for (const Statistic& each : statistics) {
-        columns.push_back({each.value, series, each.level, each.heading, ""});
-        if (!selection.limits) continue;
-        columns.push_back({each.limit1, series, each.level, each.heading, "LCL"});
-        columns.push_back({each.limit2, series, each.level, each.heading, "UCL"});
-    }
-    if (selection.targets) columns.push_back({targetValue, series, 0, "Target", ""});
-    if (selection.observed)
-        for (const Statistic& each : statistics)
-            columns.push_back({each.observed, series, each.level, each.heading, "(Obs)"});
-    return columns;
-}
-
 // Where the name's kind begins, with its blank: at the later of the last " (Conc)" and " (Load)".
 std::size_t kindAt(const std::string& name) {
     const auto conc = name.rfind(" (Conc)");
@@ -62,10 +22,35 @@ ReportGroup groupNamed(const std::string& name) {
 
 } // namespace
 
+std::vector<ReportColumn> columnsOfDeterminand(int series, const ReportSelection& selection) {
+    std::vector<ReportColumn> columns;
+    for (const Statistic statistic : selection.statistics) {
+        const StatisticFacts& each = factsOf(statistic);
+        columns.push_back({each.value, series, each.level, each.caption, ""});
+        if (!selection.limits) continue;
+        columns.push_back({each.limit1, series, each.level, each.caption, "LCL"});
+        columns.push_back({each.limit2, series, each.level, each.caption, "UCL"});
+    }
+    if (selection.targets) columns.push_back({ValueField::targetValue, series, 0, "Target", ""});
+    if (selection.observed)
+        for (const Statistic statistic : selection.statistics) {
+            const StatisticFacts& each = factsOf(statistic);
+            columns.push_back({each.observed, series, each.level, each.caption, "(Obs)"});
+        }
+    return columns;
+}
+
+int CountCols(const ReportSelection& selection) {
+    std::size_t count = 0;
+    for (const int series : selection.determinands)
+        count += columnsOfDeterminand(series, selection).size();
+    return static_cast<int>(count);
+}
+
 ReportColumns reportColumns(const ResultsDataSet& results, const ReportSelection& selection) {
     ReportColumns report;
     for (const int series : selection.determinands) {
-        const std::vector<ReportColumn> own = columnsOf(series, selection);
+        const std::vector<ReportColumn> own = columnsOfDeterminand(series, selection);
         if (own.empty()) continue;
         ReportGroup group = groupNamed(results.seriesNames[series]);
         group.firstColumn = report.count() + 1;

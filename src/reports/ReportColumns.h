@@ -34,6 +34,12 @@ struct ReportColumns {
     int count() const { return static_cast<int>(columns.size()); }
 };
 
+// In the order in which a determinand's columns stand.
+std::vector<ReportColumn> columnsOfDeterminand(int series, const ReportSelection& selection);
+
+// The value columns of the report; its two label columns are not counted.
+int CountCols(const ReportSelection& selection);
+
 ReportColumns reportColumns(const ResultsDataSet& results, const ReportSelection& selection);
 
 // The values of each column, by point.

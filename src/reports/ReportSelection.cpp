@@ -3,17 +3,7 @@
 #include "basic/Numbers.h"
 #include "basic/Palette.h"
 
-#include <algorithm>
-
 namespace korvel {
-
-int CountCols(const ReportSelection& selection) {
-    const auto percentiles = std::ranges::count(selection.percentiles, true);
-    const int statistics = static_cast<int>(percentiles) + (selection.means ? 1 : 0);
-    const int perStatistic = 1 + (selection.observed ? 1 : 0) + (selection.limits ? 2 : 0);
-    const int perDeterminand = perStatistic * statistics + (selection.targets ? 1 : 0);
-    return perDeterminand * static_cast<int>(selection.determinands.size());
-}
 
 PageFit pageFit(int columns) {
     if (columns <= 10) return PageFit::portrait;

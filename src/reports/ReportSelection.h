@@ -1,7 +1,8 @@
 // What a report is to hold, as chosen on the report form or the command line, and whether it fits a page.
 #pragma once
 
-#include <array>
+#include "results/Statistics.h"
+
 #include <string>
 #include <vector>
 
@@ -10,8 +11,7 @@ namespace korvel {
 inline constexpr int MaxSelectedDeterminands = 20;
 
 struct ReportSelection {
-    bool means = false;
-    std::array<bool, 3> percentiles{}; // 90, 95, 99
+    std::vector<Statistic> statistics; // in their order
     bool targets = false;
     bool observed = false;
     bool limits = false;
@@ -20,9 +20,6 @@ struct ReportSelection {
     std::vector<int> reaches;      // reach numbers
     bool operator==(const ReportSelection&) const = default;
 };
-
-// The value columns of the report; its two label columns are not counted.
-int CountCols(const ReportSelection& selection);
 
 enum class PageFit { portrait, landscape, tooWide };
 PageFit pageFit(int columns);

@@ -4,6 +4,7 @@
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
+#include "reports/ReportColumns.h"
 #include "results/LoadResultsFile.h"
 #include "toolkit/forms/ListFilling.h"
 

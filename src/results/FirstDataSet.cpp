@@ -2,6 +2,7 @@
 
 #include "basic/Text.h"
 #include "results/PointLabels.h"
+#include "results/Statistics.h"
 
 #include <algorithm>
 
@@ -22,9 +23,11 @@ void FirstDataSet::title(std::string_view line) {
 
 std::optional<std::string> FirstDataSet::percentileMode(int mode) {
     m_results.percentileMode = mode;
-    if (mode > 3) return {}; // kept so: an unknown mode leaves level and caption as they were
-    m_results.percentileLevel = mode == 2 ? "90" : mode == 3 ? "99" : "95";
-    m_results.percentileCaption = mode == 1 || mode < 0 ? "Mean" : m_results.percentileLevel + "%-ile";
+    const std::optional<Statistic> percentile = percentileOfMode(mode);
+    if (!percentile) return {}; // kept so: an unknown mode leaves level and caption as they were
+    m_results.percentileLevel = nameOf(*percentile);
+    const bool ofMean = mode == 1 || mode < 0;
+    m_results.percentileCaption = factsOf(ofMean ? Statistic::mean : *percentile).caption;
     return {};
 }
 

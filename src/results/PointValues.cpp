@@ -1,6 +1,7 @@
 #include "results/PointValues.h"
 
 #include "basic/CheckedArray.h"
+#include "results/Statistics.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,41 +10,33 @@ namespace korvel {
 
 namespace {
 
-constexpr int levels = 3;
+using statistics::table;
 
-void addFlow(std::vector<ValuePlace>& places) {
-    for (auto [mean, percentiles] : {std::pair(ValueField::meanValue, ValueField::percentileValues),
-                                     std::pair(ValueField::observedMean, ValueField::observedPercentiles)}) {
-        places.push_back({mean, 0, 0});
-        for (int m = 0; m < levels; ++m)
-            places.push_back({percentiles, 0, m});
-    }
-}
-
-void addSimulated(std::vector<ValuePlace>& places, int series) {
-    for (ValueField field : {ValueField::meanValue, ValueField::meanLimit1, ValueField::meanLimit2})
-        places.push_back({field, series, 0});
-    for (int m = 0; m < levels; ++m) {
-        for (ValueField field :
-             {ValueField::percentileValues, ValueField::percentileLimit1, ValueField::percentileLimit2})
-            places.push_back({field, series, m});
-    }
+void addValues(std::vector<ValuePlace>& places, int series) {
+    for (const StatisticFacts& each : table)
+        places.push_back({each.value, series, each.level});
 }
 
 void addObserved(std::vector<ValuePlace>& places, int series) {
-    places.push_back({ValueField::observedMean, series, 0});
-    for (int m = 0; m < levels; ++m)
-        places.push_back({ValueField::observedPercentiles, series, m});
+    for (const StatisticFacts& each : table)
+        places.push_back({each.observed, series, each.level});
+}
+
+void addValuesWithLimits(std::vector<ValuePlace>& places, int series) {
+    for (const StatisticFacts& each : table)
+        for (const ValueField field : {each.value, each.limit1, each.limit2})
+            places.push_back({field, series, each.level});
 }
 
 } // namespace
 
 std::vector<ValuePlace> valuePlacesOfPoint(int determinands) {
     std::vector<ValuePlace> places;
-    addFlow(places);
+    addValues(places, 0);
+    addObserved(places, 0);
     for (int d = 1; d <= determinands; ++d) {
         for (int series : {d, determinands + d})
-            addSimulated(places, series);
+            addValuesWithLimits(places, series);
         for (int series : {d, determinands + d})
             addObserved(places, series);
         for (int series : {d, determinands + d})
@@ -53,9 +46,10 @@ std::vector<ValuePlace> valuePlacesOfPoint(int determinands) {
 }
 
 std::vector<int> valuesByCaption(int determinands) {
-    std::vector<int> counts = {4, 4};
+    constexpr int single = static_cast<int>(table.size()), withLimits = 3 * single;
+    std::vector<int> counts = {single, single};
     for (int d = 1; d <= determinands; ++d)
-        counts.insert(counts.end(), {12, 12, 4, 4, 1, 1});
+        counts.insert(counts.end(), {withLimits, withLimits, single, single, 1, 1});
     return counts;
 }
 

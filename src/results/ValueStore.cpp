@@ -1,6 +1,7 @@
 #include "results/ValueStore.h"
 
 #include "basic/CheckedArray.h"
+#include "results/Statistics.h"
 
 #include <cstdint>
 #include <new>
@@ -13,7 +14,7 @@ namespace korvel {
 namespace {
 
 constexpr int seriesExtent = 21;
-constexpr int levelExtent = 3;
+constexpr int levelExtent = statistics::levels;
 constexpr int plainFields = 5;      // meanValue to targetValue: one column a series
 constexpr int percentileFields = 4; // the others: one a level and series
 constexpr std::size_t columns = std::size_t{seriesExtent} * (plainFields + levelExtent * percentileFields);

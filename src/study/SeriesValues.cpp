@@ -5,17 +5,16 @@
 namespace korvel {
 
 SeriesValues seriesValues(const ResultsDataSet& results, int series, Statistic statistic) {
-    using enum ValueField;
     const ValueStore& store = results.values[0];
-    const bool mean = statistic == Statistic::mean;
-    const int level = mean ? 0 : static_cast<int>(statistic) - static_cast<int>(Statistic::p90);
+    const StatisticFacts& facts = factsOf(statistic);
+    const auto column = [&](ValueField field) { return store.column(field, series, facts.level); };
     SeriesValues values;
-    values.value = store.column(mean ? meanValue : percentileValues, series, level);
-    values.observed = store.column(mean ? observedMean : observedPercentiles, series, level);
+    values.value = column(facts.value);
+    values.observed = column(facts.observed);
     if (isFlow(series)) return values;
-    values.limit1 = store.column(mean ? meanLimit1 : percentileLimit1, series, level);
-    values.limit2 = store.column(mean ? meanLimit2 : percentileLimit2, series, level);
-    values.target = store.column(targetValue, series);
+    values.limit1 = column(facts.limit1);
+    values.limit2 = column(facts.limit2);
+    values.target = store.column(ValueField::targetValue, series);
     return values;
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "results/ResultsDataSet.h"
-#include "study/Statistic.h"
+#include "results/Statistics.h"
 
 #include <algorithm>
 #include <span>

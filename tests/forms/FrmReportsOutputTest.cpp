@@ -52,7 +52,7 @@ TEST_F(FrmReportsOutput, WritesTheSpreadsheetFileThatTheChoicesAskFor) {
     choose(form, "mnuSpreadsheet");
     EXPECT_EQ(platform.takeTranscript(), "");
     ReportSelection selection;
-    selection.means = selection.percentiles[0] = true;
+    selection.statistics = {Statistic::mean, Statistic::p90};
     selection.determinands = {1, 2, 3, 4};
     selection.reaches = {1, 12};
     EXPECT_EQ(platform.fileText("RIVER.csv"), coreSheet(selection));
@@ -62,7 +62,7 @@ TEST_F(FrmReportsOutput, WritesTheSpreadsheetFileThatTheChoicesAskFor) {
     for (const int index : {2, 3, 4, 5, 6, 7, 9})
         click(box(index));
     choose(form, "mnuSpreadsheet");
-    selection = {true, {false, true, true}, true, true, true, true, {4}, {12}};
+    selection = {{Statistic::mean, Statistic::p95, Statistic::p99}, true, true, true, true, {4}, {12}};
     EXPECT_EQ(platform.fileText("RIVER.csv"), coreSheet(selection));
 }
 

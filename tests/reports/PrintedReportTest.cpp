@@ -64,8 +64,8 @@ double ruleY(int line) {
 // One determinand whose every box is ticked: 17 columns.
 ReportSelection seventeenColumns() {
     ReportSelection selection;
-    selection.means = selection.targets = selection.observed = selection.limits = true;
-    selection.percentiles = {true, true, true};
+    selection.targets = selection.observed = selection.limits = true;
+    selection.statistics = {allStatistics.begin(), allStatistics.end()};
     selection.determinands = {1};
     selection.reaches = {1, 12};
     return selection;

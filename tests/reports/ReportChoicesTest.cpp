@@ -111,7 +111,7 @@ TEST(ReportChoices, GiveTheSelectionThatTheBoxesSay) {
     river.choices.tick(ReportBox::observed, true);
     river.choices.tick(ReportBox::upstream, true);
     ReportSelection expected;
-    expected.percentiles = {true, false, true};
+    expected.statistics = {Statistic::p90, Statistic::p99};
     expected.observed = expected.upstream = true;
     expected.determinands = {1, 2, 3, 4};
     expected.reaches = {1, 12};

@@ -21,8 +21,8 @@ std::vector<std::string> headingsOf(const ReportColumns& columns) {
 TEST(ReportColumns, StandInTheirOrderWithTheirHeadings) {
     LoadedRiver river;
     ReportSelection selection;
-    selection.means = selection.targets = selection.observed = selection.limits = true;
-    selection.percentiles = {true, true, true};
+    selection.targets = selection.observed = selection.limits = true;
+    selection.statistics = {allStatistics.begin(), allStatistics.end()};
     selection.determinands = {1};
     const std::vector<std::string> expected{
         "Mean|",    "Mean|LCL",    "Mean|UCL",      "90%-ile|",      "90%-ile|LCL",  "90%-ile|UCL",
@@ -35,7 +35,7 @@ TEST(ReportColumns, LeaveOutWhatIsNotTicked) {
     LoadedRiver river;
     ReportSelection selection;
     selection.observed = selection.targets = true;
-    selection.percentiles = {false, false, true};
+    selection.statistics = {Statistic::p99};
     selection.determinands = {1};
     const std::vector<std::string> expected{"99%-ile|", "Target|", "99%-ile|(Obs)"};
     EXPECT_EQ(headingsOf(reportColumns(river.results, selection)), expected);
@@ -45,8 +45,8 @@ TEST(ReportColumns, HoldTheValuesThatTheirHeadingsName) {
     using enum ValueField;
     LoadedRiver river;
     ReportSelection selection;
-    selection.means = selection.targets = selection.observed = selection.limits = true;
-    selection.percentiles = {false, true, false};
+    selection.targets = selection.observed = selection.limits = true;
+    selection.statistics = {Statistic::mean, Statistic::p95};
     selection.determinands = {2};
     const ReportColumns columns = reportColumns(river.results, selection);
     const auto values = valueColumns(river.results, columns);
@@ -66,7 +66,7 @@ TEST(ReportColumns, HoldTheValuesThatTheirHeadingsName) {
 TEST(ReportColumns, TakeEachPercentileAtItsLevel) {
     LoadedRiver river;
     ReportSelection selection;
-    selection.percentiles = {true, true, true};
+    selection.statistics = {Statistic::p90, Statistic::p95, Statistic::p99};
     selection.limits = selection.observed = true;
     selection.determinands = {1};
     std::vector<int> levels;
@@ -78,7 +78,8 @@ TEST(ReportColumns, TakeEachPercentileAtItsLevel) {
 TEST(ReportColumns, GroupByDeterminandInTheOrderOfTheList) {
     LoadedRiver river;
     ReportSelection selection;
-    selection.means = selection.targets = true;
+    selection.statistics = {Statistic::mean};
+    selection.targets = true;
     selection.determinands = {1, 4};
     const auto groups = reportColumns(river.results, selection).groups;
     ASSERT_EQ(groups.size(), 2U);
@@ -103,7 +104,7 @@ TEST_P(GroupHeading, SplitsTheNameAtTheLaterKind) {
     ResultsDataSet results;
     results.seriesNames[1] = GetParam().name;
     ReportSelection selection;
-    selection.means = true;
+    selection.statistics = {Statistic::mean};
     selection.determinands = {1};
     const ReportGroup group = reportColumns(results, selection).groups.at(0);
     EXPECT_EQ(group.name, GetParam().first);
@@ -134,8 +135,8 @@ TEST(ReportColumns, AreAsManyAsCounted) {
     LoadedRiver river;
     for (unsigned boxes = 0; boxes < 128; ++boxes) {
         ReportSelection selection;
-        selection.means = boxes & 1U;
-        selection.percentiles = {(boxes & 2U) != 0, (boxes & 4U) != 0, (boxes & 8U) != 0};
+        for (const Statistic each : allStatistics)
+            if (boxes >> static_cast<unsigned>(each) & 1U) selection.statistics.push_back(each);
         selection.targets = boxes & 16U;
         selection.observed = boxes & 32U;
         selection.limits = boxes & 64U;

@@ -1,4 +1,4 @@
-#include "reports/ReportSelection.h"
+#include "reports/ReportColumns.h"
 
 #include "basic/Palette.h"
 
@@ -18,8 +18,8 @@ ReportSelection ofDeterminands(int count) {
 
 TEST(CountCols, CountsEveryStatisticWithItsCompanions) {
     ReportSelection all = ofDeterminands(1);
-    all.means = all.targets = all.observed = all.limits = true;
-    all.percentiles = {true, true, true};
+    all.targets = all.observed = all.limits = true;
+    all.statistics = {allStatistics.begin(), allStatistics.end()};
     EXPECT_EQ(CountCols(all), 17);
     all.determinands = {1, 2};
     EXPECT_EQ(CountCols(all), 34);
@@ -29,9 +29,9 @@ TEST(CountCols, CountsEveryStatisticWithItsCompanions) {
     EXPECT_EQ(CountCols(all), 16);
     all.observed = false;
     EXPECT_EQ(CountCols(all), 8);
-    all.percentiles = {false, true, false};
+    all.statistics = {Statistic::mean, Statistic::p95};
     EXPECT_EQ(CountCols(all), 4);
-    all.means = false;
+    all.statistics = {Statistic::p95};
     EXPECT_EQ(CountCols(all), 2);
 }
 

@@ -57,7 +57,8 @@ TEST(SpreadsheetReport, RepeatsTheStatisticOverItsCompanions) {
     LoadedRiver river(
         ResultsFileBuilder().determinand(1, "Flow speed").reach(1, "A").point(1, 0, "x").setAll(2));
     ReportSelection selection;
-    selection.means = selection.limits = selection.observed = selection.targets = true;
+    selection.statistics = {Statistic::mean};
+    selection.limits = selection.observed = selection.targets = true;
     selection.determinands = {2};
     selection.reaches = {1};
     EXPECT_EQ(sheetOf(river, selection),

@@ -1,6 +1,7 @@
 #include "graphs/draw/GraphKey.h"
 
 #include "graphs/draw/PanelCurves.h"
+#include "results/Statistics.h"
 
 #include <algorithm>
 
@@ -9,10 +10,9 @@ namespace korvel {
 namespace {
 
 constexpr int comparison = 2;
-constexpr int row95 = 1;
 
 std::string percentileText(int row) {
-    const std::string level = row == 0 ? "90" : row == row95 ? "95" : "99";
+    const std::string level(nameOf(percentileOfLevel(std::min(row, statistics::levels - 1))));
     // Kept so: the flows are called 95% wherever the quality's percentile is another.
     return level + (row == 0 || row == 2 ? "% values (95% flows)" : "% values");
 }

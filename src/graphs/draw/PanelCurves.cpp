@@ -1,7 +1,8 @@
 #include "graphs/draw/PanelCurves.h"
 
+#include "results/Statistics.h"
+
 #include <algorithm>
-#include <array>
 #include <string>
 
 namespace korvel {
@@ -12,24 +13,24 @@ constexpr int secondSetOnly = 1;
 constexpr int comparison = 2;
 constexpr int typeWithoutTargets = 4;
 
-enum class Statistic { mean, percentile };
+enum class Shown { mean, percentile };
 
 struct ShownSet {
     int slot;
-    Statistic statistic;
+    Shown statistic;
     LineLook look;
 };
 
 // The main series, in order.
 std::vector<ShownSet> shownSets(const GraphHandOver& graph) {
     if (graph.plotType == comparison) {
-        const Statistic statistic = showsMeans(graph) ? Statistic::mean : Statistic::percentile;
+        const Shown statistic = showsMeans(graph) ? Shown::mean : Shown::percentile;
         return {{0, statistic, looks::first}, {1, statistic, looks::second}};
     }
     const int slot = graph.plotType == secondSetOnly ? 1 : 0;
     std::vector<ShownSet> sets;
-    if (showsMeans(graph)) sets.push_back({slot, Statistic::mean, looks::first});
-    if (showsPercentiles(graph)) sets.push_back({slot, Statistic::percentile, looks::second});
+    if (showsMeans(graph)) sets.push_back({slot, Shown::mean, looks::first});
+    if (showsPercentiles(graph)) sets.push_back({slot, Shown::percentile, looks::second});
     return sets;
 }
 
@@ -44,14 +45,14 @@ class CurveCollector {
     std::vector<PanelCurve> curves;
 
     void addMain(const ShownSet& set) {
-        if (set.statistic == Statistic::mean)
+        if (set.statistic == Shown::mean)
             add(set.slot, ValueField::meanValue, 0, set.look, nameOf(set));
         else
             add(set.slot, ValueField::percentileValues, m_row, set.look, nameOf(set));
     }
     void addLimits(const ShownSet& set) {
         if (m_series == 0) return;
-        const bool mean = set.statistic == Statistic::mean;
+        const bool mean = set.statistic == Shown::mean;
         const int level = mean ? 0 : m_row;
         add(set.slot, mean ? ValueField::meanLimit1 : ValueField::percentileLimit1, level, looks::limits,
             nameOf(set) + ", limit 1");
@@ -60,7 +61,7 @@ class CurveCollector {
     }
     void addObserved(const ShownSet& set) {
         const std::string name = "observed " + nameOf(set);
-        if (set.statistic == Statistic::mean)
+        if (set.statistic == Shown::mean)
             add(set.slot, ValueField::observedMean, 0, looks::observed, name, CurveKind::crosses);
         else
             add(set.slot, ValueField::observedPercentiles, m_row, looks::observed, name, CurveKind::crosses);
@@ -72,9 +73,8 @@ class CurveCollector {
 
   private:
     std::string nameOf(const ShownSet& set) const {
-        static const std::array<const char*, 3> percentiles = {"90%-ile", "95%-ile", "99%-ile"};
         const std::string name =
-            set.statistic == Statistic::mean ? "mean" : percentiles.at(static_cast<std::size_t>(m_row));
+            set.statistic == Shown::mean ? "mean" : factsOf(percentileOfLevel(m_row)).caption;
         return m_compares ? name + ", set " + std::to_string(set.slot + 1) : name;
     }
     void add(int slot, ValueField field, int level, LineLook look, const std::string& name,

@@ -4,6 +4,7 @@
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "graphs/setup/ReachLists.h"
+#include "results/Statistics.h"
 
 #include <algorithm>
 #include <limits>
@@ -113,8 +114,7 @@ void tickPercentiles(GraphChoices& choices, Tick tick) {
 }
 
 void chooseLevelOption(GraphChoices& choices, int option, ResultsDataSet& results) {
-    static constexpr std::array<const char*, 3> levels = {"90", "95", "99"};
-    results.percentileLevel = levels.at(static_cast<std::size_t>(option - 3));
+    results.percentileLevel = nameOf(percentileOfLevel(option - 3));
     choices.levelOption = option;
 }
 

@@ -1,6 +1,7 @@
 #include "graphs/setup/PlottingLists.h"
 
 #include "basic/Text.h"
+#include "results/Statistics.h"
 
 #include <algorithm>
 
@@ -58,8 +59,9 @@ void handOverChoices(const GraphChoices& choices, GraphHandOver& graph) {
 
 void takePercentileLevel(int statistic, ResultsDataSet& results) {
     if (statistic != 3 && statistic != 6) return;
-    results.percentileLevel = statistic == 3 ? "90" : "99";
-    results.percentileCaption = results.percentileLevel + "%-ile";
+    const StatisticFacts& percentile = factsOf(statistic == 3 ? Statistic::p90 : Statistic::p99);
+    results.percentileLevel = percentile.name;
+    results.percentileCaption = percentile.caption;
 }
 
 bool showsTargets(const GraphChoices& choices, int statistic) {

@@ -6,6 +6,7 @@
 #include "graphs/setup/PlottingLists.h"
 #include "graphs/setup/ReachLists.h"
 #include "platform/DialogsAfter.h"
+#include "results/Statistics.h"
 
 namespace korvel {
 
@@ -18,10 +19,8 @@ std::string& labelOf(GraphChoices& choices, int slot) {
 }
 
 int levelOptionOf(const std::string& percentileLevel, int otherwise) {
-    if (percentileLevel == "90") return 3;
-    if (percentileLevel == "95") return 4;
-    if (percentileLevel == "99") return 5;
-    return otherwise;
+    const auto percentile = statisticNamed(percentileLevel);
+    return percentile ? 3 + factsOf(*percentile).level : otherwise;
 }
 
 void takeFirstDataSet(GraphChoices& choices, ResultsDataSet& results) {
