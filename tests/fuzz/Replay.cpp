@@ -1,8 +1,9 @@
-// Runs a harness once on every file of its corpus, as a test without the fuzzer.
+// Runs a harness once on every input of its corpus, as a test without the fuzzer.
+#include "fuzz/Corpus.h"
 #include "fuzz/Fuzzing.h"
 
 #include <cstdio>
-#include <filesystem>
+#include <exception>
 #include <fstream>
 #include <iterator>
 
@@ -10,33 +11,37 @@ namespace korvel {
 
 namespace {
 
-std::vector<std::filesystem::path> filesIn(const char* folder) {
-    std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        if (entry.is_regular_file()) files.push_back(entry.path());
-    std::ranges::sort(files);
-    return files;
+std::string contents(const char* path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void replay(const std::filesystem::path& path) {
-    std::fprintf(stderr, "%s\n", path.filename().c_str()); // the last one named is the one that fails
-    std::ifstream file(path, std::ios::binary);
-    // As many bytes as the file has, so that a read beyond them is noticed.
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+void replay(const CorpusInput& input) {
+    std::fprintf(stderr, "%s\n", input.name.c_str()); // the last one named is the one that fails
+    // As many bytes as the input has, so that a read beyond them is noticed.
+    const std::vector<char> bytes(input.bytes.begin(), input.bytes.end());
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+}
+
+int replayAll(const char* path) {
+    const std::string text = contents(path);
+    const auto inputs = corpusInputs(text);
+    for (const CorpusInput& input : inputs)
+        replay(input);
+    std::printf("%zu inputs replayed\n", inputs.size());
+    return inputs.empty() ? 1 : 0;
 }
 
 } // namespace
 
 } // namespace korvel
 
-using namespace korvel;
-
 int main(int count, char** arguments) {
     if (count != 2) return 2;
-    const auto files = filesIn(arguments[1]);
-    for (const auto& path : files)
-        replay(path);
-    std::printf("%zu files replayed\n", files.size());
-    return files.empty() ? 1 : 0;
+    try {
+        return korvel::replayAll(arguments[1]);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s: %s\n", arguments[1], failure.what());
+        return 1;
+    }
 }
