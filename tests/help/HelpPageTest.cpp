@@ -111,9 +111,11 @@ TEST(HelpPage, TurnsToThePagesThatAreThere) {
     EXPECT_EQ(turnedPage(there, "4", PageTurn::forth), "6");
     EXPECT_EQ(turnedPage(there, "6", PageTurn::forth), "10");
     EXPECT_EQ(turnedPage(there, "10", PageTurn::forth), "10");
+    EXPECT_EQ(turnedPage(there, "10", PageTurn::back), "6");
     EXPECT_EQ(turnedPage(there, "6", PageTurn::back), "4");
     EXPECT_EQ(turnedPage(there, "4", PageTurn::back), "4");
     EXPECT_EQ(turnedPage(there, "12", PageTurn::back), "4");
+    EXPECT_EQ(turnedPage(there, "12", PageTurn::forth), "4");
     EXPECT_EQ(turnedPage({}, "12", PageTurn::forth), "12");
 }
 

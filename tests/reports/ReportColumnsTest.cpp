@@ -119,6 +119,7 @@ INSTANTIATE_TEST_SUITE_P(Names, GroupHeading,
                                          SplitName{"A (Conc) (Load)", "A (Conc)", "(Load)"},
                                          SplitName{"A (Load) (Conc)", "A (Load)", "(Conc)"},
                                          SplitName{"A (Conc) (Conc)", "A (Conc)", "(Conc)"},
+                                         SplitName{"A (Load) (Load)", "A (Load)", "(Load)"},
                                          SplitName{"A (Conc) of B", "A", "(Conc) of B"}));
 
 TEST(ReportColumns, AreNoneWithoutStatistics) {

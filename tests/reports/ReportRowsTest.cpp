@@ -76,6 +76,19 @@ TEST(ReportRows, BeginAReachAgainWhenItsPointsComeBack) {
               (std::vector<std::string>{"* 1 a", "* 2 b", "  2 c", "* 1 d"}));
 }
 
+TEST(ReportRows, BeginReach0WithItsFirstRowToo) {
+    ResultsDataSet results;
+    results.pointCount = 2;
+    results.pointReach.set(1, 0);
+    results.pointReach.set(2, 0);
+    ReportSelection selection;
+    selection.reaches = {0};
+    ReportRows rows(results, selection);
+    EXPECT_TRUE(rows.row().newReach);
+    rows.next();
+    EXPECT_FALSE(rows.row().newReach);
+}
+
 TEST(ReportRows, EndWithThe59999thPoint) {
     ResultsDataSet results;
     results.pointCount = 59999;

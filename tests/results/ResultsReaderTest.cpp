@@ -226,6 +226,14 @@ TEST_F(ResultsReader, CutsAReachLineByColumnsOfOneByte) {
     EXPECT_EQ(results.reachNext[12], 34);
 }
 
+TEST_F(ResultsReader, TakesNoDigitThatStandsBesideAColumnOfAReachLine) {
+    ASSERT_EQ(load(ResultsFileBuilder().reachLine("  129ABCDEFGHIJKLMNOP9     12.509  349")), Ending::loaded);
+    EXPECT_EQ(results.reachOrder, std::vector<int>{12});
+    EXPECT_EQ(results.reachNames[12], "ABCDEFGHIJKLMNOP");
+    EXPECT_EQ(results.reachLengths[12], 12.5);
+    EXPECT_EQ(results.reachNext[12], 34);
+}
+
 TEST_F(ResultsReader, KeepsTheLastOfTwoLinesForOneReachAndBothInTheOrder) {
     ASSERT_EQ(load(ResultsFileBuilder().reach(3, "First", 1, 4).reach(3, "Second", 2, 5)), Ending::loaded);
     EXPECT_EQ(results.reachNames[3], "Second          ");

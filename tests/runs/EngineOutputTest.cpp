@@ -43,7 +43,7 @@ TEST(EngineOutput, GivesTheSameLinesHoweverTheBytesAreCut) {
 
 TEST(EngineOutput, TellsTheFileInHandOnlyFromItsOwnLines) {
     EngineOutput output;
-    output.feed("File of things\nFile 12\nFiles 1 of 2\nFile  1 of 2\n");
+    output.feed("File of things\nFile  of 3\nFile 12\nFiles 1 of 2\nFile  1 of 2\nFile 1 in 2\n");
     EXPECT_EQ(output.fileInHand(), "");
     output.feed("File 12 of 30: ALDER.DAT\nReach 1 of 3\n");
     EXPECT_EQ(output.fileInHand(), "File 12 of 30: ALDER.DAT");
