@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Line coverage of a build with --coverage whose tests have run: coverage.py BUILD_FOLDER [--uncovered]
 
-Prints the share of lines run in the cores (rules without windows, the engine's too) and in the forms (frm*.cpp and
-toolkit/), and fails where one is below its least share. With --uncovered, every line that was not run is listed.
+Prints the share of lines run in the cores (rules without windows, the engine's too) and in the forms (frm*.cpp, toolkit/
+and drawing/paint/), and fails where one is below its least share. With --uncovered, every line that was not run is listed.
 Commands and main are thin callers that the end-to-end tests run as programs of their own; they are not counted.
 """
 import collections
@@ -23,7 +23,8 @@ def kind_of(source):
         return None if source.name == "main.cpp" else "cores"
     if folder != "src" or source.parts[1] == "commands" or source.name == "main.cpp":
         return None
-    return "forms" if source.parts[1] == "toolkit" or source.name.startswith("frm") else "cores"
+    is_form = source.name.startswith("frm") or source.is_relative_to("src/toolkit") or source.is_relative_to("src/drawing/paint")
+    return "forms" if is_form else "cores"
 
 
 def report_of(notes):
