@@ -62,6 +62,12 @@ TEST(RunTypes, AreTenOfDifferentNames) {
     for (int type = 0; type <= 9; ++type)
         names.insert(runPlan(type).name);
     EXPECT_EQ(names.size(), 10u);
+    const std::set<int> usingFlows{2, 3, 4, 7, 8, 9}, usingQualities{4, 7, 8, 9};
+    for (int type = 0; type <= 9; ++type) {
+        EXPECT_EQ(runPlan(type).usesKeptFlows, usingFlows.contains(type)) << type;
+        EXPECT_EQ(runPlan(type).usesKeptQualities, usingQualities.contains(type)) << type;
+        EXPECT_EQ(runPlan(type).standards.has_value(), type >= 7) << type;
+    }
     EXPECT_THROW(runPlan(10), std::out_of_range);
 }
 

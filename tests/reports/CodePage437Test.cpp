@@ -51,6 +51,22 @@ TEST(CodePage437, ShowsItsCharacters) {
     EXPECT_EQ(shown(253), "²");
 }
 
+TEST(CodePage437, ShowsEveryCodeAsTheCharacterOfThePage) {
+    const std::string low = "☺☻♥♦♣♠•◘○◙♂♀♪♫☼►◄↕‼¶§▬↨↑↓→←∟↔▲▼";
+    const std::string high = "ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜ¢£¥₧ƒ"
+                             "áíóúñÑªº¿⌐¬½¼¡«»░▒▓│┤╡╢╖╕╣║╗╝╜╛┐"
+                             "└┴┬├─┼╞╟╚╔╩╦╠═╬╧╨╤╥╙╘╒╓╫╪┘┌█▄▌▐▀"
+                             "αßΓπΣσµτΦΘΩδ∞φε∩≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00A0";
+    std::string codes;
+    for (int code = 1; code < 32; ++code)
+        codes.push_back(static_cast<char>(code));
+    EXPECT_EQ(utf8OfCodePage437(codes), low);
+    codes.clear();
+    for (int code = 128; code < 256; ++code)
+        codes.push_back(static_cast<char>(code));
+    EXPECT_EQ(utf8OfCodePage437(codes), high);
+}
+
 TEST(CodePage437, HasAnotherCharacterForEveryCode) {
     std::set<std::string> characters;
     for (int code = 1; code < 256; ++code)

@@ -129,6 +129,9 @@ TEST_F(BatchRunTest, StepOneListsTheFolderOfTheChosenFile) {
 
 TEST_F(BatchRunTest, StepOneShowsTheListAndMovesOnToStepTwo) {
     EXPECT_FALSE(state().listVisible || state().listEnabled || state().removalHintVisible);
+    EXPECT_FALSE(state().assembling || state().completed);
+    EXPECT_EQ(state().progress, 0);
+    EXPECT_EQ(state().step, BatchStep::selectFiles);
     chooseIn(world.folder());
     EXPECT_TRUE(state().listVisible && state().listEnabled && state().removalHintVisible);
     EXPECT_EQ(state().step, BatchStep::run);
