@@ -22,6 +22,9 @@ TEST(StartUp, ComputesTheScreenFactorsInSinglePrecision) {
     const ScreenFactors factors = screenFactors({0, 0, 28800, 16200});
     EXPECT_EQ(factors.x, 3);
     EXPECT_EQ(factors.y, static_cast<double>(static_cast<float>(16200.0 / 6780.0)));
+    EXPECT_EQ(screenFactors({0, 0, 20490, 6780}).x,
+              static_cast<double>(static_cast<float>(20490.0 / 9600.0)));
+    EXPECT_EQ(screenFactors({0, 0, 20490, 6780}).y, 1);
 }
 
 TEST(StartUp, FillsTheWorkAreaWithAForm) {
