@@ -16,6 +16,8 @@ SWAPPED = [("first", "last"), ("first", "second"), ("front", "back"), ("begin", 
            ("starts_with", "ends_with"), ("lower_bound", "upper_bound"), ("find_first_of", "find_last_of"),
            ("find_first_not_of", "find_last_not_of")]
 
+MOST_DIGITS = 12  # of a double; where a number has more, the last ones may change nothing
+
 NOT_CODE = re.compile(r'//[^\n]*|/\*.*?\*/|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|(?<![0-9A-Fa-f])\'(?:\\.|[^\'\\\n])+\''
                       r'|^[ \t]*#(?:[^\n]*\\\n)*[^\n]*', re.DOTALL | re.MULTILINE)
 BINARY = re.compile(r"(?<=\s)(<<|>>|<=|>=|==|!=|&&|\|\||[-+*/|&]=|[-+*/%&|<>])(?=\s)")
@@ -24,7 +26,8 @@ STEP = re.compile(r"\+\+|--")
 SIGN = re.compile(r"(?:(?<=[=(,?:{\[] )|(?<=[({\[])|(?<=return ))-(?=[\w(.])")
 NOT = re.compile(r"!(?=[\w(*])")
 NAME = re.compile(r"\b[A-Za-z_]+\b")
-UNTOUCHED = re.compile(r"\b(?:static_assert|operator)\b[^;{]*|^\s*(?:using|namespace|template)\b[^\n]*", re.MULTILINE)
+UNTOUCHED = re.compile(r"\b(?:static_assert|operator)\b[^;{]*|^\s*(?:using|namespace|template)\b[^\n]*|(?:(?<=\))|(?<=\) const)) = 0;$",
+                       re.MULTILINE)
 HEAD = re.compile(r"\s*(?:else\s+)?(?:if(?: constexpr)?|for|while|switch)\s*\(.*\)", re.DOTALL)
 LABEL = re.compile(r"\s*(?:else\b|do\b|(?:case\s+(?:[^:]|::)+|default|public|private|protected):(?!:))")
 DROPPED = re.compile(r"(?:break|continue|return|throw\b.*|(?:\+\+|--).*"
@@ -72,7 +75,7 @@ def code_of(text):
 
 
 def number_faults(number):
-    """The number one more and one less; of a number with decimals or an exponent, the last written digit is."""
+    """The number one more and one less; of a number with decimals or an exponent, the last digit that counts is."""
     if number[:2] in ("0x", "0X"):
         value = int(number.replace("'", ""), 16)
         return [f"0x{value + 1:X}", f"0x{value - 1:X}"] if value else ["0x1"]
@@ -80,10 +83,12 @@ def number_faults(number):
     digits = mantissa.replace(".", "")
     decimals = len(mantissa) - mantissa.index(".") - 1 if "." in mantissa else 0
 
+    one = 10 ** max(0, len(digits.lstrip("0")) - MOST_DIGITS) if decimals or letter else 1
+
     def written(value):
         text = str(value).rjust(decimals + 1, "0")
         return (text[:-decimals] + "." + text[-decimals:] if decimals else text) + letter + exponent
-    return [written(int(digits) + 1)] + ([written(int(digits) - 1)] if int(digits) else [])
+    return [written(int(digits) + one)] + ([written(int(digits) - one)] if int(digits) else [])
 
 
 def swaps_of(name):
