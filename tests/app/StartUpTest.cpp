@@ -65,6 +65,18 @@ TEST(StartUp, KeepsTheCreditsAtTheBottom) {
     EXPECT_EQ(topFromBottom(6000, 6780, 6000), 5220);
 }
 
+TEST(StartUp, BeginsWithTheWarningAboutEditingAndWithoutProgress) {
+    const MainFormState state;
+    EXPECT_EQ(state.title, "");
+    EXPECT_TRUE(state.editWarningVisible);
+    EXPECT_TRUE(state.runMenuEnabled);
+    EXPECT_FALSE(state.saveEnabled || state.saveAsEnabled || state.editTextEnabled);
+    EXPECT_FALSE(state.progressFrameVisible || state.progressContentsVisible);
+    EXPECT_EQ(state.progressFrameColour, std::nullopt);
+    EXPECT_EQ(state.progress, 0);
+    EXPECT_EQ(state.displayLevel, 0);
+}
+
 TEST_F(StartValues, AreSetAndThenTheSettingsRead) {
     world.desktop = {0, 0, 19200, 13560};
     world.putFile("MISC.TXT", "C:\\DATA\r\n1\r\nFalse\r\n");
