@@ -4,7 +4,7 @@ _korvel() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command='' word options=''
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
-            info|csv|report|graph|listing|run|batch|help-page) command=$word; break ;;
+            info|csv|report|graph|listing|run|batch|runs|help-page) command=$word; break ;;
         esac
     done
     case $command in
@@ -16,6 +16,7 @@ _korvel() {
         listing) options='--help --output' ;;
         run) options='--help --type --wait' ;;
         batch) options='--help --title --type --wait' ;;
+        runs) options='--help --jobs --resume --stop-on-failure' ;;
         help-page) options='--help' ;;
     esac
     case $previous in
@@ -29,7 +30,7 @@ _korvel() {
     if [[ $current == -* ]]; then
         COMPREPLY=($(compgen -W "$options" -- "$current"))
     elif [[ -z $command ]]; then
-        COMPREPLY=($(compgen -W 'info csv report graph listing run batch help-page' -- "$current") $(compgen -f -- "$current"))
+        COMPREPLY=($(compgen -W 'info csv report graph listing run batch runs help-page' -- "$current") $(compgen -f -- "$current"))
     else
         COMPREPLY=($(compgen -f -- "$current"))
     fi

@@ -13,10 +13,11 @@ extern const Command graphCommand;
 extern const Command listingCommand;
 extern const Command runModelCommand;
 extern const Command batchCommand;
+extern const Command runsCommand;
 extern const Command helpPageCommand;
 
 inline const Command* const commandList[] = {&infoCommand,  &csvCommand,     &reportCommand,
                                              &graphCommand, &listingCommand, &runModelCommand,
-                                             &batchCommand, &helpPageCommand};
+                                             &batchCommand, &runsCommand,    &helpPageCommand};
 
 } // namespace korvel

@@ -13,8 +13,6 @@ namespace korvel {
 
 namespace {
 
-const char* const version = "korvel 1.0.0";
-
 const Command* commandOf(const std::string& name) {
     const auto named = [&](const Command* command) { return command->name == name; };
     const auto found = std::ranges::find_if(commandList, named);
@@ -34,7 +32,7 @@ int runOption(const std::string& option, std::ostream& out) {
     if (option == "--help" || option == "-h")
         printHelp(out);
     else if (option == "--version")
-        out << version << '\n';
+        out << "korvel " << programVersion << '\n';
     else
         throw UsageError("unknown option '" + option + "'");
     return exitStatus::done;

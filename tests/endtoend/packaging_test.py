@@ -10,7 +10,7 @@ import sys
 import tempfile
 
 SOURCE, BUILD = map(pathlib.Path, sys.argv[1:3])
-COMMANDS = "info csv report graph listing run batch help-page".split()
+COMMANDS = "info csv report graph listing run batch runs help-page".split()
 OPTION = re.compile(r"--[a-z][a-z-]*")
 failures = []
 

@@ -1,0 +1,163 @@
+#include "basic/DiskNames.h"
+#include "basic/ModelName.h"
+#include "basic/RunTimeError.h"
+#include "commands/CommandLine.h"
+#include "commands/CommandList.h"
+#include "commands/RunsProgress.h"
+#include "commands/Words.h"
+#include "many/LocalRun.h"
+#include "platform/DiskFiles.h"
+#include "runs/DataFileName.h"
+#include "runs/RunControlFile.h"
+#include "toolkit/process/ForkedWorkers.h"
+#include "toolkit/process/GuardedEngine.h"
+
+#include <algorithm>
+#include <sched.h>
+#include <unistd.h>
+
+namespace korvel {
+
+namespace {
+
+const char* const help =
+    "Usage: korvel runs PLAN.csv [--jobs N] [--resume] [--stop-on-failure]\n\n"
+    "Carries out a plan: a CSV with a heading and one row for each run of the model, with the columns name,\n"
+    "data_file (relative to the plan), type (0 to 9, as for korvel run) and, if wanted, title. Each run has "
+    "a\n"
+    "folder of its own beside the plan, PLAN.runs/NAME, which is kept where the run fails. The results are\n"
+    "written beside the data files. PLAN.runs.jsonl beside the plan tells what became of each row: a JSON "
+    "object\n"
+    "a line, of which the last one of a row holds.\n\n"
+    "  --jobs N           runs side by side; as many as there are processors where it is not given\n"
+    "  --resume           skip the rows that are done, as long as engine, data file and results are those of "
+    "then\n"
+    "  --stop-on-failure  start no more after a row has failed\n\n"
+    "The exit status is 0 where every row is done, else 1, and the rows that failed are named at the end.\n"
+    "Ctrl+C stops what runs and can be resumed.\n";
+
+constexpr std::chrono::seconds lockPatience(5); // longer than what a killed call leaves behind takes to end
+constexpr int mostJobs = 10000;
+
+EngineRules rulesOfSingleRuns() {
+    return {[](const std::string& modelName) -> std::variant<RunFiles, std::string> {
+                const DataFileVerdict verdict = dataFileToOpen(modelName);
+                if (const Message* refusal = std::get_if<Message>(&verdict)) return refusal->text;
+                const DataFileNames& names = std::get<DataFileNames>(verdict);
+                return RunFiles{names.folder, names.base};
+            },
+            [](const RunFiles& files, int runType) {
+                return singleRunText("SINGLE", {files.folder, files.base, runType});
+            },
+            RunControlFileName, EngineFileName};
+}
+
+std::size_t processors() {
+    cpu_set_t set;
+    if (sched_getaffinity(0, sizeof set, &set) != 0) return 1;
+    return static_cast<std::size_t>(std::max(1, CPU_COUNT(&set)));
+}
+
+std::size_t givenJobs(const CommandLine& line) {
+    const auto text = line.value("--jobs");
+    if (!text) return processors();
+    const auto jobs = wholeNumber(*text);
+    if (!jobs || *jobs < 1 || *jobs > mostJobs) throw UsageError("no number of jobs '" + *text + "'");
+    return static_cast<std::size_t>(*jobs);
+}
+
+Message runsMessage(const std::string& text, const char* title) {
+    return {text, title, Icon::exclamation, Buttons::ok};
+}
+
+std::string nameOf(const std::string& path) {
+    return path.substr(path.rfind('/') + 1);
+}
+
+Plan planAt(const PlanPlaces& places, const EngineRules& rules) {
+    try {
+        return readPlan(DiskFiles().readAll(modelNameOfHostPath(places.plan)), places.folder, rules);
+    } catch (const RunTimeError& error) {
+        throw RunTimeError(error.number, nameOf(places.plan) + " can't be read: " + error.description);
+    }
+}
+
+// One call with a plan that has been found good.
+class Runs {
+  public:
+    Runs(CommandCall& call, const CommandLine& line, RunSetting setting, std::vector<PlannedRun> runs)
+        : m_call(call),
+          m_line(line),
+          m_setting(std::move(setting)),
+          m_runs(std::move(runs)),
+          m_record(m_setting.places.record, lockPatience),
+          m_tally(m_runs.size()),
+          m_progress(m_tally, call.errors,
+                     isatty(STDERR_FILENO) == 1 ? RunsProgress::Place::terminal : RunsProgress::Place::file) {
+    }
+
+    int carryOut(std::size_t jobs) {
+        ForkedWorkers workers(
+            std::min(jobs, m_runs.size()), [this](const std::string& job) { return work(job); }, m_signals);
+        const LocalRunCall here{m_runs, m_setting, m_record, m_tally, [this] { m_progress.show(); }};
+        DealEnd end = DealEnd::all;
+        if (m_line.has("--resume")) end = keepWhatHolds(here, workers);
+        if (end == DealEnd::all) runHere(here, workers, afterFailure());
+        return tellEnd();
+    }
+
+  private:
+    // In a copy of this process.
+    std::string work(const std::string& job) {
+        GuardedEngine engine;
+        return workOnRow(job, m_runs, m_setting, m_record.last(), engine);
+    }
+
+    AfterFailure afterFailure() const {
+        return m_line.has("--stop-on-failure") ? AfterFailure::stop : AfterFailure::goOn;
+    }
+
+    int tellEnd() {
+        m_progress.end();
+        rmdir(m_setting.places.runs.c_str()); // where nothing is left in it
+        m_call.out << m_tally.summary() << '\n';
+        for (const Tally::Row state : {Tally::Row::failed, Tally::Row::stopped})
+            for (const std::size_t row : m_tally.rowsIn(state))
+                m_call.dialogs.show(runsMessage(m_runs[row].name + ": " + m_tally.message(row), "Runs"));
+        return m_tally.allDone() ? exitStatus::done : exitStatus::failed;
+    }
+
+    CommandCall& m_call;
+    const CommandLine& m_line;
+    StopSignals m_signals;
+    RunSetting m_setting;
+    std::vector<PlannedRun> m_runs;
+    RecordFile m_record;
+    Tally m_tally;
+    RunsProgress m_progress;
+};
+
+int runRuns(CommandCall& call) {
+    using Kind = CommandOption::Kind;
+    const CommandLine line(
+        call.arguments,
+        {{"--jobs", Kind::withValue}, {"--resume", Kind::flag}, {"--stop-on-failure", Kind::flag}});
+    const PlanPlaces places = placesOfPlan(line.onlyOperand("plan"));
+    const std::size_t jobs = givenJobs(line);
+    const EngineRules rules = rulesOfSingleRuns();
+    Plan plan = planAt(places, rules);
+    if (plan.problemCount > 0) {
+        for (const std::string& problem : problemLines(plan, nameOf(places.plan)))
+            call.dialogs.show(runsMessage(problem, "Plan"));
+        return exitStatus::failed;
+    }
+    RunSetting setting =
+        runSetting(places, rules, hostPathOf(call.platform.machine.applicationFolder()), programVersion);
+    return Runs(call, line, std::move(setting), std::move(plan.runs)).carryOut(jobs);
+}
+
+} // namespace
+
+const Command runsCommand = {"runs", "carry out a plan of many runs", help, runRuns};
+
+} // namespace korvel

@@ -1,0 +1,163 @@
+#include "toolkit/process/GuardedEngine.h"
+
+#include "basic/RunTimeError.h"
+#include "toolkit/process/EngineProcess.h"
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace korvel {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int signalBase = 128;
+constexpr std::chrono::seconds patience(2); // between asking the engine to end and ending it
+
+struct Descriptor {
+    explicit Descriptor(int opened) : number(opened) {
+        if (number < 0) throw runTimeErrorOfErrno(errno);
+    }
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    void close() {
+        if (number >= 0) ::close(number);
+        number = -1;
+    }
+    int number;
+};
+
+// All that the child needs, made before the fork: after it nothing may be allocated.
+struct ChildPlan {
+    const char* program;
+    char* const* arguments;
+    const char* folder;
+    int input;
+    int output;
+    int problem; // takes the errno of what fails
+    pid_t parent;
+};
+
+void restoreSignals() {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGCHLD})
+        std::signal(signal, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
+[[noreturn]] void becomeEngine(const ChildPlan& plan) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != plan.parent) _exit(signalBase);
+    setpgid(0, 0);
+    restoreSignals();
+    if (dup2(plan.input, STDIN_FILENO) >= 0 && dup2(plan.output, STDOUT_FILENO) >= 0 &&
+        dup2(plan.output, STDERR_FILENO) >= 0 && chdir(plan.folder) == 0)
+        execve(plan.program, plan.arguments, environ);
+    const int code = errno;
+    [[maybe_unused]] const ssize_t told = ::write(plan.problem, &code, sizeof code);
+    _exit(signalBase - 1);
+}
+
+sigset_t awaitedSignals() {
+    sigset_t awaited;
+    sigemptyset(&awaited);
+    for (const int signal : {SIGCHLD, SIGINT, SIGTERM, SIGHUP})
+        sigaddset(&awaited, signal);
+    return awaited;
+}
+
+// The next of the awaited signals; 0 where none comes in time.
+int nextSignal(std::chrono::milliseconds atMost) {
+    const sigset_t awaited = awaitedSignals();
+    const timespec time{atMost.count() / 1000, (atMost.count() % 1000) * 1000000};
+    const int signal = sigtimedwait(&awaited, nullptr, &time);
+    return signal < 0 ? 0 : signal;
+}
+
+// The child's errno where it could not become the engine, else 0.
+int problemOf(int descriptor) {
+    int code = 0;
+    ssize_t count = 0;
+    do {
+        count = ::read(descriptor, &code, sizeof code);
+    } while (count < 0 && errno == EINTR);
+    return count == static_cast<ssize_t>(sizeof code) ? code : 0;
+}
+
+} // namespace
+
+GuardedEngine::GuardedEngine() : m_parent(getppid()) {
+    sigset_t ends;
+    sigemptyset(&ends);
+    sigaddset(&ends, SIGCHLD);
+    sigprocmask(SIG_BLOCK, &ends, nullptr);
+}
+
+EngineEnd GuardedEngine::run(const std::string& program, const std::string& folder,
+                             const std::string& output) {
+    EngineCommand command = engineCommandOf(program);
+    if (command.program.empty()) return {std::nullopt, false, command.problem};
+    std::array<char*, 3> arguments = {command.program.data(),
+                                      command.argument ? command.argument->data() : nullptr, nullptr};
+    Descriptor input(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+    Descriptor said(::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) throw runTimeErrorOfErrno(errno);
+    const Descriptor problem(ends[0]);
+    Descriptor problemEnd(ends[1]);
+
+    const pid_t self = getpid();
+    const pid_t engine = fork();
+    if (engine < 0) throw runTimeErrorOfErrno(errno);
+    if (engine == 0)
+        becomeEngine({command.program.c_str(), arguments.data(), folder.c_str(), input.number, said.number,
+                      problemEnd.number, self});
+    setpgid(engine, engine); // whoever of the two is first
+    problemEnd.close();
+    const int code = problemOf(problem.number);
+    bool stopped = false;
+    const int status = waitFor(engine, stopped);
+    if (code != 0)
+        return {std::nullopt, false,
+                std::string("The engine can't be started: ") + std::strerror(code) + "."};
+    return {status, stopped, ""};
+}
+
+// A stop is for the engine and all that it has started. Where this process has lost its own parent nobody is
+// left to be polite for.
+int GuardedEngine::waitFor(pid_t engine, bool& stopped) const {
+    Clock::time_point end = Clock::time_point::max();
+    for (;;) {
+        int status = 0;
+        const pid_t ended = waitpid(engine, &status, WNOHANG);
+        if (ended == engine && stopped) ::kill(-engine, SIGKILL); // what is left of its children
+        if (ended == engine) return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
+        if (ended < 0 && errno != EINTR) throw runTimeErrorOfErrno(errno);
+        if (Clock::now() >= end) ::kill(-engine, SIGKILL);
+        const int signal = nextSignal(std::chrono::milliseconds(stopped ? 50 : 1000));
+        if (signal == 0 || signal == SIGCHLD) continue;
+        const bool alone = getppid() != m_parent;
+        ::kill(-engine, alone ? SIGKILL : SIGTERM);
+        if (!stopped) end = Clock::now() + patience;
+        stopped = true;
+    }
+}
+
+bool GuardedEngine::stopAsked() {
+    sigset_t pending;
+    sigpending(&pending);
+    return sigismember(&pending, SIGTERM) == 1 || sigismember(&pending, SIGINT) == 1 ||
+           sigismember(&pending, SIGHUP) == 1;
+}
+
+} // namespace korvel
