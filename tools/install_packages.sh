@@ -4,10 +4,11 @@
 # network, where nothing is missing.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev nlohmann-json3-dev fonts-liberation)
+packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev nlohmann-json3-dev fonts-liberation
+    python3)
 if [[ ${1:-run} == test ]]; then
-    packages+=(libgtest-dev libgmock-dev clang-format python3 xvfb openbox xdotool x11-utils imagemagick poppler-utils
-        cups git util-linux)
+    packages+=(libgtest-dev libgmock-dev clang-format xvfb openbox xdotool x11-utils imagemagick poppler-utils
+        cups git util-linux lintian appstream desktop-file-utils libxml2-utils shared-mime-info mmdebstrap)
 elif [[ ${1:-run} == tidy ]]; then
     packages+=(libgtest-dev libgmock-dev clang clang-tidy)
 fi

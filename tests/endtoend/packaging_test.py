@@ -1,4 +1,5 @@
-"""The man page and the completion name the options that --help names; an installed program works.
+"""The man page and the completion name the options that --help names; an installed program works; the files for the
+desktop are valid; version and date agree wherever they stand.
 
 packaging_test.py SOURCE BUILD
 """
@@ -60,15 +61,54 @@ def check_installed(prefix):
     installed = run("cmake", "--install", BUILD, "--prefix", prefix)
     check(installed.returncode == 0, installed.stderr)
     for file in ["bin/korvel", "lib/korvel/korvel", "lib/korvel/korvelf157.exe", "lib/korvel/KORDAT4.TXT",
-                 "lib/korvel/KORDAT10.TXT", "share/man/man1/korvel.1", "share/bash-completion/completions/korvel"]:
+                 "lib/korvel/KORDAT10.TXT", "share/man/man1/korvel.1.gz", "share/bash-completion/completions/korvel"]:
         check((prefix / file).exists(), f"{file} is not installed")
     version = run(prefix / "bin/korvel", "--version")
     check(version.returncode == 0 and version.stdout.startswith("korvel "), f"--version prints {version}")
     page = run(prefix / "bin/korvel", "help-page", "5")
     check(page.returncode == 0 and "[DETERMINANDS]" in page.stdout, f"help-page prints {page}")
+    check_desktop(prefix)
+
+
+def check_desktop(prefix):
+    share = prefix / "share"
+    for checker in (["desktop-file-validate", share / "applications/korvel.desktop"],
+                    ["xmllint", "--noout", share / "mime/packages/korvel.xml"],
+                    ["appstreamcli", "validate", "--no-net", share / "metainfo/org.korvel.korvel.metainfo.xml"]):
+        result = run(*checker)
+        check(result.returncode == 0, f"{checker[0]}: {result.stdout}{result.stderr}")
+    icons = sorted(path.parent.parent.name for path in (share / "icons/hicolor").glob("*/apps/korvel.png"))
+    check(icons == ["128x128", "16x16", "24x24", "256x256", "32x32", "48x48", "64x64"], f"icons of {icons}")
+    check_type_of_results(share)
+
+
+def check_type_of_results(share):
+    """The desktop finds results files by their name, in any case, and the program for them."""
+    run("update-mime-database", share / "mime")
+    run("update-desktop-database", share / "applications")
+    globs = (share / "mime/globs2").read_text()
+    check("application/x-korvel-results:*.sgr" in globs, f"types of names are {globs}")
+    cache = (share / "applications/mimeinfo.cache").read_text()
+    check("application/x-korvel-results=korvel.desktop" in cache, f"programs of types are {cache}")
+
+
+def check_version(program):
+    """The build's version and day are the changelog's, the man page's and the metainfo's."""
+    cmake = (SOURCE / "CMakeLists.txt").read_text()
+    version = re.search(r"project\(korvel VERSION (\S+)", cmake)[1]
+    day = re.search(r"set\(KORVEL_RELEASE_DAY (\S+)\)", cmake)[1]
+    said = run(program, "--version").stdout.strip()
+    check(said == f"korvel {version}", f"--version says {said}, the build {version}")
+    newest = re.search(r"^## (\d+\.\d+\.\d+)", (SOURCE / "CHANGELOG.md").read_text(), flags=re.M)[1]
+    check(newest == version, f"the changelog's newest version is {newest}, the build's {version}")
+    title = (SOURCE / "packaging/korvel.1").read_text().splitlines()[0]
+    check(title == f'.TH KORVEL 1 "{day}" "KORVEL {version}" "User Commands"', f"the man page begins with {title}")
+    metainfo = (BUILD / "packaging/org.korvel.korvel.metainfo.xml").read_text()
+    check(f'<release version="{version}" date="{day}"/>' in metainfo, "the metainfo names another release")
 
 
 check_documents(BUILD / "app/korvel")
+check_version(BUILD / "app/korvel")
 with tempfile.TemporaryDirectory() as folder:
     check_installed(pathlib.Path(folder))
 for failure in failures:
