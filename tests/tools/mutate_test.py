@@ -3,6 +3,7 @@
 import contextlib
 import io
 import json
+import re
 import sys
 import tempfile
 import unittest
@@ -59,6 +60,13 @@ class DrawTest(unittest.TestCase):
         self.assertEqual(mutate.programs_of("src/graphs/draw"), ["graphs_draw_tests"])
         self.assertEqual(mutate.programs_of("engine"), ["engine_tests"])
         self.assertEqual(mutate.programs_of("src/basic")[0], "basic_tests")
+
+    def test_knows_a_test_program_of_every_room_that_is_there(self):
+        lists = (path.read_text() for path in (mutate.ROOT / "tests").rglob("CMakeLists.txt"))
+        programs = {name for text in lists for name in re.findall(r"korvel_test\((\w+)", text)}
+        names = [path.relative_to(mutate.ROOT).as_posix() for path in mutate.tracked.tracked_files()]
+        for room in sorted({mutate.room_of(name) for name in names if mutate.is_core(name)}):
+            self.assertLessEqual(set(mutate.programs_of(room)), programs, room)
 
     def test_draws_one_fault_of_a_line_by_the_seed(self):
         _, found = made_up(40)
