@@ -29,7 +29,7 @@ constexpr auto oddReciprocals = [] {
 }();
 
 constexpr auto factorialReciprocals = [] {
-    std::array<double, 15> values{}; // 1, 1, 1/2, 1/6 ...
+    std::array<double, 14> values{}; // 1, 1, 1/2, 1/6 ... as far as they count
     double factorial = 1;
     for (std::size_t i = 0; i < values.size(); ++i) {
         if (i > 1) factorial *= static_cast<double>(i);
