@@ -1,9 +1,9 @@
 // The labels of features under a distance axis: which points are labelled, with what text, and where.
 #pragma once
 
+#include "drawing/LabelPlacing.h"
 #include "graphs/draw/GraphInputs.h"
 #include "graphs/draw/GraphSheet.h"
-#include "graphs/draw/LabelRows.h"
 #include "graphs/draw/PlottedColumn.h"
 
 #include <string>
@@ -14,7 +14,8 @@ namespace korvel {
 struct FeatureLabel {
     double distance = 0; // km along the plotted run
     std::string text;
-    bool required = false; // the first of its column, and the column's last point
+    bool important = false; // reach boundaries, discharges and stations
+    bool required = false;  // the first of its column, and the column's last point
     bool operator==(const FeatureLabel&) const = default;
 };
 
@@ -42,6 +43,7 @@ FeatureRows arrangeFeatures(const GraphSheet& sheet, std::vector<FeatureLabel> l
 // How the rows hang under an axis.
 struct FeatureHeights {
     double axis = 0; // y
+    double mark = 0; // length of those under the axis
     double gap = 0;  // above the first row
     double row = 0;
 };

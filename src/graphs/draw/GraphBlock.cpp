@@ -53,7 +53,7 @@ void arrangeBlock(const GraphSheet& sheet, const GraphInputs& inputs, const Bloc
                    block.place.right - rightMargin};
     const double perKm = block.scale.perKm();
     const LabelStrip strip{block.place.left + 0.3 * measures.line, block.place.right - 0.3 * measures.line,
-                           0.3 * measures.line, mostFeatureRows(block, measures)};
+                           0.3 * measures.line, measures.featureReach(), mostFeatureRows(block, measures)};
     block.features = arrangeFeatures(
         sheet, featureLabels(inputs, block.column.number, perKm, measures.spacing), block.scale, strip);
 }
@@ -74,7 +74,8 @@ void drawBlock(const GraphSheet& sheet, const GraphBlock& block, const BlockMeas
         drawPanel(sheet, panel, area, column, {measures.line, measures.largeTextMode});
         top -= share;
     }
-    drawFeatures(sheet, block.features, block.scale, {base, measures.featureGap(), measures.featureRow});
+    drawFeatures(sheet, block.features, block.scale,
+                 {base, measures.featureMark(), measures.featureGap(), measures.featureRow});
     drawReachNames(sheet, block.scale, block.reaches, axis, names);
     drawDistanceAxis(sheet, block.scale, ticks, axis);
 }

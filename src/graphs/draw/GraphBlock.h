@@ -28,7 +28,9 @@ struct BlockMeasures {
     double numbers() const { return 1.4 * line; } // the numbers under a distance axis
     double header() const { return 1.25 * line; } // the text above a panel
     double reachNames() const { return 1.25 * line; }
-    double featureGap() const { return 0.5 * line; }
+    double featureMark() const { return 0.2 * line; }
+    double featureGap() const { return 1.0 * line; } // leaders slant in it
+    double featureReach() const { return 4 * line; } // of slanting leaders
     double leastPlot() const { return 3.5 * line; }
 };
 

@@ -1,5 +1,6 @@
 #include "graphs/draw/GraphPrimitives.h"
 
+#include <algorithm>
 #include <span>
 #include <utility>
 
@@ -84,6 +85,16 @@ double GraphPrimitives::TxtWidth(bool pr, const std::string& Text) const {
 
 double GraphPrimitives::narrowWidth(bool pr, const std::string& text) const {
     return metrics(pr).measure(text, font(narrowFontName())).width;
+}
+
+double GraphPrimitives::widestWidth(const std::string& text) const {
+    return std::max(TxtWidth(false, text), TxtWidth(true, text));
+}
+
+double GraphPrimitives::widestNarrowWidth(const std::string& text) const {
+    const double screen = m_screen.measure(text, font("Arial Narrow")).width;
+    const double paper = m_printer.measure(text, font("Arial Narrow")).width;
+    return std::max({screen, paper, TxtWidth(false, text)});
 }
 
 double GraphPrimitives::TxtHeight(const std::string& Text) const {

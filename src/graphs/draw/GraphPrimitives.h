@@ -40,6 +40,9 @@ class GraphPrimitives {
     double TxtWidth(bool pr, const std::string& Text) const;
     // The width that DisplayTextY takes.
     double narrowWidth(bool pr, const std::string& text) const;
+    // The widest of screen and paper, and of the saved image, too.
+    double widestWidth(const std::string& text) const;
+    double widestNarrowWidth(const std::string& text) const;
     // Always measured on screen, also while printing: the lines on paper stand as far apart as on screen.
     double TxtHeight(const std::string& Text) const;
 

@@ -51,8 +51,10 @@ class GraphSheet {
     void narrowText(DrawnPoint at, int align, const std::string& text) const {
         m_primitives.DisplayTextY(m_pr, at.x, at.y, align, text);
     }
-    double width(const std::string& text) const { return m_primitives.TxtWidth(m_pr, text); }
+    // For layout: the widest of screen and paper, so that both are laid out alike.
+    double width(const std::string& text) const { return m_primitives.widestWidth(text); }
     double narrowWidth(const std::string& text) const { return m_primitives.narrowWidth(m_pr, text); }
+    double labelWidth(const std::string& text) const { return m_primitives.widestNarrowWidth(text); }
     // Half the size of the cross of an observed value.
     double crossHalf() const { return 0.25 * lineHeight(); }
     double lineHeight() const { return m_primitives.TxtHeight("0"); }

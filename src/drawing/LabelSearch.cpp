@@ -1,0 +1,231 @@
+#include "drawing/LabelSearch.h"
+
+#include "drawing/LabelRoom.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace korvel {
+
+namespace {
+
+// What speaks for a set of labels and against it, in units of one ordinary label.
+constexpr double importantLabel = 1.5;
+constexpr double bend = 0.04;        // of a leader
+constexpr double displacement = 0.3; // of a port by the whole reach
+constexpr double unevenness = 0.1;   // of a stretch as long as it were if all rows were full
+constexpr double usedRoom = 1.0;     // of the room of one label
+
+constexpr std::size_t mostSteps = 8000;
+
+constexpr std::size_t noNode = static_cast<std::size_t>(-1);
+
+// A label that was placed, and the one before it.
+struct Node {
+    std::size_t request = 0;
+    LabelPlace place;
+    std::size_t before = noNode;
+};
+
+// Labels up to some anchor.
+struct Partial {
+    LabelEdge edge;
+    FreeFrom free;
+    double value = 0;
+    double lastAt = 0;
+    std::size_t lastNode = noNode;
+};
+
+// A label more, or none, upon a partial one.
+struct Step {
+    std::size_t partial = 0;
+    std::optional<LabelPlace> place;
+    double value = 0;
+    double promise = 0; // the value less the room used up
+};
+
+double meanWidth(const std::vector<LabelRequest>& requests) {
+    double sum = 0;
+    for (const LabelRequest& request : requests)
+        sum += request.width;
+    return sum / static_cast<double>(requests.size());
+}
+
+// Goes through the anchors from left to right with the most promising partial labellings.
+class Search {
+  public:
+    Search(const std::vector<LabelRequest>& requests, const LabelStrip& strip, const LabelPlaces& fixed)
+        : m_requests(requests),
+          m_strip(strip),
+          m_fixed(fixed),
+          m_width(meanWidth(requests)),
+          m_stretch((m_width + strip.gap) / strip.rows),
+          m_most(std::clamp<std::size_t>(mostSteps / requests.size(), 3, 200)) {}
+
+    LabelPlaces places() {
+        setRightEdges();
+        m_partials.push_back({LabelEdge::leftOf(m_strip), {}, 0, m_strip.left, noNode});
+        m_partials.front().free.set(m_partials.front().edge, m_strip);
+        for (std::size_t k = 0; k < m_requests.size(); ++k)
+            pass(k);
+        return traced();
+    }
+
+  private:
+    // What the required labels still to come leave free.
+    void setRightEdges() {
+        LabelEdge edge = LabelEdge::mirroredRightOf(m_strip);
+        FreeFrom free;
+        free.set(edge, m_strip);
+        m_right.push_back(free);
+        for (std::size_t k = m_requests.size(); k-- > 0;) {
+            if (!m_fixed[k]) continue;
+            edge.addMirrored(*m_fixed[k]);
+            free.set(edge, m_strip);
+            m_right.push_back(free);
+        }
+    }
+
+    void pass(std::size_t k) {
+        m_steps.clear();
+        if (m_fixed[k]) m_right.pop_back();
+        for (std::size_t p = 0; p < m_partials.size(); ++p)
+            addSteps(k, p);
+        keepMostPromising();
+        take(k);
+    }
+
+    void addSteps(std::size_t k, std::size_t p) {
+        if (m_fixed[k]) {
+            addStep(k, p, *m_fixed[k]);
+            return;
+        }
+        const Partial& partial = m_partials[p];
+        const double at = m_requests[k].at;
+        m_steps.push_back({p,
+                           {},
+                           partial.value,
+                           partial.value - used(partial, at, {}, 0) - costOfStretch(partial.lastAt, at)});
+        for (int row = 0; row < m_strip.rows; ++row)
+            addStepsOn(k, p, row);
+    }
+
+    // With a leader as straight as it can be, and with one that leaves most room.
+    void addStepsOn(std::size_t k, std::size_t p, int row) {
+        const LabelRequest& request = m_requests[k];
+        const LabelRoom room = roomBetween(m_partials[p].free, m_right.back(), row);
+        const auto nearest = placeIn(room, row, request.at, request);
+        if (!nearest) return;
+        addStep(k, p, *nearest);
+        if (nearest->port > request.at - m_strip.reach)
+            if (const auto packed = placeIn(room, row, request.at - m_strip.reach, request))
+                if (packed->port < nearest->port) addStep(k, p, *packed);
+    }
+
+    std::optional<LabelPlace> placeIn(const LabelRoom& room, int row, double port,
+                                      const LabelRequest& request) const {
+        auto place = leftmostPlace(room, row, port, request.width, m_strip.clearance());
+        if (place && std::abs(place->port - request.at) > m_strip.reach * 1.000001) place.reset();
+        return place;
+    }
+
+    void addStep(std::size_t k, std::size_t p, const LabelPlace& place) {
+        const LabelRequest& request = m_requests[k];
+        const Partial& partial = m_partials[p];
+        const double value = partial.value + (request.important ? importantLabel : 1) -
+                             costOfLeader(request, place) - costOfStretch(partial.lastAt, request.at);
+        m_steps.push_back({p, place, value, value - used(partial, request.at, place, request.width)});
+    }
+
+    double costOfLeader(const LabelRequest& request, const LabelPlace& place) const {
+        const double shift = std::abs(place.port - request.at);
+        if (shift == 0) return 0;
+        const double part = m_strip.reach > 0 ? std::min(shift / m_strip.reach, 1.0) : 1;
+        return bend + displacement * part * part;
+    }
+    double costOfStretch(double from, double to) const {
+        const double stretch = (to - from) / m_stretch;
+        return unevenness * stretch * stretch;
+    }
+
+    // The room to the right of an anchor that is taken, in labels.
+    double used(const Partial& partial, double at, const std::optional<LabelPlace>& place,
+                double width) const {
+        double sum = 0;
+        const double from = at - m_width;
+        for (int row = 0; row < m_strip.rows; ++row) {
+            const auto r = static_cast<std::size_t>(row);
+            double text = partial.free.text[r], port = partial.free.port[r];
+            if (place) {
+                const double end = place->left + width;
+                if (row < place->row) text = std::max(text, place->port + m_strip.clearance());
+                if (row == place->row) text = end + m_strip.gap;
+                if (row > place->row) port = std::max(port, end + m_strip.clearance());
+                port = std::max(port, place->port + m_strip.clearance());
+            }
+            sum += std::max(0.0, std::max(text, port - m_width) - from);
+        }
+        return usedRoom * sum / (m_width + m_strip.gap);
+    }
+
+    void keepMostPromising() {
+        if (m_steps.size() <= m_most) return;
+        const auto end = m_steps.begin() + static_cast<std::ptrdiff_t>(m_most);
+        std::nth_element(m_steps.begin(), end, m_steps.end(),
+                         [](const Step& a, const Step& b) { return a.promise > b.promise; });
+        m_steps.erase(end, m_steps.end());
+    }
+
+    void take(std::size_t k) {
+        m_next.resize(m_steps.size());
+        for (std::size_t s = 0; s < m_steps.size(); ++s) {
+            const Step& step = m_steps[s];
+            m_next[s] = m_partials[step.partial];
+            if (step.place) take(k, step, m_next[s]);
+        }
+        std::swap(m_partials, m_next);
+    }
+    void take(std::size_t k, const Step& step, Partial& partial) {
+        m_nodes.push_back({k, *step.place, partial.lastNode});
+        partial.lastNode = m_nodes.size() - 1;
+        partial.value = step.value;
+        partial.lastAt = m_requests[k].at;
+        partial.edge.add(*step.place, m_requests[k].width);
+        partial.free.set(partial.edge, m_strip);
+    }
+
+    LabelPlaces traced() const {
+        const auto value = [&](const Partial& partial) {
+            return partial.value - costOfStretch(partial.lastAt, m_strip.right);
+        };
+        const auto best =
+            std::max_element(m_partials.begin(), m_partials.end(),
+                             [&](const Partial& a, const Partial& b) { return value(a) < value(b); });
+        LabelPlaces places(m_requests.size());
+        for (std::size_t node = best->lastNode; node != noNode; node = m_nodes[node].before)
+            places[m_nodes[node].request] = m_nodes[node].place;
+        return places;
+    }
+
+    const std::vector<LabelRequest>& m_requests;
+    const LabelStrip& m_strip;
+    const LabelPlaces& m_fixed;
+    double m_width;
+    double m_stretch;
+    std::size_t m_most; // partial labellings that are kept
+    std::vector<FreeFrom> m_right;
+    std::vector<Partial> m_partials, m_next;
+    std::vector<Step> m_steps;
+    std::vector<Node> m_nodes;
+};
+
+} // namespace
+
+LabelPlaces searchLabelPlaces(const std::vector<LabelRequest>& requests, const LabelStrip& strip,
+                              const LabelPlaces& fixed) {
+    if (requests.empty()) return {};
+    return Search(requests, strip, fixed).places();
+}
+
+} // namespace korvel
