@@ -4,6 +4,7 @@
 #include "drawing/LabelRoom.h"
 #include "drawing/LabelSearch.h"
 #include "drawing/LabelSettling.h"
+#include "drawing/LabelThinning.h"
 
 #include <algorithm>
 #include <cmath>
@@ -90,6 +91,22 @@ LabelPlaces placeRequired(const std::vector<LabelRequest>& ordered, const Indice
     return places;
 }
 
+// Searches among the labels that are worth it.
+LabelPlaces search(const std::vector<LabelRequest>& ordered, const LabelStrip& strip,
+                   const LabelPlaces& fixed) {
+    std::vector<LabelRequest> requests;
+    LabelPlaces fixedThere, places(ordered.size());
+    const Indices chosen = worthSearching(ordered, strip);
+    for (const std::size_t k : chosen) {
+        requests.push_back(ordered[k]);
+        fixedThere.push_back(fixed[k]);
+    }
+    const LabelPlaces found = searchLabelPlaces(requests, strip, fixedThere);
+    for (std::size_t n = 0; n < chosen.size(); ++n)
+        places[chosen[n]] = found[n];
+    return places;
+}
+
 } // namespace
 
 std::vector<std::optional<LabelPlace>> placeLabels(const std::vector<LabelRequest>& requests,
@@ -101,7 +118,7 @@ std::vector<std::optional<LabelPlace>> placeLabels(const std::vector<LabelReques
     std::vector<LabelRequest> ordered;
     for (const std::size_t k : order)
         ordered.push_back(grid.fine(requests[k]));
-    LabelPlaces found = searchLabelPlaces(ordered, grid.strip(), placeRequired(ordered, order, grid.strip()));
+    LabelPlaces found = search(ordered, grid.strip(), placeRequired(ordered, order, grid.strip()));
     settleLabels(ordered, grid.strip(), found);
     for (std::size_t n = 0; n < order.size(); ++n)
         if (found[n]) places[order[n]] = grid.coarse(*found[n], requests[order[n]]);

@@ -17,7 +17,7 @@ constexpr double displacement = 0.3; // of a port by the whole reach
 constexpr double unevenness = 0.1;   // of a stretch as long as it were if all rows were full
 constexpr double usedRoom = 1.0;     // of the room of one label
 
-constexpr std::size_t mostSteps = 8000;
+constexpr std::size_t mostSteps = 500000;
 
 constexpr std::size_t noNode = static_cast<std::size_t>(-1);
 
@@ -52,6 +52,11 @@ double meanWidth(const std::vector<LabelRequest>& requests) {
     return sum / static_cast<double>(requests.size());
 }
 
+// So many that the time does not grow faster than the number of labels.
+std::size_t mostPartials(std::size_t labels, std::size_t rows) {
+    return std::clamp<std::size_t>(mostSteps / (labels * rows * rows), 1, 200);
+}
+
 // Goes through the anchors from left to right with the most promising partial labellings.
 class Search {
   public:
@@ -61,7 +66,7 @@ class Search {
           m_fixed(fixed),
           m_width(meanWidth(requests)),
           m_stretch((m_width + strip.gap) / strip.rows),
-          m_most(std::clamp<std::size_t>(mostSteps / requests.size(), 3, 200)) {}
+          m_most(mostPartials(requests.size(), static_cast<std::size_t>(strip.rows))) {}
 
     LabelPlaces places() {
         setRightEdges();
@@ -97,16 +102,15 @@ class Search {
     }
 
     void addSteps(std::size_t k, std::size_t p) {
+        setTaken(m_partials[p], m_requests[k].at);
         if (m_fixed[k]) {
             addStep(k, p, *m_fixed[k]);
             return;
         }
         const Partial& partial = m_partials[p];
         const double at = m_requests[k].at;
-        m_steps.push_back({p,
-                           {},
-                           partial.value,
-                           partial.value - used(partial, at, {}, 0) - costOfStretch(partial.lastAt, at)});
+        m_steps.push_back(
+            {p, {}, partial.value, partial.value - used(at) - costOfStretch(partial.lastAt, at)});
         for (int row = 0; row < m_strip.rows; ++row)
             addStepsOn(k, p, row);
     }
@@ -135,7 +139,7 @@ class Search {
         const Partial& partial = m_partials[p];
         const double value = partial.value + (request.important ? importantLabel : 1) -
                              costOfLeader(request, place) - costOfStretch(partial.lastAt, request.at);
-        m_steps.push_back({p, place, value, value - used(partial, request.at, place, request.width)});
+        m_steps.push_back({p, place, value, value - used(request.at, place, request.width)});
     }
 
     double costOfLeader(const LabelRequest& request, const LabelPlace& place) const {
@@ -149,24 +153,35 @@ class Search {
         return unevenness * stretch * stretch;
     }
 
-    // The room to the right of an anchor that is taken, in labels.
-    double used(const Partial& partial, double at, const std::optional<LabelPlace>& place,
-                double width) const {
+    // From where each row is taken up to, seen from an anchor: a label there could begin a width before its
+    // leader.
+    void setTaken(const Partial& partial, double at) {
+        m_taken.resize(partial.free.text.size());
+        for (std::size_t r = 0; r < m_taken.size(); ++r)
+            m_taken[r] = std::max({partial.free.text[r], partial.free.port[r] - m_width, at - m_width});
+    }
+    // The room to the right of the anchor that is taken, in labels.
+    double used(double at) const {
         double sum = 0;
-        const double from = at - m_width;
-        for (int row = 0; row < m_strip.rows; ++row) {
-            const auto r = static_cast<std::size_t>(row);
-            double text = partial.free.text[r], port = partial.free.port[r];
-            if (place) {
-                const double end = place->left + width;
-                if (row < place->row) text = std::max(text, place->port + m_strip.clearance());
-                if (row == place->row) text = end + m_strip.gap;
-                if (row > place->row) port = std::max(port, end + m_strip.clearance());
-                port = std::max(port, place->port + m_strip.clearance());
-            }
-            sum += std::max(0.0, std::max(text, port - m_width) - from);
-        }
-        return usedRoom * sum / (m_width + m_strip.gap);
+        for (const double taken : m_taken)
+            sum += taken;
+        return inLabels(sum, at);
+    }
+    double used(double at, const LabelPlace& place, double width) const {
+        const double end = place.left + width;
+        const double beforeText = place.port + m_strip.clearance();
+        const double behindText = std::max(beforeText, end + m_strip.clearance()) - m_width;
+        const auto row = static_cast<std::size_t>(place.row);
+        double sum = std::max(m_taken[row], end + m_strip.gap);
+        for (std::size_t r = 0; r < row; ++r)
+            sum += std::max(m_taken[r], beforeText);
+        for (std::size_t r = row + 1; r < m_taken.size(); ++r)
+            sum += std::max(m_taken[r], behindText);
+        return inLabels(sum, at);
+    }
+    double inLabels(double sum, double at) const {
+        const double free = static_cast<double>(m_taken.size()) * (at - m_width);
+        return usedRoom * (sum - free) / (m_width + m_strip.gap);
     }
 
     void keepMostPromising() {
@@ -215,6 +230,7 @@ class Search {
     double m_stretch;
     std::size_t m_most; // partial labellings that are kept
     std::vector<FreeFrom> m_right;
+    std::vector<double> m_taken;
     std::vector<Partial> m_partials, m_next;
     std::vector<Step> m_steps;
     std::vector<Node> m_nodes;

@@ -21,7 +21,7 @@ class Settling {
         LabelEdge edge = LabelEdge::leftOf(m_strip);
         m_left.set(edge, m_strip);
         for (std::size_t k = 0; k < m_requests.size(); ++k) {
-            if (m_places[k]) m_right.pop_back();
+            if (m_places[k]) --m_behind;
             m_places[k] = visit(k);
             if (!m_places[k]) continue;
             edge.add(*m_places[k], m_requests[k].width);
@@ -33,7 +33,7 @@ class Settling {
         std::optional<LabelPlace> best = m_places[k];
         for (int row = 0; row < m_strip.rows; ++row) {
             const LabelRequest& request = m_requests[k];
-            const auto place = leftmostPlace(roomBetween(m_left, m_right.back(), row), row, request.at,
+            const auto place = leftmostPlace(roomBetween(m_left, m_right[m_behind], row), row, request.at,
                                              request.width, m_strip.clearance());
             if (!place || (!m_places[k] && shift(k, *place) > m_strip.reach)) continue;
             if (!best || cost(k, *place) < cost(k, *best)) best = place;
@@ -45,7 +45,7 @@ class Settling {
     LabelPlace centred(std::size_t k) const {
         LabelPlace place = *m_places[k];
         const double width = m_requests[k].width;
-        place.left = textNearestTo(place.port - width / 2, roomBetween(m_left, m_right.back(), place.row),
+        place.left = textNearestTo(place.port - width / 2, roomBetween(m_left, m_right[m_behind], place.row),
                                    place.port, width, m_strip.clearance());
         return place;
     }
@@ -55,13 +55,18 @@ class Settling {
   private:
     void setRightEdges() {
         LabelEdge edge = LabelEdge::mirroredRightOf(m_strip);
-        m_right.assign(1, {});
-        m_right.back().set(edge, m_strip);
+        m_behind = 0;
+        setRight(edge);
         for (std::size_t k = m_requests.size(); k-- > 0;) {
             if (!m_places[k]) continue;
             edge.addMirrored(*m_places[k]);
-            m_right.emplace_back().set(edge, m_strip);
+            ++m_behind;
+            setRight(edge);
         }
+    }
+    void setRight(const LabelEdge& edge) {
+        if (m_behind == m_right.size()) m_right.emplace_back();
+        m_right[m_behind].set(edge, m_strip);
     }
 
     double shift(std::size_t k, const LabelPlace& place) const {
@@ -78,7 +83,8 @@ class Settling {
     const LabelStrip& m_strip;
     LabelPlaces& m_places;
     FreeFrom m_left;
-    std::vector<FreeFrom> m_right; // of the labels to come, the next one's last
+    std::vector<FreeFrom> m_right; // behind the last so many labels
+    std::size_t m_behind = 0;
 };
 
 } // namespace
