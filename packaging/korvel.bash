@@ -16,7 +16,7 @@ _korvel() {
         listing) options='--help --output' ;;
         run) options='--help --type --wait' ;;
         batch) options='--help --title --type --wait' ;;
-        runs) options='--help --jobs --resume --stop-on-failure' ;;
+        runs) options='--help --jobs --resume --sbatch --slurm --stop-on-failure' ;;
         help-page) options='--help' ;;
     esac
     case $previous in

@@ -8,7 +8,8 @@ packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev 
     python3)
 if [[ ${1:-run} == test ]]; then
     packages+=(libgtest-dev libgmock-dev clang-format xvfb openbox xdotool x11-utils imagemagick poppler-utils
-        cups git util-linux lintian appstream desktop-file-utils libxml2-utils shared-mime-info mmdebstrap)
+        cups git util-linux lintian appstream desktop-file-utils libxml2-utils shared-mime-info mmdebstrap slurm-wlm
+        munge)
 elif [[ ${1:-run} == tidy ]]; then
     packages+=(libgtest-dev libgmock-dev clang clang-tidy)
 fi

@@ -28,6 +28,10 @@ auto untilNotInterrupted(Call call) {
     return result;
 }
 
+std::size_t hashOf(std::string_view line) {
+    return std::hash<std::string_view>()(line);
+}
+
 [[noreturn]] void failWithErrno() {
     throw runTimeErrorOfErrno(errno);
 }
@@ -43,10 +47,12 @@ RecordText readRecord(std::string_view text) {
         const std::size_t end = std::min(lineEnd, text.size());
         if (lastIsBroken && read.brokenLine == 0) read.brokenLine = number;
         ++number;
-        std::optional<RunRecord> record = recordOfLine(text.substr(start, end - start));
+        const std::string_view line = text.substr(start, end - start);
+        std::optional<RunRecord> record = recordOfLine(line);
         lastIsBroken = !record;
         start = std::min(end + 1, text.size());
         if (!record) continue;
+        read.hashes.push_back(hashOf(line));
         read.wholeSize = start;
         read.lacksLineEnd = lineEnd == std::string_view::npos;
         std::string name = record->name;
@@ -93,6 +99,7 @@ void RecordFile::takeUp(const std::string& path) {
     if (::ftruncate(m_file, static_cast<off_t>(read.wholeSize)) != 0) failWithErrno();
     m_size = read.wholeSize;
     m_last = std::move(read.last);
+    m_lines = {read.hashes.begin(), read.hashes.end()};
     if (read.lacksLineEnd) write("\n");
 }
 
@@ -113,8 +120,14 @@ const RunRecord* RecordFile::lastOf(const std::string& name) const {
     return found == m_last.end() ? nullptr : &found->second;
 }
 
+bool RecordFile::holds(const RunRecord& record) const {
+    return m_lines.contains(hashOf(recordLine(record)));
+}
+
 void RecordFile::append(const RunRecord& record) {
-    write(recordLine(record) + '\n');
+    const std::string line = recordLine(record);
+    write(line + '\n');
+    m_lines.insert(hashOf(line));
     m_last.insert_or_assign(record.name, record);
 }
 
@@ -139,6 +152,10 @@ void RecordFile::reserve(std::size_t lines) {
     const int result = ::fallocate(m_file, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(m_size), room);
     if (result != 0 && (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)) failWithErrno();
     // A file system that reserves nothing is no reason to stop.
+}
+
+void RecordFile::flush() {
+    if (untilNotInterrupted([&] { return ::fdatasync(m_file); }) != 0 && errno != EINVAL) failWithErrno();
 }
 
 } // namespace korvel

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 namespace korvel {
 
@@ -16,8 +18,9 @@ using LastRecords = std::unordered_map<std::string, RunRecord>; // by name of th
 
 struct RecordText {
     LastRecords last;
-    std::size_t wholeSize = 0;  // bytes without a broken last line
-    bool lacksLineEnd = false;  // of a last line that is whole
+    std::size_t wholeSize = 0; // bytes without a broken last line
+    bool lacksLineEnd = false; // of a last line that is whole
+    std::vector<std::size_t> hashes;
     std::size_t brokenLine = 0; // counted from 1; a broken one before the last. 0: none
 };
 
@@ -37,11 +40,16 @@ class RecordFile {
     // Of a run; nothing where it has none.
     const RunRecord* lastOf(const std::string& name) const;
 
+    // Whether this very line stands anywhere in the record.
+    bool holds(const RunRecord& record) const;
+
     // The line is there whole, or the record is as before and RunTimeError (61 disk full) is thrown.
     void append(const RunRecord& record);
     // Asks for room for so many more lines of runs that are under way, so that a disk that fills up meanwhile
     // takes them. Fails with RunTimeError (61) where there is none.
     void reserve(std::size_t lines);
+    // Waits until the lines are where others see them: a network file system keeps them back for a while.
+    void flush();
 
   private:
     void lock(std::chrono::milliseconds patience) const;
@@ -52,6 +60,7 @@ class RecordFile {
     int m_file = -1;
     std::size_t m_size = 0;
     LastRecords m_last;
+    std::unordered_set<std::size_t> m_lines; // their hashes
 };
 
 } // namespace korvel

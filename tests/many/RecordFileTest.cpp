@@ -140,6 +140,16 @@ TEST_F(Record, IsAsBeforeWhereALineFindsNoRoom) {
     EXPECT_EQ(text(), before + lineOf(record("c")));
 }
 
+TEST_F(Record, KnowsEveryLineThatItHolds) {
+    put(lineOf(record("a", RunState::started)) + lineOf(record("a")));
+    RecordFile file(path(), 0ms);
+    EXPECT_TRUE(file.holds(record("a", RunState::started)));
+    EXPECT_TRUE(file.holds(record("a")));
+    EXPECT_FALSE(file.holds(record("b")));
+    file.append(record("b"));
+    EXPECT_TRUE(file.holds(record("b")));
+}
+
 TEST_F(Record, ReservesRoomWithoutGrowing) {
     RecordFile file(path(), 0ms);
     file.append(record("a"));

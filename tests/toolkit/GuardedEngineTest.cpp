@@ -91,6 +91,22 @@ TEST_F(GuardedEngineTest, EndsAnEngineThatDoesNotStop) {
     EXPECT_GE(std::chrono::steady_clock::now() - begun, 2s);
 }
 
+TEST_F(GuardedEngineTest, KnowsAStopThatTheEngineGotFirst) {
+    // A signal to both, which the engine gets first.
+    const EngineEnd end = run("(sleep 0.1; kill -TERM $PPID) & kill -TERM $$; sleep 5\n");
+    EXPECT_EQ(end.status, 143);
+    EXPECT_TRUE(end.stopped);
+}
+
+TEST_F(GuardedEngineTest, StopsTheEngineWhereItIsGivenUp) {
+    folder.put("engine", "#!/bin/sh\nsleep 100\n");
+    std::filesystem::permissions(folder.path("engine"), std::filesystem::perms::owner_all);
+    GuardedEngine engine([] { return true; });
+    const EngineEnd end = engine.run(folder.path("engine"), folder.path(), folder.path("said.txt"));
+    EXPECT_TRUE(end.stopped);
+    EXPECT_EQ(end.status, 143);
+}
+
 TEST_F(GuardedEngineTest, KnowsThatSomebodyAskedToStop) {
     GuardedEngine engine;
     EXPECT_FALSE(engine.stopAsked());

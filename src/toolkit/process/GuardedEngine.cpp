@@ -20,7 +20,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int signalBase = 128;
-constexpr std::chrono::seconds patience(2); // between asking the engine to end and ending it
+constexpr std::chrono::milliseconds togetherness(300); // between two processes that get one signal
+constexpr std::chrono::seconds patience(2);            // between asking the engine to end and ending it
 
 struct Descriptor {
     explicit Descriptor(int opened) : number(opened) {
@@ -84,6 +85,16 @@ int nextSignal(std::chrono::milliseconds atMost) {
     return signal < 0 ? 0 : signal;
 }
 
+// Whether a stop is asked for in time.
+bool nextStop(std::chrono::milliseconds atMost) {
+    const auto end = Clock::now() + atMost;
+    while (Clock::now() < end) {
+        const int signal = nextSignal(std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()));
+        if (signal != 0 && signal != SIGCHLD) return true;
+    }
+    return false;
+}
+
 // The child's errno where it could not become the engine, else 0.
 int problemOf(int descriptor) {
     int code = 0;
@@ -96,7 +107,8 @@ int problemOf(int descriptor) {
 
 } // namespace
 
-GuardedEngine::GuardedEngine() : m_parent(getppid()) {
+GuardedEngine::GuardedEngine(std::function<bool()> giveUp)
+    : m_giveUp(std::move(giveUp)), m_parent(getppid()) {
     sigset_t ends;
     sigemptyset(&ends);
     sigaddset(&ends, SIGCHLD);
@@ -140,12 +152,17 @@ int GuardedEngine::waitFor(pid_t engine, bool& stopped) const {
     for (;;) {
         int status = 0;
         const pid_t ended = waitpid(engine, &status, WNOHANG);
-        if (ended == engine && stopped) ::kill(-engine, SIGKILL); // what is left of its children
-        if (ended == engine) return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
+        if (ended == engine) {
+            // A signal to all may have reached the engine first.
+            if (WIFSIGNALED(status) && !stopped) stopped = nextStop(togetherness);
+            if (stopped) ::kill(-engine, SIGKILL); // what is left of its children
+            return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
+        }
         if (ended < 0 && errno != EINTR) throw runTimeErrorOfErrno(errno);
         if (Clock::now() >= end) ::kill(-engine, SIGKILL);
         const int signal = nextSignal(std::chrono::milliseconds(stopped ? 50 : 1000));
-        if (signal == 0 || signal == SIGCHLD) continue;
+        const bool givesUp = signal == 0 && !stopped && m_giveUp && m_giveUp();
+        if ((signal == 0 && !givesUp) || signal == SIGCHLD) continue;
         const bool alone = getppid() != m_parent;
         ::kill(-engine, alone ? SIGKILL : SIGTERM);
         if (!stopped) end = Clock::now() + patience;

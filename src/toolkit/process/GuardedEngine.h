@@ -4,13 +4,15 @@
 
 #include "platform/EngineRun.h"
 
+#include <functional>
 #include <sys/types.h>
 
 namespace korvel {
 
 class GuardedEngine : public EngineRun {
   public:
-    GuardedEngine();
+    // `giveUp` is asked about once a second; where it says yes, the engine is stopped.
+    explicit GuardedEngine(std::function<bool()> giveUp = {});
 
     EngineEnd run(const std::string& program, const std::string& folder, const std::string& output) override;
     bool stopAsked() override;
@@ -18,6 +20,7 @@ class GuardedEngine : public EngineRun {
   private:
     int waitFor(pid_t engine, bool& stopped) const;
 
+    std::function<bool()> m_giveUp;
     pid_t m_parent; // of this process, when it began
 };
 
