@@ -37,7 +37,7 @@ MEMORY, FILE_SIZE = 6 << 30, 1 << 30
 # The test programs of a room, where it isn't named after its folder alone. What passes the first goes to the next.
 PROGRAMS = {
     "src/basic": ["basic_tests", "form_scaling_tests", "results_tests"],
-    "src/drawing": ["graphs_draw_tests", "reports_tests"],
+    "src/drawing": ["drawing_tests", "graphs_draw_tests", "reports_tests"],
     "src/global": ["runs_tests", "results_tests", "graphs_setup_tests", "graphs_draw_tests", "app_tests"],
     "src/platform": ["platform_tests", "reports_tests"],
 }

@@ -1,5 +1,7 @@
 #include "drawing/LabelPlacing.h"
 
+#include "fakes/Rounds.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -271,7 +273,7 @@ TEST(LabelPlacing, PrefersImportantLabels) {
 
 TEST(LabelPlacing, NoLabelCoversAnotherAndNoLeaderPassesThroughOne) {
     Dice dice{std::mt19937(7)};
-    for (int round = 0; round < 2000; ++round) {
+    for (int round = 0; round < roundsOf(2000); ++round) {
         const Requests requests = randomRequests(dice, round % 100 == 0 ? 40 : 1 + round % 8);
         const LabelStrip strip = randomStrip(dice);
         const Places places = placeLabels(requests, strip);
@@ -286,7 +288,7 @@ TEST(LabelPlacing, NoLabelCoversAnotherAndNoLeaderPassesThroughOne) {
 
 TEST(LabelPlacing, TheOrderOfRequestsDoesNotMatter) {
     Dice dice{std::mt19937(11)};
-    for (int round = 0; round < 30; ++round) {
+    for (int round = 0; round < roundsOf(30); ++round) {
         const Requests requests = randomRequests(dice, 20);
         const LabelStrip strip = randomStrip(dice);
         const Places forward = placeLabels(requests, strip);
@@ -299,7 +301,7 @@ TEST(LabelPlacing, TheOrderOfRequestsDoesNotMatter) {
 TEST(LabelPlacing, ShowsAlmostAsManyAsAllWaysTriedShow) {
     Dice dice{std::mt19937(13)};
     std::size_t shown = 0, most = 0;
-    for (int round = 0; round < 400; ++round) {
+    for (int round = 0; round < roundsOf(400); ++round) {
         Requests requests = randomRequests(dice, 2 + dice.upTo(5));
         for (LabelRequest& request : requests)
             request.required = request.important = false;
@@ -317,7 +319,7 @@ TEST(LabelPlacing, ShowsAlmostAsManyAsAllWaysTriedShow) {
 
 TEST(LabelPlacing, AddsWhatStillHasRoom) {
     Dice dice{std::mt19937(17)};
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < roundsOf(200); ++round) {
         const Requests requests = randomRequests(dice, 5 + round % 12);
         const LabelStrip strip = randomStrip(dice);
         const Places places = placeLabels(requests, strip);

@@ -5,8 +5,11 @@
 #include "fakes/FixedTextMetrics.h"
 #include "graphs/DrawnThings.h"
 #include "graphs/GraphSample.h"
+#include "graphs/draw/GraphSheet.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace korvel {
 
@@ -89,6 +92,23 @@ TEST(FeatureRows, LabelTheFirstAndTheLastPointOfAColumnThatGoesToAndFro) {
     ASSERT_GT(labels.size(), 2u);
     EXPECT_EQ(labels.front(), "Gauge (40.0km)");
     EXPECT_EQ(labels.back(), "Gauge (52.0km)");
+}
+
+TEST(FeatureRows, AreFoundAmongVeryManyFeaturesToo) {
+    std::vector<double> distances;
+    for (int k = 0; k < 20000; ++k)
+        distances.push_back(k % 2 == 0 ? 0.004 * k : 100 - 0.003 * k);
+    GraphSample sample = river(distances);
+    for (int i = 1; i <= sample.results.pointCount; ++i)
+        sample.results.pointFeatureType.set(i, i % 500 == 0 ? 3 : 2);
+    const Drawing drawing = drawingOf(sample);
+    const Labels labels = labelsOf(drawing);
+    ASSERT_GT(labels.size(), 20u);
+    EXPECT_EQ(labels.front(), "Gauge (0.0km)");
+    EXPECT_EQ(labels.back(), "Gauge (40.0km)");
+    const Pen pen{paletteColour(looks::leader.colour), 1, Dash::solid};
+    const auto marks = std::ranges::count(allOf<DrawnLine>(drawing), pen, &DrawnLine::pen);
+    EXPECT_GT(marks, 19000) << "candidates without a label keep their marks";
 }
 
 TEST(FeatureRows, CutANameThatIsWiderThanTheGraph) {

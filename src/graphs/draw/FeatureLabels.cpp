@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <limits>
 #include <utility>
 
 namespace korvel {
@@ -79,14 +81,41 @@ std::vector<FeatureLabel> featureLabels(const GraphInputs& inputs, int column, d
     return labels;
 }
 
+namespace {
+
+constexpr double unmeasured = std::numeric_limits<double>::infinity(); // has no place
+constexpr std::size_t mostMeasured = 2000;                             // measuring takes longer than placing
+
+// Of very many labels the required ones and one for each slot of the strip, an important one where there is.
+std::vector<std::size_t> worthMeasuring(const std::vector<LabelRequest>& requests, const LabelStrip& strip) {
+    constexpr auto none = static_cast<std::size_t>(-1);
+    std::vector<std::size_t> worth, best(mostMeasured, none);
+    const bool few = requests.size() <= mostMeasured;
+    const double slotsPerUnit = mostMeasured / (strip.right - strip.left);
+    for (std::size_t k = 0; k < requests.size(); ++k) {
+        const double slot = (requests[k].at - strip.left) * slotsPerUnit;
+        if (few || requests[k].required) {
+            worth.push_back(k);
+        } else if (slot >= 0 && slot < mostMeasured) {
+            std::size_t& one = best[static_cast<std::size_t>(slot)];
+            if (one == none || (requests[k].important && !requests[one].important)) one = k;
+        }
+    }
+    std::ranges::copy_if(best, std::back_inserter(worth), [](std::size_t k) { return k != none; });
+    return worth;
+}
+
+} // namespace
+
 FeatureRows arrangeFeatures(const GraphSheet& sheet, std::vector<FeatureLabel> labels,
                             const DistanceScale& scale, const LabelStrip& strip) {
     std::vector<LabelRequest> requests;
     requests.reserve(labels.size());
-    for (FeatureLabel& label : labels) {
-        label.text = shortened(sheet, label.text, strip.right - strip.left);
-        requests.push_back(
-            {scale.x(label.distance), sheet.labelWidth(label.text), label.important, label.required});
+    for (const FeatureLabel& label : labels)
+        requests.push_back({scale.x(label.distance), unmeasured, label.important, label.required});
+    for (const std::size_t k : worthMeasuring(requests, strip)) {
+        labels[k].text = shortened(sheet, labels[k].text, strip.right - strip.left);
+        requests[k].width = sheet.labelWidth(labels[k].text);
     }
     FeatureRows features{std::move(labels), {}, placeLabels(requests, strip), 0};
     for (const LabelRequest& request : requests)
@@ -98,11 +127,18 @@ FeatureRows arrangeFeatures(const GraphSheet& sheet, std::vector<FeatureLabel> l
 
 namespace {
 
-// A text narrower than its place lies in it so that its leader meets it where it would meet the place.
+constexpr double besideLeader = 0.15; // of a line
+
+// A text narrower than its place lies in it so that its leader meets it where it would meet the place, or
+// stands a little off beside it.
 double textLeft(const GraphSheet& sheet, const FeatureRows& features, std::size_t k) {
     const LabelPlace& place = *features.places[k];
-    const double along = std::clamp((place.port - place.left) / features.widths[k], 0.0, 1.0);
-    return place.left + along * (features.widths[k] - sheet.narrowWidth(features.labels[k].text));
+    const double spare = features.widths[k] - sheet.narrowWidth(features.labels[k].text);
+    const double inset = std::min(spare / 2, besideLeader * sheet.lineHeight());
+    const double along = (place.port - place.left) / features.widths[k];
+    if (along <= 0) return place.left + inset;
+    if (along >= 1) return place.left + spare - inset;
+    return place.left + along * spare;
 }
 
 void drawLabel(const GraphSheet& sheet, const FeatureRows& features, std::size_t k, DrawnPoint mark,
