@@ -75,6 +75,13 @@ TEST_F(CurveDrawingTest, DrawsTargetsAsRunsOfEqualValue) {
     EXPECT_EQ(lines()[2].from, (DrawnPoint{55, 930}));
 }
 
+TEST_F(CurveDrawingTest, LeavesOutTargetsAboveTheTop) {
+    draw(CurveKind::runsOfEqualValue, looks::targets, {4, 4, 15, 15, 10, 10}, {0, 10, 20, 30, 40, 50});
+    ASSERT_EQ(lines().size(), 2u);
+    EXPECT_EQ(lines()[0].from, (DrawnPoint{0, 960}));
+    EXPECT_EQ(lines()[1].from, (DrawnPoint{40, 900})) << "at the top it is drawn";
+}
+
 TEST_F(CurveDrawingTest, DrawsObservedValuesAsCrosses) {
     draw(CurveKind::crosses, looks::observed, {3, 0, 12}, {10, 20, 30});
     ASSERT_EQ(lines().size(), 2u);

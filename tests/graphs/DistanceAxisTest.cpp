@@ -36,6 +36,15 @@ TEST_F(DistanceAxisTest, ChoosesRoundSteps) {
     }
 }
 
+TEST_F(DistanceAxisTest, HasTicksAtBothEndsInSpiteOfRoundingErrors) {
+    EXPECT_EQ(distanceTicks({0, 0.3, 0, 1000}, 100).size(), 4u) << "three tenths are more than 0.3";
+    const std::vector<double> ticks = distanceTicks({0.1 * 3, 1, 0, 1000}, 100);
+    ASSERT_EQ(ticks.size(), 8u);
+    EXPECT_DOUBLE_EQ(ticks.front(), 0.3);
+    EXPECT_EQ(distanceTicks({0.31, 1, 0, 1000}, 100).size(), 7u);
+    EXPECT_EQ(distanceTicks({0.31, 0.99, 0, 1000}, 100).size(), 6u);
+}
+
 TEST_F(DistanceAxisTest, WritesKmWithOneDecimal) {
     drawDistanceAxis(sheet, {0, 10, 1000, 9000}, {0, 5, 10}, 500);
     EXPECT_EQ(textsOf(drawing), (std::vector<std::string>{"0.0", "5.0", "10.0", "km"}));

@@ -96,4 +96,18 @@ TEST(GraphKey, GoesOnInAnotherLineWhereTheFrameEnds) {
               (Texts{"KEY:", "Mean values", "Confidence limits", "Quality targets", "Observed values"}));
 }
 
+TEST(GraphKey, HasALineForEachEntryThatIsWiderThanTheFrame) {
+    Drawing drawing{.width = 9600, .height = 6780, .commands = {}};
+    const FixedTextMetrics metrics;
+    GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
+    GraphHandOver graph = bare();
+    graph.plotMeans = graph.plotPercentiles = true;
+    const double end = drawKey({primitives, false}, keyEntries(graph, Targets::hidden), {0, 500, 6000, 50});
+    EXPECT_DOUBLE_EQ(end, 6000 - 2 * primitives.TxtHeight("x")) << "the first stands beside the caption";
+    const std::vector<DrawnText> texts = allOf<DrawnText>(drawing);
+    ASSERT_EQ(texts.size(), 3u);
+    EXPECT_EQ(texts[1].corner.y, texts[0].corner.y);
+    EXPECT_EQ(texts[2].corner.x, texts[1].corner.x);
+}
+
 } // namespace korvel

@@ -324,6 +324,39 @@ TEST_F(ProfileGraphTest, NamesTheReachesAlongTheDistanceAxis) {
     EXPECT_FALSE(hasText(drawingOf(sample), "Reach 3"));
 }
 
+TEST_F(ProfileGraphTest, TheLastDisplayLevelAloneHidesTheNamesOfReaches) {
+    sample.graph.displayLevel = 2;
+    EXPECT_TRUE(hasText(drawingOf(sample), "Reach 2"));
+    sample.graph.displayLevel = 3;
+    EXPECT_FALSE(hasText(drawingOf(sample), "Reach 2"));
+}
+
+// Where the numbers under the axis are higher than the room there, the graph begins higher.
+TEST_F(ProfileGraphTest, KeepsTheNumbersOfTheDistanceAxisInsideALowArea) {
+    sample.constants.ScaleX = 6;
+    const double least = 0.1 * 6 * 7 * 24;
+    for (const double scroll : {0.0, 250.0}) {
+        sample.view.ScrollOffsetY = scroll;
+        const Drawing drawing = drawingOf(sample);
+        const DrawnText zero = textsReading(drawing, "0.0").back();
+        EXPECT_GE(drawing.height - bottom(zero) + scroll, least - 1e-6);
+        EXPECT_LE(drawing.height - bottom(zero) + scroll, 4 * least);
+    }
+}
+
+TEST_F(ProfileGraphTest, PanelsOfMode2ShareTheFrameEvenly) {
+    sample.plotReaches({1, 2, 3}, 1);
+    const Drawing drawing = drawingOf(sample);
+    std::vector<DrawnPoint> headings;
+    for (const char* reach : {"1", "2", "3"})
+        headings.push_back(
+            textsReading(drawing, "BOD (Conc) - Reach " + std::string(reach) + " reach").at(0).corner);
+    EXPECT_NEAR(headings[0].x, headings[1].x, 1e-6);
+    EXPECT_NEAR(headings[2].x - headings[0].x, sample.area.rightEdge / 2, 1e-6);
+    EXPECT_NEAR(headings[0].y, headings[2].y, 1e-6);
+    EXPECT_GT(headings[1].y, headings[0].y);
+}
+
 TEST_F(ProfileGraphTest, DrawsInterpolatedPointsOnlyWhenChosen) {
     sample.results.pointFeatureType.set(3, 99);
     EXPECT_EQ(runsOfColour(drawingOf(sample), colours::lightBlue)[0].points.size(), 14u);

@@ -18,10 +18,12 @@ struct TopCase {
 } // namespace
 
 TEST(VerticalScale, RoundsTheTopUp) {
-    const TopCase cases[] = {{4.5, 5, 0},      {1.2, 1.6, -1}, {10, 11, 0},    {0.05, 0.06, -2},
-                             {1, 2 * 0.6, -1}, {0.1, 0.3, -1}, {0.3, 0.4, -1}, {0.4, 0.6, -1},
-                             {0.6, 0.8, -1},   {0.8, 1, 0},    {9.9, 10, 0},   {10.1, 20 * 0.6, 0},
-                             {1e9, 1.1e9, 8},  {2.5, 3, 0},    {25, 30, 1}};
+    const TopCase cases[] = {{4.5, 5, 0},      {1.2, 1.6, -1},  {10, 11, 0},     {0.05, 0.06, -2},
+                             {1, 2 * 0.6, -1}, {0.1, 0.3, -1},  {0.3, 0.4, -1},  {0.4, 0.6, -1},
+                             {0.6, 0.8, -1},   {0.8, 1, 0},     {9.9, 10, 0},    {10.1, 20 * 0.6, 0},
+                             {1e9, 1.1e9, 8},  {2.5, 3, 0},     {25, 30, 1},     {0.22, 0.3, -1},
+                             {0.25, 0.3, -1},  {0.26, 0.4, -1}, {0.35, 0.4, -1}, {0.36, 0.6, -1},
+                             {0.55, 0.6, -1},  {0.56, 0.8, -1}, {0.74, 0.8, -1}, {0.75, 1, 0}};
     for (const TopCase& one : cases) {
         const VerticalScale scale = verticalScale(one.largest);
         EXPECT_DOUBLE_EQ(scale.top, one.top) << one.largest;
@@ -57,6 +59,12 @@ TEST(VerticalScale, NeedsMoreRoomForManyDigitsAndInLargeText) {
     EXPECT_GT(tickRoom({1, -5}, 100, 0), tickRoom({1, -1}, 100, 0));
     EXPECT_GT(tickRoom({1, 5}, 100, 0), tickRoom({1, 1}, 100, 0));
     EXPECT_GT(tickRoom({1, 0}, 100, 1), tickRoom({1, 0}, 100, 0));
+}
+
+TEST(VerticalScale, NeedsAFiftiethOfALineMoreForEachDigit) {
+    EXPECT_DOUBLE_EQ(tickRoom({1, 0}, 100, 0), 100);
+    EXPECT_DOUBLE_EQ(tickRoom({1, -5}, 100, 0), 110);
+    EXPECT_DOUBLE_EQ(tickRoom({1, 5}, 100, 1), 116);
 }
 
 TEST(VerticalScale, HasATickAtTheTopInSpiteOfRoundingErrors) {
