@@ -32,6 +32,8 @@ LEAST_PATIENCE, PATIENCE = 10, 12  # seconds, and times the program's own, until
 MOST_OBJECTS = 8   # a header that more object files of a program include is left out
 QUICK = "0.1"      # of the rounds of tests with random input, in a first run of long programs
 FLAGS = "-w -D_GLIBCXX_ASSERTIONS"  # no warnings; what runs over a container's end stops, as it does under the sanitizers
+HEADERS = ("algorithm", "array", "charconv", "cmath", "functional", "map", "memory", "optional", "set", "span", "string",
+           "string_view", "variant", "vector")  # compiled once, before all mutants: that halves the time of each
 MEMORY, FILE_SIZE = 6 << 30, 1 << 30
 
 # The test programs of a room, where it isn't named after its folder alone. What passes the first goes to the next.
@@ -125,6 +127,7 @@ class Workshop:
 
     def __init__(self, work):
         self.work, self.tree, self.build = work, work / "tree", work / "build"
+        self.headers = work / "headers/std.h"
         self.links, self.seconds, self.digests = {}, {}, {}
 
     def prepare(self, programs):
@@ -142,8 +145,15 @@ class Workshop:
             link = shlex.split(self.ninja("commands", "-s", f"bin/{program}"))
             self.links[program] = [word for word in link[link.index("&&") + 1:]][:-2]
         self.includers = self.read_includers()
+        self.compile_headers()
         for program in programs:
             self.measure(program)
+
+    def compile_headers(self):
+        self.headers.parent.mkdir(exist_ok=True)
+        self.headers.write_text("".join(f"#include <{name}>\n" for name in HEADERS))
+        compiler = next(iter(self.compiles.values()))[0]
+        run([compiler, "-std=c++20", "-O0", *FLAGS.split(), "-x", "c++-header", self.headers, "-o", f"{self.headers}.gch"])
 
     def ninja(self, tool, *arguments):
         return subprocess.run(["ninja", "-C", self.build, "-t", tool, *arguments], capture_output=True, text=True,
@@ -221,6 +231,8 @@ class Workshop:
         words[words.index("-c") + 1] = str(mutated if mutated.exists() else source)
         # Before all other folders: what includes the changed header gets it.
         words[1:1] = [f"-I{overlay / 'src'}", f"-I{overlay}", "-iquote", str(source.parent)]
+        if optimisation == "-O0":
+            words[1:1] = ["-include", str(self.headers)]
         return run(words, cwd=self.build).returncode == 0
 
     def put_in(self, file, text):
