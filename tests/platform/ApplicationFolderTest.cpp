@@ -18,6 +18,8 @@ class ApplicationFolder : public testing::Test {
         installed.put("korvelf157.exe", "engine");
         installed.put("KORDAT4.TXT", "page 4");
         installed.put("korvel", "program");
+        installed.put("NOTES.TXT", "not a page");
+        installed.put("KORDAT4.OLD", "not a page");
         sources.executableFolder = installed.path();
         sources.home = home.path();
     }
@@ -62,7 +64,8 @@ TEST_F(ApplicationFolder, IsFilledOnFirstUseFromWhatIsInstalled) {
     EXPECT_EQ(home.textOf(own + "korvelf157.exe"), "engine");
     EXPECT_EQ(home.textOf(own + "KORDAT4.TXT"), "page 4");
     EXPECT_EQ(home.textOf(own + "MISC.TXT"), home.model() + "\r\n\r\nFalse\r\n");
-    EXPECT_FALSE(std::filesystem::exists(home.path(own + "korvel")));
+    for (const char* other : {"korvel", "NOTES.TXT", "KORDAT4.OLD"})
+        EXPECT_FALSE(std::filesystem::exists(home.path(own + other))) << other;
 }
 
 TEST_F(ApplicationFolder, LeavesWhatIsThereAlone) {
