@@ -29,7 +29,7 @@ import tracked
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 LEAST_SHARE = 0.97
 LEAST_PATIENCE, PATIENCE = 10, 12  # seconds, and times the program's own, until a program counts as hung
-MOST_OBJECTS = 8   # a header that more object files of a program include is left out
+MOST_OBJECTS = 3  # a header that more object files of a program include is left out
 QUICK = "0.1"      # of the rounds of tests with random input, in a first run of long programs
 FLAGS = "-w -D_GLIBCXX_ASSERTIONS"  # no warnings; what runs over a container's end stops, as it does under the sanitizers
 HEADERS = ("algorithm", "array", "charconv", "cmath", "functional", "map", "memory", "optional", "set", "span", "string",
