@@ -146,18 +146,18 @@ void NetworkMaking::addRiversOf(int mouth) {
     }
 }
 
+} // namespace
+
+Network networkOf(const RunFile& run) {
+    return NetworkMaking(run).make();
+}
+
 std::string circleText(const std::vector<int>& circle, const RunFile& run) {
     const bool one = circle.size() == 1;
     std::string text = one ? "Reach " : "Reaches ";
     for (std::size_t k = 0; k < circle.size(); ++k)
         text += (k > 0 ? ", " : "") + std::to_string(run.reaches.number(circle[k]));
     return text + (one ? " runs in a circle" : " run in a circle");
-}
-
-} // namespace
-
-Network networkOf(const RunFile& run) {
-    return NetworkMaking(run).make();
 }
 
 std::optional<std::string> circlesIn(const Network& network, const RunFile& run) {

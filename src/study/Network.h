@@ -36,6 +36,9 @@ struct Network {
 
 Network networkOf(const RunFile& run);
 
+// "Reach 7 runs in a circle"
+std::string circleText(const std::vector<int>& circle, const RunFile& run);
+
 // "Reaches 3, 5, 4 run in a circle; Reach 7 runs in a circle"; nothing without circles.
 std::optional<std::string> circlesIn(const Network& network, const RunFile& run);
 
