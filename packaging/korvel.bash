@@ -4,7 +4,7 @@ _korvel() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command='' word options=''
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
-            info|csv|report|graph|listing|run|batch|runs|help-page) command=$word; break ;;
+            info|csv|report|graph|listing|run|batch|runs|table|changes|compliance|fit|sources|network|check|help-page) command=$word; break ;;
         esac
     done
     case $command in
@@ -17,6 +17,13 @@ _korvel() {
         run) options='--help --type --wait' ;;
         batch) options='--help --title --type --wait' ;;
         runs) options='--help --jobs --resume --sbatch --slurm --stop-on-failure' ;;
+        table) options='--format --help --interpolated --output --reaches --series --statistics' ;;
+        changes) options='--by --format --help --interpolated --output --reaches --series --statistic' ;;
+        compliance) options='--by --deterioration --determinands --format --help --low-is-bad --output --reaches' ;;
+        fit) options='--by --format --help --output --reaches --series --statistics' ;;
+        sources) options='--at --by --determinand --format --help --output' ;;
+        network) options='--format --help' ;;
+        check) options='--all --format --help' ;;
         help-page) options='--help' ;;
     esac
     case $previous in
@@ -30,7 +37,7 @@ _korvel() {
     if [[ $current == -* ]]; then
         COMPREPLY=($(compgen -W "$options" -- "$current"))
     elif [[ -z $command ]]; then
-        COMPREPLY=($(compgen -W 'info csv report graph listing run batch runs help-page' -- "$current") $(compgen -f -- "$current"))
+        COMPREPLY=($(compgen -W 'info csv report graph listing run batch runs table changes compliance fit sources network check help-page' -- "$current") $(compgen -f -- "$current"))
     else
         COMPREPLY=($(compgen -f -- "$current"))
     fi

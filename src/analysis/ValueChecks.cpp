@@ -34,7 +34,9 @@ bool isOutOfOrder(const StatisticColumns& columns, int point) {
 }
 
 std::string outOfOrderSentence(const StatisticColumns& columns, int point) {
-    const auto shown = [&](Statistic statistic) { return shortestNumber(valueOf(columns, statistic, point)); };
+    const auto shown = [&](Statistic statistic) {
+        return shortestNumber(valueOf(columns, statistic, point));
+    };
     return "the 90, 95 and 99 percentiles are " + shown(Statistic::p90) + ", " + shown(Statistic::p95) +
            " and " + shown(Statistic::p99);
 }

@@ -18,7 +18,11 @@
 #include <QApplication>
 
 #include <csignal>
+#include <cstdlib>
 #include <iostream>
+#include <string_view>
+
+#include <unistd.h>
 
 namespace korvel {
 
@@ -68,12 +72,27 @@ int showEngineWindow(Doors& doors) {
     return QApplication::exec();
 }
 
+bool isSet(const char* variable) {
+    const char* const value = std::getenv(variable);
+    return value && *value;
+}
+
+ConsoleTraits consoleTraits() {
+    ConsoleTraits traits;
+    traits.outIsTerminal = isatty(STDOUT_FILENO) == 1;
+    traits.errorsAreShown = isatty(STDERR_FILENO) == 1;
+    const char* const terminal = std::getenv("TERM");
+    const bool isDumb = !terminal || std::string_view(terminal) == "dumb";
+    traits.coloursAreShown = traits.outIsTerminal && !isDumb && !isSet("NO_COLOR");
+    return traits;
+}
+
 // Commands are quick and need no windows: an application object is made only by those that draw.
 int runForConsole(const std::vector<std::string>& arguments, const std::string& folder) {
     Doors doors(folder);
     CommandPaper paper(doors.files);
     Platform platform{doors.dialogs, doors.files, doors.machine, doors.windows, paper, doors.metrics};
-    return runCommand(arguments, platform, std::cout, std::cerr);
+    return runCommand(arguments, platform, std::cout, std::cerr, consoleTraits());
 }
 
 int runWindows(int argc, char** argv, const std::vector<std::string>& arguments, const std::string& folder) {

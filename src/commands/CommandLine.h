@@ -2,6 +2,7 @@
 #pragma once
 
 #include "basic/DiskNames.h"
+#include "platform/Message.h"
 
 #include <initializer_list>
 #include <optional>
@@ -20,6 +21,11 @@ struct UsageError : std::runtime_error {
 // A file name that the program can't hold; the user is told why.
 struct RefusedName : std::runtime_error {
     using std::runtime_error::runtime_error;
+};
+
+// What was asked for is refused; the user is told why.
+struct RefusedCall {
+    Message message;
 };
 
 struct CommandOption {

@@ -15,9 +15,17 @@ extern const Command runModelCommand;
 extern const Command batchCommand;
 extern const Command runsCommand;
 extern const Command helpPageCommand;
+extern const Command tableCommand;
+extern const Command changesCommand;
+extern const Command complianceCommand;
+extern const Command fitCommand;
+extern const Command sourcesCommand;
+extern const Command networkCommand;
+extern const Command checkCommand;
 
-inline const Command* const commandList[] = {&infoCommand,  &csvCommand,     &reportCommand,
-                                             &graphCommand, &listingCommand, &runModelCommand,
-                                             &batchCommand, &runsCommand,    &helpPageCommand};
+inline const Command* const commandList[] = {
+    &infoCommand,    &csvCommand,     &reportCommand, &graphCommand,   &listingCommand,    &runModelCommand,
+    &batchCommand,   &runsCommand,    &tableCommand,  &changesCommand, &complianceCommand, &fitCommand,
+    &sourcesCommand, &networkCommand, &checkCommand,  &helpPageCommand};
 
 } // namespace korvel

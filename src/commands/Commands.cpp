@@ -24,7 +24,7 @@ void printHelp(std::ostream& out) {
            "       korvel [--application-folder DIR] COMMAND ...\n\n"
            "Without a command the windows open; with a results file, its graph set-up too.\n\nCommands:\n";
     for (const Command* command : commandList)
-        out << "  " << std::left << std::setw(10) << command->name << ' ' << command->summary << '\n';
+        out << "  " << std::left << std::setw(11) << command->name << ' ' << command->summary << '\n';
     out << "\nkorvel COMMAND --help tells more of a command; korvel --version prints the version.\n";
 }
 
@@ -83,7 +83,7 @@ bool isForCommands(const std::vector<std::string>& arguments) {
 }
 
 int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,
-               std::ostream& errors) {
+               std::ostream& errors, const ConsoleTraits& traits) {
     std::string caller = "korvel";
     ConsoleDialogs dialogs(errors);
     Platform console = withDialogs(platform, dialogs);
@@ -94,12 +94,14 @@ int runCommand(const std::vector<std::string>& arguments, const Platform& platfo
         if (!command && !rest[0].starts_with('-')) throw UsageError("no command '" + rest[0] + "'");
         if (!command) return checked(out, runOption(rest[0], out));
         caller += " " + rest[0];
-        CommandCall call{{rest.begin() + 1, rest.end()}, console, dialogs, out, errors};
+        CommandCall call{{rest.begin() + 1, rest.end()}, console, dialogs, out, errors, traits};
         return checked(out, runNamed(*command, call));
     } catch (const UsageError& error) {
         return reportUsage(errors, caller, error);
     } catch (const RefusedName& refusal) {
         dialogs.show({refusal.what(), "File name", Icon::exclamation, Buttons::ok});
+    } catch (const RefusedCall& refused) {
+        dialogs.show(refused.message);
     } catch (const RunTimeError& error) {
         dialogs.show({error.message(), "", Icon::critical, Buttons::ok});
     }

@@ -19,6 +19,13 @@ inline constexpr int failed = 1; // refused or failed
 inline constexpr int wrongUsage = 2;
 } // namespace exitStatus
 
+// What the streams of a call lead to.
+struct ConsoleTraits {
+    bool outIsTerminal = false;
+    bool coloursAreShown = false; // on it
+    bool errorsAreShown = false;  // they go to a terminal, so that progress may
+};
+
 // One call of a command: its own arguments, and what it works with.
 struct CommandCall {
     std::vector<std::string> arguments;
@@ -26,6 +33,7 @@ struct CommandCall {
     ConsoleDialogs& dialogs;
     std::ostream& out;
     std::ostream& errors;
+    ConsoleTraits console = {};
 };
 
 struct Command {
@@ -51,6 +59,6 @@ bool isForCommands(const std::vector<std::string>& arguments);
 // Runs the command that the arguments begin with and returns the exit status. The platform's own dialogs are
 // not used. A failure that nothing trapped is reported like a message.
 int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,
-               std::ostream& errors);
+               std::ostream& errors, const ConsoleTraits& console = {});
 
 } // namespace korvel

@@ -1,8 +1,8 @@
 #include "basic/Numbers.h"
 #include "basic/Text.h"
 #include "commands/InfoReport.h"
-#include "commands/TextTable.h"
 #include "results/Statistics.h"
+#include "tables/TextTable.h"
 
 #include <map>
 #include <ostream>
@@ -78,7 +78,7 @@ void printValues(const ResultsDataSet& results, int slot, std::ostream& out) {
             const auto shown = [&](ValueField field, int level) {
                 return shortestNumber(values.at(field, i, c, level));
             };
-            std::vector<std::string> cells{std::to_string(i), results.seriesNames[c]};
+            std::vector<TextCell> cells{std::to_string(i), results.seriesNames[c]};
             for (const StatisticFacts& each : statistics::table)
                 cells.push_back(shown(each.value, each.level));
             cells.push_back(shown(ValueField::observedMean, 0));

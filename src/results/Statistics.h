@@ -66,7 +66,7 @@ constexpr std::string_view nameOf(Statistic statistic) {
     return factsOf(statistic).name;
 }
 constexpr std::optional<Statistic> statisticNamed(std::string_view name) {
-    const auto found = std::ranges::find(allStatistics, name, nameOf);
+    const auto found = std::ranges::find(allStatistics, name, [](Statistic each) { return nameOf(each); });
     return found == allStatistics.end() ? std::nullopt : std::optional(*found);
 }
 // Level 0, 1, 2: the 90, 95 and 99 percentile.

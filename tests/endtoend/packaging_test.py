@@ -11,7 +11,8 @@ import sys
 import tempfile
 
 SOURCE, BUILD = map(pathlib.Path, sys.argv[1:3])
-COMMANDS = "info csv report graph listing run batch runs help-page".split()
+COMMANDS = ("info csv report graph listing run batch runs "
+           "table changes compliance fit sources network check help-page").split()
 OPTION = re.compile(r"--[a-z][a-z-]*")
 failures = []
 

@@ -1,0 +1,293 @@
+#include "analysis/ComplianceTable.h"
+
+#include <array>
+#include <memory>
+
+namespace korvel {
+
+namespace {
+
+std::vector<Column> namedColumns(std::initializer_list<const char*> names) {
+    std::vector<Column> columns;
+    for (const char* name : names)
+        columns.push_back({name});
+    return columns;
+}
+
+void append(std::vector<Column>& columns, const std::vector<Column>& more) {
+    columns.insert(columns.end(), more.begin(), more.end());
+}
+
+std::vector<Column> sumColumns() {
+    return namedColumns({"judged_length", "failing_length", "judged_points", "failing_points", "sure_fails",
+                         "sure_passes", "unsure"});
+}
+
+void addSums(std::vector<Cell>& cells, const ComplianceSums& sums) {
+    cells.insert(cells.end(), {sums.judgedLength, sums.failingLength, sums.judgedPoints, sums.failingPoints,
+                               sums.sureFails, sums.surePasses, sums.unsure});
+}
+
+std::vector<Column> reachColumns() {
+    std::vector<Column> columns = namedColumns({"reach", "determinand", "statistic"});
+    append(columns, sumColumns());
+    append(columns, namedColumns({"verdict", "confident_verdict"}));
+    for (const char* name : {"distance", "feature", "value", "target", "ratio"})
+        columns.push_back({name, "worst"});
+    append(columns, namedColumns({"needed", "headroom"}));
+    for (const char* name : {"verdict", "failing_length", "deteriorated"})
+        columns.push_back({name, "change"});
+    return columns;
+}
+
+void addWorst(std::vector<Cell>& cells, const ResultsDataSet& results,
+              const std::optional<WorstPoint>& worst) {
+    if (!worst) {
+        cells.insert(cells.end(), 5, Nothing());
+        return;
+    }
+    cells.insert(cells.end(),
+                 {results.pointDistance[worst->point], std::string_view(results.pointLabel[worst->point]),
+                  worst->judgement.value, worst->judgement.target, cellOf(worst->judgement.ratio)});
+}
+
+void giveReachRow(const ComplianceRow& row, const StudyRun& run, RowTaker& taker) {
+    const std::string name = determinandName(run.results(), row.determinand.number);
+    std::vector<Cell> cells = {run.reaches().number(row.place), std::string_view(name),
+                               nameOf(row.determinand.statistic)};
+    addSums(cells, row.reach.sums);
+    cells.emplace_back(nameOf(row.reach.verdict));
+    cells.emplace_back(nameOf(row.reach.confident));
+    addWorst(cells, run.results(), row.reach.worst);
+    cells.push_back(cellOf(row.reach.needed));
+    cells.push_back(cellOf(row.reach.headroom));
+    const std::string words = row.change ? row.change->words() : "";
+    if (row.change)
+        cells.insert(cells.end(),
+                     {std::string_view(words), row.change->failingLength, cellOf(row.change->deteriorated)});
+    else
+        cells.insert(cells.end(), 3, Nothing());
+    taker.row(cells);
+}
+
+void giveOverallRow(const OverallRow& row, const StudyRun& run, RowTaker& taker) {
+    std::vector<std::string> failing;
+    for (const int determinand : row.overall.failing)
+        failing.push_back(determinandName(run.results(), determinand));
+    const std::array<Cell, 4> cells = {run.reaches().number(row.place), nameOf(row.overall.verdict),
+                                       nameOf(row.overall.confident), std::span<const std::string>(failing)};
+    taker.row(cells);
+}
+
+enum class SumsOf { file, river };
+
+Table sumTable(const StudyRun& run, std::vector<ReachGroup> groups, const ComplianceRequest& request,
+               SumsOf what) {
+    std::vector<Column> columns = namedColumns({"determinand", "statistic"});
+    if (what == SumsOf::river) columns.insert(columns.begin(), {"river"});
+    append(columns, sumColumns());
+    append(columns, namedColumns({"reaches_failing", "reaches_judged"}));
+    const auto rows = [run, groups = std::move(groups), request, what](RowTaker& taker) {
+        for (const ComplianceSumRow& row : complianceSums(run, groups, request)) {
+            const std::string name = determinandName(run.results(), row.determinand.number);
+            std::vector<Cell> cells;
+            if (what == SumsOf::river) cells.emplace_back(std::string_view(row.group.river));
+            cells.insert(cells.end(), {std::string_view(name), nameOf(row.determinand.statistic)});
+            addSums(cells, row.sums);
+            cells.insert(cells.end(), {row.reachesFailing, row.reachesJudged});
+            taker.row(cells);
+        }
+    };
+    return {what == SumsOf::river ? "rivers" : "determinands", columns, rows};
+}
+
+// A determinand and one of its points, for rows point by point.
+struct JudgedPlace {
+    int point;
+    std::size_t determinand; // index into those judged
+};
+
+std::vector<JudgedPlace> judgedPlaces(const StudyRun& run, const std::vector<JudgedDeterminand>& determinands,
+                                      const ReachChoice& reaches) {
+    std::vector<JudgedPlace> places;
+    for (const ReachGroup& reach : groupsByReach(*run.file, reaches))
+        for (std::size_t d = 0; d < determinands.size(); ++d)
+            for (const int point : judgedPointsOf(*run.file, reach.places.front(),
+                                                  judgedValues(run.results(), determinands[d])))
+                places.push_back({point, d});
+    std::ranges::sort(places, [](const JudgedPlace& a, const JudgedPlace& b) {
+        return a.point != b.point ? a.point < b.point : a.determinand < b.determinand;
+    });
+    return places;
+}
+
+std::string_view nameOf(Sureness sure) {
+    static constexpr std::array<std::string_view, 3> names = {"pass", "fail", "unsure"};
+    return names[static_cast<std::size_t>(sure)];
+}
+
+std::string_view passOrFail(bool fails) {
+    return fails ? "fail" : "pass";
+}
+
+void givePoints(const StudyRun& run, const ComplianceRequest& request, RowTaker& taker) {
+    const ResultsDataSet& results = run.results();
+    const std::vector<JudgedDeterminand> determinands = judgedBy(run, request);
+    std::vector<SeriesValues> columns;
+    std::vector<std::string> names;
+    for (const JudgedDeterminand& determinand : determinands) {
+        columns.push_back(judgedValues(results, determinand));
+        names.push_back(determinandName(results, determinand.number));
+    }
+    for (const auto& [point, d] : judgedPlaces(run, determinands, request.reaches)) {
+        const SeriesValues& values = columns[d];
+        const PointJudgement judgement = judgePoint(values, point, determinands[d].side);
+        const std::array<Cell, 13> cells = {results.pointReach[point],
+                                            results.pointDistance[point],
+                                            std::string_view(results.pointSide[point]),
+                                            std::string_view(results.pointLabel[point]),
+                                            std::string_view(names[d]),
+                                            nameOf(determinands[d].statistic),
+                                            judgement.value,
+                                            values.low(point),
+                                            values.high(point),
+                                            judgement.target,
+                                            cellOf(judgement.ratio),
+                                            passOrFail(judgement.fails),
+                                            judgement.sure ? Cell(nameOf(*judgement.sure)) : Cell(Nothing())};
+        taker.row(cells);
+    }
+}
+
+ComplianceChange changeOf(const JudgedRun& run, const PointMatch& match, const ComplianceRow& row,
+                          const ComplianceRequest& request) {
+    const RunFile& base = *run.base->file;
+    const int basePlace = base.reaches.placeOf(run.run.reaches().number(row.place));
+    JudgedDeterminand inBase = row.determinand;
+    inBase.statistic = judgedStatistic(base.results, inBase.number);
+    const ReachCompliance before = judgeReach(base, basePlace, inBase);
+    return {before.verdict, row.reach.verdict, row.reach.sums.failingLength - before.sums.failingLength,
+            hasDeteriorated(base, *run.run.file, match, row.place, row.determinand, request.deterioration)};
+}
+
+} // namespace
+
+std::vector<JudgedDeterminand> judgedBy(const StudyRun& run, const ComplianceRequest& request) {
+    std::vector<JudgedDeterminand> judged = judgedDeterminands(run.results(), request.lowIsBad);
+    std::erase_if(judged,
+                  [&](const JudgedDeterminand& each) { return !request.determinands.contains(each.number); });
+    return judged;
+}
+
+std::vector<ComplianceRow> complianceRows(const JudgedRun& run, const ComplianceRequest& request) {
+    const RunFile& file = *run.run.file;
+    std::optional<PointMatch> match;
+    if (run.base) match = matchPoints(*run.base->file, file);
+    std::vector<ComplianceRow> rows;
+    for (const ReachGroup& reach : groupsByReach(file, request.reaches)) {
+        for (const JudgedDeterminand& determinand : judgedBy(run.run, request)) {
+            const int place = reach.places.front();
+            ComplianceRow row{place, determinand, judgeReach(file, place, determinand), {}};
+            if (match) row.change = changeOf(run, *match, row, request);
+            rows.push_back(std::move(row));
+        }
+    }
+    return rows;
+}
+
+std::vector<OverallRow> overallRows(const std::vector<ComplianceRow>& rows) {
+    std::vector<OverallRow> overall;
+    for (std::size_t k = 0; k < rows.size();) {
+        const int place = rows[k].place;
+        std::vector<DeterminandVerdict> verdicts;
+        for (; k < rows.size() && rows[k].place == place; ++k)
+            verdicts.push_back({rows[k].determinand.number, rows[k].reach.verdict, rows[k].reach.confident});
+        overall.push_back({place, overallVerdict(verdicts)});
+    }
+    return overall;
+}
+
+std::vector<ComplianceSumRow> complianceSums(const StudyRun& run, const std::vector<ReachGroup>& groups,
+                                             const ComplianceRequest& request) {
+    std::vector<ComplianceSumRow> rows;
+    for (const ReachGroup& group : groups) {
+        for (const JudgedDeterminand& determinand : judgedBy(run, request)) {
+            ComplianceSumRow row{group, determinand, {}, 0, 0};
+            for (const int place : group.places) {
+                const ReachCompliance reach = judgeReach(*run.file, place, determinand);
+                row.sums += reach.sums;
+                if (reach.verdict == Verdict::fail) ++row.reachesFailing;
+                if (reach.verdict != Verdict::none) ++row.reachesJudged;
+            }
+            rows.push_back(std::move(row));
+        }
+    }
+    return rows;
+}
+
+std::vector<StationRow> stationRows(const StudyRun& run, const ComplianceRequest& request) {
+    std::vector<StationRow> rows;
+    for (const ReachGroup& reach : groupsByReach(*run.file, request.reaches))
+        for (const JudgedDeterminand& determinand : judgedBy(run, request))
+            for (const StationJudgement& station :
+                 judgeStations(*run.file, reach.places.front(), determinand))
+                rows.push_back({determinand, station});
+    std::ranges::stable_sort(rows, {}, [](const StationRow& row) { return row.station.point; });
+    return rows;
+}
+
+Table complianceByReach(const JudgedRun& run, const ComplianceRequest& request) {
+    return {"reaches", reachColumns(), [run, request](RowTaker& taker) {
+                for (const ComplianceRow& row : complianceRows(run, request))
+                    giveReachRow(row, run.run, taker);
+            }};
+}
+
+Table overallTable(const JudgedRun& run, const ComplianceRequest& request) {
+    return {"overall", namedColumns({"reach", "verdict", "confident_verdict", "failing"}),
+            [run, request](RowTaker& taker) {
+                for (const OverallRow& row : overallRows(complianceRows({run.run, {}}, request)))
+                    giveOverallRow(row, run.run, taker);
+            }};
+}
+
+Table complianceByDeterminand(const StudyRun& run, const ComplianceRequest& request) {
+    return sumTable(run, {wholeGroup(*run.file, request.reaches)}, request, SumsOf::file);
+}
+
+Table complianceByRiver(const StudyRun& run, const Network& network, const ComplianceRequest& request) {
+    return sumTable(run, groupsByRiver(*run.file, network, request.reaches), request, SumsOf::river);
+}
+
+Table complianceByPoint(const StudyRun& run, const ComplianceRequest& request) {
+    return {"points",
+            namedColumns({"reach", "distance", "side", "feature", "determinand", "statistic", "value", "low",
+                          "high", "target", "ratio", "verdict", "confident"}),
+            [run, request](RowTaker& taker) { givePoints(run, request, taker); }};
+}
+
+Table complianceByStation(const StudyRun& run, const ComplianceRequest& request) {
+    const auto rows = [run, request](RowTaker& taker) {
+        const ResultsDataSet& results = run.results();
+        for (const auto& [determinand, station] : stationRows(run, request)) {
+            const std::string name = determinandName(results, determinand.number);
+            const std::array<Cell, 10> cells = {results.pointReach[station.point],
+                                                results.pointDistance[station.point],
+                                                std::string_view(results.pointLabel[station.point]),
+                                                std::string_view(name),
+                                                nameOf(determinand.statistic),
+                                                station.value,
+                                                station.observed,
+                                                station.target,
+                                                passOrFail(station.fails),
+                                                passOrFail(station.observedFails)};
+            taker.row(cells);
+        }
+    };
+    return {"stations",
+            namedColumns({"reach", "distance", "feature", "determinand", "statistic", "value", "observed",
+                          "target", "verdict", "observed_verdict"}),
+            rows};
+}
+
+} // namespace korvel

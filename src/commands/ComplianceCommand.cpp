@@ -1,0 +1,146 @@
+#include "commands/CommandList.h"
+#include "commands/ComplianceText.h"
+#include "commands/StudyCall.h"
+#include "commands/StudyLists.h"
+#include "tables/TextRows.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace korvel {
+
+namespace {
+
+const char* const help =
+    "Usage: korvel compliance FILE.SGR... [OPTION]...\n\n"
+    "Judges each run by its quality targets; later runs are held against the first.\n"
+    "A plan (.csv) in place of the files stands for its finished runs.\n\n"
+    "  --low-is-bad NAMES       determinands that are bad when low, or none; dissolved oxygen where not "
+    "given\n"
+    "  --determinands LIST      numbers or names; all where not given\n"
+    "  --reaches LIST           all, none, or reach numbers: 1,2,7\n"
+    "  --by WHAT                reach (where not given), river, determinand, point or station\n"
+    "  --deterioration PERCENT  from how much on a value is called worse than the base's; 10 where not "
+    "given\n"
+    "  --format FORMAT          text, csv or json; by the output's extension where not given\n"
+    "  --output FILE            the file to write; the standard output where not given\n\n"
+    "Which statistic is judged follows the determinand's statistic code in the file. A verdict is sure "
+    "where\n"
+    "both confidence limits lie on one side of the target.\n";
+
+struct Call {
+    Study study;
+    ComplianceRequest request;
+    std::string by;
+};
+
+// A run, and the base where it isn't the base itself.
+JudgedRun judgedRun(const Call& call, std::size_t k) {
+    JudgedRun run{call.study.runs()[k], {}};
+    if (k > 0) run.base = call.study.base();
+    return run;
+}
+
+Table tableOf(const Call& call, const JudgedRun& run) {
+    if (call.by == "river") return complianceByRiver(run.run, riverNetwork(run.run), call.request);
+    if (call.by == "determinand") return complianceByDeterminand(run.run, call.request);
+    if (call.by == "point") return complianceByPoint(run.run, call.request);
+    if (call.by == "station") return complianceByStation(run.run, call.request);
+    return complianceByReach(run, call.request);
+}
+
+std::vector<std::string> lowIsBadNames(const Call& call) {
+    std::vector<std::string> names;
+    for (const JudgedDeterminand& each : judgedBy(call.study.base(), call.request))
+        if (each.side == BadSide::low)
+            names.push_back(determinandName(call.study.base().results(), each.number));
+    return names;
+}
+
+void addAgreement(RunTables& tables, const std::vector<StationRow>& rows) {
+    StationAgreement agreement;
+    for (const StationRow& row : rows)
+        agreement.take(row.station);
+    tables.factsBelow = {{{"pass", "agreement"}, agreement.pass},
+                         {{"fail", "agreement"}, agreement.fail},
+                         {{"model_only", "agreement"}, agreement.modelOnly},
+                         {{"observed_only", "agreement"}, agreement.observedOnly}};
+}
+
+TableReport reportOf(const Call& call) {
+    TableReport report;
+    report.facts = {{{"low_is_bad"}, lowIsBadNames(call)}};
+    for (std::size_t k = 0; k < call.study.runs().size(); ++k) {
+        const JudgedRun run = judgedRun(call, k);
+        RunTables tables;
+        tables.facts = {{{"run"}, run.run.name, true}};
+        tables.lists = {tableOf(call, run)};
+        if (call.by == "reach") tables.lists.push_back(overallTable(run, call.request));
+        if (call.by == "station") addAgreement(tables, stationRows(run.run, call.request));
+        report.runs.push_back(std::move(tables));
+    }
+    return report;
+}
+
+void showRun(TextPage& page, const Call& call, const JudgedRun& run) {
+    describeJudging(page, run.run, call.request);
+    const auto rows = complianceRows(run, call.request);
+    if (call.by == "reach")
+        showComplianceRows(page, run, rows);
+    else
+        page.table(textTable(tableOf(call, run)));
+    if (call.by == "station") return concludeStations(page, stationRows(run.run, call.request));
+    concludeCompliance(page, run.run, rows);
+}
+
+double givenPercent(const CommandLine& line) {
+    const auto typed = line.value("--deterioration");
+    if (!typed) return DefaultDeterioration;
+    double percent = 0;
+    const char* const end = typed->data() + typed->size();
+    const auto read = std::from_chars(typed->data(), end, percent);
+    if (read.ptr != end || read.ec != std::errc() || !std::isfinite(percent) || percent < 0)
+        throw UsageError("'" + *typed + "' is no percentage");
+    return percent;
+}
+
+std::set<int> givenLowIsBad(const CommandLine& line, const ResultsDataSet& results) {
+    const auto names = line.value("--low-is-bad");
+    if (!names) return lowBadByName(results);
+    return *names == "none" ? std::set<int>() : determinandsNamed(*names, results);
+}
+
+int runCompliance(CommandCall& call) {
+    using Kind = CommandOption::Kind;
+    const CommandLine line(call.arguments, {{"--low-is-bad", Kind::withValue},
+                                            {"--determinands", Kind::withValue},
+                                            {"--reaches", Kind::withValue},
+                                            {"--by", Kind::withValue},
+                                            {"--deterioration", Kind::withValue},
+                                            {"--format", Kind::withValue},
+                                            {"--output", Kind::withValue}});
+    Call taken;
+    taken.by = chosenWord(line, "--by", {"reach", "river", "determinand", "point", "station"});
+    taken.request.deterioration = givenPercent(line);
+    const std::vector<std::string> files = studyFiles(line, {});
+    const OutputChoice output = outputChoice(line, files);
+    taken.study = takeStudy(call, files);
+    const StudyRun& base = taken.study.base();
+    taken.request.determinands = determinandsChosen(line.value("--determinands"), base.results());
+    taken.request.lowIsBad = givenLowIsBad(line, base.results());
+    taken.request.reaches = reachesChosen(line.value("--reaches").value_or("all"), base.reaches());
+    if (taken.by == "river") riverNetwork(base); // refused before anything is written
+    deliver(call, output,
+            {[&] { return reportOf(taken); },
+             [&](TextPage& page) {
+                 for (std::size_t k = 0; k < taken.study.runs().size(); ++k)
+                     showRun(page, taken, judgedRun(taken, k));
+             }});
+    return exitStatus::done;
+}
+
+} // namespace
+
+const Command complianceCommand = {"compliance", "which quality targets are met", help, runCompliance};
+
+} // namespace korvel

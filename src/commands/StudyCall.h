@@ -1,0 +1,56 @@
+// What the commands on runs side by side have in common: which files, which format, where to.
+#pragma once
+
+#include "commands/CommandLine.h"
+#include "commands/Commands.h"
+#include "study/Network.h"
+#include "study/Study.h"
+#include "tables/TableFormats.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+struct FileCount {
+    std::size_t least = 1;
+    std::size_t most = MaxRuns;
+};
+
+// Model names of the results files of a call; of a plan those of its finished runs. UsageError for another
+// number of files, RefusedCall for a plan that can't be read.
+std::vector<std::string> studyFiles(const CommandLine& line, const FileCount& count);
+
+// Reads the files, with progress on a terminal. Throws RefusedCall.
+Study takeStudy(CommandCall& call, const std::vector<std::string>& files);
+
+// The network of a run for what needs one without circles. Throws RefusedCall.
+Network riverNetwork(const StudyRun& run);
+
+// A run as it is told of: with its name before what is wrong with it.
+RefusedCall refusedRun(const StudyRun& run, const std::string& title, const std::string& words);
+
+enum class TextAllowed { no, yes };
+
+struct OutputChoice {
+    const TableFormat* format = nullptr;
+    std::string file; // model name; "" for the standard output
+};
+
+// By --format and --output, before anything is read. Without either, text or else CSV. UsageError for an
+// unknown format; RefusedCall for an output that leads to an input.
+OutputChoice outputChoice(const CommandLine& line, const std::vector<std::string>& files,
+                          TextAllowed text = TextAllowed::yes);
+
+// Writes it whole or not at all.
+void deliver(CommandCall& call, const OutputChoice& choice, const TableContent& content);
+// On the standard output.
+void showText(CommandCall& call, const std::function<void(TextPage&)>& text);
+void writeOut(CommandCall& call, const std::function<void(OutputBytes&)>& write);
+
+// One of the words that an option takes; the first where it is not given.
+std::string chosenWord(const CommandLine& line, const std::string& option,
+                       const std::vector<std::string>& words);
+
+} // namespace korvel

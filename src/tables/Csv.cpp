@@ -1,0 +1,125 @@
+#include "tables/Csv.h"
+
+#include "basic/Text.h"
+
+#include <utility>
+
+namespace korvel {
+
+namespace {
+
+const char* const lineEnd = "\r\n";
+
+std::string joined(std::span<const std::string> names) {
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : "; ") + name;
+    return text;
+}
+
+class CsvRows : public RowTaker {
+  public:
+    // `lead`: what every row begins with, ended by a comma.
+    CsvRows(OutputBytes& out, std::string lead) : m_out(out), m_lead(std::move(lead)) {}
+
+    void row(std::span<const Cell> cells) override {
+        m_out.append(m_lead);
+        appendCells(m_out, cells);
+        m_out.append(lineEnd);
+    }
+    ReadyCells ready(std::size_t, std::span<const Cell> cells) override {
+        m_ready.clear();
+        appendCells(m_readying, cells);
+        m_readying.append(',');
+        m_readying.flush();
+        return {m_ready};
+    }
+    void row(const ReadyCells& first, const ReadyCells& second, std::span<const Cell> last) override {
+        m_out.append(m_lead);
+        m_out.append(first.bytes);
+        m_out.append(second.bytes);
+        appendCells(m_out, last);
+        m_out.append(lineEnd);
+    }
+
+    static void appendCells(OutputBytes& out, std::span<const Cell> cells) {
+        for (std::size_t k = 0; k < cells.size(); ++k) {
+            if (k > 0) out.append(',');
+            std::visit([&](const auto& value) { append(out, value); }, cells[k]);
+        }
+    }
+
+  private:
+    static void append(OutputBytes&, Nothing) {}
+    static void append(OutputBytes& out, bool value) { out.append(value ? "true" : "false"); }
+    static void append(OutputBytes& out, int value) { out.appendNumber(value); }
+    static void append(OutputBytes& out, double value) { out.appendNumber(value); }
+    static void append(OutputBytes& out, std::string_view value) { out.append(csvText(value)); }
+    static void append(OutputBytes& out, std::span<const std::string> names) {
+        out.append(csvText(joined(names)));
+    }
+
+    OutputBytes& m_out;
+    std::string m_lead;
+    std::string m_ready;
+    OutputBytes m_readying{[this](std::string_view text) { m_ready += text; }};
+};
+
+const Table& rowsOf(const RunTables& run) {
+    return run.flat ? *run.flat : run.lists.front();
+}
+
+std::string leadOf(const std::vector<Fact>& facts) {
+    std::string lead;
+    OutputBytes bytes([&](std::string_view text) { lead += text; });
+    for (const Fact& fact : facts) {
+        if (!fact.inRows) continue;
+        const Cell cell = viewOf(fact.value);
+        CsvRows::appendCells(bytes, {&cell, 1});
+        bytes.append(',');
+    }
+    bytes.flush();
+    return lead;
+}
+
+void writeHeading(const std::vector<Fact>& facts, const Table& table, OutputBytes& out) {
+    std::string heading;
+    for (const Fact& fact : facts)
+        if (fact.inRows) heading += fact.column.flatName() + ",";
+    for (const Column& column : table.columns)
+        heading += column.flatName() + ",";
+    heading.pop_back();
+    out.append(heading);
+    out.append(lineEnd);
+}
+
+} // namespace
+
+std::string csvText(std::string_view text) {
+    std::string shown = shownUtf8(text);
+    if (!shown.empty() && std::string_view("=+-@\t\r").find(shown[0]) != std::string_view::npos)
+        shown.insert(0, 1, '\'');
+    if (shown.find_first_of(",\"\r\n") == std::string::npos) return shown;
+    std::string quoted = "\"";
+    for (const char c : shown)
+        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + "\"";
+}
+
+void writeCsv(const TableReport& report, OutputBytes& out) {
+    bool first = true;
+    for (const RunTables& run : report.runs) {
+        const Table& table = rowsOf(run);
+        if (std::exchange(first, false)) writeHeading(run.facts, table, out);
+        CsvRows rows(out, leadOf(run.facts));
+        table.rows(rows);
+    }
+}
+
+void writeCsv(const Table& table, OutputBytes& out) {
+    writeHeading({}, table, out);
+    CsvRows rows(out, "");
+    table.rows(rows);
+}
+
+} // namespace korvel

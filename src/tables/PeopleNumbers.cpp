@@ -1,0 +1,52 @@
+#include "tables/PeopleNumbers.h"
+
+#include "basic/Numbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace korvel {
+
+namespace {
+
+std::string shown(double value, std::chars_format format, int precision) {
+    std::array<char, 400> digits;
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, format, precision).ptr;
+    std::string text(digits.data(), end);
+    const bool isZero = text.find_first_not_of("-0.") == std::string::npos;
+    return isZero && text[0] == '-' ? text.substr(1) : text;
+}
+
+} // namespace
+
+std::string shownNumber(double value) {
+    const double size = std::abs(value);
+    if (size == 0) return "0";
+    if (size >= 1e9 || size < 1e-5) return shown(value, std::chars_format::scientific, 3);
+    const int magnitude = static_cast<int>(std::floor(std::log10(size)));
+    return shownDecimals(value, magnitude >= 3 ? 0 : 3 - magnitude);
+}
+
+std::string shownNumber(const std::optional<double>& value) {
+    return value ? shownNumber(*value) : "-";
+}
+
+std::string shownKm(double distance) {
+    return shortestNumber(distance) + " km";
+}
+
+std::string shownDecimals(double value, int decimals) {
+    return shown(value, std::chars_format::fixed, decimals);
+}
+
+std::string shownPercent(const std::optional<double>& value) {
+    return value ? shownDecimals(*value, 1) : "-";
+}
+
+std::string counted(int count, const std::string& one, const std::string& many) {
+    return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+} // namespace korvel

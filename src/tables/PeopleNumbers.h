@@ -1,0 +1,16 @@
+// Numbers as people like to read them in a table: rounded, without exponents where that can be.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace korvel {
+
+std::string shownNumber(double value);                       // about four figures: "0.0123", "12.35", "1235"
+std::string shownNumber(const std::optional<double>& value); // "-" for none
+std::string shownKm(double distance);                        // as read: "3.36 km"
+std::string shownDecimals(double value, int decimals);
+std::string shownPercent(const std::optional<double>& value); // one decimal: "12.3"
+std::string counted(int count, const std::string& one, const std::string& many);
+
+} // namespace korvel
