@@ -93,10 +93,12 @@ void settleLabels(const std::vector<LabelRequest>& requests, const LabelStrip& s
     Settling settling(requests, strip, places);
     for (int round = 0; round < 3; ++round)
         settling.sweep([&](std::size_t k) { return settling.bestPlace(k); });
-    settling.sweep([&](std::size_t k) -> std::optional<LabelPlace> {
-        if (!settling.has(k)) return {};
-        return settling.centred(k);
-    });
+    // Several times, since a label that moves makes room for the one before it.
+    for (int round = 0; round < 3; ++round)
+        settling.sweep([&](std::size_t k) -> std::optional<LabelPlace> {
+            if (!settling.has(k)) return {};
+            return settling.centred(k);
+        });
     settling.sweep([&](std::size_t k) { return settling.has(k) ? places[k] : settling.bestPlace(k); });
 }
 
