@@ -45,8 +45,16 @@ show report "${first[0]}" --determinands 1,2,3 --statistics mean,95 --output rep
 show csv "${first[0]}" --output report.csv
 show listing "${first[0]%.SGR}.OUT" --output listing.pdf
 
+# What the runs say: verdicts, what the second run changes, where a load comes from, the fit to samples.
+show compliance "${first[@]:0:2}" --by determinand
+if [[ ${#first[@]} -gt 1 ]]; then show changes "${first[@]:0:2}" --by river --series 2; fi
+show sources "${first[0]}" --determinand 4 --by kind
+show fit "${first[0]}" --statistics mean
+show check "${first[0]}"
+show table "${first[@]:0:2}" --output table.csv
+
 echo
 echo "Pictures, pages and files are in $tour:"
-for file in profile.png reaches.png comparison.pdf report.pdf report.csv listing.pdf; do
+for file in profile.png reaches.png comparison.pdf report.pdf report.csv listing.pdf table.csv; do
     [[ ! -e $file ]] || echo "  $tour/$file"
 done
