@@ -195,13 +195,15 @@ std::vector<ComplianceRow> complianceRows(const JudgedRun& run, const Compliance
     return rows;
 }
 
-std::vector<OverallRow> overallRows(const std::vector<ComplianceRow>& rows) {
+std::vector<OverallRow> overallRows(const StudyRun& run, const ComplianceRequest& request) {
     std::vector<OverallRow> overall;
-    for (std::size_t k = 0; k < rows.size();) {
-        const int place = rows[k].place;
+    for (const ReachGroup& reach : groupsByReach(*run.file, request.reaches)) {
+        const int place = reach.places.front();
         std::vector<DeterminandVerdict> verdicts;
-        for (; k < rows.size() && rows[k].place == place; ++k)
-            verdicts.push_back({rows[k].determinand.number, rows[k].reach.verdict, rows[k].reach.confident});
+        for (const JudgedDeterminand& determinand : judgedBy(run, request)) {
+            const ReachCompliance judged = judgeReach(*run.file, place, determinand);
+            verdicts.push_back({determinand.number, judged.verdict, judged.confident});
+        }
         overall.push_back({place, overallVerdict(verdicts)});
     }
     return overall;
@@ -243,11 +245,11 @@ Table complianceByReach(const JudgedRun& run, const ComplianceRequest& request) 
             }};
 }
 
-Table overallTable(const JudgedRun& run, const ComplianceRequest& request) {
+Table overallTable(const StudyRun& run, const ComplianceRequest& request) {
     return {"overall", namedColumns({"reach", "verdict", "confident_verdict", "failing"}),
             [run, request](RowTaker& taker) {
-                for (const OverallRow& row : overallRows(complianceRows({run.run, {}}, request)))
-                    giveOverallRow(row, run.run, taker);
+                for (const OverallRow& row : overallRows(run, request))
+                    giveOverallRow(row, run, taker);
             }};
 }
 

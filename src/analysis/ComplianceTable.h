@@ -53,14 +53,14 @@ struct StationRow {
 std::vector<JudgedDeterminand> judgedBy(const StudyRun& run, const ComplianceRequest& request);
 
 std::vector<ComplianceRow> complianceRows(const JudgedRun& run, const ComplianceRequest& request);
-// Of these rows, reach by reach.
-std::vector<OverallRow> overallRows(const std::vector<ComplianceRow>& rows);
+// One a reach, also of those where nothing is judged.
+std::vector<OverallRow> overallRows(const StudyRun& run, const ComplianceRequest& request);
 std::vector<ComplianceSumRow> complianceSums(const StudyRun& run, const std::vector<ReachGroup>& groups,
                                              const ComplianceRequest& request);
 std::vector<StationRow> stationRows(const StudyRun& run, const ComplianceRequest& request);
 
 Table complianceByReach(const JudgedRun& run, const ComplianceRequest& request);
-Table overallTable(const JudgedRun& run, const ComplianceRequest& request);
+Table overallTable(const StudyRun& run, const ComplianceRequest& request);
 Table complianceByDeterminand(const StudyRun& run, const ComplianceRequest& request);
 Table complianceByRiver(const StudyRun& run, const Network& network, const ComplianceRequest& request);
 Table complianceByPoint(const StudyRun& run, const ComplianceRequest& request);

@@ -75,7 +75,7 @@ TableReport reportOf(const Call& call) {
         RunTables tables;
         tables.facts = {{{"run"}, run.run.name, true}};
         tables.lists = {tableOf(call, run)};
-        if (call.by == "reach") tables.lists.push_back(overallTable(run, call.request));
+        if (call.by == "reach") tables.lists.push_back(overallTable(run.run, call.request));
         if (call.by == "station") addAgreement(tables, stationRows(run.run, call.request));
         report.runs.push_back(std::move(tables));
     }

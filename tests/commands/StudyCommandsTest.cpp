@@ -175,6 +175,16 @@ TEST_F(StudyCommands, ComplianceTellsEachReach) {
     expectHolds("b.sgr,2,BOD,mean,0,0,0,0,0,0,0,,,,,,,,,,same,0,\r\n");
 }
 
+TEST_F(StudyCommands, ComplianceListsReachesWhereNothingIsJudged) {
+    ResultsFileBuilder file;
+    file.determinand(4, "Caffeine", 1).reach(1, "Upper", 4, 2).reach(2, "Lower", 6, 0);
+    file.point(1, 0, "Head", 0).setAll(1);
+    expectOut({"compliance", put("c.sgr", file), "--format", "json"},
+              "{\"low_is_bad\":[],\"runs\":[\n{\"run\":\"c.sgr\",\n\"reaches\":[],\n\"overall\":[\n"
+              "{\"reach\":1,\"verdict\":\"\",\"confident_verdict\":\"\",\"failing\":[]},\n"
+              "{\"reach\":2,\"verdict\":\"\",\"confident_verdict\":\"\",\"failing\":[]}]}]}\n");
+}
+
 TEST_F(StudyCommands, ComplianceAddsUpAndNamesPoints) {
     expectOut({"compliance", a, "--by", "determinand", "--format", "csv"},
               "run,determinand,statistic,judged_length,failing_length,judged_points,failing_points,sure_"
