@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
 #include <set>
@@ -90,6 +91,17 @@ TEST_F(DiskFilesTest, ReadsBytesAsTheyStand) {
     EXPECT_EQ(read("RIVERS/A.DAT"), bytes);
     folder.put("empty", "");
     EXPECT_EQ(read("empty"), "");
+}
+
+TEST_F(DiskFilesTest, ClosesItsOwnFilesAndNoOthers) {
+    const int next = ::dup(STDIN_FILENO);
+    ::close(next);
+    write("a.txt", "text");
+    EXPECT_EQ(read("a.txt"), "text");
+    EXPECT_NE(::fcntl(STDOUT_FILENO, F_GETFD), -1);
+    const int again = ::dup(STDIN_FILENO);
+    ::close(again);
+    EXPECT_EQ(again, next); // nothing was left open
 }
 
 TEST_F(DiskFilesTest, ReadsInChunksAndKnowsTheSize) {
