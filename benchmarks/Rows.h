@@ -72,4 +72,10 @@ inline void printBound(const std::string& job, double ours, const std::string& b
         {job, megabytes(ours), bound, megabytes(limit), twoDecimals(ours / limit), "", "<= 1", ours > limit});
 }
 
+// The same in seconds.
+inline void printTimeBound(const std::string& job, double ours, const std::string& bound, double limit) {
+    print({job, milliseconds(ours), bound, milliseconds(limit), twoDecimals(ours / limit), "", "<= 1",
+           ours > limit});
+}
+
 } // namespace korvel
