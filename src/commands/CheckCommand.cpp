@@ -77,7 +77,7 @@ int runCheck(CommandCall& call) {
     using Kind = CommandOption::Kind;
     const CommandLine line(call.arguments, {{"--all", Kind::flag}, {"--format", Kind::withValue}});
     const std::string format = chosenWord(line, "--format", {"text", "json"});
-    const Study study = takeStudy(call, studyFiles(line, {1, 1}));
+    const Study study = takeStudy(call, studyFiles(line, {1, 1, 1}));
     const StudyRun& run = study.base();
     const auto findings = checkRun(*run.file, line.has("--all") ? AllPlaces : FirstPlaces);
     if (format == "text")

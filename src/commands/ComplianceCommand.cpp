@@ -1,5 +1,6 @@
 #include "commands/CommandList.h"
 #include "commands/ComplianceText.h"
+#include "commands/RunsInTurn.h"
 #include "commands/StudyCall.h"
 #include "commands/StudyLists.h"
 #include "tables/TextRows.h"
@@ -29,15 +30,17 @@ const char* const help =
     "both confidence limits lie on one side of the target.\n";
 
 struct Call {
-    Study study;
+    RunSequence runs;
+    std::vector<std::string> names; // of the runs
+    StudyRun base;
     ComplianceRequest request;
     std::string by;
 };
 
 // A run, and the base where it isn't the base itself.
 JudgedRun judgedRun(const Call& call, std::size_t k) {
-    JudgedRun run{call.study.runs()[k], {}};
-    if (k > 0) run.base = call.study.base();
+    JudgedRun run{call.runs.run(k), {}};
+    if (k > 0) run.base = call.base;
     return run;
 }
 
@@ -51,9 +54,8 @@ Table tableOf(const Call& call, const JudgedRun& run) {
 
 std::vector<std::string> lowIsBadNames(const Call& call) {
     std::vector<std::string> names;
-    for (const JudgedDeterminand& each : judgedBy(call.study.base(), call.request))
-        if (each.side == BadSide::low)
-            names.push_back(determinandName(call.study.base().results(), each.number));
+    for (const JudgedDeterminand& each : judgedBy(call.base, call.request))
+        if (each.side == BadSide::low) names.push_back(determinandName(call.base.results(), each.number));
     return names;
 }
 
@@ -67,18 +69,33 @@ void addAgreement(RunTables& tables, const std::vector<StationRow>& rows) {
                          {{"observed_only", "agreement"}, agreement.observedOnly}};
 }
 
+RunTables tablesOf(const Call& call, const JudgedRun& run) {
+    RunTables tables;
+    tables.facts = {{{"run"}, run.run.name, true}};
+    tables.lists = {tableOf(call, run)};
+    if (call.by == "reach") tables.lists.push_back(overallTable(run.run, call.request));
+    if (call.by == "station") addAgreement(tables, stationRows(run.run, call.request));
+    return tables;
+}
+
+// The run is not asked for before its rows are: of a plan there may be thousands.
+RunTables sumsOf(const Call& call, std::size_t k) {
+    Table table = complianceByDeterminand(call.base, call.request);
+    table.rows = [&call, k](RowTaker& taker) {
+        complianceByDeterminand(call.runs.run(k), call.request).rows(taker);
+    };
+    RunTables tables;
+    tables.facts = {{{"run"}, call.names[k], true}};
+    tables.lists = {std::move(table)};
+    return tables;
+}
+
 TableReport reportOf(const Call& call) {
     TableReport report;
     report.facts = {{{"low_is_bad"}, lowIsBadNames(call)}};
-    for (std::size_t k = 0; k < call.study.runs().size(); ++k) {
-        const JudgedRun run = judgedRun(call, k);
-        RunTables tables;
-        tables.facts = {{{"run"}, run.run.name, true}};
-        tables.lists = {tableOf(call, run)};
-        if (call.by == "reach") tables.lists.push_back(overallTable(run.run, call.request));
-        if (call.by == "station") addAgreement(tables, stationRows(run.run, call.request));
-        report.runs.push_back(std::move(tables));
-    }
+    for (std::size_t k = 0; k < call.runs.count; ++k)
+        report.runs.push_back(call.by == "determinand" ? sumsOf(call, k)
+                                                       : tablesOf(call, judgedRun(call, k)));
     return report;
 }
 
@@ -110,6 +127,19 @@ std::set<int> givenLowIsBad(const CommandLine& line, const ResultsDataSet& resul
     return *names == "none" ? std::set<int>() : determinandsNamed(*names, results);
 }
 
+void take(Call& call, const Study& study) {
+    call.base = study.base();
+    call.runs = sequenceOf(study);
+    for (const StudyRun& run : study.runs())
+        call.names.push_back(run.name);
+}
+
+void take(Call& call, const RunsInTurn& runs) {
+    call.base = runs.base();
+    call.runs = runs.sequence();
+    call.names = runs.names();
+}
+
 int runCompliance(CommandCall& call) {
     using Kind = CommandOption::Kind;
     const CommandLine line(call.arguments, {{"--low-is-bad", Kind::withValue},
@@ -122,10 +152,15 @@ int runCompliance(CommandCall& call) {
     Call taken;
     taken.by = chosenWord(line, "--by", {"reach", "river", "determinand", "point", "station"});
     taken.request.deterioration = givenPercent(line);
-    const std::vector<std::string> files = studyFiles(line, {});
+    const bool inTurn = namesPlan(line) && taken.by == "determinand";
+    const std::vector<std::string> files = studyFiles(line, inTurn ? AnyPlan : FileCount{});
     const OutputChoice output = outputChoice(line, files);
-    taken.study = takeStudy(call, files);
-    const StudyRun& base = taken.study.base();
+    std::optional<RunsInTurn> planned;
+    if (inTurn)
+        take(taken, planned.emplace(call, files));
+    else
+        take(taken, takeStudy(call, files));
+    const StudyRun& base = taken.base;
     taken.request.determinands = determinandsChosen(line.value("--determinands"), base.results());
     taken.request.lowIsBad = givenLowIsBad(line, base.results());
     taken.request.reaches = reachesChosen(line.value("--reaches").value_or("all"), base.reaches());
@@ -133,7 +168,7 @@ int runCompliance(CommandCall& call) {
     deliver(call, output,
             {[&] { return reportOf(taken); },
              [&](TextPage& page) {
-                 for (std::size_t k = 0; k < taken.study.runs().size(); ++k)
+                 for (std::size_t k = 0; k < taken.runs.count; ++k)
                      showRun(page, taken, judgedRun(taken, k));
              }});
     return exitStatus::done;

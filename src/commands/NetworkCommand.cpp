@@ -132,7 +132,7 @@ void warnOfMissingLines(CommandCall& call, const Call& taken) {
 int runNetwork(CommandCall& call) {
     const CommandLine line(call.arguments, {{"--format", CommandOption::Kind::withValue}});
     const std::string format = chosenWord(line, "--format", {"text", "json"});
-    const Study study = takeStudy(call, studyFiles(line, {1, 1}));
+    const Study study = takeStudy(call, studyFiles(line, {1, 1, 1}));
     const Call taken{study.base(), riverNetwork(study.base())};
     warnOfMissingLines(call, taken);
     if (format == "text") {

@@ -19,17 +19,19 @@ std::vector<std::string> filesOfPlan(const std::string& plan) {
     if (!finished.problems.empty())
         throw RefusedCall{{finished.problems.front(), "Plan", Icon::exclamation, Buttons::ok}};
     std::vector<std::string> files;
+    if (finished.runs.empty())
+        throw RefusedCall{{plan + " has no finished run.", "Plan", Icon::exclamation, Buttons::ok}};
     for (const FinishedRun& run : finished.runs)
         files.push_back(modelNameOfTyped(run.results));
     return files;
 }
 
-void expectCount(std::size_t files, const FileCount& count) {
+void expectCount(std::size_t files, std::size_t least, std::size_t most) {
     if (files == 0) throw UsageError("no results file given");
-    if (files < count.least) throw UsageError("one results file given: there is nothing to hold against it");
-    if (files > count.most)
-        throw UsageError(std::to_string(files) + " results files given, " + std::to_string(count.most) +
-                         (count.most == 1 ? " is taken" : " are taken at most"));
+    if (files < least) throw UsageError("one results file given: there is nothing to hold against it");
+    if (files > most)
+        throw UsageError(std::to_string(files) + " results files given, " + std::to_string(most) +
+                         (most == 1 ? " is taken" : " are taken at most"));
 }
 
 // Whether both names lead to one file, by links too.
@@ -74,15 +76,19 @@ void writeToFile(CommandCall& call, const OutputChoice& choice, const TableConte
 
 } // namespace
 
+bool namesPlan(const CommandLine& line) {
+    return line.operands().size() == 1 && isPlan(line.operands().front());
+}
+
 std::vector<std::string> studyFiles(const CommandLine& line, const FileCount& count) {
     const std::vector<std::string>& operands = line.operands();
     std::vector<std::string> files;
-    if (operands.size() == 1 && isPlan(operands.front()))
+    if (namesPlan(line))
         files = filesOfPlan(operands.front());
     else
         for (const std::string& operand : operands)
             files.push_back(modelNameOfTyped(operand));
-    expectCount(files.size(), count);
+    expectCount(files.size(), count.least, namesPlan(line) ? count.mostOfPlan : count.most);
     return files;
 }
 

@@ -7,6 +7,7 @@
 #include "study/Study.h"
 #include "tables/TableFormats.h"
 
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,7 +17,13 @@ namespace korvel {
 struct FileCount {
     std::size_t least = 1;
     std::size_t most = MaxRuns;
+    std::size_t mostOfPlan = MaxRuns;
 };
+
+inline constexpr FileCount AnyPlan = {1, MaxRuns, std::numeric_limits<std::size_t>::max()};
+
+// Whether the files of a call are those of a plan.
+bool namesPlan(const CommandLine& line);
 
 // Model names of the results files of a call; of a plan those of its finished runs. UsageError for another
 // number of files, RefusedCall for a plan that can't be read.

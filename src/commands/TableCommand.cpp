@@ -1,5 +1,6 @@
 #include "analysis/TidyTable.h"
 #include "commands/CommandList.h"
+#include "commands/RunsInTurn.h"
 #include "commands/StudyCall.h"
 #include "commands/StudyLists.h"
 
@@ -19,11 +20,36 @@ const char* const help =
     "  --output FILE       the file to write; the standard output where not given\n";
 
 // In a file with circles nothing has a way to the mouth.
-void warnOfCircles(CommandCall& call, const Study& study) {
-    for (const StudyRun& run : study.runs())
-        if (const auto circles = circlesIn(networkOf(*run.file), *run.file))
-            call.dialogs.show({run.name + ": " + *circles + "; to_mouth stays empty.", "Network",
-                               Icon::exclamation, Buttons::ok});
+void warnOfCircles(CommandCall& call, const StudyRun& run) {
+    if (const auto circles = circlesIn(networkOf(*run.file), *run.file))
+        call.dialogs.show({run.name + ": " + *circles + "; to_mouth stays empty.", "Network",
+                           Icon::exclamation, Buttons::ok});
+}
+
+// Runs that were read before, and those of a plan, which may be thousands.
+struct TableRuns {
+    Study study;
+    std::optional<RunsInTurn> inTurn;
+
+    const StudyRun& base() const { return inTurn ? inTurn->base() : study.base(); }
+    RunSequence sequence() const { return inTurn ? inTurn->sequence() : sequenceOf(study); }
+};
+
+TableRuns takeRuns(CommandCall& call, const CommandLine& line, const std::vector<std::string>& files) {
+    TableRuns runs;
+    if (namesPlan(line))
+        runs.inTurn.emplace(call, files);
+    else
+        runs.study = takeStudy(call, files);
+    return runs;
+}
+
+RunSequence withWarnings(CommandCall& call, const RunSequence& runs) {
+    return {runs.count, [&call, runs](std::size_t k) {
+                StudyRun run = runs.run(k);
+                warnOfCircles(call, run);
+                return run;
+            }};
 }
 
 int runTable(CommandCall& call) {
@@ -37,13 +63,12 @@ int runTable(CommandCall& call) {
     TidyRequest request;
     request.statistics = statisticsChosen(line.value("--statistics"));
     request.interpolated = line.has("--interpolated");
-    const std::vector<std::string> files = studyFiles(line, {});
+    const std::vector<std::string> files = studyFiles(line, AnyPlan);
     const OutputChoice output = outputChoice(line, files, TextAllowed::no);
-    const Study study = takeStudy(call, files);
-    request.series = seriesChosen(line.value("--series"), study.base().results());
-    request.reaches = reachesChosen(line.value("--reaches").value_or("all"), study.base().reaches());
-    warnOfCircles(call, study);
-    deliver(call, output, {{}, {}, tidyTable(sequenceOf(study), request)});
+    const TableRuns runs = takeRuns(call, line, files);
+    request.series = seriesChosen(line.value("--series"), runs.base().results());
+    request.reaches = reachesChosen(line.value("--reaches").value_or("all"), runs.base().reaches());
+    deliver(call, output, {{}, {}, tidyTable(withWarnings(call, runs.sequence()), request)});
     return exitStatus::done;
 }
 

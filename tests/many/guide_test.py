@@ -49,13 +49,17 @@ class Guide(unittest.TestCase):
         return self.do(self.printed([], "korvel runs holcombe.csv\n"))
 
     def test_every_block_is_tried_here(self):
-        self.assertEqual(len(blocks()), 6)
+        self.assertEqual(len(blocks()), 8)
 
-    def test_ten_steps_are_run_and_resumed(self):
+    def test_ten_steps_are_run_and_read_as_one_table(self):
         self.assertEqual(len(self.printed([], "STEP$bod").splitlines()), 5)
         self.assertEqual(self.make_and_run(), "10 done.\n")
         sums = {sorted(self.plans.folder.glob(f"STEP{k}.SGR"))[0].read_bytes() for k in range(1, 11)}
         self.assertEqual(len(sums), 10, "the steps don't differ")
+        self.do(self.printed([], "korvel table"))
+        rows = (self.plans.folder / "holcombe-table.csv").read_text().splitlines()
+        self.assertEqual(len({row.split(",")[0] for row in rows[1:]}), 10)
+        self.assertIn("BOD", self.do(self.printed([], "korvel compliance")))
         self.assertEqual(self.do(self.printed([], "--resume\n")), "10 kept.\n")
 
     def test_the_same_goes_to_a_cluster(self):
@@ -72,7 +76,8 @@ class Guide(unittest.TestCase):
 
     def test_a_trial_of_an_optimiser_hands_back_figures_and_a_status(self):
         figures = self.do(self.printed([], "trial.sh")).splitlines()
-        self.assertTrue([line for line in figures if "BOD" in line], figures[:3])
+        self.assertTrue(figures[0].startswith("run,series,statistic,n,"), figures)
+        self.assertEqual(len(figures), 2)
         bad = subprocess.run(["sh", "trial.sh", "rubbish", "trial-2"], cwd=self.plans.folder, capture_output=True,
                              text=True, env=self.plans.environment)
         self.assertEqual((bad.returncode, bad.stdout), (1, ""), bad)
