@@ -24,8 +24,8 @@ std::vector<Column> sumColumns() {
 }
 
 void addSums(std::vector<Cell>& cells, const ComplianceSums& sums) {
-    cells.insert(cells.end(), {sums.judgedLength, sums.failingLength, sums.judgedPoints, sums.failingPoints,
-                               sums.sureFails, sums.surePasses, sums.unsure});
+    addCells(cells, {sums.judgedLength, sums.failingLength, sums.judgedPoints, sums.failingPoints,
+                     sums.sureFails, sums.surePasses, sums.unsure});
 }
 
 std::vector<Column> reachColumns() {
@@ -92,9 +92,9 @@ Table sumTable(const StudyRun& run, std::vector<ReachGroup> groups, const Compli
             const std::string name = determinandName(run.results(), row.determinand.number);
             std::vector<Cell> cells;
             if (what == SumsOf::river) cells.emplace_back(std::string_view(row.group.river));
-            cells.insert(cells.end(), {std::string_view(name), nameOf(row.determinand.statistic)});
+            addCells(cells, {std::string_view(name), nameOf(row.determinand.statistic)});
             addSums(cells, row.sums);
-            cells.insert(cells.end(), {row.reachesFailing, row.reachesJudged});
+            addCells(cells, {row.reachesFailing, row.reachesJudged});
             taker.row(cells);
         }
     };

@@ -21,10 +21,10 @@ std::vector<Cell> cellsOf(const FitRow& row, const ResultsDataSet& results, cons
     std::vector<Cell> cells;
     if (by == "reach") cells.emplace_back(row.group.reach);
     if (by == "river") cells.emplace_back(std::string_view(row.group.river));
-    cells.insert(cells.end(), {std::string_view(results.seriesNames[row.series]), nameOf(row.statistic),
-                               fit.n, fit.meanError, cellOf(fit.percentBias), fit.meanAbsoluteError,
-                               fit.rootMeanSquareError, cellOf(fit.efficiency), cellOf(fit.rSquared),
-                               cellOf(fit.typicalFactor), fit.withinLimits, fit.bounded});
+    addCells(cells,
+             {std::string_view(results.seriesNames[row.series]), nameOf(row.statistic), fit.n, fit.meanError,
+              cellOf(fit.percentBias), fit.meanAbsoluteError, fit.rootMeanSquareError, cellOf(fit.efficiency),
+              cellOf(fit.rSquared), cellOf(fit.typicalFactor), fit.withinLimits, fit.bounded});
     return cells;
 }
 

@@ -2,6 +2,11 @@
 
 namespace korvel {
 
+void addCells(std::vector<Cell>& cells, std::initializer_list<Cell> more) {
+    for (const Cell& cell : more)
+        cells.push_back(cell);
+}
+
 Cell viewOf(const OwnedCell& cell) {
     return std::visit(
         [](const auto& value) -> Cell {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -23,6 +24,8 @@ template <typename T>
 Cell cellOf(const std::optional<T>& value) {
     return value ? Cell(*value) : Cell(Nothing());
 }
+
+void addCells(std::vector<Cell>& cells, std::initializer_list<Cell> more);
 
 struct Column {
     std::string name;
