@@ -23,7 +23,7 @@ MAY_INCLUDE = {
     "platform": {"platform", "drawing", "basic"},
     "global": {"global", "basic"},
     "tables": {"tables", "platform", "drawing", "basic"},
-    "results": {"results", "global", "platform", "drawing", "basic"},
+    "results": {"results", "platform", "basic"},
     "study": STUDIES,
     "analysis": ANALYSES,
     "panels": {"panels"} | ANALYSES,
@@ -34,8 +34,9 @@ MAY_INCLUDE = {
     "commands": {"commands", "toolkit", "drawing/paint"} | CORES | STUDY_CORES | GROUND,
     "engine": {"engine", "basic"},
 }
-# The main form's menus open data files and start runs; both belong to the runs.
-FORM_ALSO_INCLUDES = {"app/frmStart": {"runs"}}
+# The main form's menus open data files and start runs; both belong to the runs. Of the results only the procedure that
+# the given forms call knows the shared state.
+ALSO_INCLUDES = {"app/frmStart": {"runs"}, "results/LoadResultsFile": {"global"}}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
 COMMENT_OR_TEXT = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"', re.DOTALL)
@@ -56,11 +57,15 @@ def room_of(name: str) -> str:
 
 
 def allowed_rooms(room: str, name: str) -> set[str]:
+    return general_rooms(room, name) | ALSO_INCLUDES.get(name.rpartition(".")[0], set())
+
+
+def general_rooms(room: str, name: str) -> set[str]:
     folder = name.rpartition("/")[0]
     if room in MAY_INCLUDE:
         return MAY_INCLUDE[room]
     if room == "form":
-        return {folder, "form", "toolkit", "drawing/paint"} | GROUND | FORM_ALSO_INCLUDES.get(name.rpartition(".")[0], set())
+        return {folder, "form", "toolkit", "drawing/paint"} | GROUND
     if room == "main":
         return {folder, "form", "commands", "toolkit", "drawing/paint"} | GROUND
     return {room} | GROUND

@@ -3,13 +3,13 @@
 #pragma once
 
 #include "basic/CheckedArray.h"
+#include "basic/ModelLimits.h"
 
 #include <string>
 #include <vector>
 
 namespace korvel {
 
-inline constexpr int MaxPlottingPoints = 59999;
 inline constexpr int MaxGraphColumns = 6;
 
 template <typename T>

@@ -11,11 +11,6 @@ namespace korvel {
 
 namespace {
 
-const char* const readErrorText =
-    "There is an error in reading the data for plotting. The file either does not exist, is incomplete, or "
-    "is in the "
-    "wrong format.  Or it may hold more plotting points than the set maximum of 59999.";
-
 std::unique_ptr<ByteSource> openOnReadersChannel(Files& files, const std::string& name) {
     if (GLOBAL.readersChannelOpen) throw RunTimeError(errors::fileAlreadyOpen);
     return files.open(name);
@@ -40,7 +35,7 @@ void readCurrentFile(Platform& platform, const LoadProgress& progress) {
 }
 
 void endUnreadable(Platform& platform, bool showErrors) {
-    if (showErrors) platform.dialogs.show({readErrorText, "Error", Icon::exclamation, Buttons::ok});
+    if (showErrors) platform.dialogs.show(unreadableResults());
     GLOBAL.readersChannelOpen = false;
     GLOBAL.loadFailed = true;
 }

@@ -1,12 +1,13 @@
 // The results of one or two model runs, as the results reader leaves them: reaches, plotting points, series
-// and their statistics. One object for the whole program, written by the reader alone.
+// and their statistics. Written by the reader alone. RESULTS is what the forms show; there may be any number
+// of others, each of one run in its slot 0.
 //
 // Index conventions: slot 0 or 1; point 1..59999; series 0 flow, 1..n concentrations, n+1..2n loads; level 0,
 // 1, 2 for the 90, 95 and 99 percentile; reach 0..59999. An index outside is error 9.
 #pragma once
 
 #include "basic/CheckedArray.h"
-#include "global/GraphHandOver.h"
+#include "basic/ModelLimits.h"
 #include "results/ValueStore.h"
 
 #include <string>

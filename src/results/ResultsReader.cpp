@@ -31,6 +31,7 @@ class Reading {
     Refusal readHeader();
     Refusal readPoints(ValueStore& store);
     int points() const { return m_points; }
+    bool isCancelled() const { return m_watch.cancel.stop_requested(); }
 
   private:
     Refusal readDeterminands();
@@ -88,7 +89,7 @@ Refusal Reading::readPoints(ValueStore& store) {
     m_valuesByCaption = valuesByCaption(m_determinands);
     PointValues values(store, m_determinands);
     const std::size_t firstPointAt = m_input.bytesConsumed();
-    while (!m_input.atEnd()) {
+    while (!isCancelled() && !m_input.atEnd()) {
         const int index = m_points + 1;
         if (Refusal refusal = readPointLine(index)) return refusal;
         const std::span<double> row = values.nextPoint(index);
@@ -143,6 +144,13 @@ void Reading::tellProgress() {
 
 } // namespace
 
+Message unreadableResults() {
+    return {"There is an error in reading the data for plotting. The file either does not exist, is "
+            "incomplete, or "
+            "is in the wrong format.  Or it may hold more plotting points than the set maximum of 59999.",
+            "Error", Icon::exclamation, Buttons::ok};
+}
+
 void prepareLoad(ResultsDataSet& results, int slot) {
     if (slot != 0) return;
     results.hasInterpolatedPoints = false;
@@ -159,6 +167,7 @@ LoadEnd readResults(ByteSource& file, ResultsDataSet& results, int slot, const L
         watch.show({*refusal, "", Icon::exclamation, Buttons::ok});
         return LoadEnd::abandoned;
     }
+    if (reading.isCancelled()) return LoadEnd::cancelled;
     results.pointCount = reading.points();
     results.pointReach.clearFrom(results.pointCount + 1);
     results.seriesCount = 2 * results.determinandCount;

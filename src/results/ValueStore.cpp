@@ -3,6 +3,7 @@
 #include "basic/CheckedArray.h"
 #include "results/Statistics.h"
 
+#include <array>
 #include <cstdint>
 #include <new>
 #include <utility>
@@ -17,20 +18,28 @@ constexpr int seriesExtent = 21;
 constexpr int levelExtent = statistics::levels;
 constexpr int plainFields = 5;      // meanValue to targetValue: one column a series
 constexpr int percentileFields = 4; // the others: one a level and series
-constexpr std::size_t columns = std::size_t{seriesExtent} * (plainFields + levelExtent * percentileFields);
+constexpr int columnsOfSeries = plainFields + levelExtent * percentileFields;
+constexpr std::size_t columns = std::size_t{seriesExtent} * columnsOfSeries;
 constexpr std::size_t valueBytes = columns * ValueStore::points * sizeof(double);
 constexpr std::size_t largePage = std::size_t(2) << 20;
 constexpr std::size_t mappingBytes = valueBytes + largePage;
-constexpr std::size_t manyPoints = 20000;
+// With large pages whole columns take memory, however few of their points are written.
+constexpr std::size_t manyPoints = ValueStore::points / 2;
+
+// The column of a store that nothing was written to.
+std::array<double, ValueStore::points> zeros;
 
 } // namespace
 
-ValueStore::ValueStore() {
-    m_mapping = mmap(nullptr, mappingBytes, PROT_READ | PROT_WRITE,
-                     MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    if (m_mapping == MAP_FAILED) throw std::bad_alloc();
-    const std::size_t beyond = reinterpret_cast<std::uintptr_t>(m_mapping) % largePage;
-    m_values = static_cast<double*>(m_mapping) + (largePage - beyond) / sizeof(double);
+void ValueStore::map() {
+    void* mapping = mmap(nullptr, mappingBytes, PROT_READ | PROT_WRITE,
+                         MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (mapping == MAP_FAILED) throw std::bad_alloc();
+    // Some machines give large pages unasked.
+    madvise(mapping, mappingBytes, MADV_NOHUGEPAGE);
+    const std::size_t beyond = reinterpret_cast<std::uintptr_t>(mapping) % largePage;
+    m_mapping = mapping;
+    m_values = static_cast<double*>(mapping) + (largePage - beyond) / sizeof(double);
 }
 
 ValueStore::~ValueStore() {
@@ -50,11 +59,14 @@ ValueStore& ValueStore::operator=(ValueStore&& other) noexcept {
 }
 
 std::span<double> ValueStore::column(ValueField field, int series, int level) {
+    if (!m_mapping) map();
     return {m_values + offsetOf(field, series, level), points};
 }
 
 std::span<const double> ValueStore::column(ValueField field, int series, int level) const {
-    return {m_values + offsetOf(field, series, level), points};
+    const std::size_t offset = offsetOf(field, series, level);
+    if (!m_mapping) return zeros;
+    return {m_values + offset, points};
 }
 
 double ValueStore::at(ValueField field, int point, int series, int level) const {
@@ -70,7 +82,7 @@ void ValueStore::markWritten() {
 }
 
 void ValueStore::expectPoints(std::size_t count) {
-    if (count >= manyPoints) madvise(m_values, valueBytes, MADV_HUGEPAGE);
+    if (m_mapping && count >= manyPoints) madvise(m_values, valueBytes, MADV_HUGEPAGE);
 }
 
 void ValueStore::reset() {
@@ -81,9 +93,9 @@ std::size_t ValueStore::offsetOf(ValueField field, int series, int level) {
     const int order = static_cast<int>(field);
     const bool hasLevels = order >= plainFields;
     const int first = hasLevels ? plainFields + (order - plainFields) * levelExtent : order;
-    const std::size_t row =
+    const std::size_t column =
         static_cast<std::size_t>(first) + checkedOffset(level, 0, hasLevels ? levelExtent - 1 : 0);
-    return (row * seriesExtent + checkedOffset(series, 0, seriesExtent - 1)) * points;
+    return (checkedOffset(series, 0, seriesExtent - 1) * columnsOfSeries + column) * points;
 }
 
 } // namespace korvel

@@ -1,5 +1,7 @@
 // The values of one slot: for each field and series one column of 60000 numbers by point index, in one
-// anonymous mapping whose pages stay untouched until they are written.
+// anonymous mapping. It is made when the first column is written to, and its pages stay untouched until they
+// are written: the memory taken follows the points that are kept. The columns of a series are neighbours, so
+// that a file's columns are the beginning of the mapping.
 #pragma once
 
 #include <cstddef>
@@ -22,7 +24,7 @@ enum class ValueField {
 
 class ValueStore {
   public:
-    ValueStore();
+    ValueStore() = default;
     ~ValueStore();
     ValueStore(const ValueStore&) = delete;
     ValueStore& operator=(const ValueStore&) = delete;
@@ -31,8 +33,10 @@ class ValueStore {
 
     static constexpr int points = 60000; // indices 0..59999
 
-    // A whole column; error 9 for a series or level outside its extent.
+    // A whole column; error 9 for a series or level outside its extent. Without memory for the first one to
+    // be written, std::bad_alloc.
     std::span<double> column(ValueField field, int series, int level = 0);
+    // All zeros where nothing was ever written.
     std::span<const double> column(ValueField field, int series, int level = 0) const;
     double at(ValueField field, int point, int series, int level = 0) const;
 
@@ -46,6 +50,7 @@ class ValueStore {
 
   private:
     static std::size_t offsetOf(ValueField field, int series, int level);
+    void map();
 
     void* m_mapping = nullptr;
     double* m_values = nullptr; // in the mapping, at the first large page's start

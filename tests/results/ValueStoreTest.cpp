@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 namespace korvel {
@@ -28,6 +29,22 @@ TEST(ValueStore, IsZeroBeforeItIsWritten) {
     EXPECT_FALSE(store.everWritten());
     EXPECT_EQ(store.at(meanValue, 0, 0), 0);
     EXPECT_EQ(store.at(observedPercentiles, 59999, 20, 2), 0);
+}
+
+TEST(ValueStore, ReadsZerosWhereNothingWasWrittenAndRefusesWhatIsOutside) {
+    const ValueStore store;
+    const auto column = store.column(percentileValues, 20, 2);
+    EXPECT_EQ(column.size(), 60000u);
+    EXPECT_EQ(std::ranges::count(column, 0.0), 60000);
+    EXPECT_EQ(errorOf([&] { store.column(meanValue, 21); }), errors::subscriptOutOfRange);
+    EXPECT_EQ(errorOf([&] { store.at(meanValue, 60000, 0); }), errors::subscriptOutOfRange);
+}
+
+TEST(ValueStore, KeepsTheColumnsOfASeriesTogether) {
+    ValueStore store;
+    const double* first = store.column(meanValue, 3).data();
+    const double* last = store.column(observedPercentiles, 3, 2).data();
+    EXPECT_EQ(last - first, 16 * ValueStore::points);
 }
 
 TEST(ValueStore, KeepsEveryColumnApart) {

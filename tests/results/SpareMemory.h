@@ -1,0 +1,34 @@
+// What little memory does to a load.
+#pragma once
+
+#include <cstddef>
+#include <fstream>
+#include <sys/resource.h>
+
+namespace korvel {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr bool sanitizerMapsMemory = true;
+#else
+inline constexpr bool sanitizerMapsMemory = false;
+#endif
+
+// The address space that the process may have beside what it has.
+class SpareMemory {
+  public:
+    explicit SpareMemory(rlim_t bytes) {
+        getrlimit(RLIMIT_AS, &m_before);
+        std::size_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        const rlimit limit{pages * 4096 + bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_AS, &limit);
+    }
+    ~SpareMemory() { setrlimit(RLIMIT_AS, &m_before); }
+    SpareMemory(const SpareMemory&) = delete;
+    SpareMemory& operator=(const SpareMemory&) = delete;
+
+  private:
+    rlimit m_before{};
+};
+
+} // namespace korvel
