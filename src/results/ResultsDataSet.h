@@ -59,6 +59,9 @@ struct ResultsDataSet {
     CheckedArray<double, 0, MaxSeries> seriesMaximum;
 
     CheckedArray<ValueStore, 0, 1> values; // by slot
+    // Whether a slot's values may be shown: its last load succeeded and, of slot 1, slot 0 still holds what
+    // it was compared with. Values that may not be shown stay all the same.
+    CheckedArray<bool, 0, 1> slotLoaded{};
 };
 
 extern ResultsDataSet RESULTS;

@@ -152,6 +152,8 @@ Message unreadableResults() {
 }
 
 void prepareLoad(ResultsDataSet& results, int slot) {
+    for (int invalid = slot; invalid <= 1; ++invalid)
+        results.slotLoaded[invalid] = false;
     if (slot != 0) return;
     results.hasInterpolatedPoints = false;
     results.forgetReaches();
@@ -172,6 +174,7 @@ LoadEnd readResults(ByteSource& file, ResultsDataSet& results, int slot, const L
     results.pointReach.clearFrom(results.pointCount + 1);
     results.seriesCount = 2 * results.determinandCount;
     results.values[slot].markWritten();
+    results.slotLoaded[slot] = true;
     if (slot == 1 && targetsDiffer(results)) {
         watch.show({"2nd set of data has different quality targets. These quality targets have been ignored.",
                     "Warning", Icon::exclamation, Buttons::ok});

@@ -15,9 +15,19 @@ GraphHandOver bare() {
     return graph;
 }
 
-std::vector<std::string> texts(const GraphHandOver& graph, Targets targets = Targets::hidden) {
+ShownSlots slots(bool first, bool second) {
+    ShownSlots shown;
+    shown[0] = first;
+    shown[1] = second;
+    return shown;
+}
+
+const ShownSlots both = slots(true, true);
+
+std::vector<std::string> texts(const GraphHandOver& graph, Targets targets = Targets::hidden,
+                               const ShownSlots& shown = both) {
     std::vector<std::string> found;
-    for (const KeyEntry& entry : keyEntries(graph, targets))
+    for (const KeyEntry& entry : keyEntries(graph, targets, shown))
         found.push_back(entry.text);
     return found;
 }
@@ -66,6 +76,23 @@ TEST(GraphKey, ListsLimitsTargetsAndObservedValuesAfterTheSeries) {
               (Texts{"Mean values", "Confidence limits", "Quality targets", "Observed values"}));
 }
 
+TEST(GraphKey, LeavesOutADataSetThatMayNotBeShown) {
+    GraphHandOver graph = bare();
+    graph.plotMeans = graph.plotConfidenceLimits = graph.plotObservedValues = true;
+    const Texts oneSet = {"Mean values", "Confidence limits", "Quality targets", "Observed values"};
+    EXPECT_EQ(texts(graph, Targets::shown, slots(true, false)), oneSet);
+    EXPECT_EQ(texts(graph, Targets::shown, slots(false, true)), Texts{"Quality targets"});
+    graph.plotType = 1;
+    EXPECT_EQ(texts(graph, Targets::shown, slots(true, false)), Texts{"Quality targets"});
+    EXPECT_EQ(texts(graph, Targets::shown, slots(false, true)), oneSet);
+    graph.plotType = 2;
+    EXPECT_EQ(texts(graph, Targets::hidden, slots(true, false)),
+              (Texts{"Mean values for Set 1", "Confidence limits", "Observed values"}));
+    EXPECT_EQ(texts(graph, Targets::hidden, slots(false, true)),
+              (Texts{"Mean values for Set 2", "Confidence limits"}));
+    EXPECT_EQ(texts(graph, Targets::hidden, slots(false, false)), Texts{});
+}
+
 TEST(GraphKey, GivesEachSampleItsLook) {
     GraphHandOver graph;
     graph.plotPercentiles = graph.plotConfidenceLimits = true;
@@ -74,10 +101,10 @@ TEST(GraphKey, GivesEachSampleItsLook) {
                                             {"Confidence limits", {0, 0, 0}},
                                             {"Quality targets", {0, 2, 12}},
                                             {"Observed values", {4, 2, 0}, KeySample::cross}};
-    EXPECT_EQ(keyEntries(graph, Targets::shown), expected);
+    EXPECT_EQ(keyEntries(graph, Targets::shown, both), expected);
     graph.plotType = 2;
-    EXPECT_EQ(keyEntries(graph, Targets::hidden)[0].look, (LineLook{4, 2, 9}));
-    EXPECT_EQ(keyEntries(graph, Targets::hidden)[1].look, (LineLook{4, 2, 10}));
+    EXPECT_EQ(keyEntries(graph, Targets::hidden, both)[0].look, (LineLook{4, 2, 9}));
+    EXPECT_EQ(keyEntries(graph, Targets::hidden, both)[1].look, (LineLook{4, 2, 10}));
 }
 
 TEST(GraphKey, GoesOnInAnotherLineWhereTheFrameEnds) {
@@ -88,7 +115,8 @@ TEST(GraphKey, GoesOnInAnotherLineWhereTheFrameEnds) {
     GraphHandOver graph;
     graph.plotConfidenceLimits = true;
     const double height = primitives.TxtHeight("x");
-    const double end = drawKey({primitives, false}, keyEntries(graph, Targets::shown), {0, 3500, 6000, 50});
+    const double end =
+        drawKey({primitives, false}, keyEntries(graph, Targets::shown, both), {0, 3500, 6000, 50});
     EXPECT_DOUBLE_EQ(end, 6000 - 2 * height);
     for (const DrawnText& text : allOf<DrawnText>(drawing))
         EXPECT_LE(text.corner.x + text.width, 3500) << text.text;
@@ -102,7 +130,8 @@ TEST(GraphKey, HasALineForEachEntryThatIsWiderThanTheFrame) {
     GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
     GraphHandOver graph = bare();
     graph.plotMeans = graph.plotPercentiles = true;
-    const double end = drawKey({primitives, false}, keyEntries(graph, Targets::hidden), {0, 500, 6000, 50});
+    const double end =
+        drawKey({primitives, false}, keyEntries(graph, Targets::hidden, both), {0, 500, 6000, 50});
     EXPECT_DOUBLE_EQ(end, 6000 - 2 * primitives.TxtHeight("x")) << "the first stands beside the caption";
     const std::vector<DrawnText> texts = allOf<DrawnText>(drawing);
     ASSERT_EQ(texts.size(), 3u);

@@ -37,11 +37,17 @@ void GraphSample::set(ValueField field, int series, const std::vector<double>& v
     for (std::size_t k = 0; k < values.size(); ++k)
         column[k + 1] = values[k];
     results.values[slot].markWritten();
+    results.slotLoaded[slot] = true;
 }
 
 void GraphSample::set(ValueField field, int series, double everywhere, int slot, int level) {
     set(field, series, std::vector<double>(static_cast<std::size_t>(results.pointCount), everywhere), slot,
         level);
+}
+
+void GraphSample::unload(int slot) {
+    results.values[slot].reset();
+    results.slotLoaded[slot] = false;
 }
 
 double GraphSample::takePoints(int reach, int column, double offset) {

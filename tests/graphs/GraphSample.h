@@ -34,6 +34,9 @@ class GraphSample {
     void set(ValueField field, int series, const std::vector<double>& values, int slot = 0, int level = 0);
     void set(ValueField field, int series, double everywhere, int slot = 0, int level = 0);
 
+    // The slot is as it was never loaded.
+    void unload(int slot);
+
     // What the set-up form does for display mode 1 and 2.
     void plotSeries(const std::vector<int>& reaches, const std::vector<int>& series);
     void plotReaches(const std::vector<int>& reaches, int series);

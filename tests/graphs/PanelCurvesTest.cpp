@@ -103,7 +103,14 @@ TEST_F(PanelCurvesTest, AComparisonWithoutAStatisticShowsPercentilesAsItsKeyDoes
 TEST_F(PanelCurvesTest, ASlotThatWasNeverLoadedDrawsNothing) {
     choose(true, false, true, true);
     sample.graph.plotType = 2;
-    sample.results.values[1].reset();
+    sample.unload(1);
+    EXPECT_EQ(drawn(), (Codes{101, 201, 301, 501, 401}));
+}
+
+TEST_F(PanelCurvesTest, ASlotThatMayNotBeShownDrawsNothingThoughItHasValues) {
+    choose(true, false, true, true);
+    sample.graph.plotType = 2;
+    sample.results.slotLoaded[1] = false;
     EXPECT_EQ(drawn(), (Codes{101, 201, 301, 501, 401}));
 }
 

@@ -111,6 +111,21 @@ TEST(PlottedData, TellsTwoSetsApart) {
                                      "Lower Marsh|4|Mouth|1e-07|0.25|"}));
 }
 
+TEST(PlottedData, LeavesOutADataSetThatMayNotBeShown) {
+    GraphSample sample = twoReaches();
+    sample.graph.plotType = 2;
+    sample.graph.plotConfidenceLimits = true;
+    sample.graph.showTargets = {};
+    sample.set(ValueField::meanValue, 1, 0.25, 1);
+    sample.results.slotLoaded[1] = false;
+    sample.plotSeries({9}, {1});
+    EXPECT_EQ(headingOf(sample),
+              table({"Reach|Distance (km)|Feature|BOD (Conc) mean, set 1|BOD (Conc) mean, set 1, limit 1|"
+                     "BOD (Conc) mean, set 1, limit 2|BOD (Conc) observed mean, set 1"}));
+    sample.graph.plotType = 1;
+    EXPECT_EQ(headingOf(sample), table({"Reach|Distance (km)|Feature"}));
+}
+
 TEST(PlottedData, KeepsTheTableWholeWhateverANameHolds) {
     GraphSample sample = twoReaches();
     sample.results.reachNames.set(9, "Lower\tMarsh     ");

@@ -378,7 +378,7 @@ TEST_F(ProfileGraphTest, CutsInterpolatedPeaksOffAtTheTopOfThePanel) {
 }
 
 TEST_F(ProfileGraphTest, HasPanelsWithoutAnyData) {
-    sample.results.values[0].reset();
+    sample.unload(0);
     const Drawing drawing = drawingOf(sample);
     EXPECT_TRUE(runsOfColour(drawing, colours::lightBlue).empty());
     EXPECT_TRUE(hasText(drawing, "0.0"));

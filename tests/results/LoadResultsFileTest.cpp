@@ -198,6 +198,38 @@ TEST_F(LoadResults, WarnsOfOtherTargetsAndLoads) {
               "quality targets have been ignored. -> ok\n");
 }
 
+TEST_F(LoadResults, MayShowASlotOnceItIsLoaded) {
+    EXPECT_FALSE(RESULTS.slotLoaded[0]);
+    EXPECT_TRUE(load("a.sgr"));
+    EXPECT_TRUE(RESULTS.slotLoaded[0]);
+    EXPECT_FALSE(RESULTS.slotLoaded[1]);
+    EXPECT_TRUE(load("a.sgr", 1));
+    EXPECT_TRUE(RESULTS.slotLoaded[0]);
+    EXPECT_TRUE(RESULTS.slotLoaded[1]);
+}
+
+TEST_F(LoadResults, InvalidatesTheSecondDataSetWithAnyLoadOfTheFirst) {
+    for (const char* next : {"a.sgr", "none.sgr"}) {
+        EXPECT_TRUE(load("a.sgr"));
+        EXPECT_TRUE(load("a.sgr", 1));
+        load(next, 0, next == std::string("none.sgr") ? 1 : 0);
+        EXPECT_FALSE(RESULTS.slotLoaded[1]) << next;
+        EXPECT_TRUE(RESULTS.values[1].everWritten()) << "its values stay";
+    }
+    fake.takeTranscript();
+}
+
+TEST_F(LoadResults, InvalidatesTheSecondDataSetWithALoadOfItsOwnThatFailsOrIsAbandoned) {
+    for (const char* next : {"none.sgr", "moved.sgr"}) {
+        EXPECT_TRUE(load("a.sgr"));
+        EXPECT_TRUE(load("a.sgr", 1));
+        EXPECT_FALSE(load(next, 1, 1));
+        EXPECT_TRUE(RESULTS.slotLoaded[0]);
+        EXPECT_FALSE(RESULTS.slotLoaded[1]) << next;
+    }
+    fake.takeTranscript();
+}
+
 TEST(ShortFileName, KeepsAPathThatIsShortEnough) {
     EXPECT_EQ(ShortFileName("  Z:\\DATA\\RIVER.SGR  ", 20), "Z:\\DATA\\RIVER.SGR");
     EXPECT_EQ(ShortFileName("Z:\\DATA\\RIVERS12.SGR", 20), "Z:\\DATA\\RIVERS12.SGR");

@@ -9,6 +9,7 @@ namespace korvel {
 
 namespace {
 
+constexpr int secondSetOnly = 1;
 constexpr int comparison = 2;
 
 std::string percentileText(int row) {
@@ -17,13 +18,23 @@ std::string percentileText(int row) {
     return level + (row == 0 || row == 2 ? "% values (95% flows)" : "% values");
 }
 
-std::vector<KeyEntry> mainEntries(const GraphHandOver& graph) {
-    const std::string means = "Mean values", percentiles = percentileText(graph.percentileRow);
-    if (graph.plotType == comparison) {
-        const std::string& text = graph.plotMeans ? means : percentiles;
-        return {{text + " for Set 1", looks::first}, {text + " for Set 2", looks::second}};
-    }
+// The one whose observed values are shown; all of it, where two are not compared.
+int mainSlot(const GraphHandOver& graph) {
+    return graph.plotType == secondSetOnly ? 1 : 0;
+}
+
+std::vector<KeyEntry> comparedEntries(const std::string& text, const ShownSlots& shown) {
     std::vector<KeyEntry> entries;
+    if (shown[0]) entries.push_back({text + " for Set 1", looks::first});
+    if (shown[1]) entries.push_back({text + " for Set 2", looks::second});
+    return entries;
+}
+
+std::vector<KeyEntry> mainEntries(const GraphHandOver& graph, const ShownSlots& shown) {
+    const std::string means = "Mean values", percentiles = percentileText(graph.percentileRow);
+    if (graph.plotType == comparison) return comparedEntries(graph.plotMeans ? means : percentiles, shown);
+    std::vector<KeyEntry> entries;
+    if (!shown[mainSlot(graph)]) return entries;
     if (graph.plotMeans) entries.push_back({means, looks::first});
     if (graph.plotPercentiles) entries.push_back({percentiles, looks::second});
     return entries;
@@ -51,11 +62,14 @@ struct KeyLayout {
 
 } // namespace
 
-std::vector<KeyEntry> keyEntries(const GraphHandOver& graph, Targets targets) {
-    std::vector<KeyEntry> entries = mainEntries(graph);
-    if (graph.plotConfidenceLimits) entries.push_back({"Confidence limits", looks::limits});
+std::vector<KeyEntry> keyEntries(const GraphHandOver& graph, Targets targets, const ShownSlots& shown) {
+    const bool observed = shown[mainSlot(graph)];
+    const bool limits = observed || (graph.plotType == comparison && shown[1]);
+    std::vector<KeyEntry> entries = mainEntries(graph, shown);
+    if (graph.plotConfidenceLimits && limits) entries.push_back({"Confidence limits", looks::limits});
     if (targets == Targets::shown) entries.push_back({"Quality targets", looks::targets});
-    if (graph.plotObservedValues) entries.push_back({"Observed values", looks::observed, KeySample::cross});
+    if (graph.plotObservedValues && observed)
+        entries.push_back({"Observed values", looks::observed, KeySample::cross});
     return entries;
 }
 

@@ -21,7 +21,10 @@ struct KeyEntry {
 
 enum class Targets { hidden, shown };
 
-std::vector<KeyEntry> keyEntries(const GraphHandOver& graph, Targets targets);
+// By slot: whether its data set may be shown. One that may not has no place in the key.
+using ShownSlots = CheckedArray<bool, 0, 1>;
+
+std::vector<KeyEntry> keyEntries(const GraphHandOver& graph, Targets targets, const ShownSlots& shown);
 
 struct KeyPlace { // graph coordinates
     double left = 0;

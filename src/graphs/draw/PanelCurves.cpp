@@ -79,8 +79,8 @@ class CurveCollector {
     }
     void add(int slot, ValueField field, int level, LineLook look, const std::string& name,
              CurveKind kind = CurveKind::joined) {
-        const ValueStore& values = m_results.values[slot];
-        if (values.everWritten()) curves.push_back({kind, look, values.column(field, m_series, level), name});
+        if (!m_results.slotLoaded[slot]) return;
+        curves.push_back({kind, look, m_results.values[slot].column(field, m_series, level), name});
     }
 
     const ResultsDataSet& m_results;

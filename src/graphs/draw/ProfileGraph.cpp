@@ -94,8 +94,8 @@ double drawKeyOf(const GraphSheet& sheet, const GraphInputs& inputs, const PlotF
     const double line = sheet.lineHeight();
     const KeyPlace place{left, frame.right - 0.5 * line, top - 0.25 * line,
                          line * (0.8 + 0.7 * inputs.view.LargeTextMode)};
-    return drawKey(sheet, keyEntries(inputs.graph, anyTargets(inputs) ? Targets::shown : Targets::hidden),
-                   place);
+    const Targets targets = anyTargets(inputs) ? Targets::shown : Targets::hidden;
+    return drawKey(sheet, keyEntries(inputs.graph, targets, inputs.results.slotLoaded), place);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // From choices to the graph: what is missing, and the lists that the graph reads.
 #pragma once
 
+#include "global/GraphHandOver.h"
 #include "global/GraphView.h"
 #include "graphs/setup/GraphChoices.h"
 
