@@ -7,9 +7,9 @@
 #include "basic/SeparatedNumbers.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstring>
+#include <optional>
 
 namespace korvel {
 
@@ -18,6 +18,18 @@ namespace {
 constexpr char sentinel = '\n';
 constexpr char controlZ = 26;
 constexpr std::size_t padding = 8; // a sentinel, and as many bytes as numbers are read beyond it
+
+// The first Ctrl-Z among the blanks, line ends and Ctrl-Zs at the end of the bytes in hand, of which `chunk`
+// are the last and `before` is what was found without them.
+constexpr std::size_t noMark = std::string_view::npos;
+
+std::size_t endMark(std::size_t before, std::string_view chunk, std::size_t chunkStart) {
+    static constexpr std::string_view ignored = " \t\r\n\x1a";
+    const std::size_t last = chunk.find_last_not_of(ignored);
+    if (last == noMark && before != noMark) return before;
+    const std::size_t mark = chunk.find(controlZ, last + 1); // from the beginning where all are ignored
+    return mark == noMark ? noMark : chunkStart + mark;
+}
 
 // An exact decimal with the blanks before it and the separator behind it; nothing where it has another form,
 // or where the field may go on behind the bytes in hand.
@@ -33,38 +45,10 @@ const char* readExactField(const char* at, const char* end, double& value) {
     return at;
 }
 
-// Whether a number that no double can hold is too small rather than too large: the power of its first digit.
-bool isTiny(std::string_view number) {
-    const std::size_t mark = number.find('e');
-    long long power = 0;
-    if (mark != std::string_view::npos) {
-        std::string_view exponent = number.substr(mark + 1);
-        if (exponent.starts_with('+')) exponent.remove_prefix(1);
-        const auto read = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
-        if (read.ec != std::errc()) return exponent.starts_with('-');
-    }
-    const std::string_view digits = number.substr(0, mark);
-    const std::size_t first = digits.find_first_of("123456789");
-    const std::size_t point = std::min(digits.find('.'), digits.size());
-    return first == std::string_view::npos ||
-           static_cast<long long>(point) - static_cast<long long>(first) + power < 0;
-}
-
-double parseNumber(std::string text) {
-    for (char& c : text) {
-        if (isExponentMark(c)) c = 'e';
-    }
-    // Words such as "inf" and a second sign are no numbers here.
-    const std::size_t unsignedAt = text[0] == '-' || text[0] == '+' ? 1 : 0;
-    if (!isDigit(text[unsignedAt]) && text[unsignedAt] != '.') throw RunTimeError(errors::typeMismatch);
-    const char* start = text.data() + (text[0] == '+' ? 1 : 0);
-    const char* end = text.data() + text.size();
-    double value = 0;
-    const auto read = std::from_chars(start, end, value);
-    if (read.ptr != end) throw RunTimeError(errors::typeMismatch);
-    if (read.ec == std::errc::result_out_of_range && isTiny({start, end})) return 0;
-    if (read.ec != std::errc() || std::isinf(value)) throw RunTimeError(errors::typeMismatch);
-    return value;
+double parseNumber(std::string_view text) {
+    const std::optional<double> value = decimalNumber(text);
+    if (!value || std::isinf(*value)) throw RunTimeError(errors::typeMismatch);
+    return *value;
 }
 
 } // namespace
@@ -72,7 +56,8 @@ double parseNumber(std::string text) {
 ListInput::ListInput(ByteSource& source, std::size_t chunkSize)
     : m_source(source), m_chunkSize(chunkSize), m_buffer(chunkSize + padding, sentinel) {}
 
-// Brings the next chunk behind the bytes still in use; no at the end of the source.
+// Brings the next chunk behind the bytes still in use; no at the end of the source. Where the file may end
+// with a Ctrl-Z, it brings as many more as tell.
 bool ListInput::more() {
     if (m_sourceEnded) return false;
     if (m_kept > 0) {
@@ -82,13 +67,26 @@ bool ListInput::more() {
         m_end -= m_kept;
         m_kept = 0;
     }
+    const std::size_t before = m_end;
+    std::size_t mark = noMark;
+    std::size_t start = m_end;
+    while (const std::size_t count = readChunk()) {
+        mark = endMark(mark, {m_buffer.data() + start, count}, start);
+        if (mark == noMark) break;
+        start = m_end;
+    }
+    if (mark != noMark) m_end = mark;
+    m_buffer[m_end] = sentinel;
+    return m_end > before;
+}
+
+std::size_t ListInput::readChunk() {
     const std::size_t needed = m_end + m_chunkSize + padding;
     if (m_buffer.size() < needed) m_buffer.resize(needed);
     const std::size_t count = m_source.read(m_buffer.data() + m_end, m_chunkSize);
     m_end += count;
-    m_buffer[m_end] = sentinel;
     m_sourceEnded = count == 0;
-    return count > 0;
+    return count;
 }
 
 bool ListInput::hasByte() {
@@ -108,8 +106,7 @@ void ListInput::beginField() {
             ++m_next;
         m_kept = m_next;
     } while (m_next == m_end && more());
-    if (m_next == m_end || (m_buffer[m_next] == controlZ && atEnd()))
-        throw RunTimeError(errors::inputPastEndOfFile);
+    if (m_next == m_end) throw RunTimeError(errors::inputPastEndOfFile);
 }
 
 void ListInput::endField() {
@@ -190,7 +187,7 @@ double ListInput::generalNumber() {
     const Field field = plainField(endsNumber);
     double value = 0;
     if (field.length > 0 && readExactDecimal(viewOf(field).data(), value) == nullptr)
-        value = parseNumber(std::string(viewOf(field)));
+        value = parseNumber(viewOf(field));
     endField();
     return value;
 }
@@ -224,7 +221,7 @@ void ListInput::skip() {
 
 bool ListInput::hasLine() {
     m_kept = m_next;
-    return hasByte() && !(m_buffer[m_next] == controlZ && atEnd());
+    return hasByte();
 }
 
 std::string_view ListInput::line() {
@@ -236,9 +233,8 @@ std::string_view ListInput::line() {
 
 bool ListInput::atEnd() {
     m_kept = m_next;
-    const auto isIgnored = [](char c) { return isBlank(c) || isLineEnd(c) || c == controlZ; };
     do {
-        while (m_next < m_end && isIgnored(m_buffer[m_next]))
+        while (m_next < m_end && (isBlank(m_buffer[m_next]) || isLineEnd(m_buffer[m_next])))
             ++m_next;
     } while (m_next == m_end && more());
     const bool ended = m_next == m_end;

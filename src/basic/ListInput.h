@@ -1,5 +1,6 @@
 // Free-format list input: fields separated by commas or line ends, strings optionally in double quotes, read
-// in one forward pass over chunks of bytes.
+// in one forward pass over chunks of bytes. A Ctrl-Z behind which only blanks, line ends and Ctrl-Zs stand
+// ends the file, wherever it stands; any other is an ordinary character.
 #pragma once
 
 #include "basic/ByteSource.h"
@@ -30,7 +31,7 @@ class ListInput {
     // Whether line() has one to give, be it blank.
     bool hasLine();
 
-    // Yes where only blanks, blank lines and Ctrl-Z characters are left.
+    // Yes where only blanks and blank lines are left.
     bool atEnd();
 
     // The bytes in hand, for a reader that knows what stands there, and its word of how many it has used.
@@ -47,6 +48,7 @@ class ListInput {
     };
 
     bool more();
+    std::size_t readChunk();
     bool hasByte();
     void beginField();
     void endField();

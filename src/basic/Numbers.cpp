@@ -1,5 +1,6 @@
 #include "basic/Numbers.h"
 
+#include "basic/FieldCharacters.h"
 #include "basic/RunTimeError.h"
 
 #include <algorithm>
@@ -12,10 +13,6 @@
 namespace korvel {
 
 namespace {
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 std::size_t skipDigits(std::string_view text, std::size_t position) {
     while (position < text.size() && isDigit(text[position]))
@@ -30,8 +27,7 @@ std::size_t skipSign(std::string_view text, std::size_t position) {
 
 // The end of the exponent that begins at a position, or the position itself where none does.
 std::size_t skipExponent(std::string_view text, std::size_t position) {
-    if (position == text.size() || std::string_view("eEdD").find(text[position]) == std::string_view::npos)
-        return position;
+    if (position == text.size() || !isExponentMark(text[position])) return position;
     const std::size_t digits = skipSign(text, position + 1);
     const std::size_t end = skipDigits(text, digits);
     return end > digits ? end : position;
@@ -50,14 +46,33 @@ std::string_view leadingNumberText(std::string_view text) {
     return digitCount == 0 ? std::string_view() : text.substr(0, skipExponent(text, end));
 }
 
-// Whether a number beyond a double's range is too small for it, rather than too large.
+// Whether a number that no double can hold is too small rather than too large: the power of its first digit.
 bool isTiny(std::string_view number) {
-    const std::size_t exponentAt = std::min(number.find('e'), number.size());
-    const std::string_view mantissa = number.substr(0, exponentAt);
-    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-    const std::size_t firstDigit = std::min(mantissa.find_first_of("123456789"), mantissa.size());
-    const bool negativeExponent = exponentAt + 1 < number.size() && number[exponentAt + 1] == '-';
-    return exponentAt < number.size() ? negativeExponent : firstDigit > point;
+    const std::size_t mark = number.find('e');
+    long long power = 0;
+    if (mark != std::string_view::npos) {
+        std::string_view exponent = number.substr(mark + 1);
+        if (exponent.starts_with('+')) exponent.remove_prefix(1);
+        const auto read = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+        if (read.ec != std::errc()) return exponent.starts_with('-');
+    }
+    const std::string_view digits = number.substr(0, mark);
+    const std::size_t first = digits.find_first_of("123456789");
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    return first == std::string_view::npos ||
+           static_cast<long long>(point) - static_cast<long long>(first) + power < 0;
+}
+
+// Of a text that has the form of a number.
+double valueOfNumber(std::string number) {
+    if (number.starts_with('+')) number.erase(0, 1);
+    for (char& c : number)
+        if (isExponentMark(c)) c = 'e';
+    double value = 0;
+    const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (read.ec != std::errc::result_out_of_range) return value;
+    if (isTiny(number)) return 0;
+    return (number.starts_with('-') ? -1 : 1) * std::numeric_limits<double>::infinity();
 }
 
 // A finite value's absolute amount as 0.d1d2..d15 times ten to `point`.
@@ -119,15 +134,17 @@ std::string withLeadingBlank(long long value) {
     return (value < 0 ? "" : " ") + std::to_string(value);
 }
 
+std::optional<double> decimalNumber(std::string_view text) {
+    const std::string_view number = leadingNumberText(text);
+    if (number.empty() || number.size() < text.size()) return std::nullopt;
+    return valueOfNumber(std::string(number));
+}
+
 double leadingNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    std::string number(leadingNumberText(text));
-    if (number.starts_with('+')) number.erase(0, 1);
-    for (char& c : number)
-        if (c == 'E' || c == 'd' || c == 'D') c = 'e';
-    double value = 0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range && !isTiny(number)) throw RunTimeError(errors::overflow);
+    const std::string_view number = leadingNumberText(text);
+    const double value = number.empty() ? 0 : valueOfNumber(std::string(number));
+    if (std::isinf(value)) throw RunTimeError(errors::overflow);
     return value;
 }
 

@@ -1,6 +1,7 @@
 // Numbers as the run-time reads and prints them. Nothing here depends on the locale.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,10 @@ namespace korvel {
 std::string freePrint(long long value);
 // The same without the trailing blank: " 3".
 std::string withLeadingBlank(long long value);
+
+// A text that is wholly a decimal number, with a sign and an exponent (E, e, D or d) where they stand;
+// nothing for any other. Too small for a double it is 0, too large infinite.
+std::optional<double> decimalNumber(std::string_view text);
 
 // The longest leading decimal number of the text, blanks before it skipped; 0 where there is none.
 // Exponents with E, e, D or d. Error 6 beyond a double's range; a number too small for it is 0.

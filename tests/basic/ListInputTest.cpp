@@ -227,6 +227,27 @@ TEST(ListInput, IsAtTheEndWhereOnlyBlanksLinesAndControlZAreLeft) {
         EXPECT_EQ(outcomesOf(text, {Call::atEnd})[0].number, ended) << text;
 }
 
+TEST(ListInput, EndsTheFileAtACtrlZWithNothingBehindIt) {
+    for (const char* behind : {"\x1a", "\x1a\r\n", "\x1a \n\x1a\t\r"}) {
+        const auto text = [&](const char* before) { return std::string(before) + behind; };
+        EXPECT_EQ(outcomesOf(text("1,25"), {Call::number, Call::number, Call::atEnd})[1].number, 25);
+        EXPECT_EQ(outcomesOf(text("1,25"), {Call::number, Call::number, Call::atEnd})[2].number, true);
+        EXPECT_EQ(outcomesOf(text("7"), {Call::integer})[0].number, 7);
+        EXPECT_EQ(outcomesOf(text("Upper Mill "), {Call::text})[0].text, "Upper Mill");
+        EXPECT_EQ(outcomesOf(text("\"Upper Mill\""), {Call::text})[0].text, "Upper Mill");
+        EXPECT_EQ(outcomesOf(text("\"Upper Mill"), {Call::text})[0].text, "Upper Mill");
+        EXPECT_EQ(outcomesOf(text("Upper Mill"), {Call::line})[0].text, "Upper Mill");
+        EXPECT_EQ(outcomesOf(text("5"), {Call::skip, Call::number})[1].error, errors::inputPastEndOfFile);
+    }
+}
+
+TEST(ListInput, TakesACtrlZWithMoreBehindItAsACharacter) {
+    EXPECT_EQ(outcomesOf("a\x1a\n\x1a\nb", {Call::text, Call::text, Call::text})[0].text, "a\x1a");
+    EXPECT_EQ(outcomesOf("a\x1a\n\x1a\nb", {Call::text, Call::text, Call::text})[1].text, "\x1a");
+    EXPECT_EQ(outcomesOf("5\x1a\n6", {Call::number})[0].error, errors::typeMismatch);
+    EXPECT_EQ(outcomesOf("\"a\x1a\n\"", {Call::text})[0].text, "a\x1a\n");
+}
+
 TEST(ListInput, AskingForTheEndTakesNothing) {
     EXPECT_EQ(
         outcomesOf("\n\n5", {Call::atEnd, Call::number, Call::atEnd, Call::number, Call::number})[4].number,

@@ -93,6 +93,42 @@ TEST(Numbers, RefuseALeadingNumberBeyondADouble) {
     EXPECT_EQ(leadingNumber("0." + std::string(400, '0') + "1"), 0);
 }
 
+TEST(Numbers, TellTooLargeFromTooSmallByTheFirstDigitNotByTheExponentsSign) {
+    const std::string zeros(400, '0');
+    EXPECT_EQ(errorOf([&] { leadingNumber("1" + zeros + "E-5"); }), 6);
+    EXPECT_EQ(leadingNumber("0." + zeros + "1E+5"), 0);
+}
+
+TEST(Numbers, ReadATextThatIsWhollyANumber) {
+    const double infinite = std::numeric_limits<double>::infinity();
+    const struct {
+        std::string text;
+        std::optional<double> value;
+    } rows[] = {
+        {"12", 12},
+        {"-1.5d-1", -0.15},
+        {"+.5E+1", 5},
+        {"5.", 5},
+        {"1e999", infinite},
+        {"-1e999", -infinite},
+        {"1e-999", 0},
+        {"1e-99999999999", 0},
+        {"", std::nullopt},
+        {" 12", std::nullopt},
+        {"12 ", std::nullopt},
+        {"95x", std::nullopt},
+        {"1e", std::nullopt},
+        {"1,5", std::nullopt},
+        {".", std::nullopt},
+        {"+-1", std::nullopt},
+        {"inf", std::nullopt},
+        {"nan", std::nullopt},
+        {"0x10", std::nullopt},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(decimalNumber(row.text), row.value) << row.text;
+}
+
 TEST(Numbers, FillPatterns) {
     const struct {
         double value;

@@ -15,7 +15,15 @@ namespace korvel {
 
 class LetterByLetterInput {
   public:
-    explicit LetterByLetterInput(std::string text) : m_text(std::move(text)) {}
+    // A Ctrl-Z ends the file where only blanks, line ends and others of its kind stand behind it.
+    explicit LetterByLetterInput(std::string text) : m_text(std::move(text)) {
+        std::size_t end = m_text.size();
+        for (std::size_t k = end;
+             k > 0 && (isBlank(m_text[k - 1]) || isBreak(m_text[k - 1]) || m_text[k - 1] == 26);) {
+            if (m_text[--k] == 26) end = k;
+        }
+        m_text.resize(end);
+    }
 
     double number() {
         start();
@@ -64,7 +72,7 @@ class LetterByLetterInput {
     }
 
     std::string line() {
-        if (gone() || (now() == 26 && atEnd())) throw RunTimeError(62);
+        if (gone()) throw RunTimeError(62);
         std::string word;
         while (!gone() && !isBreak(now()))
             word += take();
@@ -74,7 +82,7 @@ class LetterByLetterInput {
 
     bool atEnd() const {
         for (std::size_t k = m_at; k < m_text.size(); ++k) {
-            if (!isBlank(m_text[k]) && !isBreak(m_text[k]) && m_text[k] != 26) return false;
+            if (!isBlank(m_text[k]) && !isBreak(m_text[k])) return false;
         }
         return true;
     }
@@ -89,7 +97,7 @@ class LetterByLetterInput {
     void start() {
         while (isBlank(now()))
             take();
-        if (gone() || (now() == 26 && atEnd())) throw RunTimeError(62);
+        if (gone()) throw RunTimeError(62);
     }
 
     std::string quoted() {

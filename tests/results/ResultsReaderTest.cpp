@@ -115,6 +115,13 @@ TEST_F(ResultsReader, IgnoresBlankLinesAndControlZAtTheEnd) {
     EXPECT_EQ(results.pointCount, 3);
 }
 
+TEST_F(ResultsReader, EndsAtACtrlZDirectlyBehindTheLastField) {
+    EXPECT_EQ(load(trailing(river().text(), 2) + "\x1a"), Ending::loaded);
+    EXPECT_EQ(results.pointCount, 3);
+    EXPECT_EQ(load(trailing(river().text(), 2) + "\x1a\r\n"), Ending::loaded);
+    EXPECT_EQ(load(trailing(river().text(), 2) + "\x1a\r\n1"), Ending::failed);
+}
+
 TEST_F(ResultsReader, TakesABlankLineInsideAPointAsAnEmptyField) {
     EXPECT_EQ(load(river().set(targetValue, 4, "").text()), Ending::loaded);
     EXPECT_EQ(load("T\n0\n0\n0\n1,2,\"abcd\",0,0\nc\n\n\n\n\nc,1,2,3,4\n"), Ending::loaded);
