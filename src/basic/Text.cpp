@@ -53,31 +53,20 @@ Sequence checkSequence(std::string_view rest, std::size_t length) {
     return rest.size() < length ? Sequence::cutOff : Sequence::whole;
 }
 
-// How many bytes of the text are whole UTF-8 sequences, but for one cut off at the end; nothing where it
-// isn't UTF-8.
+// How many bytes of the text are whole UTF-8 sequences, but for one cut off at the end of a text that holds
+// longer ones; nothing where it isn't UTF-8.
 std::optional<std::size_t> utf8Extent(std::string_view text) {
     std::size_t position = 0;
+    bool hasLonger = false;
     while (position < text.size()) {
         const std::size_t length = sequenceLength(byteAt(text, position));
         const Sequence verdict = checkSequence(text.substr(position), length);
-        if (verdict == Sequence::invalid) return std::nullopt;
-        if (verdict == Sequence::cutOff) break;
+        if (verdict == Sequence::cutOff && hasLonger) break;
+        if (verdict != Sequence::whole) return std::nullopt;
+        if (length > 1) hasLonger = true;
         position += length;
     }
     return position;
-}
-
-void appendUtf8(std::string& text, unsigned codePoint) {
-    if (codePoint < 0x80) {
-        text.push_back(static_cast<char>(codePoint));
-    } else if (codePoint < 0x800) {
-        text.push_back(static_cast<char>(0xC0U | (codePoint >> 6U)));
-        text.push_back(static_cast<char>(0x80U | (codePoint & 0x3FU)));
-    } else {
-        text.push_back(static_cast<char>(0xE0U | (codePoint >> 12U)));
-        text.push_back(static_cast<char>(0x80U | ((codePoint >> 6U) & 0x3FU)));
-        text.push_back(static_cast<char>(0x80U | (codePoint & 0x3FU)));
-    }
 }
 
 std::string utf8OfWindows1252(std::string_view text) {
@@ -137,6 +126,19 @@ std::string withoutLast(std::string_view text, std::size_t count) {
 std::string shownUtf8(std::string_view text) {
     const auto extent = utf8Extent(text);
     return extent ? std::string(text.substr(0, *extent)) : utf8OfWindows1252(text);
+}
+
+void appendUtf8(std::string& text, unsigned codePoint) {
+    if (codePoint < 0x80) {
+        text.push_back(static_cast<char>(codePoint));
+    } else if (codePoint < 0x800) {
+        text.push_back(static_cast<char>(0xC0U | (codePoint >> 6U)));
+        text.push_back(static_cast<char>(0x80U | (codePoint & 0x3FU)));
+    } else {
+        text.push_back(static_cast<char>(0xE0U | (codePoint >> 12U)));
+        text.push_back(static_cast<char>(0x80U | ((codePoint >> 6U) & 0x3FU)));
+        text.push_back(static_cast<char>(0x80U | (codePoint & 0x3FU)));
+    }
 }
 
 std::string firstShown(std::string_view utf8, std::size_t count) {

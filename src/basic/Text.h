@@ -21,9 +21,13 @@ std::string last(std::string_view text, std::size_t count);
 // The text less its last `count` characters; "" for a shorter one.
 std::string withoutLast(std::string_view text, std::size_t count);
 
-// How a text is shown: valid UTF-8 (a sequence cut off at the end is dropped) as UTF-8, anything else read as
-// Windows-1252. The result is always valid UTF-8.
+// How a text is shown: valid UTF-8 as UTF-8, anything else read as Windows-1252. Fixed columns cut sequences
+// off: one that is cut off at the end is dropped where another, whole one of two or more bytes tells that the
+// text is UTF-8. The result is always valid UTF-8.
 std::string shownUtf8(std::string_view text);
+
+// Of a code point below 10000.
+void appendUtf8(std::string& text, unsigned codePoint);
 
 // The first `count` characters of a UTF-8 text, counted as shown.
 std::string firstShown(std::string_view utf8, std::size_t count);

@@ -1,5 +1,7 @@
 #include "reports/CodePage437.h"
 
+#include "basic/Text.h"
+
 #include <array>
 
 namespace korvel {
@@ -32,20 +34,6 @@ char16_t codePointOf(char character) {
     if (code < 32) return lowCharacters[code];
     if (code < 127) return code;
     return code == 127 ? house : highCharacters[code - 128U];
-}
-
-void appendUtf8(std::string& text, char16_t codePoint) {
-    if (codePoint < 0x80) {
-        text.push_back(static_cast<char>(codePoint));
-        return;
-    }
-    if (codePoint < 0x800) {
-        text.push_back(static_cast<char>(0xC0 | codePoint >> 6));
-    } else {
-        text.push_back(static_cast<char>(0xE0 | codePoint >> 12));
-        text.push_back(static_cast<char>(0x80 | (codePoint >> 6 & 0x3F)));
-    }
-    text.push_back(static_cast<char>(0x80 | (codePoint & 0x3F)));
 }
 
 } // namespace

@@ -63,13 +63,15 @@ TEST(Text, ShowsValidUtf8AsItStands) {
     EXPECT_EQ(shownUtf8(std::string("a\0b", 3)), std::string("a\0b", 3));
 }
 
-TEST(Text, DropsASequenceCutOffAtTheEnd) {
+TEST(Text, DropsASequenceCutOffAtTheEndWhereAnotherTellsThatItIsUtf8) {
     const struct {
         const char* text;
         const char* shown;
     } rows[] = {
-        {"caf\xC3", "caf"}, {"a\xE2", "a"},         {"a\xE2\x82", "a"},           {"a\xF0", "a"},
-        {"a\xF0\x9F", "a"}, {"a\xF0\x9F\x90", "a"}, {"\xC3\xA9\xC3", "\xC3\xA9"}, {"\xC3", ""},
+        {"caf\xC3\xA9 \xC3", "caf\xC3\xA9 "},
+        {"\xC3\xA9\xE2", "\xC3\xA9"},
+        {"\xE2\x82\xAC\xE2\x82", "\xE2\x82\xAC"},
+        {"\xF0\x9F\x90\x9F\xF0\x9F\x90", "\xF0\x9F\x90\x9F"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(shownUtf8(row.text), row.shown);
@@ -82,6 +84,10 @@ TEST(Text, ShowsAnythingElseAsWindows1252) {
     } rows[] = {
         {"caf\xE9 au lait", "caf\xC3\xA9 au lait"},
         {"\x80", "\xE2\x82\xAC"},
+        {"March\xE9", "March\xC3\xA9"}, // a letter at the end, not half of one
+        {"\xE9", "\xC3\xA9"},
+        {"a\xE2\x82", "a\xC3\xA2\xE2\x80\x9A"},
+        {"caf\xC3\xA9 \xC3x", "caf\xC3\x83\xC2\xA9 \xC3\x83x"},
         {"\x93x\x94", "\xE2\x80\x9Cx\xE2\x80\x9D"},
         {"\x9F", "\xC5\xB8"},
         {"\xA0\xFF", "\xC2\xA0\xC3\xBF"},
