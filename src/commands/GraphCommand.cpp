@@ -60,7 +60,7 @@ bool load(CommandCall& call, GraphChoices& choices, int slot, const std::string&
     GLOBAL.fileNames[slot] = file;
     beginLoad(choices, slot, file);
     LoadResultsFile(call.platform, true);
-    endLoad(choices, slot, GLOBAL.loadFailed ? LoadEnd::failed : LoadEnd::loaded, RESULTS);
+    endLoad(choices, slot, GLOBAL.loadFailed ? LoadOutcome::failed : LoadOutcome::loaded, RESULTS);
     return !GLOBAL.loadFailed;
 }
 

@@ -138,7 +138,7 @@ void requireGraphChoices(const CommandLine& line, Platform& platform) {
     GLOBAL.fileNames[0] = "Z:\\A.SGR";
     beginLoad(choices, 0, "Z:\\A.SGR");
     LoadResultsFile(platform, true);
-    endLoad(choices, 0, LoadEnd::loaded, RESULTS);
+    endLoad(choices, 0, LoadOutcome::loaded, RESULTS);
     isRefused([&] {
         chooseBy(line, choices, RESULTS);
         require(selectedIndices(choices.selectedSeries).size() <= MostPlottedSeries, "few enough series");

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace korvel {
 
 namespace {
@@ -196,7 +198,7 @@ TEST_F(GraphChoicesTest, TheThreeLevelsAreAcceptedAndShareTheReachCount) {
 }
 
 TEST_F(GraphChoicesTest, ALevelThatIsNoNumberCountsAs0) {
-    for (const char* text : {"abc", " ", "%95"}) {
+    for (const char* text : {"abc", " ", "%95", "95x", "95 km", "9 5", "95,", "90 95", "9e1e0"}) {
         results->reachCount = 4;
         EXPECT_EQ(leaveLevelBox(text, *results), wrongLevel) << text;
         EXPECT_EQ(results->reachCount, 0) << text;
@@ -204,11 +206,24 @@ TEST_F(GraphChoicesTest, ALevelThatIsNoNumberCountsAs0) {
 }
 
 TEST_F(GraphChoicesTest, ALevelBeyondWholeNumbersGivesTheMessage) {
-    EXPECT_EQ(leaveLevelBox("1e300", *results), wrongLevel);
-    EXPECT_EQ(leaveLevelBox("-1e300", *results), wrongLevel);
-    EXPECT_EQ(leaveLevelBox("1e999", *results), wrongLevel);
-    EXPECT_EQ(leaveLevelBox("-1e999", *results), wrongLevel);
+    using Limits = std::numeric_limits<int>;
+    for (const char* text : {"1e300", "1e999", "2147483648"}) {
+        EXPECT_EQ(leaveLevelBox(text, *results), wrongLevel) << text;
+        EXPECT_EQ(results->reachCount, Limits::max()) << text;
+    }
+    for (const char* text : {"-1e300", "-1e999"}) {
+        EXPECT_EQ(leaveLevelBox(text, *results), wrongLevel) << text;
+        EXPECT_EQ(results->reachCount, Limits::min()) << text;
+    }
     EXPECT_EQ(leaveLevelBox("90.5", *results), wrongLevel);
+    EXPECT_EQ(results->reachCount, 90);
+}
+
+TEST_F(GraphChoicesTest, ALevelIsANumberInAnyFormWithBlanksAroundIt) {
+    for (const char* text : {" 95 ", "95.0", "+95", "9.5e1", "0.95D2"}) {
+        EXPECT_EQ(leaveLevelBox(text, *results), std::nullopt) << text;
+        EXPECT_EQ(results->reachCount, 95) << text;
+    }
 }
 
 TEST(CutTitle, CutsATitleOf61CharactersTo60) {

@@ -1,7 +1,6 @@
 #include "graphs/setup/GraphChoices.h"
 
 #include "basic/Numbers.h"
-#include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "graphs/setup/ReachLists.h"
 #include "results/Statistics.h"
@@ -39,13 +38,9 @@ int wholeNumber(double value) {
         std::clamp(value, static_cast<double>(Limits::min()), static_cast<double>(Limits::max())));
 }
 
-// A number beyond a double's range is none of the levels either.
+// What is no number counts as 0.
 double levelOf(const std::string& text) {
-    try {
-        return leadingNumber(text);
-    } catch (const RunTimeError&) {
-        return std::numeric_limits<double>::infinity();
-    }
+    return decimalNumber(trim(text)).value_or(0);
 }
 
 } // namespace

@@ -55,7 +55,7 @@ void load(Platform& platform, GraphChoices& choices, int slot, const SetUpServic
     beginLoad(choices, slot, GLOBAL.fileNames[slot]);
     services.showState();
     readWaiting(platform, choices, services);
-    endLoad(choices, slot, GLOBAL.loadFailed ? LoadEnd::failed : LoadEnd::loaded, RESULTS);
+    endLoad(choices, slot, GLOBAL.loadFailed ? LoadOutcome::failed : LoadOutcome::loaded, RESULTS);
     if (slot == 0) rememberLoad(choices);
 }
 
@@ -72,7 +72,7 @@ void takeLoadOfAnotherForm(GraphChoices& choices) {
         fillLists(choices, RESULTS);
     } else {
         beginLoad(choices, 0, GLOBAL.fileNames[0]);
-        endLoad(choices, 0, GLOBAL.firstSlotLoaded ? LoadEnd::loaded : LoadEnd::failed, RESULTS);
+        endLoad(choices, 0, GLOBAL.firstSlotLoaded ? LoadOutcome::loaded : LoadOutcome::failed, RESULTS);
     }
     rememberLoad(choices);
 }
@@ -109,9 +109,9 @@ void beginLoad(GraphChoices& choices, int slot, const std::string& fileName) {
     clearSelections(choices);
 }
 
-void endLoad(GraphChoices& choices, int slot, LoadEnd end, ResultsDataSet& results) {
+void endLoad(GraphChoices& choices, int slot, LoadOutcome end, ResultsDataSet& results) {
     choices.waiting = false;
-    if (end == LoadEnd::loaded) {
+    if (end == LoadOutcome::loaded) {
         if (slot == 0) takeFirstDataSet(choices, results);
         fillLists(choices, results);
     } else if (slot == 1) {
@@ -146,7 +146,7 @@ void chooseResultsFile(Platform& platform, GraphChoices& choices, FileDialogSett
         GLOBAL.fileNames[slot] = name;
         load(platform, choices, slot, services);
     } catch (const RunTimeError& error) {
-        if (choices.waiting) endLoad(choices, slot, LoadEnd::failed, RESULTS);
+        if (choices.waiting) endLoad(choices, slot, LoadOutcome::failed, RESULTS);
         services.showState();
         platform.dialogs.show(
             {error.description, slot == 1 ? "Error in 2nd data set" : "Error", Icon::critical, Buttons::ok});

@@ -21,8 +21,8 @@ FileDialogSettings resultsDialog();
 
 // How the choices change when the reading of a slot begins, and when it has ended.
 void beginLoad(GraphChoices& choices, int slot, const std::string& fileName);
-enum class LoadEnd { loaded, failed };
-void endLoad(GraphChoices& choices, int slot, LoadEnd end, ResultsDataSet& results);
+enum class LoadOutcome { loaded, failed };
+void endLoad(GraphChoices& choices, int slot, LoadOutcome end, ResultsDataSet& results);
 
 // The form is activated: after a graph it keeps its state, after a run it loads the run's results. A load
 // that fails stays pending. Without a run, a first data set that another form has replaced is taken over.
