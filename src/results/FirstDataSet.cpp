@@ -96,8 +96,7 @@ void FirstDataSet::raiseMaxima(std::span<const double> values) {
         largest = std::max(largest, *value++);
 }
 
-void FirstDataSet::keepMaxima() {
-    if (m_largest.empty()) return;
+void FirstDataSet::pointsEnd() {
     const std::vector<ValuePlace> places = valuePlacesOfPoint(m_results.determinandCount);
     for (std::size_t k = 0; k < m_largest.size(); ++k) {
         double& largest = m_results.seriesMaximum[places[k].series];

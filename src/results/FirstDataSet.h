@@ -12,9 +12,6 @@ namespace korvel {
 class FirstDataSet : public RecordTaker {
   public:
     explicit FirstDataSet(ResultsDataSet& results) : m_results(results) {}
-    ~FirstDataSet() override { keepMaxima(); }
-    FirstDataSet(const FirstDataSet&) = delete;
-    FirstDataSet& operator=(const FirstDataSet&) = delete;
 
     void title(std::string_view line) override;
     std::optional<std::string> percentileMode(int mode) override;
@@ -26,10 +23,10 @@ class FirstDataSet : public RecordTaker {
     void pointsBegin() override;
     Refusal point(int index, const PointLine& line) override;
     void pointEnd(int index, std::span<const double> values) override;
+    void pointsEnd() override;
 
   private:
     void raiseMaxima(std::span<const double> values);
-    void keepMaxima();
     void makeLabel(int index);
 
     ResultsDataSet& m_results;

@@ -27,21 +27,19 @@ std::vector<int> valuesByCaption(int determinands);
 inline constexpr double notReadYet = std::numeric_limits<double>::quiet_NaN();
 
 // Takes points a row at a time and writes them to the columns a few points together, so that a column is
-// touched by whole cache lines. What has been read when it goes, also of a point cut short, is written too.
+// touched by whole cache lines.
 class PointValues {
   public:
     PointValues(ValueStore& store, int determinands);
-    ~PointValues() { write(); }
-    PointValues(const PointValues&) = delete;
-    PointValues& operator=(const PointValues&) = delete;
 
     // Room for the values of the next point, the index following the last one; each is notReadYet.
     std::span<double> nextPoint(int index);
+    // Writes the points that are still in hand, also one that was cut short: its values read so far. Called
+    // at the end.
+    void write();
 
   private:
     static constexpr std::size_t rows = 8; // the doubles of a cache line
-
-    void write();
 
     ValueStore& m_store;
     std::vector<double*> m_columns; // by place

@@ -46,6 +46,8 @@ class RecordTaker {
     virtual Refusal point(int index, const PointLine& line) = 0;
     // All values of the point are read; `values` are in the file's order.
     virtual void pointEnd(int index, std::span<const double> values) = 0;
+    // The last point has been read, or reading has failed or was refused before that.
+    virtual void pointsEnd() {}
 };
 
 } // namespace korvel

@@ -36,6 +36,7 @@ class Reading {
   private:
     Refusal readDeterminands();
     Refusal readReaches();
+    Refusal readEachPoint(ValueStore& store, PointValues& values);
     Refusal readPointLine(int index);
     void readValues(std::span<double> into);
     void readValuesOneByOne(double* into);
@@ -88,6 +89,21 @@ Refusal Reading::readPoints(ValueStore& store) {
     m_taker.pointsBegin();
     m_valuesByCaption = valuesByCaption(m_determinands);
     PointValues values(store, m_determinands);
+    const auto keepWhatWasRead = [&] {
+        values.write();
+        m_taker.pointsEnd();
+    };
+    try {
+        Refusal refusal = readEachPoint(store, values);
+        keepWhatWasRead();
+        return refusal;
+    } catch (...) {
+        keepWhatWasRead();
+        throw;
+    }
+}
+
+Refusal Reading::readEachPoint(ValueStore& store, PointValues& values) {
     const std::size_t firstPointAt = m_input.bytesConsumed();
     while (!isCancelled() && !m_input.atEnd()) {
         const int index = m_points + 1;
