@@ -106,8 +106,9 @@ int runGraph(CommandCall& call) {
     if (!load(call, choices, 0, graph.resultsFile)) return exitStatus::failed;
     if (!graph.comparedFile.empty() && !load(call, choices, 1, graph.comparedFile)) return exitStatus::failed;
     chooseBy(line, choices, RESULTS);
-    if (line.has("--interpolated")) GLOBAL.interpolatedBoxTicked = true;
-    if (line.has("--no-interpolated")) GLOBAL.interpolatedBoxTicked = false;
+    followLoads(choices);
+    if (line.has("--interpolated")) choices.plotInterpolatedPoints = true;
+    if (line.has("--no-interpolated")) choices.plotInterpolatedPoints = false;
     if (!readyToPlot(call.platform, choices)) return exitStatus::failed;
     const DrawingSession session;
     const Drawing drawing = drawGraph(graph, dayMonthYear(call.platform.machine.today()));

@@ -20,9 +20,7 @@ struct ResultsHandOver {
     bool firstSlotLoaded = false;
     bool returnedFromGraph = false;  // set when the graph closes; the set-up form then keeps its state
     bool readersChannelOpen = false; // an abandoned second load has left its file open; see LoadResultsFile
-    // The set-up form's box "Plot auto-interpolated points", which every load sets.
-    bool interpolatedBoxEnabled = true;
-    bool interpolatedBoxTicked = false;
+    int loads = 0;                   // that succeeded, of either slot: each sets plotInterpolatedPoints
 };
 
 } // namespace korvel

@@ -16,17 +16,12 @@ std::unique_ptr<ByteSource> openOnReadersChannel(Files& files, const std::string
     return files.open(name);
 }
 
-void offerInterpolatedPoints(bool there) {
-    GLOBAL.interpolatedBoxEnabled = there;
-    GLOBAL.interpolatedBoxTicked = there;
-    GLOBAL.plotInterpolatedPoints = there;
-}
-
 void readCurrentFile(Platform& platform, const LoadProgress& progress) {
     const LoadWatch watch{[&](const Message& message) { platform.dialogs.show(message); }, progress};
     const auto file = openOnReadersChannel(platform.files, GLOBAL.fileNames[GLOBAL.currentSlot]);
     if (readResults(*file, RESULTS, GLOBAL.currentSlot, watch) == LoadEnd::loaded) {
-        offerInterpolatedPoints(RESULTS.hasInterpolatedPoints);
+        GLOBAL.plotInterpolatedPoints = RESULTS.hasInterpolatedPoints;
+        ++GLOBAL.loads;
         return;
     }
     // Kept so: an abandoned file stays open, and the next load fails to open its own.

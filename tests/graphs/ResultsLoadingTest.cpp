@@ -1,6 +1,7 @@
 #include "graphs/setup/ResultsLoading.h"
 
 #include "fakes/FakePlatform.h"
+#include "fakes/ResultsFileBuilder.h"
 #include "global/GLOBAL.h"
 #include "graphs/SmallCatchment.h"
 
@@ -18,6 +19,7 @@ class ResultsLoading : public testing::Test {
         world.putFile("B.SGR", smallResultsFile(0, FileEnd::whole, "Second"));
         world.putFile("P90.SGR", smallResultsFile(2));
         world.putFile("P99.SGR", smallResultsFile(3));
+        world.putFile("POINTS99.SGR", ResultsFileBuilder().reach(1, "Mill").point(1, 0, "Weir", 99).text());
         world.putFile("CUT.SGR", smallResultsFile(0, FileEnd::cutShort));
     }
     void TearDown() override { GLOBAL = {}; }
@@ -308,12 +310,64 @@ TEST_F(ResultsLoading, PlotHandsTheGraphOver) {
     chooseFile(0, "A.SGR");
     chooseUpstreamReach(choices, 0, RESULTS);
     selectSeries(choices, {true, false, false, false, false});
-    GLOBAL.interpolatedBoxTicked = true;
+    choices.plotInterpolatedPoints = true;
     GLOBAL.mainForm.displayLevel = 2;
     EXPECT_TRUE(readyToPlot(world, choices));
     EXPECT_EQ(GLOBAL.graphReaches, std::vector<int>{1});
     EXPECT_TRUE(GLOBAL.plotInterpolatedPoints);
     EXPECT_EQ(GLOBAL.displayLevel, 2);
+}
+
+TEST_F(ResultsLoading, OffersInterpolatedPointsWhereALoadFoundSome) {
+    EXPECT_TRUE(choices.offersInterpolatedPoints) << "before any load";
+    EXPECT_FALSE(choices.plotInterpolatedPoints);
+    chooseFile(0, "A.SGR");
+    EXPECT_FALSE(choices.offersInterpolatedPoints);
+    EXPECT_FALSE(choices.plotInterpolatedPoints);
+    chooseFile(0, "POINTS99.SGR");
+    EXPECT_TRUE(choices.offersInterpolatedPoints);
+    EXPECT_TRUE(choices.plotInterpolatedPoints);
+    choices.plotInterpolatedPoints = false;
+    activate();
+    EXPECT_FALSE(choices.plotInterpolatedPoints) << "a load is followed once";
+    chooseFile(1, "POINTS99.SGR");
+    EXPECT_TRUE(choices.plotInterpolatedPoints);
+}
+
+TEST_F(ResultsLoading, OffersInterpolatedPointsByTheLoadOfAnotherForm) {
+    readInAnotherForm("POINTS99.SGR");
+    activate();
+    EXPECT_TRUE(choices.plotInterpolatedPoints);
+    choices.plotInterpolatedPoints = false;
+    world.willAnswer(Answer::ok);
+    readInAnotherForm("CUT.SGR");
+    activate();
+    EXPECT_FALSE(choices.plotInterpolatedPoints) << "one that failed changes nothing";
+    EXPECT_TRUE(choices.offersInterpolatedPoints);
+}
+
+// "B" is what the report form reads while the set-up form shows "A".
+TEST_F(ResultsLoading, ALoadIsRememberedWhicheverWayItCameAbout) {
+    chooseFile(0, "A.SGR");
+    EXPECT_EQ(choices.firstFile, world.pathOf("A.SGR"));
+    EXPECT_EQ(choices.firstLoad, 1);
+    readInAnotherForm("B.SGR");
+    activate();
+    EXPECT_EQ(choices.firstFile, world.pathOf("B.SGR"));
+    EXPECT_EQ(choices.firstLoad, 2);
+    choices.title = "Mine";
+    activate();
+    EXPECT_EQ(choices.title, "Mine") << "followed already";
+    afterARun("A.SGR");
+    activate();
+    EXPECT_EQ(choices.firstFile, world.pathOf("A.SGR"));
+    EXPECT_EQ(choices.firstLoad, 3);
+    choices.title = "Mine";
+    chooseFile(1, "B.SGR");
+    activate();
+    EXPECT_EQ(choices.firstFile, world.pathOf("A.SGR"));
+    EXPECT_EQ(choices.title, "Mine") << "a second file is no load of the first";
+    EXPECT_EQ(choices.fileLabels[1], "B.SGR");
 }
 
 TEST_F(ResultsLoading, PlotOfIncompleteResultsSaysSo) {

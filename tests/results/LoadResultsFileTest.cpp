@@ -125,36 +125,33 @@ TEST_F(LoadResults, KeepsSilentAboutAReadErrorWhereErrorsAreNotShown) {
     EXPECT_EQ(fake.takeTranscript(), "");
 }
 
-TEST_F(LoadResults, OffersInterpolatedPointsWhereThereAreSome) {
+TEST_F(LoadResults, PlotsInterpolatedPointsWhereThereAreSome) {
     fake.putFile("interpolated.sgr", river().point(1, 5, "P", 99).text());
     EXPECT_TRUE(load("interpolated.sgr"));
-    EXPECT_TRUE(GLOBAL.interpolatedBoxEnabled);
-    EXPECT_TRUE(GLOBAL.interpolatedBoxTicked);
     EXPECT_TRUE(GLOBAL.plotInterpolatedPoints);
     EXPECT_TRUE(load("a.sgr"));
-    EXPECT_FALSE(GLOBAL.interpolatedBoxEnabled);
-    EXPECT_FALSE(GLOBAL.interpolatedBoxTicked);
     EXPECT_FALSE(GLOBAL.plotInterpolatedPoints);
+    EXPECT_EQ(GLOBAL.loads, 2);
 }
 
-TEST_F(LoadResults, AFailureLeavesPointCountAndTheInterpolatedBox) {
+TEST_F(LoadResults, AFailureLeavesPointCountAndWhetherInterpolatedPointsArePlotted) {
     fake.putFile("interpolated.sgr", river().point(1, 5, "P", 99).text());
     EXPECT_TRUE(load("interpolated.sgr"));
     EXPECT_FALSE(load("none.sgr", 0, 1));
     EXPECT_EQ(RESULTS.pointCount, 3);
     EXPECT_FALSE(RESULTS.hasInterpolatedPoints);
     EXPECT_EQ(RESULTS.reachNames[1], "");
-    EXPECT_TRUE(GLOBAL.interpolatedBoxEnabled);
     EXPECT_TRUE(GLOBAL.plotInterpolatedPoints);
+    EXPECT_EQ(GLOBAL.loads, 1) << "only those that succeed are followed";
 }
 
-TEST_F(LoadResults, ASecondLoadSetsTheBoxByTheFirstFile) {
+TEST_F(LoadResults, ASecondLoadPlotsInterpolatedPointsByTheFirstFile) {
     fake.putFile("interpolated.sgr", river().point(1, 5, "P", 99).text());
     EXPECT_TRUE(load("interpolated.sgr"));
-    GLOBAL.plotInterpolatedPoints = GLOBAL.interpolatedBoxTicked = false;
+    GLOBAL.plotInterpolatedPoints = false;
     EXPECT_TRUE(load("interpolated.sgr", 1));
-    EXPECT_TRUE(GLOBAL.interpolatedBoxTicked);
     EXPECT_TRUE(GLOBAL.plotInterpolatedPoints);
+    EXPECT_EQ(GLOBAL.loads, 2);
 }
 
 TEST_F(LoadResults, AnAbandonedFileStaysOpenAndFailsTheNextLoad) {

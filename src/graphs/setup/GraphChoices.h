@@ -53,9 +53,11 @@ struct GraphChoices {
     bool plotConfidenceLimits = false;
     bool plotQualityTargets = true;
     bool plotObservedValues = true;
+    bool offersInterpolatedPoints = true; // the box can be ticked
     bool plotInterpolatedPoints = false;
-    int plotType = 0;    // 0 first data set, 1 second, 2 both compared
-    int levelOption = 4; // 3, 4, 5 for the 90, 95 and 99 percentile
+    int followedLoads = 0; // by number, see ResultsHandOver::loads
+    int plotType = 0;      // 0 first data set, 1 second, 2 both compared
+    int levelOption = 4;   // 3, 4, 5 for the 90, 95 and 99 percentile
     int displayLevel = 0;
     std::string title;
     std::string subTitle;

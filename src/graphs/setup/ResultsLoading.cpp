@@ -57,6 +57,7 @@ void load(Platform& platform, GraphChoices& choices, int slot, const SetUpServic
     readWaiting(platform, choices, services);
     endLoad(choices, slot, GLOBAL.loadFailed ? LoadOutcome::failed : LoadOutcome::loaded, RESULTS);
     if (slot == 0) rememberLoad(choices);
+    followLoads(choices);
 }
 
 // The report form reads files into the same first slot. What it read there is what graphs are drawn from, so
@@ -121,7 +122,14 @@ void endLoad(GraphChoices& choices, int slot, LoadOutcome end, ResultsDataSet& r
     choices.plotEnabled = choices.firstDataSetLoaded;
 }
 
+void followLoads(GraphChoices& choices) {
+    if (choices.followedLoads == GLOBAL.loads) return;
+    choices.followedLoads = GLOBAL.loads;
+    choices.offersInterpolatedPoints = choices.plotInterpolatedPoints = GLOBAL.plotInterpolatedPoints;
+}
+
 void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpServices& services) {
+    followLoads(choices);
     if (GLOBAL.returnedFromGraph) {
         GLOBAL.returnedFromGraph = false;
         return;
@@ -154,7 +162,6 @@ void chooseResultsFile(Platform& platform, GraphChoices& choices, FileDialogSett
 }
 
 bool readyToPlot(Platform& platform, GraphChoices& choices) {
-    choices.plotInterpolatedPoints = GLOBAL.interpolatedBoxTicked;
     choices.displayLevel = GLOBAL.mainForm.displayLevel;
     std::optional<Message> refusal = missingData(choices);
     if (!refusal) refusal = prepareGraph(choices, RESULTS, GLOBAL, GLOBAL);

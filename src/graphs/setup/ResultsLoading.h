@@ -24,6 +24,10 @@ void beginLoad(GraphChoices& choices, int slot, const std::string& fileName);
 enum class LoadOutcome { loaded, failed };
 void endLoad(GraphChoices& choices, int slot, LoadOutcome end, ResultsDataSet& results);
 
+// Offers interpolated points and plots them where the last load, by whichever form, found some; each load is
+// followed once.
+void followLoads(GraphChoices& choices);
+
 // The form is activated: after a graph it keeps its state, after a run it loads the run's results. A load
 // that fails stays pending. Without a run, a first data set that another form has replaced is taken over.
 void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpServices& services);

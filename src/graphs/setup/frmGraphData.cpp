@@ -99,7 +99,7 @@ void frmGraphData::connectOptions() {
     on(Check[2], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotConfidenceLimits = on; }));
     on(Check[3], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotQualityTargets = on; }));
     on(Check[4], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotObservedValues = on; }));
-    on(Check[5], &QCheckBox::toggled, changing([](bool on) { GLOBAL.interpolatedBoxTicked = on; }));
+    on(Check[5], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotInterpolatedPoints = on; }));
     on(m_plotTypeGroup, &QButtonGroup::idClicked,
        changing([this](int type) { choosePlotType(m_choices, type); }));
     on(m_levelGroup, &QButtonGroup::idClicked,
@@ -257,12 +257,12 @@ Rgb frmGraphData::modeColour(bool current) const {
 void frmGraphData::refreshOptions() {
     const std::array<bool, 6> ticks = {
         m_choices.plotMeans,          m_choices.plotPercentiles,    m_choices.plotConfidenceLimits,
-        m_choices.plotQualityTargets, m_choices.plotObservedValues, GLOBAL.interpolatedBoxTicked};
+        m_choices.plotQualityTargets, m_choices.plotObservedValues, m_choices.plotInterpolatedPoints};
     for (const auto& [index, box] : Check) {
         const QSignalBlocker quiet(box);
         box->setChecked(ticks[static_cast<std::size_t>(index)]);
     }
-    Check[5].setEnabled(GLOBAL.interpolatedBoxEnabled);
+    Check[5].setEnabled(m_choices.offersInterpolatedPoints);
     optPlotType[m_choices.plotType].setChecked(true);
     optPlotType[m_choices.levelOption].setChecked(true);
     // The Tab key stops at the chosen one of each group.
