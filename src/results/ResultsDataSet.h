@@ -20,6 +20,14 @@ inline constexpr int MaxDeterminands = 10;
 inline constexpr int MaxReachNumber = 59999;
 inline constexpr int InterpolatedPointType = 99;
 
+enum class SeriesKind { flow, concentration, load };
+
+// "BOD" and "(Conc)", "BOD" and "(Load)"; "Flow" has no kind.
+struct SeriesName {
+    std::string title;
+    std::string kind;
+};
+
 struct ResultsDataSet {
     ResultsDataSet() { reachLengths.set(0, 0); }
 
@@ -30,6 +38,9 @@ struct ResultsDataSet {
     int determinandCount = 0;
     int seriesCount = 0; // n while reading, 2n after a load
     CheckedArray<std::string, 0, MaxSeries> seriesNames;
+    SeriesKind kindOf(int series) const;
+    int determinandOf(int series) const; // 0 of the flow
+    SeriesName nameOf(int series) const;
     CheckedArray<int, 1, MaxDeterminands> determinandTypes;
     CheckedArray<int, 1, MaxDeterminands> determinandStatistics;
     // The names as read, without " (Conc)" and " (Load)", for the comparison with a second file.

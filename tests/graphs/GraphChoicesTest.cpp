@@ -1,7 +1,6 @@
 #include "graphs/setup/GraphChoices.h"
 
 #include "graphs/SmallCatchment.h"
-#include "graphs/setup/ReachLists.h"
 
 #include <gtest/gtest.h>
 
@@ -224,6 +223,32 @@ TEST_F(GraphChoicesTest, ALevelIsANumberInAnyFormWithBlanksAroundIt) {
         EXPECT_EQ(leaveLevelBox(text, *results), std::nullopt) << text;
         EXPECT_EQ(results->reachCount, 95) << text;
     }
+}
+
+TEST(FillLists, FillAnEmptyForm) {
+    const auto results = smallCatchment();
+    GraphChoices choices;
+    fillLists(choices, *results);
+    EXPECT_EQ(choices.reaches.size(), 4U);
+    EXPECT_EQ(choices.series.size(), 5U);
+    EXPECT_EQ(choices.selectedSites, std::vector<bool>(4, false));
+    EXPECT_EQ(choices.selectedSeries, std::vector<bool>(5, false));
+}
+
+TEST(FillLists, KeepTheSelectionsOfAListThatComesOutAsItWas) {
+    const auto results = smallCatchment();
+    GraphChoices choices;
+    fillLists(choices, *results);
+    chooseUpstreamReach(choices, 0, *results);
+    selectSeries(choices, {false, true, false, false, false});
+    const GraphChoices before = choices;
+    fillLists(choices, *results);
+    EXPECT_EQ(choices, before);
+
+    results->seriesNames[1] = "Chloride (Conc)";
+    fillLists(choices, *results);
+    EXPECT_EQ(choices.upstream, 0);
+    EXPECT_EQ(choices.selectedSeries, std::vector<bool>(5, false));
 }
 
 TEST(CutTitle, CutsATitleOf61CharactersTo60) {

@@ -71,30 +71,4 @@ TEST(ReachLists, ListTheSeriesFromFlowOn) {
                                                                 "BOD (Load)", "Ammonia (Load)"}));
 }
 
-TEST(ReachLists, FillAnEmptyForm) {
-    const auto results = smallCatchment();
-    GraphChoices choices;
-    fillLists(choices, *results);
-    EXPECT_EQ(choices.reaches.size(), 4U);
-    EXPECT_EQ(choices.series.size(), 5U);
-    EXPECT_EQ(choices.selectedSites, std::vector<bool>(4, false));
-    EXPECT_EQ(choices.selectedSeries, std::vector<bool>(5, false));
-}
-
-TEST(ReachLists, KeepTheSelectionsOfAListThatComesOutAsItWas) {
-    const auto results = smallCatchment();
-    GraphChoices choices;
-    fillLists(choices, *results);
-    chooseUpstreamReach(choices, 0, *results);
-    selectSeries(choices, {false, true, false, false, false});
-    const GraphChoices before = choices;
-    fillLists(choices, *results);
-    EXPECT_EQ(choices, before);
-
-    results->seriesNames[1] = "Chloride (Conc)";
-    fillLists(choices, *results);
-    EXPECT_EQ(choices.upstream, 0);
-    EXPECT_EQ(choices.selectedSeries, std::vector<bool>(5, false));
-}
-
 } // namespace korvel

@@ -46,6 +46,35 @@ TEST_F(ResultsReader, KeepsHeaderReachesAndPoints) {
     EXPECT_FALSE(results.hasInterpolatedPoints);
 }
 
+TEST_F(ResultsReader, TellsWhatKindASeriesIs) {
+    ASSERT_EQ(load(river()), Ending::loaded);
+    const struct {
+        SeriesKind kind;
+        int determinand;
+        const char* title;
+        const char* words;
+    } series[] = {{SeriesKind::flow, 0, "Flow", ""},
+                  {SeriesKind::concentration, 1, "BOD", "(Conc)"},
+                  {SeriesKind::concentration, 2, "Ammonia", "(Conc)"},
+                  {SeriesKind::load, 1, "BOD", "(Load)"},
+                  {SeriesKind::load, 2, "Ammonia", "(Load)"}};
+    for (int c = 0; c <= 4; ++c) {
+        EXPECT_EQ(results.kindOf(c), series[c].kind) << c;
+        EXPECT_EQ(results.determinandOf(c), series[c].determinand) << c;
+        EXPECT_EQ(results.nameOf(c).title, series[c].title);
+        EXPECT_EQ(results.nameOf(c).kind, series[c].words);
+    }
+}
+
+TEST_F(ResultsReader, FindsTheKindOfASeriesWhateverTheDeterminandsName) {
+    ASSERT_EQ(load(ResultsFileBuilder().determinand(1, "Iron (Load) (Conc)").reach(1, "Mill")),
+              Ending::loaded);
+    EXPECT_EQ(results.nameOf(1).title, "Iron (Load) (Conc)");
+    EXPECT_EQ(results.nameOf(1).kind, "(Conc)");
+    EXPECT_EQ(results.nameOf(2).title, "Iron (Load) (Conc)");
+    EXPECT_EQ(results.nameOf(2).kind, "(Load)");
+}
+
 TEST_F(ResultsReader, PutsEveryValueInItsPlace) {
     ASSERT_EQ(load(river()), Ending::loaded);
     const ValueStore& values = results.values[0];

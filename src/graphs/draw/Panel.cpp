@@ -8,13 +8,6 @@ namespace korvel {
 
 namespace {
 
-constexpr std::size_t endingLength = 7; // " (Conc)", " (Load)"
-
-bool hasEnding(const std::string& name) {
-    const std::string ending = last(name, endingLength);
-    return ending == " (Conc)" || ending == " (Load)";
-}
-
 double tickLength(const PanelText& text) {
     return 0.2 * text.height;
 }
@@ -58,13 +51,14 @@ void drawTexts(const GraphSheet& sheet, const Panel& panel, const PlotArea& area
 } // namespace
 
 Panel makePanel(const GraphInputs& inputs, const PlottedColumn& column, int series, int reach) {
-    const std::string& name = inputs.results.seriesNames[series];
+    const SeriesName name = inputs.results.nameOf(series);
     Panel panel;
-    panel.axisLabel = trim(hasEnding(name) ? withoutLast(name, endingLength) : name);
+    panel.axisLabel = trim(name.title);
     if (inputs.graph.displayMode1)
-        panel.kindOfValue = hasEnding(name) ? last(name, endingLength - 1) : "";
+        panel.kindOfValue = name.kind;
     else
-        panel.heading = trim(name) + " - " + trim(inputs.results.reachNames[reach]) + " reach";
+        panel.heading = trim(inputs.results.seriesNames[series]) + " - " +
+                        trim(inputs.results.reachNames[reach]) + " reach";
     panel.curves = panelCurves(inputs.results, inputs.graph, series);
     panel.scale = verticalScale(largestValue(panel.curves, column.scalePoints()));
     return panel;

@@ -100,9 +100,8 @@ bool showsPercentiles(const GraphHandOver& graph) {
 }
 
 bool showsTargets(const ResultsDataSet& results, const GraphHandOver& graph, int series) {
-    const int count = results.determinandCount;
-    const int determinand = series > count ? series - count : series;
-    if (determinand < 1 || determinand > count) return false;
+    const int determinand = results.determinandOf(series);
+    if (determinand < 1 || determinand > results.determinandCount) return false;
     if (results.determinandTypes[determinand] == typeWithoutTargets) return false;
     std::size_t entry = 0;
     for (int d = 1; d < determinand; ++d)

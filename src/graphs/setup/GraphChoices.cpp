@@ -2,7 +2,6 @@
 
 #include "basic/Numbers.h"
 #include "basic/Text.h"
-#include "graphs/setup/ReachLists.h"
 #include "results/Statistics.h"
 
 #include <algorithm>
@@ -90,6 +89,21 @@ void chooseUpstreamReach(GraphChoices& choices, int index, const ResultsDataSet&
     choices.downstreamReaches =
         downstreamReaches(results, choices.reaches.at(static_cast<std::size_t>(index)).number);
     choices.downstream = 0;
+}
+
+void fillLists(GraphChoices& choices, ResultsDataSet& results) {
+    std::vector<ListedReach> reaches = listedReaches(results);
+    if (reaches != choices.reaches) {
+        choices.reaches = std::move(reaches);
+        choices.selectedSites.assign(choices.reaches.size(), false);
+        chooseUpstreamReach(choices, NothingChosen, results);
+    }
+    std::vector<std::string> series = listedSeries(results);
+    if (series != choices.series) {
+        choices.series = std::move(series);
+        choices.selectedSeries.assign(choices.series.size(), false);
+        choices.determinand = NothingChosen;
+    }
 }
 
 void choosePlotType(GraphChoices& choices, int plotType) {

@@ -2,8 +2,8 @@
 // the user clicks. The form refreshes from it after each of them.
 #pragma once
 
+#include "graphs/setup/ReachLists.h"
 #include "platform/Message.h"
-#include "results/ResultsDataSet.h"
 
 #include <array>
 #include <optional>
@@ -21,12 +21,6 @@ inline constexpr int NothingChosen = -1;
 inline constexpr std::array<const char*, 7> FeatureTypeTexts = {
     "0  Reach boundary",   "1  Monitoring station",  "2  Stream or tributary", "3  Sewage discharge",
     "4  River flow gauge", "5  Industrial effluent", "7  Abstraction"};
-
-struct ListedReach {
-    int number = 0;
-    std::string text;
-    bool operator==(const ListedReach&) const = default;
-};
 
 struct GraphChoices {
     std::array<std::string, 2> fileLabels; // short names of the results files, by slot
@@ -64,6 +58,9 @@ struct GraphChoices {
 
     bool operator==(const GraphChoices&) const = default;
 };
+
+// After a load. A list that comes out as it was keeps its selections.
+void fillLists(GraphChoices& choices, ResultsDataSet& results);
 
 // The display mode follows the focus; the other mode loses its selections.
 void enterDisplayMode1(GraphChoices& choices);

@@ -42,19 +42,4 @@ std::vector<std::string> listedSeries(const ResultsDataSet& results) {
     return names;
 }
 
-void fillLists(GraphChoices& choices, ResultsDataSet& results) {
-    std::vector<ListedReach> reaches = listedReaches(results);
-    if (reaches != choices.reaches) {
-        choices.reaches = std::move(reaches);
-        choices.selectedSites.assign(choices.reaches.size(), false);
-        chooseUpstreamReach(choices, NothingChosen, results);
-    }
-    std::vector<std::string> series = listedSeries(results);
-    if (series != choices.series) {
-        choices.series = std::move(series);
-        choices.selectedSeries.assign(choices.series.size(), false);
-        choices.determinand = NothingChosen;
-    }
-}
-
 } // namespace korvel

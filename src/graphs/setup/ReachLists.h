@@ -1,9 +1,18 @@
 // The lists of reaches and series that the set-up form offers.
 #pragma once
 
-#include "graphs/setup/GraphChoices.h"
+#include "results/ResultsDataSet.h"
+
+#include <string>
+#include <vector>
 
 namespace korvel {
+
+struct ListedReach {
+    int number = 0;
+    std::string text;
+    bool operator==(const ListedReach&) const = default;
+};
 
 // One line for each of the counted reaches. Kept so: the count is the one that the level box shares, so that
 // a level typed before the load can make the list longer; the lines beyond the last reach are those of reach
@@ -15,8 +24,5 @@ std::vector<ListedReach> listedReaches(ResultsDataSet& results);
 std::vector<ListedReach> downstreamReaches(const ResultsDataSet& results, int upstreamReach);
 
 std::vector<std::string> listedSeries(const ResultsDataSet& results);
-
-// After a load. A list that comes out as it was keeps its selections.
-void fillLists(GraphChoices& choices, ResultsDataSet& results);
 
 } // namespace korvel

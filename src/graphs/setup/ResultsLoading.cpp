@@ -4,7 +4,6 @@
 #include "basic/Text.h"
 #include "global/GLOBAL.h"
 #include "graphs/setup/PlottingLists.h"
-#include "graphs/setup/ReachLists.h"
 #include "platform/DialogsAfter.h"
 #include "results/Statistics.h"
 
