@@ -15,10 +15,31 @@ namespace korvel {
 namespace {
 
 constexpr int seriesExtent = 21;
-constexpr int levelExtent = statistics::levels;
-constexpr int plainFields = 5;      // meanValue to targetValue: one column a series
-constexpr int percentileFields = 4; // the others: one a level and series
-constexpr int columnsOfSeries = plainFields + levelExtent * percentileFields;
+constexpr int levelExtent = 3;
+
+// Where a field's columns begin among those of its series: first what the flow lacks, so that in the flow's
+// own place, the first one, the gap lies at the beginning of the mapping, where no page of it is touched.
+struct FieldPlace {
+    int first;
+    int levels;
+};
+
+constexpr FieldPlace placeOf(ValueField field) {
+    switch (field) {
+    case ValueField::meanLimit1: return {0, 1};
+    case ValueField::meanLimit2: return {1, 1};
+    case ValueField::targetValue: return {2, 1};
+    case ValueField::percentileLimit1: return {3, levelExtent};
+    case ValueField::percentileLimit2: return {6, levelExtent};
+    case ValueField::meanValue: return {9, 1};
+    case ValueField::observedMean: return {10, 1};
+    case ValueField::percentileValues: return {11, levelExtent};
+    case ValueField::observedPercentiles: return {14, levelExtent};
+    }
+    return {};
+}
+
+constexpr int columnsOfSeries = 17;
 constexpr std::size_t columns = std::size_t{seriesExtent} * columnsOfSeries;
 constexpr std::size_t valueBytes = columns * ValueStore::points * sizeof(double);
 constexpr std::size_t largePage = std::size_t(2) << 20;
@@ -90,11 +111,9 @@ void ValueStore::reset() {
 }
 
 std::size_t ValueStore::offsetOf(ValueField field, int series, int level) {
-    const int order = static_cast<int>(field);
-    const bool hasLevels = order >= plainFields;
-    const int first = hasLevels ? plainFields + (order - plainFields) * levelExtent : order;
+    const FieldPlace place = placeOf(field);
     const std::size_t column =
-        static_cast<std::size_t>(first) + checkedOffset(level, 0, hasLevels ? levelExtent - 1 : 0);
+        static_cast<std::size_t>(place.first) + checkedOffset(level, 0, place.levels - 1);
     return (checkedOffset(series, 0, seriesExtent - 1) * columnsOfSeries + column) * points;
 }
 

@@ -42,9 +42,21 @@ TEST(ValueStore, ReadsZerosWhereNothingWasWrittenAndRefusesWhatIsOutside) {
 
 TEST(ValueStore, KeepsTheColumnsOfASeriesTogether) {
     ValueStore store;
-    const double* first = store.column(meanValue, 3).data();
+    const double* first = store.column(meanLimit1, 3).data();
     const double* last = store.column(observedPercentiles, 3, 2).data();
     EXPECT_EQ(last - first, 16 * ValueStore::points);
+    EXPECT_EQ(store.column(meanLimit1, 4).data() - last, ValueStore::points);
+}
+
+TEST(ValueStore, BeginsWithWhatTheFlowLacks) {
+    ValueStore store;
+    const double* lowest = store.column(meanValue, 0).data();
+    for (ValueField field : {observedMean, percentileValues, observedPercentiles})
+        EXPECT_GT(store.column(field, 0).data(), lowest);
+    for (ValueField field : {meanLimit1, meanLimit2, targetValue})
+        EXPECT_LT(store.column(field, 0).data(), lowest);
+    for (ValueField field : {percentileLimit1, percentileLimit2})
+        EXPECT_LT(store.column(field, 0, 2).data(), lowest);
 }
 
 TEST(ValueStore, KeepsEveryColumnApart) {
