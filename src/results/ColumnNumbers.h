@@ -1,6 +1,16 @@
 // Numbers whose places in a text are known beforehand: right-aligned, with the decimal point always at the
-// same byte. Their digits are taken eight at a time from a word, or sixteen at a time where the processor has
-// vectors that can put them in order; both give what the general reader gives.
+// same byte.
+//
+//     bytes     |     |1|7|.|0|3|4|       the last sixteen before the end, blanks before the first digit
+//     order      . . . . 1 7 0 3 4        each digit to the end, the point left out
+//     digits    0 0 0 0 0 0 0 1 7 0 3 4   blanks count as 0; they may not stand behind a digit
+//     pairs       0   0   0   1  70  34   neighbours joined to pairs, fours, eights: 17034
+//     value     17034 / 10^3              one exact division, rounded as the general reader does
+//
+// One instruction puts the bytes in order and four join them, without a branch a digit: files in columns take
+// 1.4 times as long without it. Where the processor has no such vectors the whole part and the fraction are
+// taken from a word of eight bytes each. What is no plain number (a sign, an exponent, more digits) is read
+// from its place digit by digit.
 #pragma once
 
 #include <array>

@@ -1,8 +1,15 @@
-// The place of every number among the values of a plotting point, as the last point had it. An engine writes
-// its points in columns mostly, so that the next one has the same separators and captions in the same places:
-// that is proved by comparing bytes, and its numbers are read where they are known to be, each without
-// waiting for the end of the one before. Any doubt leaves the point to the general reader, which gives the
-// same values.
+// The place of every number among the values of a plotting point, as the last point had it.
+//
+//     "Mean flow",     1.250,     0.410,     0.300      the point that was learnt
+//     ############......#...#......#...#......#...      what must be the same again: #
+//     "Mean flow",    17.034,     2.881,     1.006      the next point
+//
+// An engine writes its points in columns mostly, so that captions, separators and decimal points stand at the
+// same bytes from point to point. read() proves that by comparing all of them at once, and then takes each
+// number from where it is known to be (ColumnNumbers), so that none waits for the end of the one before. Any
+// doubt leaves the point to the general reader, which gives the same values and from which learn() learns
+// anew; after points that differ one from another it looks ever more rarely. Files in columns are read about
+// twice as fast by it.
 #pragma once
 
 #include "results/ColumnNumbers.h"
