@@ -58,9 +58,9 @@ void makeLongPlan(const std::string& folder) {
     std::ofstream plan(folder + "/long/plan.csv");
     plan << "name,data_file,type,title\n";
     for (int k = 0; k < longPlanRows; ++k) {
-        const std::string name = "R" + std::to_string(1000000 + k);
-        std::ofstream(folder + "/long/" + name + ".DAT") << catchment;
-        plan << "run " << k << ',' << name << ".DAT,0,Holme STW at " << k << " per mille\n";
+        const int number = 1000000 + k;
+        std::ofstream(folder + "/long/R" + std::to_string(number) + ".DAT") << catchment;
+        plan << "run " << k << ",R" << number << ".DAT,0,Holme STW at " << k << " per mille\n";
     }
     plan << "last,NONE.DAT,0,\n";
 }

@@ -106,12 +106,13 @@ const std::string& KnownFolders::spellingOnDisk(const std::string& folder, const
 
 const KnownFolders::Twins& KnownFolders::twinsIn(const std::string& folder) {
     const auto [place, isNew] = m_twins.try_emplace(folder);
-    if (!isNew) return place->second;
-    forEachName(folder, [&](const std::string& name) {
-        const auto [twin, isFirst] = place->second.try_emplace(upperCase(name), name);
+    Twins& twins = place->second;
+    if (!isNew) return twins;
+    forEachName(folder, [&twins](const std::string& name) {
+        const auto [twin, isFirst] = twins.try_emplace(upperCase(name), name);
         if (!isFirst && name < twin->second) twin->second = name;
     });
-    return place->second;
+    return twins;
 }
 
 std::string hostPathOf(std::string_view modelName) {

@@ -49,7 +49,7 @@ const char* const help =
     "--resume then follows them.\n";
 
 constexpr std::chrono::seconds lockPatience(5); // longer than what a killed call leaves behind takes to end
-constexpr int mostJobs = 10000;
+constexpr int mostJobs = 500;                   // each takes an open file
 constexpr const char* taskOption = "--slurm-task"; // for the jobs themselves
 
 EngineRules rulesOfSingleRuns() {

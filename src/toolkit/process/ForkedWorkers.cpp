@@ -64,9 +64,14 @@ void ForkedWorkers::start(Copy& copy) {
             if (other.socket >= 0) ::close(other.socket);
         work(ends[1]);
     }
+    const int problem = errno;
     ::close(ends[1]);
+    if (copy.process < 0) {
+        ::close(ends[0]);
+        copy = Copy();
+        throw runTimeErrorOfErrno(problem);
+    }
     copy.socket = ends[0];
-    check(copy.process > 0);
 }
 
 // Leaves without the program's usual end, which belongs to the first process.
