@@ -202,7 +202,7 @@ class Follower {
         record.ended = timeNow();
         record.message = message;
         tell(row.name, record);
-        const bool keepsAnEarlierEnd = last && last->state == RunState::done;
+        const bool keepsAnEarlierEnd = last != nullptr && last->state == RunState::done;
         if (!keepsAnEarlierEnd) m_call.record.append(record);
     }
 
