@@ -2,6 +2,7 @@
 
 #include "basic/ModelName.h"
 #include "basic/RunTimeError.h"
+#include "platform/OwnInput.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -66,6 +67,10 @@ std::string modelNameOfTyped(const std::string& file, NameUse use) {
     if (withoutFolder) throw RunTimeError(errors::pathNotFound);
     if (const auto refusal = whyNotAModelName(path, use)) throw RefusedName(*refusal);
     return modelNameOfHostPath(path);
+}
+
+void refuseOwnInput(Files& files, const std::string& output, const std::vector<std::string>& inputs) {
+    if (replacesInput(files, output, inputs)) throw RefusedName(outputWouldReplaceInput().text);
 }
 
 } // namespace korvel

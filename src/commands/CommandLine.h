@@ -2,6 +2,7 @@
 #pragma once
 
 #include "basic/DiskNames.h"
+#include "platform/Files.h"
 #include "platform/Message.h"
 
 #include <initializer_list>
@@ -60,5 +61,9 @@ class CommandLine {
 // The model name of a file that was typed, relative to the current folder; "" stays. RefusedName where it
 // can't be one.
 std::string modelNameOfTyped(const std::string& file, NameUse use = NameUse::asChosen);
+
+// RefusedName where the output, a model name, leads to one of the files that the command reads. Called before
+// anything is read.
+void refuseOwnInput(Files& files, const std::string& output, const std::vector<std::string>& inputs);
 
 } // namespace korvel

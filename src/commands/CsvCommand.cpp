@@ -14,7 +14,7 @@ const std::string help =
     "name\n";
 
 int runCsv(CommandCall& call) {
-    const auto report = takeReportCall(call);
+    const auto report = takeReportCall(call, OutputMode::spreadsheet);
     return report ? makeReport(call, *report, OutputMode::spreadsheet) : exitStatus::failed;
 }
 

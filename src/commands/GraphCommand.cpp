@@ -102,6 +102,7 @@ int runGraph(CommandCall& call) {
     const GraphCall graph = graphCallBy(line);
     if (!isPdf(graph.outputFile) && !pictureFormatOf(graph.outputFile))
         throw UsageError("the output's name ends in none of .png, .svg, .pdf and .bmp");
+    refuseOwnInput(call.platform.files, graph.outputFile, {graph.resultsFile, graph.comparedFile});
     GraphChoices choices;
     if (!load(call, choices, 0, graph.resultsFile)) return exitStatus::failed;
     if (!graph.comparedFile.empty() && !load(call, choices, 1, graph.comparedFile)) return exitStatus::failed;

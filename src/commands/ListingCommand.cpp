@@ -15,7 +15,9 @@ const char* const help =
 int runListing(CommandCall& call) {
     const CommandLine line(call.arguments, {{"--output", CommandOption::Kind::withValue}});
     const std::string file = modelNameOfTyped(line.onlyOperand("file"));
-    const std::string pdfFile = modelNameOfTyped(line.value("--output").value_or(""));
+    const auto output = line.value("--output");
+    const std::string pdfFile = output ? modelNameOfTyped(*output) : file + ".pdf";
+    refuseOwnInput(call.platform.files, pdfFile, {file});
     return PrintFile(call.platform, file, pdfFile) == OutputEnd::done ? exitStatus::done : exitStatus::failed;
 }
 

@@ -68,7 +68,7 @@ std::string selectionHelp() {
            "  --upstream            the upstream ends of reaches, too\n";
 }
 
-std::optional<ReportCall> takeReportCall(CommandCall& call) {
+std::optional<ReportCall> takeReportCall(CommandCall& call, OutputMode mode) {
     using Kind = CommandOption::Kind;
     const CommandLine line(call.arguments, {{"--reaches", Kind::withValue},
                                             {"--determinands", Kind::withValue},
@@ -80,7 +80,9 @@ std::optional<ReportCall> takeReportCall(CommandCall& call) {
                                             {"--output", Kind::withValue}});
     ReportCall report;
     report.resultsFile = modelNameOfTyped(line.onlyOperand("results file"));
-    if (const auto output = line.value("--output")) report.outputFile = modelNameOfTyped(*output);
+    const auto output = line.value("--output");
+    report.outputFile = output ? modelNameOfTyped(*output) : reportFile(mode, report.resultsFile);
+    refuseOwnInput(call.platform.files, report.outputFile, {report.resultsFile});
     GLOBAL.currentSlot = 0;
     GLOBAL.fileNames[0] = report.resultsFile;
     LoadResultsFile(call.platform, true);
@@ -90,8 +92,7 @@ std::optional<ReportCall> takeReportCall(CommandCall& call) {
 }
 
 int makeReport(CommandCall& call, const ReportCall& report, OutputMode mode) {
-    OutputRequest request = outputRequest(mode, RESULTS, report.selection, report.resultsFile);
-    if (report.outputFile) request.outputFile = *report.outputFile;
+    const OutputRequest request{RESULTS, report.selection, report.resultsFile, report.outputFile};
     return Output(call.platform, mode, request) == OutputEnd::done ? exitStatus::done : exitStatus::failed;
 }
 

@@ -15,14 +15,14 @@ namespace korvel {
 std::string selectionHelp();
 
 struct ReportCall {
-    std::string resultsFile;               // model name
-    std::optional<std::string> outputFile; // model name
+    std::string resultsFile; // model names
+    std::string outputFile;
     ReportSelection selection;
 };
 
 // Loads the results file into RESULTS and settles the selection by its lists. Nothing where the load failed,
 // which the user has been told; UsageError for words that mean nothing.
-std::optional<ReportCall> takeReportCall(CommandCall& call);
+std::optional<ReportCall> takeReportCall(CommandCall& call, OutputMode mode);
 
 // Makes the report and returns the exit status.
 int makeReport(CommandCall& call, const ReportCall& report, OutputMode mode);

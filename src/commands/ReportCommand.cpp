@@ -13,7 +13,7 @@ const std::string help =
     "  --output FILE         the file to write; RIVER-report.pdf beside RIVER.SGR by default\n";
 
 int runReport(CommandCall& call) {
-    const auto report = takeReportCall(call);
+    const auto report = takeReportCall(call, OutputMode::print);
     if (!report) return exitStatus::failed;
     const ColumnVerdict verdict = verdictOn(CountCols(report->selection));
     if (verdict.fit != PageFit::tooWide) return makeReport(call, *report, OutputMode::print);

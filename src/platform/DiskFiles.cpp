@@ -224,6 +224,12 @@ bool DiskFiles::exists(const std::string& name) {
     return stat(hostPathOf(name).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
+bool DiskFiles::areOne(const std::string& name, const std::string& other) {
+    struct stat one, two;
+    return stat(hostPathOf(name).c_str(), &one) == 0 && stat(hostPathOf(other).c_str(), &two) == 0 &&
+           one.st_dev == two.st_dev && one.st_ino == two.st_ino;
+}
+
 void DiskFiles::remove(const std::string& name) {
     const std::string path = hostPathOrFail(name);
     if (::unlink(path.c_str()) != 0) failOn(path);

@@ -29,6 +29,8 @@ class Files {
     virtual std::unique_ptr<NewFile> create(const std::string& name) = 0;
     // A folder is no file.
     virtual bool exists(const std::string& name) = 0;
+    // Whether both names lead to one thing that is there, by whatever spelling or link.
+    virtual bool areOne(const std::string& name, const std::string& other) = 0;
     virtual void remove(const std::string& name) = 0;
     // Names of the files (not folders) in the order in which the file system gives them.
     virtual std::vector<std::string> filesIn(const std::string& folder) = 0;

@@ -1,6 +1,7 @@
 #include "reports/Output.h"
 
 #include "basic/ModelName.h"
+#include "platform/OwnInput.h"
 #include "platform/Printing.h"
 #include "reports/Listing.h"
 #include "reports/PrintedReport.h"
@@ -44,6 +45,10 @@ std::unique_ptr<NewFile> createSpreadsheet(Platform& platform, const std::string
 }
 
 OutputEnd saveSpreadsheet(Platform& platform, const OutputRequest& request, const ReportProgress& progress) {
+    if (replacesInput(platform.files, request.outputFile, {request.resultsFile})) {
+        platform.dialogs.show(outputWouldReplaceInput());
+        return OutputEnd::failed;
+    }
     const auto file = createSpreadsheet(platform, request.outputFile);
     if (!file) return OutputEnd::failed;
     if (writeSpreadsheet(*file, request.results, request.selection, progress) == ReportEnd::cancelled)
@@ -74,11 +79,14 @@ OutputEnd withFailuresShown(Platform& platform, Work work) {
 
 } // namespace
 
+std::string reportFile(OutputMode mode, const std::string& resultsFile) {
+    return mode == OutputMode::print ? besideResults(resultsFile, "-report.pdf")
+                                     : spreadsheetFileName(resultsFile);
+}
+
 OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, const ReportSelection& selection,
                             const std::string& resultsFile) {
-    return {results, selection, resultsFile,
-            mode == OutputMode::print ? besideResults(resultsFile, "-report.pdf")
-                                      : spreadsheetFileName(resultsFile)};
+    return {results, selection, resultsFile, reportFile(mode, resultsFile)};
 }
 
 OutputEnd Output(Platform& platform, OutputMode mode, const OutputRequest& request,

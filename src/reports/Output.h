@@ -21,6 +21,9 @@ struct OutputRequest {
     std::string outputFile;  // of the spreadsheet, or of the PDF where there is no printer
 };
 
+// The file that a report of these results makes where the user named none.
+std::string reportFile(OutputMode mode, const std::string& resultsFile);
+
 // With the names that the report form uses.
 OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, const ReportSelection& selection,
                             const std::string& resultsFile);

@@ -1,4 +1,5 @@
 #include "basic/DiskNames.h"
+#include "basic/ModelName.h"
 #include "commands/CommandLine.h"
 #include "commands/CommandList.h"
 #include "fakes/FakePlatform.h"
@@ -8,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 
 namespace korvel {
@@ -193,6 +195,32 @@ TEST_F(ReportCommands, ListingPrintsTheFileToOneBesideIt) {
     EXPECT_EQ(fake.printed().at(1).request.fallbackFile, fake.pathOf("x.pdf"));
     EXPECT_EQ(runDrawing(listingCommand, {hostPath("none.out")}), 1);
     EXPECT_EQ(errors, "[critical] KORVEL Error: Error number 53: File not found\n");
+}
+
+TEST_F(ReportCommands, RefuseToReplaceTheirInputBeforeItIsRead) {
+    const std::string text = fake.fileText("river.sgr");
+    std::filesystem::create_symlink(hostPath("river.sgr"), hostPath("link.csv"));
+    std::filesystem::create_hard_link(hostPath("river.sgr"), hostPath("link.pdf"));
+    std::filesystem::create_hard_link(hostPath("river.sgr"), hostPath("link.png"));
+    fake.putFile("broken.csv", "no results");
+    const std::string river = hostPath("river.sgr"), broken = hostPath("broken.csv");
+    const std::vector<std::string> calls[] = {
+        {"csv", river, "--output", river},
+        {"csv", river, "--output", hostPath("") + "/../" + fileOf(fake.folder()) + "/river.sgr"},
+        {"csv", river, "--output", hostPath("link.csv")},
+        {"csv", broken},
+        {"csv", broken, "--output", broken},
+        {"report", river, "--output", hostPath("link.pdf")},
+        {"listing", river, "--output", hostPath("link.pdf")},
+        {"graph", river, "--from", "1", "--to", "1", "--series", "0", "--output", hostPath("link.png")},
+        {"graph", hostPath("none"), "--compare", river, "--from", "1", "--to", "1", "--series", "0",
+         "--output", hostPath("link.png")}};
+    for (const std::vector<std::string>& call : calls) {
+        EXPECT_EQ(run(call), 1) << call[0];
+        EXPECT_EQ(errors, "[exclamation] File name: The output would replace the input.\n") << call[0];
+    }
+    EXPECT_EQ(fake.fileText("river.sgr"), text);
+    EXPECT_EQ(fake.fileText("broken.csv"), "no results");
 }
 
 } // namespace korvel

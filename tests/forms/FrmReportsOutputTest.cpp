@@ -1,9 +1,12 @@
 // What the report form makes: the printed report, the spreadsheet file, the listings of output files.
 #include "forms/ReportsForm.h"
 
+#include "basic/DiskNames.h"
 #include "reports/SpreadsheetReport.h"
 
 #include <QTest>
+
+#include <filesystem>
 
 namespace korvel {
 
@@ -273,6 +276,20 @@ TEST_F(FrmReportsOutput, TellsThatAnOutputFileCannotBeRead) {
                   std::string::npos);
         EXPECT_TRUE(frame("frameExplain").isHidden());
     }
+}
+
+TEST_F(FrmReportsOutput, ReplacesNoResultsByTheirSpreadsheetFile) {
+    open();
+    const std::string results = platform.fileText("RIVER.SGR");
+    std::filesystem::create_hard_link(hostPathOf(platform.pathOf("RIVER.SGR")),
+                                      hostPathOf(platform.pathOf("RIVER.csv")));
+    platform.takeTranscript();
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuSpreadsheet");
+    EXPECT_EQ(platform.takeTranscript(),
+              "box [exclamation] File name: The output would replace the input. -> ok\n");
+    EXPECT_EQ(platform.fileText("RIVER.SGR"), results);
+    EXPECT_TRUE(frame("frameProgress").isHidden());
 }
 
 } // namespace korvel

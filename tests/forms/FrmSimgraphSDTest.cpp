@@ -1,10 +1,13 @@
 // The image-capture form: the saved bitmap and how its drawing differs from the graph form's.
+#include "basic/DiskNames.h"
 #include "drawing/paint/PictureFile.h"
 #include "forms/DrawnGraphForm.h"
 #include "graphs/draw/PrintGraph.h"
 #include "graphs/draw/ProfileGraph.h"
 
 #include <QtEndian>
+
+#include <filesystem>
 
 namespace korvel {
 
@@ -185,6 +188,21 @@ TEST_F(FrmSimgraphSD, SaysThatANameCannotBeUsed) {
                   "{app}\\a.bmp\ncurrent folder {app}\nbox [exclamation] File name: "
                   "The name can't be used. -> ok\n"
                   "close frmSimgraphSD\nclosed frmSimgraphSD\n");
+}
+
+TEST_F(FrmSimgraphSD, ReplacesNoResultsByTheirPicture) {
+    const std::string results = platform.fileText("A.SGR");
+    std::filesystem::create_symlink(hostPathOf(platform.pathOf("A.SGR")),
+                                    hostPathOf(platform.pathOf("a.bmp")));
+    platform.willActOn("frmSimgraphSD", {});
+    platform.willChoose(platform.pathOf("a.bmp"));
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuSaveImage");
+    EXPECT_EQ(platform.takeTranscript(), "show modal frmSimgraphSD\n" + saveDialog +
+                                             "{app}\\a.bmp\ncurrent folder {app}\nbox [exclamation] File "
+                                             "name: The output would replace the input. -> "
+                                             "ok\nclose frmSimgraphSD\nclosed frmSimgraphSD\n");
+    EXPECT_EQ(platform.fileText("A.SGR"), results);
 }
 
 } // namespace korvel

@@ -10,6 +10,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include <filesystem>
+
 namespace korvel {
 
 namespace {
@@ -318,6 +320,21 @@ TEST_F(FrmSimgraphView, SaysThatAPictureCannotBeWritten) {
                                                  "\ncurrent folder {app}\nbox [exclamation] Save picture: " +
                                                  name + " can't be written: Path not found. -> ok\n");
     }
+}
+
+TEST_F(FrmSimgraphView, ReplacesNoResultsByTheirPicture) {
+    const std::string results = platform.fileText("A.SGR");
+    std::filesystem::create_symlink(hostPathOf(platform.pathOf("A.SGR")),
+                                    hostPathOf(platform.pathOf("a.svg")));
+    for (const std::string name : {"A.SGR", "a.svg"}) {
+        platform.willChoose(platform.pathOf(name));
+        platform.willAnswer(Answer::ok);
+        choose(form, "mnuSavePicture");
+        EXPECT_EQ(platform.takeTranscript(), saveDialog + "{app}\\" + name +
+                                                 "\ncurrent folder {app}\nbox [exclamation] File name: The "
+                                                 "output would replace the input. -> ok\n");
+    }
+    EXPECT_EQ(platform.fileText("A.SGR"), results);
 }
 
 } // namespace korvel

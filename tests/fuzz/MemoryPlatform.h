@@ -24,6 +24,7 @@ class MemoryPlatform : private Dialogs, private Files, private Machine, private 
     std::unique_ptr<ByteSource> open(const std::string& name) override;
     std::unique_ptr<NewFile> create(const std::string& name) override;
     bool exists(const std::string&) override { return true; }
+    bool areOne(const std::string& name, const std::string& other) override { return name == other; }
     void remove(const std::string&) override {}
     std::vector<std::string> filesIn(const std::string&) override { return {}; }
     std::string currentFolder() override { return "Z:\\FOLDER"; }

@@ -38,6 +38,7 @@ class FilesInMemory : public Files {
         return std::make_unique<Entry>(texts[name]);
     }
     bool exists(const std::string& name) override { return texts.contains(name); }
+    bool areOne(const std::string& name, const std::string& other) override { return name == other; }
     void remove(const std::string& name) override { texts.erase(name); }
     std::vector<std::string> filesIn(const std::string&) override { return {}; }
     std::string currentFolder() override { return "Z:\\"; }

@@ -9,6 +9,7 @@
 #include "graphs/draw/PlottedData.h"
 #include "graphs/draw/PrintGraph.h"
 #include "graphs/draw/ProfileGraph.h"
+#include "platform/OwnInput.h"
 #include "toolkit/paper/PdfPaper.h"
 
 #include <QApplication>
@@ -189,6 +190,8 @@ void frmSimgraph::savePicture() {
     try {
         if (chosen->refusal)
             doors().dialogs.show(refusedName(*chosen));
+        else if (replacesInput(doors().files, chosen->name, {GLOBAL.fileNames[0], GLOBAL.fileNames[1]}))
+            doors().dialogs.show(outputWouldReplaceInput());
         else
             savePictureTo(chosen->name);
     } catch (const RunTimeError& error) {

@@ -5,6 +5,7 @@
 #include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
 #include "graphs/draw/ProfileGraph.h"
+#include "platform/OwnInput.h"
 
 namespace korvel {
 
@@ -50,6 +51,10 @@ void frmSimgraphSD::savePicture() {
     doors().files.setCurrentFolder(doors().machine.applicationFolder());
     if (chosen->refusal) {
         doors().dialogs.show(refusedName(*chosen));
+        return;
+    }
+    if (replacesInput(doors().files, chosen->name, {GLOBAL.fileNames[0], GLOBAL.fileNames[1]})) {
+        doors().dialogs.show(outputWouldReplaceInput());
         return;
     }
     doors().files.writeWhole(chosen->name, pictureBytes(m_drawing, PictureFormat::bmp, devicePixelRatioF()));
