@@ -18,7 +18,7 @@ bool fileExists(const std::string& hostPath);
 
 class OutputFiles {
   public:
-    OutputFiles() = default;
+    OutputFiles();
     ~OutputFiles(); // removes what was not committed
     OutputFiles(const OutputFiles&) = delete;
     OutputFiles& operator=(const OutputFiles&) = delete;
@@ -27,9 +27,7 @@ class OutputFiles {
     void commit();
 
   private:
-    struct Pending {
-        std::string temporary, target;
-    };
+    struct Pending; // the system's own
     std::vector<Pending> m_pending;
 };
 

@@ -100,7 +100,7 @@ until xprop -root _NET_CLIENT_LIST | grep -q 'window id'; do sleep 0.05; done
 
 "$app/korvel" --application-folder "$work/app" &>"$work/korvel.log" &
 programs+=($!)
-title="KORVEL 1.0.0"
+title=$("$app/korvel" --version) title=${title^^}
 until windows | grep -qF " $title"; do sleep 0.1; done
 await "$(windows | cut -d' ' -f2-)"
 picture main-form

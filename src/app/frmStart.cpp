@@ -3,6 +3,7 @@
 #include "app/DisplayLevel.h"
 #include "app/Settings.h"
 #include "app/StartUp.h"
+#include "basic/Product.h"
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
@@ -22,8 +23,8 @@ constexpr std::array<const char*, 10> runCaptions = {
     "&8   As 7 with aspects of no deterioration", "&9   As 8 assuming mid-class upstream quality standards",
 };
 
-const std::string productAndVersion = std::string("KORVEL ") + KORVEL_VERSION;
-const std::string designCaption = productAndVersion + " ... " + KORVEL_RELEASE_DATE;
+const std::string productAndVersion = std::string(productName) + " " + productVersion;
+const std::string designCaption = productAndVersion + " ... " + productReleaseDate;
 
 constexpr double titleFontSize = 30; // points
 

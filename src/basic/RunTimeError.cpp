@@ -1,6 +1,5 @@
 #include "basic/RunTimeError.h"
 
-#include <cerrno>
 #include <utility>
 
 namespace korvel {
@@ -11,6 +10,7 @@ const char* descriptionOf(int number) {
     switch (number) {
     case errors::invalidProcedureCall: return "Invalid procedure call or argument";
     case errors::overflow: return "Overflow";
+    case errors::outOfMemory: return "Out of memory";
     case errors::subscriptOutOfRange: return "Subscript out of range";
     case errors::typeMismatch: return "Type mismatch";
     case errors::badFileNameOrNumber: return "Bad file name or number";
@@ -28,27 +28,6 @@ const char* descriptionOf(int number) {
     }
 }
 
-int numberOfErrno(int errorCode) {
-    switch (errorCode) {
-    case ENOENT: return errors::fileNotFound;
-    case ENOTDIR:
-    case ELOOP: return errors::pathNotFound;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EBUSY:
-    case ETXTBSY: return errors::permissionDenied;
-    case ENAMETOOLONG:
-    case EINVAL:
-    case EILSEQ: return errors::badFileNameOrNumber;
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG: return errors::diskFull;
-    case EIO: return errors::deviceIoError;
-    default: return errors::pathFileAccessError;
-    }
-}
-
 } // namespace
 
 RunTimeError::RunTimeError(int failureNumber, std::string failureDescription)
@@ -58,10 +37,6 @@ RunTimeError::RunTimeError(int failureNumber) : RunTimeError(failureNumber, desc
 
 std::string RunTimeError::message() const {
     return "Run-time error '" + std::to_string(number) + "':\n\n" + description;
-}
-
-RunTimeError runTimeErrorOfErrno(int errorCode) {
-    return RunTimeError(numberOfErrno(errorCode));
 }
 
 } // namespace korvel

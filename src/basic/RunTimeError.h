@@ -24,6 +24,7 @@ struct RunTimeError : std::exception {
 namespace errors {
 inline constexpr int invalidProcedureCall = 5;
 inline constexpr int overflow = 6;
+inline constexpr int outOfMemory = 7;
 inline constexpr int subscriptOutOfRange = 9;
 inline constexpr int typeMismatch = 13;
 inline constexpr int badFileNameOrNumber = 52;

@@ -1,5 +1,6 @@
 #include "commands/Commands.h"
 
+#include "basic/Product.h"
 #include "basic/RunTimeError.h"
 #include "commands/CommandLine.h"
 #include "commands/CommandList.h"
@@ -32,7 +33,7 @@ int runOption(const std::string& option, std::ostream& out) {
     if (option == "--help" || option == "-h")
         printHelp(out);
     else if (option == "--version")
-        out << "korvel " << programVersion << '\n';
+        out << "korvel " << productVersion << '\n';
     else
         throw UsageError("unknown option '" + option + "'");
     return exitStatus::done;

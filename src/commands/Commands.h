@@ -11,8 +11,6 @@
 
 namespace korvel {
 
-inline constexpr const char* programVersion = "1.0.0";
-
 namespace exitStatus {
 inline constexpr int done = 0;
 inline constexpr int failed = 1; // refused or failed

@@ -10,7 +10,8 @@ namespace korvel {
 namespace {
 
 constexpr int longestSide = 16384; // pixels
-constexpr int mostSteps = 10000;   // far beyond any graph
+constexpr int mostPixels = 100'000'000;
+constexpr int mostSteps = 10000; // far beyond any graph
 
 std::pair<std::string, std::string> halves(const std::string& text, char between) {
     const std::size_t at = std::min(text.find(between), text.size());
@@ -28,6 +29,8 @@ void takeSize(const std::string& size, GraphCall& call) {
     const auto [width, height] = halves(size, 'x');
     call.width = lengthOf(width, size);
     call.height = lengthOf(height, size);
+    if (call.width > mostPixels / call.height)
+        throw UsageError("the size " + size + " is beyond 100 million pixels");
 }
 
 double zoomOf(const std::string& text) {

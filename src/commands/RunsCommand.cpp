@@ -1,5 +1,6 @@
 #include "basic/DiskNames.h"
 #include "basic/ModelName.h"
+#include "basic/Product.h"
 #include "basic/RunTimeError.h"
 #include "commands/CommandLine.h"
 #include "commands/CommandList.h"
@@ -186,7 +187,7 @@ class Runs {
 
 RunSetting settingOf(CommandCall& call, const PlanPlaces& places) {
     return runSetting(places, rulesOfSingleRuns(), hostPathOf(call.platform.machine.applicationFolder()),
-                      programVersion);
+                      productVersion);
 }
 
 // What a job on the cluster starts, by the script of a submission.

@@ -1,11 +1,12 @@
 #include "platform/DiskFiles.h"
 
+#include "basic/Descriptor.h"
 #include "basic/DiskNames.h"
 #include "basic/ModelName.h"
 #include "basic/RunTimeError.h"
+#include "basic/UnfinishedFile.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
@@ -17,24 +18,6 @@
 namespace korvel {
 
 namespace {
-
-class Descriptor {
-  public:
-    explicit Descriptor(int number = -1) : m_number(number) {}
-    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(m_number, other.m_number);
-        return *this;
-    }
-    ~Descriptor() {
-        if (m_number >= 0) ::close(m_number);
-    }
-    int number() const { return m_number; }
-    bool isOpen() const { return m_number >= 0; }
-
-  private:
-    int m_number;
-};
 
 [[noreturn]] void fail(int number) {
     throw RunTimeError(number);
@@ -128,17 +111,10 @@ void refuseIfUnwritable(const Target& target) {
         fail(errors::permissionDenied);
 }
 
-mode_t usersMask() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return mask;
-}
-
 class DiskNewFile : public NewFile {
   public:
-    explicit DiskNewFile(Target target) : m_target(std::move(target)) { createBeside(); }
-    ~DiskNewFile() override {
-        if (m_file.isOpen()) ::unlink(m_path.c_str());
+    explicit DiskNewFile(const Target& target) : m_file(target.path) {
+        if (!m_file.isOpen()) failToCreate(target);
     }
     void write(std::string_view bytes) override {
         m_pending.append(bytes);
@@ -146,52 +122,23 @@ class DiskNewFile : public NewFile {
     }
     void commit() override {
         flush();
-        takeOverOwnerAndMode();
-        if (untilNotInterrupted([&] { return fsync(m_file.number()); }) != 0) failWithErrno();
-        if (std::rename(m_path.c_str(), m_target.path.c_str()) != 0) failWithErrno();
-        m_file = Descriptor();
-        const Descriptor folder(
-            ::open(hostFolderOf(m_target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        if (folder.isOpen()) fsync(folder.number()); // so that the new name outlasts a power cut
+        if (!m_file.finish() || !m_file.takeName()) failWithErrno();
     }
 
   private:
     static constexpr std::size_t bufferSize = std::size_t{256} * 1024;
 
-    // Private, under a name that nobody can foresee, until it is whole.
-    void createBeside() {
-        m_path = m_target.path.substr(0, m_target.path.rfind('/') + 1) + ".korvel-XXXXXX";
-        m_file = Descriptor(::mkostemp(m_path.data(), O_CLOEXEC));
-        if (!m_file.isOpen()) failToCreate();
-    }
-    void takeOverOwnerAndMode() const {
-        mode_t mode = 0666 & ~usersMask();
-        if (m_target.status) {
-            mode = m_target.status->st_mode & 07777;
-            // Root keeps the old file's owner; for anybody else the file becomes their own.
-            if (fchown(m_file.number(), m_target.status->st_uid, m_target.status->st_gid) != 0) errno = 0;
-        }
-        if (fchmod(m_file.number(), mode) != 0) failWithErrno();
-    }
-    [[noreturn]] void failToCreate() const {
+    [[noreturn]] static void failToCreate(const Target& target) {
         const bool closedFolder = errno == EACCES || errno == EPERM || errno == EROFS;
-        if (closedFolder) fail(m_target.status ? errors::permissionDenied : errors::pathFileAccessError);
-        failOn(m_path);
+        if (closedFolder) fail(target.status ? errors::permissionDenied : errors::pathFileAccessError);
+        failOn(target.path);
     }
     void flush() {
-        std::string_view rest = m_pending;
-        while (!rest.empty()) {
-            const auto count =
-                untilNotInterrupted([&] { return ::write(m_file.number(), rest.data(), rest.size()); });
-            if (count < 0) failWithErrno();
-            rest.remove_prefix(static_cast<std::size_t>(count));
-        }
+        if (!m_file.write(m_pending)) failWithErrno();
         m_pending.clear();
     }
 
-    Target m_target;
-    std::string m_path; // of the file beside
-    Descriptor m_file;
+    UnfinishedFile m_file;
     std::string m_pending;
 };
 
@@ -214,9 +161,9 @@ std::unique_ptr<ByteSource> DiskFiles::open(const std::string& name) {
 }
 
 std::unique_ptr<NewFile> DiskFiles::create(const std::string& name) {
-    Target target = targetAt(hostPathOrFail(name));
+    const Target target = targetAt(hostPathOrFail(name));
     refuseIfUnwritable(target);
-    return std::make_unique<DiskNewFile>(std::move(target));
+    return std::make_unique<DiskNewFile>(target);
 }
 
 bool DiskFiles::exists(const std::string& name) {

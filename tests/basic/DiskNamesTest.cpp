@@ -135,6 +135,20 @@ TEST(DiskNames, RefusesANewNameThatWouldFindAnOldFile) {
     EXPECT_EQ(whyNotAModelName(folder.path("test.dat"), NameUse::inUpperCase), twinRefusal);
 }
 
+TEST(DiskNames, RefusesDataFilesWhoseBlanksAreLost) {
+    const TemporaryFolder folder;
+    for (const char* name : {"A.DAT ", " A.DAT", "A .DAT"}) {
+        folder.put(name);
+        EXPECT_EQ(
+            whyNotAModelName(folder.path(name), NameUse::inUpperCase),
+            "The name begins or ends with a blank, so that the model would not find the file. Rename it.");
+        EXPECT_EQ(whyNotAModelName(folder.path(name), NameUse::asChosen), std::nullopt);
+    }
+    folder.put("A B.DAT");
+    EXPECT_EQ(whyNotAModelName(folder.path("A B.DAT"), NameUse::inUpperCase), std::nullopt);
+    EXPECT_EQ(whyNotAModelName(folder.path("NEW.DAT "), NameUse::inUpperCase), std::nullopt);
+}
+
 TEST(DiskNames, FindsEveryAcceptedNameAgain) {
     const TemporaryFolder folder;
     const std::string names[] = {"a.dat", "A.dat", "b.DAT", "c/d.dat", "C/d.dat", "c/D.dat", "e/f.dat"};

@@ -172,4 +172,19 @@ TEST_F(GraphCommand, ShowsWhatTheFormWouldShow) {
     EXPECT_EQ(errors, "[exclamation] Missing data: You must select one or more reaches.\n");
 }
 
+TEST_F(GraphCommand, LeavesControlCharactersOutOfPictures) {
+    EXPECT_EQ(run({"--title", "A\x1B[2J\x01 title"}), exitStatus::done) << errors;
+    EXPECT_TRUE(shows("A[2J title"));
+    EXPECT_FALSE(shows("\x1B") || shows("\x01"));
+}
+
+TEST_F(GraphCommand, RefusesPicturesBeyondAllMeasure) {
+    for (const char* size : {"16384x16384", "10001x10000"}) {
+        EXPECT_EQ(run({"--size", size}), exitStatus::wrongUsage);
+        EXPECT_EQ(errors, std::string("korvel graph: the size ") + size +
+                              " is beyond 100 million pixels (read 'korvel graph --help')\n");
+    }
+    EXPECT_EQ(run({"--size", "16384x6000"}), exitStatus::done) << errors;
+}
+
 } // namespace korvel

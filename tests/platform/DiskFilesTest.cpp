@@ -1,5 +1,6 @@
 #include "platform/DiskFiles.h"
 
+#include "basic/Descriptor.h"
 #include "basic/RunTimeError.h"
 #include "platform/TemporaryFolder.h"
 
@@ -8,7 +9,7 @@
 #include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
-#include <set>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -224,27 +225,37 @@ TEST_F(DiskFilesTest, ShowsTheOldFileUntilTheCommit) {
     const auto file = files.create(folder.model("a"));
     file->write(std::string(1'000'000, 'x'));
     EXPECT_EQ(folder.textOf("a"), "old");
-    EXPECT_EQ(folder.entries(), 2);
+    EXPECT_EQ(folder.entries(), 1) << "it has no name yet";
     file->commit();
     EXPECT_EQ(folder.textOf("a").size(), 1'000'000U);
     EXPECT_EQ(folder.entries(), 1);
 }
 
-TEST_F(DiskFilesTest, KeepsAnUnfinishedFilePrivateAndItsNameUnforeseeable) {
+TEST_F(DiskFilesTest, LeavesNothingBehindWhenItIsKilled) {
     folder.put("a", "old");
-    chmod(folder.path("a").c_str(), 0666);
-    std::set<std::string> names;
-    for (int round = 0; round < 10; ++round) {
-        const auto file = files.create(folder.model("a"));
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            const std::string name = entry.path().filename().string();
-            if (name == "a") continue;
-            EXPECT_EQ(modeOf(entry.path()), 0600U);
-            EXPECT_FALSE(name.find(std::to_string(getpid())) != std::string::npos) << name;
-            names.insert(name);
-        }
-    }
-    EXPECT_EQ(names.size(), 10U);
+    errorApart([] {},
+               [&] {
+                   const auto file = files.create(folder.model("a"));
+                   file->write(std::string(1'000'000, 'x'));
+                   std::raise(SIGKILL);
+               });
+    EXPECT_EQ(folder.textOf("a"), "old");
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, ClearsAwayWhatOthersLeftUnfinished) {
+    folder.put(".korvel-x1y2z3", "left");
+    folder.put(".korvel-longer-name", "another's");
+    folder.put(".korvel-inhand", "being written");
+    folder.makeFolder(".korvel-folder");
+    const Descriptor writer(::open(folder.path(".korvel-inhand").c_str(), O_WRONLY));
+    ASSERT_EQ(flock(writer.number(), LOCK_EX), 0);
+    write("a", "new");
+    EXPECT_FALSE(std::filesystem::exists(folder.path(".korvel-x1y2z3")));
+    EXPECT_EQ(folder.textOf(".korvel-longer-name"), "another's");
+    EXPECT_EQ(folder.textOf(".korvel-inhand"), "being written");
+    EXPECT_TRUE(std::filesystem::exists(folder.path(".korvel-folder")));
+    EXPECT_EQ(folder.textOf("a"), "new");
 }
 
 TEST_F(DiskFilesTest, LeavesNothingBehindWithoutACommit) {

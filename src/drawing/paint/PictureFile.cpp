@@ -1,5 +1,7 @@
 #include "drawing/paint/PictureFile.h"
 
+#include "basic/Product.h"
+#include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/Twips.h"
@@ -23,8 +25,17 @@ QSize logicalSize(const Drawing& drawing) {
 std::string imageBytes(const QImage& image, const char* format) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
+    if (!image.save(&buffer, format)) throw RunTimeError(errors::outOfMemory);
     return buffer.data().toStdString();
+}
+
+// Control characters in a text are no XML, and no letters either.
+std::string withoutControls(std::string xml) {
+    std::erase_if(xml, [](char c) {
+        const bool isSpace = c == '\t' || c == '\n' || c == '\r';
+        return static_cast<unsigned char>(c) < 0x20 && !isSpace;
+    });
+    return xml;
 }
 
 std::string svgBytes(const Drawing& drawing) {
@@ -39,7 +50,7 @@ std::string svgBytes(const Drawing& drawing) {
     painter.fillRect(generator.viewBox(), Qt::white);
     paintOnScreen(drawing, painter);
     painter.end();
-    return buffer.data().toStdString();
+    return withoutControls(buffer.data().toStdString());
 }
 
 } // namespace
@@ -54,6 +65,7 @@ std::optional<PictureFormat> pictureFormatOf(const std::string& fileName) {
 
 QImage pictureOf(const Drawing& drawing, double pixelRatio) {
     QImage image(logicalSize(drawing) * pixelRatio, QImage::Format_RGB32);
+    if (image.isNull()) throw RunTimeError(errors::outOfMemory);
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::white);
     QPainter painter(&image);
@@ -79,7 +91,7 @@ std::string pdfBytes(const Drawing& drawing) {
     writer.setPageMargins({});
     writer.setPageSize(QPageSize(inches, QPageSize::Inch, {}, QPageSize::ExactMatch));
     writer.setTitle("KORVEL graph");
-    writer.setCreator("KORVEL");
+    writer.setCreator(productName);
     QPainter painter(&writer);
     paintOnScreen(drawing, painter);
     painter.end();

@@ -15,7 +15,8 @@ enum class PictureFormat { png, bmp, svg };
 // By the name's extension, in any case.
 std::optional<PictureFormat> pictureFormatOf(const std::string& fileName);
 
-// White where nothing is drawn. `pixelRatio`: device pixels to a logical pixel.
+// White where nothing is drawn. `pixelRatio`: device pixels to a logical pixel. Error 7 where memory is
+// short, here and below.
 QImage pictureOf(const Drawing& drawing, double pixelRatio);
 
 std::string pictureBytes(const Drawing& drawing, PictureFormat format, double pixelRatio = 1);

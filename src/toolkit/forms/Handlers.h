@@ -22,7 +22,7 @@ class Handlers {
         } catch (const RunTimeError& error) {
             m_windows.failProgram(error);
         } catch (const std::bad_alloc&) {
-            m_windows.failProgram(RunTimeError(7, "Out of memory"));
+            m_windows.failProgram(RunTimeError(errors::outOfMemory));
         } catch (const std::exception& error) {
             m_windows.failProgram(RunTimeError(51, std::string("Internal error: ") + error.what()));
         }

@@ -1,5 +1,6 @@
 #include "toolkit/paper/PdfJob.h"
 
+#include "basic/Product.h"
 #include "basic/RunTimeError.h"
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/Shown.h"
@@ -20,7 +21,7 @@ void prepare(QPdfWriter& writer, const PdfJobSettings& settings) {
     writer.setPageLayout(
         {QPageSize(QPageSize::A4), landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()});
     writer.setTitle(shown(settings.title));
-    writer.setCreator("KORVEL");
+    writer.setCreator(productName);
 }
 
 // The largest place of a drawing's proportions in the middle of an area.
