@@ -50,6 +50,12 @@ std::string firstTwin(const std::string& folder, const std::string& component) {
     return found.empty() ? component : found;
 }
 
+// Of a data file: blanks around its name and before its extension are lost on the way to the engine.
+bool losesBlanks(const std::string& file) {
+    const std::string base = file.substr(0, file.rfind('.'));
+    return trim(file) != file || trim(base) != base;
+}
+
 bool isOnZ(std::string_view name) {
     return name.size() >= 2 && (name[0] == 'Z' || name[0] == 'z') && name[1] == ':' &&
            (name.size() == 2 || name[2] == '\\');
@@ -75,6 +81,8 @@ std::optional<std::string> whyNotFoundAgain(std::string_view hostPath, NameUse u
         }
         folder = pathIn(folder, component);
     }
+    if (use == NameUse::inUpperCase && losesBlanks(folder.substr(folder.rfind('/') + 1)))
+        return "The name begins or ends with a blank, so that the model would not find the file. Rename it.";
     return std::nullopt;
 }
 

@@ -1,11 +1,13 @@
 #include "runs/BatchRun.h"
 
 #include "basic/ModelName.h"
+#include "basic/NaturalOrder.h"
 #include "basic/Text.h"
 #include "global/GLOBAL.h"
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 namespace korvel {
@@ -28,11 +30,31 @@ bool isListedInBatch(std::string_view fileName) {
     return hasModelName && contains(upperCase(fileName), ".DAT");
 }
 
-std::vector<std::string> batchList(const std::vector<std::string>& fileNames) {
-    std::vector<std::string> listed;
-    for (const std::string& name : fileNames)
-        if (isListedInBatch(name)) listed.push_back(upperCase(name));
-    return listed;
+BatchList batchList(const std::vector<std::string>& fileNames) {
+    std::vector<std::string> spelt;
+    std::ranges::copy_if(fileNames, std::back_inserter(spelt), isListedInBatch);
+    std::ranges::sort(spelt); // of twins the one in upper case, else the first in byte order is found
+    BatchList list;
+    for (const std::string& name : spelt) {
+        const std::string raised = upperCase(name);
+        const bool isListed = std::ranges::find(list.names, raised) != list.names.end();
+        if (isListed)
+            list.leftOut.push_back(name);
+        else
+            list.names.push_back(raised);
+    }
+    std::ranges::sort(list.names, comesBefore);
+    return list;
+}
+
+std::string batchListNote(const BatchState& state, const std::string& currentFolder) {
+    if (state.folder.empty()) return "";
+    std::string note = "Files of " + state.folder;
+    if (currentFolder != state.folder)
+        note += "\nThe folder was changed to " + currentFolder + " since: the files are taken from there.";
+    for (std::size_t k = 0; k < state.leftOut.size(); ++k)
+        note += (k == 0 ? "\nNot listed, as another name differs in case only: " : ", ") + state.leftOut[k];
+    return note;
 }
 
 void removeSelected(std::vector<std::string>& names, std::vector<bool>& selected) {
@@ -104,6 +126,8 @@ void BatchRun::leaveList() {
 void BatchRun::SelectDataFiles() {
     m_state.names.clear();
     m_state.selected.clear();
+    m_state.folder.clear();
+    m_state.leftOut.clear();
     cdFileName.initialFolder = GLOBAL.LastFolder;
     cdFileName.filter = "Korvel input data (*.dat)|*.dat";
     cdFileName.title = "Select ONE data file for inclusion in Batch Run";
@@ -124,7 +148,10 @@ void BatchRun::takeCurrentFolder() {
 }
 
 void BatchRun::ShowFileList(const std::string& folder) {
-    m_state.names = batchList(m_platform.files.filesIn(folder));
+    BatchList list = batchList(m_platform.files.filesIn(folder));
+    m_state.names = std::move(list.names);
+    m_state.leftOut = std::move(list.leftOut);
+    m_state.folder = folder;
     m_state.selected.assign(m_state.names.size(), false);
     m_state.listVisible = true;
     m_showState();
@@ -138,10 +165,12 @@ void BatchRun::CarryOutBatchRun() {
     if (m_platform.files.exists(policyData)) m_platform.files.remove(policyData);
     if (m_state.option) GLOBAL.RunType = batchRunType(*m_state.option);
     assembleFiles();
+    StartTurn turn = m_platform.machine.takeStartTurn();
     writeRunControlFile();
     m_state.assembling = false;
     // Kept so: a blank stands behind the engine's name.
-    m_platform.machine.startEngine(inFolder(m_platform.machine.applicationFolder(), EngineFileName) + " ");
+    m_platform.machine.startEngine(inFolder(m_platform.machine.applicationFolder(), EngineFileName) + " ",
+                                   shownRun(), std::move(turn));
     m_state.completed = true;
 }
 
@@ -164,6 +193,13 @@ void BatchRun::CreateBatchFile(int index) {
     GLOBAL.DataFileName = GLOBAL.DataFolder + "\\" + name;
     GLOBAL.DataFileBase = withoutLast(name, extensionLength);
     m_runs.push_back({GLOBAL.DataFolder, GLOBAL.DataFileBase, GLOBAL.RunType});
+}
+
+EngineRun BatchRun::shownRun() const {
+    EngineRun shown{GLOBAL.RunType, {}};
+    for (const ControlledRun& run : m_runs)
+        shown.dataFiles.push_back(dataFileOf(run));
+    return shown;
 }
 
 void BatchRun::writeRunControlFile() {

@@ -16,9 +16,11 @@ enum class BatchStep { selectFiles, run };
 struct BatchState {
     BatchStep step = BatchStep::selectFiles;
     std::string title;
-    std::optional<int> option;      // of the run types, 0 to 5
-    std::vector<std::string> names; // of the listed files, upper case
-    std::vector<bool> selected;     // by place in the list
+    std::optional<int> option;        // of the run types, 0 to 5
+    std::vector<std::string> names;   // of the listed files, upper case
+    std::vector<bool> selected;       // by place in the list
+    std::string folder;               // of the listed files
+    std::vector<std::string> leftOut; // its data files that are not listed, as they are spelt
     bool listVisible = false;
     bool listEnabled = false;
     bool removalHintVisible = false;
@@ -34,7 +36,17 @@ int batchRunType(int option);
 // Kept so: ".DAT" anywhere in the name, so that A.DAT.BAK is listed too. A name that no line of the
 // run-control file can hold, or that would name a file elsewhere there, is not.
 bool isListedInBatch(std::string_view fileName);
-std::vector<std::string> batchList(const std::vector<std::string>& fileNames);
+
+struct BatchList {
+    std::vector<std::string> names; // upper case, FILE2 before FILE10
+    // Twins of a listed file that differ from it in case only, and that its upper case name does not lead to.
+    std::vector<std::string> leftOut;
+};
+BatchList batchList(const std::vector<std::string>& fileNames);
+
+// What the form says of its list: the folder, whether another form has moved the current one since, and what
+// was left out. "" before there is a list.
+std::string batchListNote(const BatchState& state, const std::string& currentFolder);
 
 // Takes the selected names out, walking from the first item and staying on an index after a removal.
 void removeSelected(std::vector<std::string>& names, std::vector<bool>& selected);
@@ -77,6 +89,7 @@ class BatchRun {
   private:
     void assembleFiles();
     void writeRunControlFile();
+    EngineRun shownRun() const;
 
     Platform& m_platform;
     std::function<void()> m_showState;

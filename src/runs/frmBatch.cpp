@@ -156,6 +156,13 @@ void frmBatch::refresh() {
     Progress.setValue(static_cast<int>(state.progress * Progress.maximum()));
     refreshList();
     lblNextStep.setText(shown(nextStep()));
+    lblList.setText(shown(batchListNote(state, GLOBAL.DataFolder)));
+}
+
+// Another form may have moved the current folder meanwhile.
+bool frmBatch::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) handlers().run([this] { refresh(); });
+    return Form::event(event);
 }
 
 void frmBatch::refreshList() {
@@ -177,9 +184,9 @@ std::string frmBatch::nextStep() const {
     if (count == 0) return "No data file is listed, so that there is nothing to run.";
     if (count > MaxBatchFiles) return "At most 300 files can be run in one batch. Remove some.";
     const std::string files = count == 1 ? "1 file" : std::to_string(count) + " files";
-    return (state.option ? "Next: click 'Step 2' to run "
-                         : "Next: choose a run type, then 'Step 2' to run ") +
-           files + ".";
+    if (state.option) return "Next: click 'Step 2' to run " + files + ".";
+    return "Next: choose a run type, then 'Step 2' to run " + files + ". Without a choice it is run type " +
+           std::to_string(GLOBAL.RunType) + ".";
 }
 
 } // namespace korvel

@@ -14,6 +14,7 @@ class frmBatch : public Form {
 
   protected:
     bool onClose() override;
+    bool event(QEvent* event) override;
 
   private:
     void connectList();
@@ -37,8 +38,10 @@ class frmBatch : public Form {
     QLineEdit& txtBatch = textBox("txtBatch", "Title of run:", at(1290, 1710, 3720, 315));
     ControlArray<QRadioButton> optRun = options();
     ControlArray<QLabel> lblBatch = labels();
-    QLabel& lblNextStep = label("lblNextStep", "", at(150, 4440, 4860, 780),
+    QLabel& lblNextStep = label("lblNextStep", "", at(150, 4440, 4860, 600),
                                 {.bold = true, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
+    QLabel& lblList = label("lblList", "", at(150, 5080, 5250, 600),
+                            {.fontSize = 8, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
     QFrame& frameProgress = frame("frameProgress", at(2100, 2100, 4800, 1080));
     QLabel& lblProgress = label("lblProgress", "Wait ... assembling files ...", at(240, 150, 4320, 300),
                                 {.fontSize = 10, .in = &frameProgress});

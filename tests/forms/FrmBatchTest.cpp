@@ -225,4 +225,31 @@ TEST_F(FrmBatch, NamesItsControlsForThoseWhoCannotSeeThem) {
     EXPECT_EQ(control<QLabel>(form, "lblBatch_1").buddy(), &list());
 }
 
+TEST_F(FrmBatch, SaysWhichFolderIsListedAlsoAfterAnotherFormHasMovedOn) {
+    EXPECT_EQ(control<QLabel>(form, "lblList").text(), "");
+    listFiles({"a.dat"});
+    const std::string listed = "Files of " + world.folder() + "\\";
+    EXPECT_EQ(control<QLabel>(form, "lblList").text().toStdString(), listed);
+    GLOBAL.DataFolder = "Z:\\OTHER\\";
+    QEvent activated(QEvent::WindowActivate);
+    QApplication::sendEvent(&form, &activated);
+    EXPECT_EQ(control<QLabel>(form, "lblList").text().toStdString(),
+              listed + "\nThe folder was changed to Z:\\OTHER\\ since: the files are taken from there.");
+}
+
+TEST_F(FrmBatch, SaysWhichTypeStandsForNoChoice) {
+    GLOBAL.RunType = 7;
+    listFiles({"a.dat"});
+    EXPECT_EQ(control<QLabel>(form, "lblNextStep").text(),
+              "Next: choose a run type, then 'Step 2' to run 1 file. Without a choice it is run type 7.");
+}
+
+TEST_F(FrmBatch, KeepsThePastedTitleInOneLine) {
+    listFiles({"a.dat"});
+    control<QLineEdit>(form, "txtBatch").insert("Two\r\nlines\tand\na tab\u2028");
+    EXPECT_EQ(control<QLineEdit>(form, "txtBatch").text(), "Two lines and a tab ");
+    press(step());
+    EXPECT_TRUE(world.fileText("RUNDAT.TMP").starts_with("Two lines and a tab\r\n"));
+}
+
 } // namespace korvel

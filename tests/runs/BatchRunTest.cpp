@@ -1,5 +1,7 @@
 #include "runs/BatchRun.h"
 
+#include "basic/NaturalOrder.h"
+
 #include "fakes/FakePlatform.h"
 #include "global/GLOBAL.h"
 
@@ -61,13 +63,41 @@ TEST(BatchRunRules, TurnOptionsIntoRunTypes) {
 }
 
 TEST(BatchRunRules, ListNamesWithTheExtensionAnywhereInThemInUpperCase) {
-    EXPECT_EQ(batchList({"TEST1.DAT", "test2.dat", "A.DAT.BAK", "x.data", "a.sgr", "DAT", "b.da", ".dat"}),
-              (std::vector<std::string>{"TEST1.DAT", "TEST2.DAT", "A.DAT.BAK", "X.DATA", ".DAT"}));
-    EXPECT_TRUE(batchList({}).empty());
+    EXPECT_EQ(
+        batchList({"TEST1.DAT", "test2.dat", "A.DAT.BAK", "x.data", "a.sgr", "DAT", "b.da", ".dat"}).names,
+        (std::vector<std::string>{".DAT", "A.DAT.BAK", "TEST1.DAT", "TEST2.DAT", "X.DATA"}));
+    EXPECT_TRUE(batchList({}).names.empty());
+}
+
+TEST(BatchRunRules, ListNamesAsPeopleCount) {
+    std::vector<std::string> names = {"G.DAT",     "FILE10A10.DAT", "FILE02.DAT", "FILE10.DAT",
+                                      "FILE2.DAT", "FILE10A2.DAT",  "FILE1.DAT",  "FILE.DAT"};
+    std::ranges::sort(names, comesBefore);
+    EXPECT_EQ(names, (std::vector<std::string>{"FILE.DAT", "FILE1.DAT", "FILE02.DAT", "FILE2.DAT",
+                                               "FILE10.DAT", "FILE10A2.DAT", "FILE10A10.DAT", "G.DAT"}));
+    EXPECT_EQ(batchList({"file10.dat", "FILE2.DAT", "file1.dat"}).names,
+              (std::vector<std::string>{"FILE1.DAT", "FILE2.DAT", "FILE10.DAT"}));
+}
+
+TEST(BatchRunRules, ListOneOfTwinsThatDifferInCaseOnly) {
+    const BatchList list = batchList({"b.dat", "a.dat", "A.DAT", "A.dat"});
+    EXPECT_EQ(list.names, (std::vector<std::string>{"A.DAT", "B.DAT"}));
+    EXPECT_EQ(list.leftOut, (std::vector<std::string>{"A.dat", "a.dat"}));
+}
+
+TEST(BatchRunRules, SayWhichFolderIsListedAndWhatIsNot) {
+    BatchState state;
+    EXPECT_EQ(batchListNote(state, "Z:\\OTHER\\"), "");
+    state.folder = "Z:\\DATA\\";
+    EXPECT_EQ(batchListNote(state, "Z:\\DATA\\"), "Files of Z:\\DATA\\");
+    state.leftOut = {"A.dat", "a.dat"};
+    EXPECT_EQ(batchListNote(state, "Z:\\OTHER\\"),
+              "Files of Z:\\DATA\\\nThe folder was changed to Z:\\OTHER\\ since: the files are taken from "
+              "there.\nNot listed, as another name differs in case only: A.dat, a.dat");
 }
 
 TEST(BatchRunRules, ListNoNameThatWouldNameOtherFilesInTheRunControlFile) {
-    EXPECT_EQ(batchList({"a.dat\r\nZ:\\OTHER\\", "..\\b.dat", "c\nd.dat", "e.dat"}),
+    EXPECT_EQ(batchList({"a.dat\r\nZ:\\OTHER\\", "..\\b.dat", "c\nd.dat", "e.dat"}).names,
               std::vector<std::string>{"E.DAT"});
 }
 
@@ -117,8 +147,8 @@ TEST_F(BatchRunTest, StepOneListsTheFolderOfTheChosenFile) {
     world.putFile(folder + "\\sub.dat\\inner.dat", "");
     GLOBAL.LastFolder = "Z:\\earlier";
     chooseIn(folder);
-    std::sort(state().names.begin(), state().names.end());
     EXPECT_EQ(state().names, (std::vector<std::string>{"A.DAT", "A.DAT.BAK"}));
+    EXPECT_EQ(state().folder, folder + "\\");
     EXPECT_EQ(world.takeTranscript(),
               "open dialog \"Select ONE data file for inclusion in Batch Run\" filter \"Korvel input data "
               "(*.dat)|*.dat\" folder \"Z:\\earlier\" overwritePrompt no -> {app}\\rivers\\ANY.DAT\n"
@@ -163,7 +193,7 @@ TEST_F(BatchRunTest, ARootFolderIsFollowedByTwoBackslashes) {
 TEST_F(BatchRunTest, WritesTheTitleAndThreeLinesAFile) {
     world.putEngine();
     GLOBAL.DataFolder = "C:\\DATA\\";
-    state().names = batchList({"TEST1.DAT", "TEST2.dat"});
+    state().names = batchList({"TEST1.DAT", "TEST2.dat"}).names;
     state().step = BatchStep::run;
     state().title = " Two schemes ";
     batch.chooseOption(3);

@@ -2,6 +2,7 @@
 
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
+#include "toolkit/forms/OneLine.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -116,7 +117,9 @@ QRadioButton& Form::optionButton(const std::string& name, const std::string& cap
 }
 
 QLineEdit& Form::textBox(const std::string& name, const std::string& accessibleName, Place place, Look look) {
-    return added(new QLineEdit(parentFor(look)), name, "TextBox", accessibleName, place, look);
+    auto* control = new QLineEdit(parentFor(look));
+    control->setValidator(new OneLine(control));
+    return added(control, name, "TextBox", accessibleName, place, look);
 }
 
 QListWidget& Form::listBox(const char* name, const std::string& accessibleName, Place place, Look look) {
