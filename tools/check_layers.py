@@ -33,6 +33,7 @@ MAY_INCLUDE = {
     "toolkit": {"toolkit", "drawing/paint", "drawing", "platform", "basic"},
     "commands": {"commands", "toolkit", "drawing/paint"} | CORES | STUDY_CORES | GROUND,
     "engine": {"engine", "basic"},
+    "engine/windows": {"engine/windows", "engine", "basic"},
 }
 # The main form's menus open data files and start runs; both belong to the runs. Of the results only the procedure that
 # the given forms call knows the shared state.

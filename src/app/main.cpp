@@ -4,7 +4,9 @@
 #include "basic/ModelName.h"
 #include "commands/CommandLine.h"
 #include "commands/Commands.h"
+#include "commands/TerminalText.h"
 #include "drawing/paint/QtTextMetrics.h"
+#include "drawing/paint/Twips.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/DiskFiles.h"
 #include "runs/frmEngine.h"
@@ -14,23 +16,29 @@
 #include "toolkit/desktop/StartQt.h"
 #include "toolkit/paper/PdfPaper.h"
 #include "toolkit/paper/PrinterChoice.h"
+#include "toolkit/process/EndSignals.h"
+#include "toolkit/process/EngineWindowCall.h"
 
 #include <QApplication>
 
 #include <csignal>
 #include <cstdlib>
+#include <exception>
+#include <functional>
 #include <iostream>
 #include <string_view>
-
 #include <unistd.h>
 
 namespace korvel {
 
 namespace {
 
+constexpr int endedBySignal = 128;    // exit status, and the signal's number
+constexpr double shareOfScreen = 0.8; // of a window that is not maximised any more
+
 // The doors to the outside world, as the running program has them.
 struct Doors {
-    explicit Doors(const std::string& folder) : machine(folder) {}
+    explicit Doors(const std::function<std::string()>& findFolder) : machine(findFolder) {}
 
     PrinterChoice printer;
     QtDialogs dialogs{printer};
@@ -65,9 +73,20 @@ int showMainForm(Doors& doors, const std::vector<std::string>& arguments) {
     return QApplication::exec();
 }
 
-int showEngineWindow(Doors& doors) {
-    frmEngine window(doors.platform);
+// A size of its own first: without one a later change of the layout gives it a size, and takes it from
+// maximised.
+void showMaximized(frmEngine& window, Machine& machine) {
+    const WorkArea area = machine.workArea();
+    window.resize(pixels(area.width * shareOfScreen), pixels(area.height * shareOfScreen));
     window.showMaximized();
+}
+
+// Asked to end by the system, the window ends with its engine.
+int showEngineWindow(Doors& doors, const std::vector<std::string>& arguments) {
+    EngineWindowCall call = takeEngineWindowCall(arguments);
+    frmEngine window(doors.platform, std::move(call.run), std::move(call.turn));
+    const EndSignals endSignals([](int signal) { QApplication::exit(endedBySignal + signal); });
+    showMaximized(window, doors.machine);
     doors.windows.showModeless(window);
     return QApplication::exec();
 }
@@ -88,30 +107,37 @@ ConsoleTraits consoleTraits() {
 }
 
 // Commands are quick and need no windows: an application object is made only by those that draw.
-int runForConsole(const std::vector<std::string>& arguments, const std::string& folder) {
-    Doors doors(folder);
+int runForConsole(const std::vector<std::string>& arguments, const std::function<std::string()>& findFolder) {
+    const OwnControls own =
+        paintsOnTerminal(arguments.front()) ? OwnControls::coloursAndProgress : OwnControls::none;
+    const OnTerminal out(std::cout, STDOUT_FILENO, own), errors(std::cerr, STDERR_FILENO, own);
+    Doors doors(findFolder);
     CommandPaper paper(doors.files);
     Platform platform{doors.dialogs, doors.files, doors.machine, doors.windows, paper, doors.metrics};
     return runCommand(arguments, platform, std::cout, std::cerr, consoleTraits());
 }
 
-int runWindows(int argc, char** argv, const std::vector<std::string>& arguments, const std::string& folder) {
+int runWindows(int argc, char** argv, const std::vector<std::string>& arguments,
+               const std::function<std::string()>& findFolder) {
     settleBeforeQt();
     QApplication application(argc, argv);
     settleLook();
-    Doors doors(folder);
-    if (!arguments.empty() && arguments.front() == "--engine-window") return showEngineWindow(doors);
+    Doors doors(findFolder);
+    if (isEngineWindowCall(arguments)) return showEngineWindow(doors, arguments);
     return showMainForm(doors, arguments);
 }
 
 int runProgram(int argc, char** argv) {
     const ProgramArguments arguments = takeProgramOptions({argv + 1, argv + argc});
-    const ApplicationFolderSources sources = applicationFolderSources(arguments.applicationFolder);
-    const std::string folder = applicationFolder(sources);
-    fillApplicationFolder(folder, sources);
-    const bool engineWindow = !arguments.rest.empty() && arguments.rest.front() == "--engine-window";
-    if (!engineWindow && isForCommands(arguments.rest)) return runForConsole(arguments.rest, folder);
-    return runWindows(argc, argv, arguments.rest, folder);
+    const auto findFolder = [&arguments] {
+        const ApplicationFolderSources sources = applicationFolderSources(arguments.applicationFolder);
+        const std::string folder = applicationFolder(sources);
+        fillApplicationFolder(folder, sources);
+        return folder;
+    };
+    if (!isEngineWindowCall(arguments.rest) && isForCommands(arguments.rest))
+        return runForConsole(arguments.rest, findFolder);
+    return runWindows(argc, argv, arguments.rest, findFolder);
 }
 
 } // namespace
@@ -127,5 +153,8 @@ int main(int argc, char** argv) {
     } catch (const UsageError& error) {
         std::cerr << "korvel: " << error.what() << " See korvel --help.\n";
         return exitStatus::wrongUsage;
+    } catch (const std::exception& failure) {
+        std::cerr << "korvel: " << failure.what() << '\n';
+        return exitStatus::failed;
     }
 }

@@ -83,6 +83,11 @@ bool isForCommands(const std::vector<std::string>& arguments) {
     return !arguments.empty() && (commandOf(arguments[0]) != nullptr || arguments[0].starts_with('-'));
 }
 
+bool paintsOnTerminal(const std::string& command) {
+    const auto plain = {"info", "csv", "report", "graph", "listing", "run", "batch", "help-page"};
+    return std::ranges::find(plain, command) == plain.end();
+}
+
 int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,
                std::ostream& errors, const ConsoleTraits& traits) {
     std::string caller = "korvel";

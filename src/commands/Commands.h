@@ -54,6 +54,9 @@ ProgramArguments takeProgramOptions(const std::vector<std::string>& arguments);
 // name or with an option. Otherwise they are for the windows.
 bool isForCommands(const std::vector<std::string>& arguments);
 
+// Whether a command of this name colours its output or shows its progress on one line.
+bool paintsOnTerminal(const std::string& command);
+
 // Runs the command that the arguments begin with and returns the exit status. The platform's own dialogs are
 // not used. A failure that nothing trapped is reported like a message.
 int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,

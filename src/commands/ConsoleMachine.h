@@ -16,12 +16,16 @@ class ConsoleMachine : public Machine {
     std::string applicationFolder() override { return m_machine.applicationFolder(); }
     WorkArea workArea() override { return m_machine.workArea(); }
     Date today() override { return m_machine.today(); }
-    void startEngine(const std::string& program) override;
-    void startEngineAlone(const std::string& program) override { m_machine.startEngineAlone(program); }
-    int runEngine(const std::string& program,
-                  const std::function<void(std::string_view)>& onOutput) override {
-        return m_machine.runEngine(program, onOutput);
+    StartTurn takeStartTurn() override { return m_machine.takeStartTurn(); }
+    void startEngine(const std::string& program, const StartedRun& run, StartTurn turn) override;
+    void startEngineAlone(const std::string& program, StartTurn turn) override {
+        m_machine.startEngineAlone(program, std::move(turn));
     }
+    int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
+                  StartTurn turn) override {
+        return m_machine.runEngine(program, onOutput, std::move(turn));
+    }
+    void showFolder(const std::string& folder) override { m_machine.showFolder(folder); }
 
     // Of the engine; 0 for one that was not waited for. Nothing where none was started.
     std::optional<int> engineStatus() const { return m_engineStatus; }

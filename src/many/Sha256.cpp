@@ -1,5 +1,6 @@
 #include "many/Sha256.h"
 
+#include "basic/Descriptor.h"
 #include "basic/RunTimeError.h"
 
 #include <algorithm>
@@ -44,20 +45,6 @@ std::array<std::uint32_t, 64> scheduleOf(const char* block) {
     }
     return words;
 }
-
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : m_number(number) {
-        if (number < 0) throw runTimeErrorOfErrno(errno);
-    }
-    ~Descriptor() { ::close(m_number); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int number() const { return m_number; }
-
-  private:
-    int m_number;
-};
 
 } // namespace
 
@@ -120,6 +107,7 @@ std::string sha256Of(std::string_view bytes) {
 
 std::string sha256OfFile(const std::string& path) {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen()) throw runTimeErrorOfErrno(errno);
     std::vector<char> chunk(std::size_t{256} * 1024);
     Sha256 sum;
     for (;;) {

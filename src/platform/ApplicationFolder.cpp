@@ -5,6 +5,7 @@
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "platform/DiskFiles.h"
+#include "platform/StartTurn.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -30,10 +31,14 @@ std::string absolute(const std::string& path) {
     return whole;
 }
 
-fs::path userFolder(const ApplicationFolderSources& sources) {
-    const fs::path data =
-        sources.dataHome.empty() ? fs::path(sources.home) / ".local/share" : fs::path(sources.dataHome);
-    return data / "korvel";
+bool isAbsolute(const std::string& path) {
+    return path.starts_with('/');
+}
+
+// "" where the user has none. A relative one counts for none: it would lie wherever the program was called.
+std::string userFolder(const ApplicationFolderSources& sources) {
+    if (isAbsolute(sources.dataHome)) return absolute(sources.dataHome + "/korvel");
+    return isAbsolute(sources.home) ? absolute(sources.home + "/.local/share/korvel") : "";
 }
 
 bool isHelpPage(const std::string& file) {
@@ -52,14 +57,15 @@ void copyWhole(const fs::path& from, const fs::path& to) {
 
 void copyInstalled(const fs::path& from, const fs::path& to) {
     std::error_code ignored;
-    for (const fs::directory_entry& entry : fs::directory_iterator(from, ignored)) {
-        const std::string file = entry.path().filename().string();
-        if (file == "korvelf157.exe" || isHelpPage(file)) copyWhole(entry.path(), to / file);
+    for (fs::directory_iterator entry(from, ignored), end; entry != end; entry.increment(ignored)) {
+        const std::string file = entry->path().filename().string();
+        if (file == EngineFileName || isHelpPage(file)) copyWhole(entry->path(), to / file);
     }
 }
 
 void writeFirstSettings(const fs::path& file, const std::string& home) {
-    if (fs::exists(file)) return;
+    std::error_code ignored;
+    if (fs::exists(file, ignored)) return;
     LineOutput lines;
     lines.line(modelNameOfHostPath(home));
     lines.line("");
@@ -82,13 +88,16 @@ ApplicationFolderSources applicationFolderSources(std::optional<std::string> opt
 
 std::string applicationFolder(const ApplicationFolderSources& sources) {
     if (sources.option) return absolute(*sources.option);
-    if (!sources.korvelHome.empty()) return absolute(sources.korvelHome);
+    if (isAbsolute(sources.korvelHome)) return absolute(sources.korvelHome);
     if (access(sources.executableFolder.c_str(), W_OK) == 0) return absolute(sources.executableFolder);
-    return absolute(userFolder(sources).string());
+    if (const std::string own = userFolder(sources); !own.empty()) return own;
+    throw RunTimeError(errors::pathNotFound,
+                       "There is no folder for the program's files. Set HOME, or name a "
+                       "folder by --application-folder or KORVEL_HOME");
 }
 
 void fillApplicationFolder(const std::string& folder, const ApplicationFolderSources& sources) {
-    if (folder != absolute(userFolder(sources).string())) return;
+    if (folder != userFolder(sources)) return;
     std::error_code ignored;
     fs::create_directories(folder, ignored);
     copyInstalled(sources.executableFolder, folder);

@@ -18,7 +18,8 @@ struct ApplicationFolderSources {      // host paths; "" where there is none
 ApplicationFolderSources applicationFolderSources(std::optional<std::string> option);
 
 // The option, else $KORVEL_HOME, else the executable's folder where it can be written, else "korvel" in the
-// user's data folder. Absolute, without a slash at the end.
+// user's data folder; relative folders of the environment count for none. Absolute, without a slash at the
+// end. A RunTimeError where there is none of them.
 std::string applicationFolder(const ApplicationFolderSources& sources);
 
 // The user's own application folder is filled on first use from what is installed beside the executable: the

@@ -1,9 +1,12 @@
 // What the machine tells and does: the desktop, the day, the application folder, starting programs.
 #pragma once
 
+#include "platform/StartTurn.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvel {
 
@@ -23,20 +26,31 @@ struct Date {
 // "dd/mm/yyyy"
 std::string dayMonthYear(const Date& date);
 
+// What an engine is started on, for its window.
+struct StartedRun {
+    int runType = 0;
+    std::vector<std::string> dataFiles; // model names
+};
+
 class Machine {
   public:
     virtual ~Machine() = default;
     virtual std::string applicationFolder() = 0; // a model name without a backslash at the end
     virtual WorkArea workArea() = 0;
     virtual Date today() = 0;
+    // Waits, while windows are painted, until it is this start's turn. Taken before the run-control file is
+    // written, and given to the start of the engine.
+    virtual StartTurn takeStartTurn() = 0;
     // Starts the engine's window, maximised and focused, and returns: a process of its own that runs the
     // named program without arguments in the application folder. 53 where the program isn't there.
-    virtual void startEngine(const std::string& program) = 0;
+    virtual void startEngine(const std::string& program, const StartedRun& run, StartTurn turn) = 0;
     // The same without a window, for commands: starts the program and returns.
-    virtual void startEngineAlone(const std::string& program) = 0;
+    virtual void startEngineAlone(const std::string& program, StartTurn turn) = 0;
     // Waits for it, hands on what it says as it comes, and returns its exit status.
-    virtual int runEngine(const std::string& program,
-                          const std::function<void(std::string_view)>& onOutput) = 0;
+    virtual int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
+                          StartTurn turn) = 0;
+    // Shows a folder with the desktop's program for it.
+    virtual void showFolder(const std::string& folder) = 0;
 };
 
 } // namespace korvel

@@ -195,8 +195,8 @@ void BatchRun::CreateBatchFile(int index) {
     m_runs.push_back({GLOBAL.DataFolder, GLOBAL.DataFileBase, GLOBAL.RunType});
 }
 
-EngineRun BatchRun::shownRun() const {
-    EngineRun shown{GLOBAL.RunType, {}};
+StartedRun BatchRun::shownRun() const {
+    StartedRun shown{GLOBAL.RunType, {}};
     for (const ControlledRun& run : m_runs)
         shown.dataFiles.push_back(dataFileOf(run));
     return shown;

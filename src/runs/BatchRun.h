@@ -89,7 +89,7 @@ class BatchRun {
   private:
     void assembleFiles();
     void writeRunControlFile();
-    EngineRun shownRun() const;
+    StartedRun shownRun() const;
 
     Platform& m_platform;
     std::function<void()> m_showState;

@@ -2,6 +2,8 @@
 
 #include "basic/Text.h"
 
+#include <utility>
+
 namespace korvel {
 
 namespace {
@@ -25,14 +27,12 @@ std::vector<std::string> EngineOutput::feed(std::string_view bytes) {
             m_afterReturn = false;
             continue;
         }
-        if (m_afterReturn) {
-            m_open.clear();
-            m_afterReturn = false;
-        }
-        if (c == '\r')
+        if (c == '\r') {
             m_afterReturn = true;
-        else
-            m_open.push_back(c);
+            continue;
+        }
+        if (std::exchange(m_afterReturn, false)) m_open.clear();
+        m_open.push_back(c);
         if (m_open.size() >= longestLine) endLine(completed);
     }
     return completed;

@@ -9,8 +9,8 @@ namespace korvel {
 
 class EngineOutput {
   public:
-    // Takes the next piece and returns the lines that it completes, without their ends (CR LF, LF; a lone CR
-    // begins the line anew, as on a terminal).
+    // Takes the next piece and returns the lines that it completes, without their ends (CR LF, LF; a CR
+    // before anything else begins the line anew, as on a terminal).
     std::vector<std::string> feed(std::string_view bytes);
     // The line that has begun and has no end yet.
     const std::string& openLine() const { return m_open; }

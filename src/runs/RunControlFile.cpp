@@ -10,11 +10,15 @@ namespace {
 
 void addRun(LineOutput& output, const ControlledRun& run) {
     output.line(trim(run.folder));
-    output.line(run.folder + trim(run.base) + ".DAT");
+    output.line(dataFileOf(run));
     output.line(freePrint(run.runType));
 }
 
 } // namespace
+
+std::string dataFileOf(const ControlledRun& run) {
+    return run.folder + trim(run.base) + ".DAT";
+}
 
 std::string singleRunText(std::string_view runMode, const ControlledRun& run) {
     LineOutput output;

@@ -1,14 +1,13 @@
 // The run-control file RUNDAT.TMP, through which the engine is told what to run. One value a line.
 #pragma once
 
+#include "platform/StartTurn.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace korvel {
-
-inline constexpr const char* RunControlFileName = "RUNDAT.TMP";
-inline constexpr const char* EngineFileName = "korvelf157.exe";
 
 // One data file to run. The folder ends in a backslash.
 struct ControlledRun {
@@ -16,6 +15,9 @@ struct ControlledRun {
     std::string base; // without ".DAT"
     int runType = 0;  // 0 to 9
 };
+
+// As the engine finds it.
+std::string dataFileOf(const ControlledRun& run);
 
 // The run mode ("SINGLE") and one run.
 std::string singleRunText(std::string_view runMode, const ControlledRun& run);

@@ -6,6 +6,8 @@
 #include "runs/DataFileName.h"
 #include "runs/RunControlFile.h"
 
+#include <utility>
+
 namespace korvel {
 
 namespace {
@@ -18,9 +20,11 @@ bool hasDataFile(const CurrentDataFile& current) {
 void startEngine(Platform& platform) {
     const std::string folder = platform.machine.applicationFolder();
     const ControlledRun run{GLOBAL.DataFolder, GLOBAL.DataFileBase, GLOBAL.RunType};
+    const StartedRun shown{run.runType, {dataFileOf(run)}};
+    StartTurn turn = platform.machine.takeStartTurn();
     platform.files.writeWhole(inFolder(folder, RunControlFileName), singleRunText(GLOBAL.RunMode, run));
     platform.files.setCurrentFolder(folder);
-    platform.machine.startEngine(inFolder(folder, EngineFileName));
+    platform.machine.startEngine(inFolder(folder, EngineFileName), shown, std::move(turn));
 }
 
 void handOverResults() {

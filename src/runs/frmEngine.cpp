@@ -3,6 +3,7 @@
 #include "basic/DiskNames.h"
 #include "basic/ModelName.h"
 #include "drawing/paint/Shown.h"
+#include "runs/RunControlFile.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -10,13 +11,14 @@
 #include <QTextCursor>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace korvel {
 
 namespace {
 
 constexpr int mostLines = 200000;
 constexpr int tickMilliseconds = 200;
-const char* const engineName = "korvelf157.exe";
 const char* const windowCaption = "KORVEL model run";
 
 // "4.2 s", from a minute on "3 min 07 s".
@@ -29,9 +31,15 @@ std::string timeTaken(qint64 milliseconds) {
 
 } // namespace
 
-frmEngine::frmEngine(Platform& doors)
-    : Form(doors, "frmEngine", windowCaption), txtOutput(*new QPlainTextEdit(&client())) {
+frmEngine::frmEngine(Platform& doors, StartedRun run, StartTurn turn)
+    : Form(doors, "frmEngine", windowCaption),
+      txtOutput(*new QPlainTextEdit(&client())),
+      m_run(std::move(run)),
+      m_turn(std::move(turn)) {
     layOut();
+    cmdOpenFolder.setVisible(!m_run.dataFiles.empty());
+    on(cmdOpenFolder, &QPushButton::clicked,
+       [this] { this->doors().machine.showFolder(folderOf(m_run.dataFiles.front())); });
     on(cmdStop, &QPushButton::clicked, [this] { askedToStop(); });
     on(cmdClose, &QPushButton::clicked, [this] { close(); });
     on(m_tick, &QTimer::timeout, [this] { refresh(); });
@@ -57,6 +65,7 @@ void frmEngine::layOut() {
     head->addWidget(&lblTime);
     auto* foot = new QHBoxLayout;
     foot->addWidget(&lblNext, 1);
+    foot->addWidget(&cmdOpenFolder);
     foot->addWidget(&cmdStop);
     foot->addWidget(&cmdClose);
     auto* all = new QVBoxLayout(&client());
@@ -75,9 +84,22 @@ void frmEngine::onActivate() {
     startEngine();
 }
 
+// The run-control file holds UTF-8, of which a Windows program reads in its own code page only the plain
+// letters.
+void frmEngine::warnOfLetters(const std::string& enginePath) {
+    const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (!isWindowsProgram(enginePath)) return;
+    for (const std::string& file : m_run.dataFiles)
+        if (!std::ranges::all_of(file, isPlain))
+            append("The engine is a Windows program. It may not find " + shownUtf8(file) +
+                   ", as the name holds letters outside its code page.\n");
+}
+
 void frmEngine::startEngine() {
     const std::string folder = doors().machine.applicationFolder();
-    const auto problem = m_engine.start(hostPathOf(inFolder(folder, engineName)), hostPathOf(folder));
+    warnOfLetters(hostPathOf(inFolder(folder, EngineFileName)));
+    const auto problem =
+        m_engine.start(hostPathOf(inFolder(folder, EngineFileName)), hostPathOf(folder), std::move(m_turn));
     if (problem) {
         append(*problem + "\n");
         engineFinished(127);
@@ -139,10 +161,21 @@ std::string frmEngine::stateText() const {
     return "";
 }
 
+// "KORVEL model run: Finished - RIVER.DAT, run type 0"
+std::string frmEngine::titleText() const {
+    std::string title = windowCaption;
+    if (m_state != State::running) title += ": " + stateText();
+    if (m_run.dataFiles.empty()) return title;
+    const std::size_t count = m_run.dataFiles.size();
+    const std::string what =
+        count == 1 ? fileOf(m_run.dataFiles.front()) : std::to_string(count) + " data files";
+    return title + " - " + what + ", run type " + std::to_string(m_run.runType);
+}
+
 void frmEngine::refresh() {
     const bool running = m_state == State::running;
     // In the title too, so that a task bar shows when the run is over.
-    setWindowTitle(shown(running ? windowCaption : windowCaption + (": " + stateText())));
+    setWindowTitle(shown(titleText()));
     lblState.setText(shown(stateText()));
     lblTime.setText(shown("Time taken: " + timeTaken(running ? m_clock.elapsed() : m_milliseconds)));
     lblFile.setText(shown(m_output.fileInHand()));

@@ -14,7 +14,8 @@ namespace korvel {
 
 class frmEngine : public Form {
   public:
-    explicit frmEngine(Platform& doors);
+    // Without data files where the window was called by hand.
+    explicit frmEngine(Platform& doors, StartedRun run = {}, StartTurn turn = {});
 
   protected:
     void onActivate() override;
@@ -25,6 +26,7 @@ class frmEngine : public Form {
 
     void layOut();
     void startEngine();
+    void warnOfLetters(const std::string& enginePath);
     void showOutput(std::string_view bytes);
     void append(const std::string& text);
     void engineFinished(int status);
@@ -32,15 +34,19 @@ class frmEngine : public Form {
     bool wantsToStop();
     void refresh();
     std::string stateText() const;
+    std::string titleText() const;
 
     QLabel& lblState = label("lblState", "Running", {}, {.fontSize = 12, .bold = true});
     QLabel& lblTime = label("lblTime", "", {}, {.fontSize = 11});
     QLabel& lblFile = label("lblFile", "", {}, {.fontSize = 11});
     QPlainTextEdit& txtOutput;
     QLabel& lblNext = label("lblNext", "", {}, {.fontSize = 11, .wraps = true});
+    QPushButton& cmdOpenFolder = button("cmdOpenFolder", "Open results &folder", {}, {.fontSize = 11});
     QPushButton& cmdStop = button("cmdStop", "&Stop the model", {}, {.fontSize = 11});
     QPushButton& cmdClose = button("cmdClose", "&Close", {}, {.fontSize = 11});
 
+    StartedRun m_run;
+    StartTurn m_turn;
     EngineProcess m_engine;
     EngineOutput m_output;
     QElapsedTimer m_clock;
@@ -50,7 +56,6 @@ class frmEngine : public Form {
     qint64 m_milliseconds = 0;
     bool m_started = false;
     bool m_stopRequested = false;
-    std::string m_shownOpenLine;
 };
 
 } // namespace korvel

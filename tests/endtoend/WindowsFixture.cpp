@@ -2,6 +2,11 @@
 
 namespace korvel {
 
+std::string engineTitle(const std::string& state, const std::string& dataFile, int runType) {
+    return "KORVEL model run" + (state.empty() ? "" : ": " + state) + " - " + dataFile + ", run type " +
+           std::to_string(runType);
+}
+
 // A picture of a test that failed is left in the build folder.
 void WindowsFixture::TearDown() {
     if (HasFailure()) {
@@ -40,7 +45,7 @@ void WindowsFixture::chooseRun(int runType, const std::string& dataFile) {
 }
 
 ShownWindow WindowsFixture::waitForEngine(const std::string& state) {
-    return screen.front(std::string(engineTitle) + ": " + state);
+    return screen.front(engineTitle(state));
 }
 
 ShownWindow WindowsFixture::openSetUp() {

@@ -9,7 +9,9 @@
 namespace korvel {
 
 constexpr const char* setUpTitle = "Korvel Graphical Results"; // the graph form's too
-constexpr const char* engineTitle = "KORVEL model run";
+// Of the engine's window, in a state ("" while it runs), for a data file.
+std::string engineTitle(const std::string& state = "", const std::string& dataFile = "ALDER.DAT",
+                        int runType = 0);
 constexpr const char* openTitle = "Open KORVEL data file ...";
 
 class WindowsFixture : public testing::Test {

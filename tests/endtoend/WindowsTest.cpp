@@ -1,6 +1,8 @@
 // The real windows: start, the main job, the engine's window, and the ends.
 #include "endtoend/WindowsFixture.h"
 
+#include <algorithm>
+#include <csignal>
 #include <filesystem>
 
 namespace korvel {
@@ -85,7 +87,7 @@ TEST_F(StartAndEnd, EveryFormFitsTheScreenWithItsFrame) {
     startKorvel();
     fits(screen.front(designTitle));
     chooseRun(0, "ALDER.DAT");
-    fits(screen.front(engineTitle));
+    fits(screen.front(engineTitle()));
     screen.front("KORVEL");
     fits(openSetUp());
     chooseWholeRiver();
@@ -155,14 +157,17 @@ TEST_F(EngineWindow, ASecondRunStartsWhileOneIsBusy) {
     korvel.putEngine("wait_for end\n");
     startKorvel();
     chooseRun(0, "ALDER.DAT");
-    screen.front(engineTitle);
+    screen.front(engineTitle());
     EXPECT_EQ(contentOf(korvel.application("RUNDAT.TMP")), korvel.runControlFor("ALDER.DAT", 0));
     screen.front("KORVEL");
     chooseRun(3, "ALDER2.DAT");
-    screen.front(engineTitle, 2);
+    screen.front(engineTitle("", "ALDER2.DAT", 3));
     EXPECT_EQ(contentOf(korvel.application("RUNDAT.TMP")), korvel.runControlFor("ALDER2.DAT", 3));
     korvel.release("end");
-    EXPECT_TRUE(waitFor([&] { return screen.countOf(std::string(engineTitle) + ": Finished") == 2; }));
+    EXPECT_TRUE(waitFor([&] {
+        return screen.countOf(engineTitle("Finished")) == 1 &&
+               screen.countOf(engineTitle("Finished", "ALDER2.DAT", 3)) == 1;
+    }));
 }
 
 TEST_F(EngineWindow, OutlivesTheFrontEnd) {
@@ -170,11 +175,11 @@ TEST_F(EngineWindow, OutlivesTheFrontEnd) {
     korvel.putEngine("wait_for end\n");
     startKorvel();
     chooseRun(0, "ALDER.DAT");
-    screen.front(engineTitle);
+    screen.front(engineTitle());
     screen.front("KORVEL");
     screen.press({"alt+e"});
     EXPECT_EQ(waitForEnd(), 0);
-    EXPECT_EQ(screen.countOf(engineTitle), 1u);
+    EXPECT_EQ(screen.countOf(engineTitle()), 1u);
     korvel.release("end");
     waitForEngine("Finished");
 }
@@ -193,7 +198,7 @@ TEST_F(EngineWindow, AsksBeforeItStopsTheEngine) {
     korvel.putEngine("echo $$ > number\nwait_for end\n");
     startKorvel();
     chooseRun(0, "ALDER.DAT");
-    const ShownWindow engine = screen.front(engineTitle);
+    const ShownWindow engine = screen.front(engineTitle());
     ASSERT_TRUE(waitFor([this] { return contentOf(korvel.application("number")).ends_with('\n'); }));
     const std::string process = "/proc/" + std::to_string(std::stoi(contentOf(korvel.application("number"))));
     screen.closeFront();
@@ -211,6 +216,33 @@ TEST_F(EngineWindow, AMissingEngineEndsTheProgram) {
     messageBox();
     screen.press({"Return"});
     EXPECT_EQ(waitForEnd(), 1);
+}
+
+TEST_F(EngineWindow, EndsTheEngineWhenItIsAskedToEnd) {
+    korvel.putEngine("echo $$ > number\nwait_for end\n");
+    BackgroundProgram window(korvel.korvel({"--engine-window", "0", "Z:\\DATA\\ALDER.DAT"}),
+                             {"", screen.settings()});
+    screen.front(engineTitle());
+    ASSERT_TRUE(waitFor([this] { return contentOf(korvel.application("number")).ends_with('\n'); }));
+    const std::string process = "/proc/" + std::to_string(std::stoi(contentOf(korvel.application("number"))));
+    kill(window.id(), SIGTERM);
+    EXPECT_EQ(window.waitForEnd(), 128 + SIGTERM);
+    EXPECT_TRUE(waitFor([&] { return !std::filesystem::exists(process); }));
+}
+
+TEST_F(EngineWindow, IsMaximisedAlsoOnABusyMachine) {
+    korvel.putEngine("wait_for end\n");
+    std::vector<std::unique_ptr<BackgroundProgram>> windows;
+    constexpr std::size_t atOnce = 6;
+    for (std::size_t k = 0; k < atOnce; ++k)
+        windows.push_back(std::make_unique<BackgroundProgram>(
+            korvel.korvel({"--engine-window", "0", "Z:\\DATA\\ALDER.DAT"}),
+            Surroundings{"", screen.settings()}));
+    ASSERT_TRUE(waitFor([&] { return screen.countOf(engineTitle()) == atOnce; }));
+    const auto isMaximised = [&](const ShownWindow& window) {
+        return screen.frameOf(window).width >= Desktop::width;
+    };
+    EXPECT_TRUE(waitFor([&] { return std::ranges::all_of(screen.windows(), isMaximised); }));
 }
 
 } // namespace korvel

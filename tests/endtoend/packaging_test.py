@@ -102,7 +102,7 @@ def check_version(program):
     check(said == f"korvel {version}", f"--version says {said}, the build {version}")
     newest = re.search(r"^## (\d+\.\d+\.\d+)", (SOURCE / "CHANGELOG.md").read_text(), flags=re.M)[1]
     check(newest == version, f"the changelog's newest version is {newest}, the build's {version}")
-    title = (SOURCE / "packaging/korvel.1").read_text().splitlines()[0]
+    title = (BUILD / "packaging/korvel.1").read_text().splitlines()[0]
     check(title == f'.TH KORVEL 1 "{day}" "KORVEL {version}" "User Commands"', f"the man page begins with {title}")
     metainfo = (BUILD / "packaging/org.korvel.korvel.metainfo.xml").read_text()
     check(f'<release version="{version}" date="{day}"/>' in metainfo, "the metainfo names another release")

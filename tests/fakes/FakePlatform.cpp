@@ -196,16 +196,17 @@ void FakePlatform::noteEngine(const std::string& how, const std::string& program
     if (!exists(trimRight(program))) throw RunTimeError(errors::fileNotFound);
 }
 
-void FakePlatform::startEngine(const std::string& program) {
+void FakePlatform::startEngine(const std::string& program, const StartedRun& run, StartTurn) {
+    startedRun = run;
     noteEngine("start engine", program);
 }
 
-void FakePlatform::startEngineAlone(const std::string& program) {
+void FakePlatform::startEngineAlone(const std::string& program, StartTurn) {
     noteEngine("start engine alone", program);
 }
 
-int FakePlatform::runEngine(const std::string& program,
-                            const std::function<void(std::string_view)>& onOutput) {
+int FakePlatform::runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
+                            StartTurn) {
     noteEngine("run engine", program);
     onOutput(engineOutput);
     return engineStatus;

@@ -83,6 +83,7 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
 
     WorkArea desktop;
     Date day{5, 11, 2026};
+    StartedRun startedRun;    // what the engine's window was started with last
     std::string engineOutput; // of an engine that is waited for, and its exit status
     int engineStatus = 0;
     std::string printedTo; // what a finished job returns: the file that the user could not know of
@@ -115,9 +116,12 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     std::string applicationFolder() override { return m_folder; }
     WorkArea workArea() override { return desktop; }
     Date today() override { return day; }
-    void startEngine(const std::string& program) override;
-    void startEngineAlone(const std::string& program) override;
-    int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput) override;
+    StartTurn takeStartTurn() override { return {}; }
+    void startEngine(const std::string& program, const StartedRun& run, StartTurn turn) override;
+    void startEngineAlone(const std::string& program, StartTurn turn) override;
+    int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
+                  StartTurn turn) override;
+    void showFolder(const std::string& folder) override { note("show folder " + folder); }
 
     void showModal(ShownForm& form) override;
     void showModeless(ShownForm& form) override;

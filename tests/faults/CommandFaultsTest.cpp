@@ -310,4 +310,66 @@ TEST_F(Faults, AFolderThatIsGoneIsAPathNotFound) {
     }
 }
 
+TEST_F(Faults, WhatIsNoFileIsNoEngine) {
+    korvel.putSample("ALDER.DAT");
+    const std::string engine = korvel.application("korvelf157.exe");
+    const auto run = [&] {
+        for (const Words& arguments :
+             {Words{"run", korvel.data("ALDER.DAT")}, {"run", korvel.data("ALDER.DAT"), "--wait"}}) {
+            const Outcome outcome = korvel.runKorvel(arguments);
+            EXPECT_EQ(outcome.status, 1);
+            EXPECT_EQ(outcome.err, "[critical] : Run-time error '53': File not found\n");
+        }
+    };
+    fs::remove(engine);
+    fs::create_directory(engine);
+    run();
+    fs::remove(engine);
+    ASSERT_EQ(mkfifo(engine.c_str(), 0777), 0);
+    run();
+}
+
+TEST_F(Faults, WithoutAHomeOnlyWhatNeedsOneFails) {
+    if (geteuid() != 0) GTEST_SKIP() << "the program's own folder is this user's";
+    const std::string program = korvel.korvel().front();
+    fs::create_directories(korvel.data("closed"));
+    const auto runIn = [&](const Words& settings, const Words& arguments) {
+        const Words tools = {"env", "-u", "HOME", "-u", "XDG_DATA_HOME", "-u", "KORVEL_HOME"};
+        // As nobody, who can't write in the program's own folder.
+        const Words nobody = {"setpriv", "--reuid", "65534", "--regid", "65534", "--clear-groups"};
+        return runProgram(joined(geteuid() == 0 ? nobody : Words{},
+                                 joined(tools, joined(settings, joined({program}, arguments)))),
+                          {korvel.dataFolder(), {}});
+    };
+    korvel.putSample("ALDER.DAT");
+    open(korvel.dataFolder());
+    for (const Words& settings : {Words{}, {"XDG_DATA_HOME=share"}, {"HOME=."}}) {
+        EXPECT_EQ(runIn(settings, {"--version"}).status, 0);
+        EXPECT_EQ(runIn(settings, {"info", results()}).status, 0);
+        const Outcome outcome = runIn(settings, {"run", korvel.data("ALDER.DAT"), "--wait"});
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.err,
+                  "[critical] : Run-time error '76': There is no folder for the program's files. Set "
+                  "HOME, or name a folder by --application-folder or KORVEL_HOME\n");
+    }
+    EXPECT_FALSE(fs::exists(korvel.data("share"))) << "no folder is made where the program is called";
+    EXPECT_FALSE(fs::exists(korvel.data(".local")));
+    fs::permissions(korvel.data("closed"), fs::perms::none);
+    EXPECT_EQ(runIn({"HOME=" + korvel.data("closed")}, {"--version"}).status, 0);
+    EXPECT_EQ(runIn({"HOME=" + korvel.data("closed")}, {"run", korvel.data("ALDER.DAT")}).status, 1);
+    fs::permissions(korvel.data("closed"), fs::perms::all);
+}
+
+TEST_F(Faults, WritersNeedNoFilesWithoutNames) {
+    if (!canMount()) GTEST_SKIP() << "this machine lets no user mount a file system of their own";
+    write(korvel.data("R.csv"), "old");
+    write(korvel.data(".korvel-a1b2c3"), "left by a killed program");
+    const Outcome outcome = inSmallWorld("mount -t tmpfs none /proc || exit 97\n\"$@\"\n",
+                                         korvel.korvel(report("csv", korvel.data("R.csv"))));
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_GT(contentOf(korvel.data("R.csv")).size(), 1000U);
+    EXPECT_FALSE(fs::exists(korvel.data(".korvel-a1b2c3")));
+    EXPECT_EQ(std::distance(fs::directory_iterator(korvel.dataFolder()), fs::directory_iterator()), 2);
+}
+
 } // namespace korvel

@@ -5,8 +5,14 @@
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace korvel {
 
@@ -25,6 +31,11 @@ class FrmEngine : public testing::Test {
     }
     std::string state() { return control<QLabel>(form, "lblState").text().toStdString(); }
     std::string output() { return control<QPlainTextEdit>(form, "txtOutput").toPlainText().toStdString(); }
+    static bool hasEnded(const std::string& process) {
+        std::ifstream file(process + "/stat");
+        std::string text;
+        return !std::getline(file, text) || text.find(") Z ") != std::string::npos;
+    }
     bool waitForState(const std::string& wanted) {
         return waitFor([&] { return state() == wanted; });
     }
@@ -114,6 +125,73 @@ TEST_F(FrmEngine, TellsTheFileOfABatchThatIsInHand) {
     show();
     ASSERT_TRUE(waitForState("Finished"));
     EXPECT_EQ(control<QLabel>(form, "lblFile").text(), "File 2 of 2: B.DAT");
+}
+
+TEST_F(FrmEngine, NamesDataFileAndRunTypeInItsTitle) {
+    putEngine("#!/bin/sh\nread answer < wait.fifo\n");
+    ASSERT_EQ(mkfifo(hostPathOf(platform.pathOf("wait.fifo")).c_str(), 0600), 0);
+    frmEngine window(platform, {7, {"Z:\\DATA\\RIVER.DAT"}});
+    window.show();
+    static_cast<ShownForm&>(window).activate();
+    EXPECT_EQ(window.windowTitle(), "KORVEL model run - RIVER.DAT, run type 7");
+    std::ofstream(hostPathOf(platform.pathOf("wait.fifo"))) << "go\n";
+    EXPECT_TRUE(waitFor(
+        [&] { return window.windowTitle() == "KORVEL model run: Finished - RIVER.DAT, run type 7"; }));
+    frmEngine batch(platform, {0, {"Z:\\DATA\\A.DAT", "Z:\\DATA\\B.DAT"}});
+    batch.show();
+    static_cast<ShownForm&>(batch).activate();
+    EXPECT_EQ(batch.windowTitle(), "KORVEL model run - 2 data files, run type 0");
+}
+
+TEST_F(FrmEngine, OpensTheResultsFolder) {
+    EXPECT_FALSE(control<QPushButton>(form, "cmdOpenFolder").isVisibleTo(&form)) << "it knows no file";
+    frmEngine window(platform, {0, {"Z:\\DATA\\RIVER.DAT"}});
+    control<QPushButton>(window, "cmdOpenFolder").click();
+    EXPECT_EQ(platform.takeTranscript(), "show folder Z:\\DATA\\\n");
+}
+
+TEST_F(FrmEngine, StopsWhatTheEngineHasStarted) {
+    putEngine("#!/bin/sh\nsetsid sleep 61 &\necho $! > left\nwait\n");
+    show();
+    ASSERT_TRUE(
+        waitFor([&] { return platform.hasFile("left") && platform.fileText("left").ends_with('\n'); }));
+    const std::string process = "/proc/" + std::to_string(std::stoi(platform.fileText("left")));
+    EXPECT_TRUE(std::filesystem::exists(process));
+    platform.willAnswer(Answer::yes);
+    control<QPushButton>(form, "cmdStop").click();
+    EXPECT_TRUE(waitForState("Stopped"));
+    EXPECT_TRUE(waitFor([&] { return hasEnded(process); }));
+}
+
+TEST_F(FrmEngine, FinishesWithTheEngineWhoeverKeepsItsOutputOpen) {
+    putEngine("#!/bin/sh\nsleep 20 &\necho $! > left\necho done\n");
+    show();
+    EXPECT_TRUE(waitForState("Finished"));
+    EXPECT_EQ(output(), "done\n");
+    kill(std::stoi(platform.fileText("left")), SIGKILL);
+}
+
+TEST_F(FrmEngine, StaysQuickWhereALineNeverEnds) {
+    putEngine("#!/bin/sh\nhead -c 100000000 /dev/zero | tr '\\0' x\n");
+    QElapsedTimer clock;
+    qint64 longest = 0;
+    QTimer pulse;
+    QObject::connect(&pulse, &QTimer::timeout, [&] { longest = std::max(longest, clock.restart()); });
+    clock.start();
+    pulse.start(10);
+    show();
+    bool finished = false;
+    for (int k = 0; k < 12 && !finished; ++k)
+        finished = waitForState("Finished");
+    EXPECT_TRUE(finished);
+    EXPECT_LT(longest, 1000) << "milliseconds without an event";
+}
+
+TEST(EngineProcesses, AreNeverWinesOwn) {
+    EXPECT_TRUE(isWinesOwn("C:\\windows\\system32\\services.exe", "wine64-preloader"));
+    EXPECT_TRUE(isWinesOwn("/usr/lib/wine/wineserver64", "wineserver64"));
+    EXPECT_FALSE(isWinesOwn("Z:\\app\\korvelf157.exe", "wine64-preloader"));
+    EXPECT_FALSE(isWinesOwn("/bin/sh", "dash"));
 }
 
 TEST(EngineCommand, StartsAWindowsProgramThroughWine) {

@@ -33,9 +33,13 @@ class MemoryPlatform : private Dialogs, private Files, private Machine, private 
     std::string applicationFolder() override { return "Z:\\APP"; }
     WorkArea workArea() override { return {}; }
     Date today() override { return {}; }
-    void startEngine(const std::string&) override {}
-    void startEngineAlone(const std::string&) override {}
-    int runEngine(const std::string&, const std::function<void(std::string_view)>&) override { return 0; }
+    StartTurn takeStartTurn() override { return {}; }
+    void startEngine(const std::string&, const StartedRun&, StartTurn) override {}
+    void startEngineAlone(const std::string&, StartTurn) override {}
+    int runEngine(const std::string&, const std::function<void(std::string_view)>&, StartTurn) override {
+        return 0;
+    }
+    void showFolder(const std::string&) override {}
 
     void showModal(ShownForm&) override {}
     void showModeless(ShownForm&) override {}

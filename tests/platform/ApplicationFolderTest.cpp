@@ -1,5 +1,6 @@
 #include "platform/ApplicationFolder.h"
 
+#include "basic/RunTimeError.h"
 #include "platform/TemporaryFolder.h"
 
 #include <csignal>
@@ -7,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <optional>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace korvel {
 
@@ -56,6 +59,40 @@ TEST_F(ApplicationFolder, IsTheUsersOwnWhereTheExecutablesFolderCannotBeWritten)
     EXPECT_EQ(applicationFolder(sources), userFolder());
     sources.dataHome = "/data";
     EXPECT_EQ(applicationFolder(sources), "/data/korvel");
+}
+
+TEST_F(ApplicationFolder, IsNeverWhereTheProgramHappensToBeCalled) {
+    sources.executableFolder = installed.path("missing");
+    sources.dataHome = "data";
+    sources.korvelHome = "korvel";
+    EXPECT_EQ(applicationFolder(sources), userFolder());
+    for (const char* home : {"", ".", "home"}) {
+        sources.home = home;
+        try {
+            ADD_FAILURE() << applicationFolder(sources);
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(
+                error.message(),
+                "Run-time error '76':\n\nThere is no folder for the program's files. Set HOME, or name a "
+                "folder by --application-folder or KORVEL_HOME");
+        }
+    }
+}
+
+TEST_F(ApplicationFolder, IsFoundWhereItCannotBeSearched) {
+    home.makeFolder(".local/share");
+    std::filesystem::permissions(home.path(".local"), std::filesystem::perms(0600));
+    const pid_t child = fork();
+    if (child == 0) {
+        constexpr unsigned nobody = 65534;
+        if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(2);
+        fillApplicationFolder(userFolder(), sources);
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    std::filesystem::permissions(home.path(".local"), std::filesystem::perms::all);
 }
 
 TEST_F(ApplicationFolder, IsFilledOnFirstUseFromWhatIsInstalled) {

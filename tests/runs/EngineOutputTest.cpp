@@ -27,6 +27,12 @@ TEST(EngineOutput, BeginsALineAnewAfterALoneCarriageReturn) {
     EXPECT_EQ(output.feed("\n"), Lines{"20 %"});
 }
 
+TEST(EngineOutput, KeepsALineThatEndsInSeveralCarriageReturns) {
+    EngineOutput output;
+    EXPECT_EQ(output.feed("abc\r\r\ndef\r\r\r"), Lines{"abc"});
+    EXPECT_EQ(output.feed("\n"), Lines{"def"});
+}
+
 TEST(EngineOutput, GivesTheSameLinesHoweverTheBytesAreCut) {
     const std::string text = "one\r\ntwo\rTWO\nFile 2 of 5: B.DAT\r\n\xC3\xA9t\xC3\xA9\n";
     EngineOutput whole;

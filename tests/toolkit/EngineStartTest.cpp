@@ -5,6 +5,7 @@
 #include "platform/TemporaryFolder.h"
 
 #include <chrono>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -22,7 +23,11 @@ class EngineStart : public testing::Test {
     int run(const std::string& script) {
         output.clear();
         return runEngine(engine(script), folder.path(),
-                         [this](std::string_view bytes) { output.append(bytes); });
+                         [this](std::string_view bytes) { output.append(bytes); }, {});
+    }
+    StartTurn turn(std::chrono::milliseconds patience = std::chrono::milliseconds(0)) {
+        return StartTurn::waitFor(
+            folder.path(), [] { std::this_thread::sleep_for(std::chrono::milliseconds(2)); }, patience);
     }
     bool comes(const std::string& file) {
         for (int k = 0; k < 1000 && folder.textOf(file).empty(); ++k)
@@ -36,7 +41,7 @@ class EngineStart : public testing::Test {
 
 int errorOf(const std::string& enginePath, const std::string& folder) {
     try {
-        startEngineAlone(enginePath, folder);
+        startEngineAlone(enginePath, folder, {});
     } catch (const RunTimeError& error) {
         return error.number;
     }
@@ -62,7 +67,7 @@ TEST_F(EngineStart, TakesMuchOutput) {
 
 TEST_F(EngineStart, DoesNotWaitForAnEngineAlone) {
     const std::string waiting = engine("while [ ! -e go ]; do sleep 0.02; done\necho said\npwd > done\n");
-    startEngineAlone(waiting, folder.path());
+    startEngineAlone(waiting, folder.path(), {});
     EXPECT_EQ(folder.textOf("done"), "");
     folder.put("go", "now");
     EXPECT_TRUE(comes("done"));
@@ -73,6 +78,45 @@ TEST_F(EngineStart, FailsWhereTheEngineCannotBeStarted) {
     folder.put("text", "no program");
     std::filesystem::permissions(folder.path("text"), std::filesystem::perms::owner_read);
     EXPECT_NE(errorOf(folder.path("text"), folder.path()), 0);
+}
+
+TEST_F(EngineStart, CountsTheEnginesEndWhoeverKeepsItsOutputOpen) {
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(run("sleep 20 &\necho $! > left\necho done\nexit 4\n"), 4);
+    EXPECT_EQ(output, "done\n");
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+    kill(std::stoi(folder.textOf("left")), SIGKILL);
+}
+
+TEST_F(EngineStart, ReadsForASecondAtMostWhatOthersGoOnSaying) {
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(run("yes on &\necho $! > left\nsleep 0.2\nexit 0\n"), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+    kill(std::stoi(folder.textOf("left")), SIGKILL);
+}
+
+TEST_F(EngineStart, TakesAnEngineThatClosesItsOutputBeforeItsEnd) {
+    EXPECT_EQ(run("echo said\nexec >/dev/null 2>&1\nsleep 0.2\nexit 5\n"), 5);
+    EXPECT_EQ(output, "said\n");
+}
+
+TEST_F(EngineStart, KeepsItsTurnUntilTheEngineHasOpenedTheRun) {
+    folder.put(RunControlFileName, "the run");
+    const std::string script = "while [ ! -e go ]; do sleep 0.02; done\ncat RUNDAT.TMP > seen\n"
+                               "while [ ! -e end ]; do sleep 0.02; done\n";
+    startEngineAlone(engine(script), folder.path(), turn());
+    EXPECT_FALSE(turn(std::chrono::milliseconds(200)).isHeld());
+    folder.put("go");
+    EXPECT_TRUE(turn(std::chrono::seconds(10)).isHeld());
+    EXPECT_TRUE(comes("seen"));
+    folder.put("end");
+}
+
+TEST_F(EngineStart, EndsItsTurnWithTheEngine) {
+    startEngineAlone(engine("exit 0\n"), folder.path(), turn());
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_TRUE(turn(std::chrono::seconds(10)).isHeld());
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, TurnOfEngine::longest);
 }
 
 } // namespace korvel

@@ -5,30 +5,45 @@
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "drawing/paint/Twips.h"
+#include "toolkit/process/EngineProcess.h"
 #include "toolkit/process/EngineStart.h"
+#include "toolkit/process/EngineWindowCall.h"
 
 #include <QCoreApplication>
 #include <QDate>
+#include <QDesktopServices>
 #include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
+#include <QThread>
+#include <QUrl>
+
+#include <fcntl.h>
 
 namespace korvel {
 
 namespace {
 
+constexpr unsigned long betweenQuestions = 10; // milliseconds
+
+QString pathShown(const std::string& modelName) {
+    return QFile::decodeName(hostPathOf(modelName).c_str());
+}
+
 // Where the engine lies. A blank behind the program's name is no part of it.
 std::string enginePath(const std::string& program) {
     std::string path = hostPathOf(trim(program));
-    if (!QFile::exists(QFile::decodeName(path.c_str()))) throw RunTimeError(errors::fileNotFound);
+    if (!isProgramFile(path)) throw RunTimeError(errors::fileNotFound);
     return path;
 }
 
 } // namespace
 
-QtMachine::QtMachine(const std::string& applicationFolder)
-    : m_applicationFolder(modelNameOfHostPath(applicationFolder)) {}
+std::string QtMachine::applicationFolder() {
+    if (m_applicationFolder.empty()) m_applicationFolder = modelNameOfHostPath(m_findFolder());
+    return m_applicationFolder;
+}
 
 WorkArea QtMachine::workArea() {
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
@@ -41,20 +56,35 @@ Date QtMachine::today() {
     return {day.day(), day.month(), day.year()};
 }
 
-void QtMachine::startEngine(const std::string& program) {
+// What the user does meanwhile is done afterwards; the windows are painted as ever.
+StartTurn QtMachine::takeStartTurn() {
+    return StartTurn::waitFor(hostFolder(), [] {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(betweenQuestions);
+    });
+}
+
+void QtMachine::startEngine(const std::string& program, const StartedRun& run, StartTurn turn) {
     enginePath(program);
-    const QString folder = QFile::decodeName(hostPathOf(m_applicationFolder).c_str());
-    const QStringList arguments{"--application-folder", folder, "--engine-window"};
+    const QString folder = pathShown(applicationFolder());
+    QStringList arguments{"--application-folder", folder};
+    arguments += engineWindowArguments(run, turn);
+    if (turn.isHeld()) fcntl(turn.descriptor(), F_SETFD, 0); // the window takes it over
     if (!QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments, folder))
         throw RunTimeError(errors::fileNotFound);
 }
 
-void QtMachine::startEngineAlone(const std::string& program) {
-    korvel::startEngineAlone(enginePath(program), hostPathOf(m_applicationFolder));
+void QtMachine::startEngineAlone(const std::string& program, StartTurn turn) {
+    korvel::startEngineAlone(enginePath(program), hostFolder(), std::move(turn));
 }
 
-int QtMachine::runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput) {
-    return korvel::runEngine(enginePath(program), hostPathOf(m_applicationFolder), onOutput);
+int QtMachine::runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
+                         StartTurn turn) {
+    return korvel::runEngine(enginePath(program), hostFolder(), onOutput, std::move(turn));
+}
+
+void QtMachine::showFolder(const std::string& folder) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(pathShown(folder)));
 }
 
 } // namespace korvel

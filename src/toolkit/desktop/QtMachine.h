@@ -1,23 +1,31 @@
 // The desktop, the day and the application folder of the running program.
 #pragma once
 
+#include "basic/DiskNames.h"
 #include "platform/Machine.h"
 
 namespace korvel {
 
 class QtMachine : public Machine {
   public:
-    // `applicationFolder`: a host path.
-    explicit QtMachine(const std::string& applicationFolder);
+    // `findFolder`: the host path of the application folder, asked for once, at its first use; its failure is
+    // the caller's.
+    explicit QtMachine(std::function<std::string()> findFolder) : m_findFolder(std::move(findFolder)) {}
 
-    std::string applicationFolder() override { return m_applicationFolder; }
+    std::string applicationFolder() override;
     WorkArea workArea() override;
     Date today() override;
-    void startEngine(const std::string& program) override;
-    void startEngineAlone(const std::string& program) override;
-    int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput) override;
+    StartTurn takeStartTurn() override;
+    void startEngine(const std::string& program, const StartedRun& run, StartTurn turn) override;
+    void startEngineAlone(const std::string& program, StartTurn turn) override;
+    int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
+                  StartTurn turn) override;
+    void showFolder(const std::string& folder) override;
 
   private:
+    std::string hostFolder() { return hostPathOf(applicationFolder()); }
+
+    std::function<std::string()> m_findFolder;
     std::string m_applicationFolder;
 };
 

@@ -1,12 +1,20 @@
 // The calculation engine as a running program: started by its path, without arguments, never through a shell.
 #pragma once
 
+#include "platform/StartTurn.h"
+#include "toolkit/process/OwnProcesses.h"
+
 #include <QObject>
 #include <QProcess>
+#include <QSocketNotifier>
+#include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace korvel {
 
@@ -21,6 +29,15 @@ struct EngineCommand {
 EngineCommand engineCommand(const std::string& enginePath, const std::string& firstBytes,
                             const std::string& wine);
 
+// Whether there is a file at this host path; a folder or a pipe is no program.
+bool isProgramFile(const std::string& path);
+
+// Settings for Wine that the user has not made: its remarks are not the engine's, and what it would fetch for
+// browsers at its first start is not needed.
+std::vector<std::pair<std::string, std::string>> wineSettings();
+
+bool isWindowsProgram(const std::string& path);
+
 // The same for the program file at this host path, on this machine.
 EngineCommand engineCommandOf(const std::string& enginePath);
 
@@ -34,16 +51,24 @@ class EngineProcess : public QObject {
     EngineProcess();
     ~EngineProcess() override;
 
-    // Host paths. What went wrong at once, or nothing.
-    std::optional<std::string> start(const std::string& enginePath, const std::string& folder);
+    // Host paths. What went wrong at once, or nothing. The turn ends once the engine has opened the
+    // run-control file, has ended, or has had its time.
+    std::optional<std::string> start(const std::string& enginePath, const std::string& folder,
+                                     StartTurn turn);
     bool running() const;
-    // Asks the engine to end, and kills it where it does not within two seconds.
+    // Asks the engine and all that it has started to end, and kills what does not within two seconds.
     void stop();
 
   private:
     void readOutput();
+    void keepTurn(StartTurn turn, const std::string& folder);
+    void endTurn();
 
     QProcess m_process;
+    OwnProcesses m_own;
+    TurnOfEngine m_turn;
+    std::unique_ptr<QSocketNotifier> m_opened;
+    QTimer m_turnEnd;
 };
 
 } // namespace korvel

@@ -1,5 +1,6 @@
 #include "toolkit/process/GuardedEngine.h"
 
+#include "basic/Descriptor.h"
 #include "basic/RunTimeError.h"
 #include "toolkit/process/EngineProcess.h"
 
@@ -23,19 +24,10 @@ constexpr int signalBase = 128;
 constexpr std::chrono::milliseconds togetherness(300); // between two processes that get one signal
 constexpr std::chrono::seconds patience(2);            // between asking the engine to end and ending it
 
-struct Descriptor {
-    explicit Descriptor(int opened) : number(opened) {
-        if (number < 0) throw runTimeErrorOfErrno(errno);
-    }
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    void close() {
-        if (number >= 0) ::close(number);
-        number = -1;
-    }
-    int number;
-};
+Descriptor opened(int number) {
+    if (number < 0) throw runTimeErrorOfErrno(errno);
+    return Descriptor(number);
+}
 
 // All that the child needs, made before the fork: after it nothing may be allocated.
 struct ChildPlan {
@@ -121,8 +113,8 @@ EngineEnd GuardedEngine::run(const std::string& program, const std::string& fold
     if (command.program.empty()) return {std::nullopt, false, command.problem};
     std::array<char*, 3> arguments = {command.program.data(),
                                       command.argument ? command.argument->data() : nullptr, nullptr};
-    Descriptor input(::open("/dev/null", O_RDONLY | O_CLOEXEC));
-    Descriptor said(::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    const Descriptor input = opened(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+    const Descriptor said = opened(::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) throw runTimeErrorOfErrno(errno);
     const Descriptor problem(ends[0]);
@@ -132,11 +124,11 @@ EngineEnd GuardedEngine::run(const std::string& program, const std::string& fold
     const pid_t engine = fork();
     if (engine < 0) throw runTimeErrorOfErrno(errno);
     if (engine == 0)
-        becomeEngine({command.program.c_str(), arguments.data(), folder.c_str(), input.number, said.number,
-                      problemEnd.number, self});
+        becomeEngine({command.program.c_str(), arguments.data(), folder.c_str(), input.number(),
+                      said.number(), problemEnd.number(), self});
     setpgid(engine, engine); // whoever of the two is first
     problemEnd.close();
-    const int code = problemOf(problem.number);
+    const int code = problemOf(problem.number());
     bool stopped = false;
     const int status = waitFor(engine, stopped);
     if (code != 0)
