@@ -40,7 +40,7 @@ std::string nextStep() {
     if (GLOBAL.graphResultsPending || GLOBAL.reportResultsPending)
         return "When the model has finished, open Graphs or Reports to study the results.";
     return "Start with RUN THE KORVEL MODEL and choose a data file, or open Graphs to look at results that "
-           "are there.";
+           "are there. F1 tells about the data file.";
 }
 
 } // namespace
@@ -95,7 +95,6 @@ void frmStart::connectMenus() {
     onClick(mnuReports, [this] { showReports(); });
     onClick(mnuGraphs, [this] { showGraphs(); });
     onClick(mnuBatch, [this] { doors().windows.showModeless(*m_batch); });
-    onShortcut(QKeySequence(Qt::Key_F1), [this] { showHelp(); });
     onClick(mnuPrinterSetup, [this] { choosePrinter(); });
     onClick(mnuDisplayFull, [this] { setDisplayLevel(0); });
     onClick(mnuSuppressInterpolated, [this] { setDisplayLevel(1); });
@@ -123,6 +122,10 @@ void frmStart::load() {
         fitToWorkArea(*form);
     m_batch = std::make_unique<frmBatch>(doors());
     m_help = std::make_unique<frmHelp>(doors());
+    for (Form* form :
+         std::initializer_list<Form*>{this, m_graphData.get(), m_reports.get(), m_graph.get(), m_batch.get()})
+        form->setHelp([this] { showHelp(); });
+    m_help->setHelp([this] { loadHelp(); });
     refresh();
 }
 
@@ -208,9 +211,13 @@ void frmStart::showReports() {
     doors().windows.showModal(*m_reports);
 }
 
-void frmStart::showHelp() {
+void frmStart::loadHelp() {
     GLOBAL.helpPage = "4";
     m_help->load();
+}
+
+void frmStart::showHelp() {
+    loadHelp();
     doors().windows.showModal(*m_help);
 }
 

@@ -43,6 +43,7 @@ class frmStart : public Form {
     void run(int runType);
     void showGraphs();
     void showReports();
+    void loadHelp();
     void showHelp();
     void choosePrinter();
     void setDisplayLevel(int level);

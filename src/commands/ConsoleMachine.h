@@ -25,6 +25,7 @@ class ConsoleMachine : public Machine {
                   StartTurn turn) override {
         return m_machine.runEngine(program, onOutput, std::move(turn));
     }
+    void openFile(const std::string& file) override { m_machine.openFile(file); }
     void showFolder(const std::string& folder) override { m_machine.showFolder(folder); }
 
     // Of the engine; 0 for one that was not waited for. Nothing where none was started.

@@ -44,11 +44,12 @@ struct DrawnRun {
 // `corner`: the top left of the text's box. Lying text only.
 struct DrawnText {
     DrawnPoint corner;
-    double width = 0; // as measured
+    double width = 0; // as drawn
     double height = 0;
     std::string text;
     Font font;
     Rgb colour;
+    double narrowing = 1; // of its natural width; the height stays
     bool operator==(const DrawnText&) const = default;
 };
 

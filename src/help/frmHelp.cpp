@@ -3,9 +3,9 @@
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
-#include "help/HelpPage.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace korvel {
@@ -84,23 +84,34 @@ void frmHelp::showRows(const std::vector<std::string>& rows) {
         grdHelp.setItem(row, 0, new QTableWidgetItem(shown(rows[static_cast<std::size_t>(row)])));
     grdHelp.setCurrentCell(0, 0, QItemSelectionModel::NoUpdate);
     grdHelp.scrollToTop();
-    lblPage.setText(
-        shown("Page " + GLOBAL.helpPage + ".  Page Up and Page Down turn to the other pages; Esc closes."));
+    lblPage.setText(shown("Page " + GLOBAL.helpPage +
+                          ".  Page Up and Page Down scroll, and turn to the other pages; Esc closes."));
 }
 
 bool frmHelp::onKey(int key, Qt::KeyboardModifiers) {
-    if (key == Qt::Key_Escape) doors().windows.close(*this);
-    return key == Qt::Key_Escape;
+    if (key != Qt::Key_Escape) return false;
+    doors().windows.close(*this);
+    return true;
 }
 
+// A key scrolls first; at the page's end it turns.
 bool frmHelp::keyInGrid(int key) {
     if (key != Qt::Key_PageUp && key != Qt::Key_PageDown) return false;
-    const PageTurn turn = key == Qt::Key_PageUp ? PageTurn::back : PageTurn::forth;
-    const std::string page = turnedPage(helpPagesThere(doors()), GLOBAL.helpPage, turn);
-    if (page == GLOBAL.helpPage) return true;
+    const bool forth = key == Qt::Key_PageDown;
+    QScrollBar& bar = *grdHelp.verticalScrollBar();
+    if (bar.value() != (forth ? bar.maximum() : bar.minimum()))
+        bar.setValue(bar.value() + (forth ? bar.pageStep() : -bar.pageStep()));
+    else
+        turn(forth ? PageTurn::forth : PageTurn::back);
+    return true;
+}
+
+void frmHelp::turn(PageTurn direction) {
+    const std::string page = turnedPage(helpPagesThere(doors()), GLOBAL.helpPage, direction);
+    if (page == GLOBAL.helpPage) return;
     GLOBAL.helpPage = page;
     load();
-    return true;
+    if (direction == PageTurn::back) grdHelp.scrollToBottom();
 }
 
 } // namespace korvel

@@ -1,6 +1,8 @@
-// The help viewer: one page of text in a grid of one column. Page Up and Page Down turn to the other pages.
+// The help viewer: one page of text in a grid of one column. Page Up and Page Down scroll, and at its end
+// turn to the other pages.
 #pragma once
 
+#include "help/HelpPage.h"
 #include "toolkit/forms/Form.h"
 
 #include <QTableWidget>
@@ -22,6 +24,7 @@ class frmHelp : public Form {
     QTableWidget& grid();
     void layOut();
     bool keyInGrid(int key);
+    void turn(PageTurn direction);
     void showRows(const std::vector<std::string>& rows);
 
     QTableWidget& grdHelp = grid();

@@ -49,7 +49,8 @@ class Machine {
     // Waits for it, hands on what it says as it comes, and returns its exit status.
     virtual int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
                           StartTurn turn) = 0;
-    // Shows a folder with the desktop's program for it.
+    // Opens a file, or shows a folder, with the desktop's program for it.
+    virtual void openFile(const std::string& file) = 0;
     virtual void showFolder(const std::string& folder) = 0;
 };
 

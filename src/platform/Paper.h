@@ -32,6 +32,8 @@ class PrintJob {
     // Hands the document over; error 482 where the print system refuses it. Returns where it went where the
     // user could not know: the file's model name, else "".
     virtual std::string finish() = 0;
+    // The model name of the file that the job is made into; "" where it goes to a print system.
+    virtual std::string file() const = 0;
 };
 
 class Paper {

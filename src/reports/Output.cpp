@@ -18,7 +18,7 @@ Message failureMessage(const RunTimeError& error) {
             Icon::critical, Buttons::ok};
 }
 
-OutputEnd printReport(Platform& platform, const OutputRequest& request, const ReportProgress& progress) {
+OutputResult printReport(Platform& platform, const OutputRequest& request, const ReportProgress& progress) {
     PrintedReport report(request.results, request.selection, dayMonthYear(platform.machine.today()),
                          platform.paper.metrics());
     const auto job =
@@ -26,10 +26,10 @@ OutputEnd printReport(Platform& platform, const OutputRequest& request, const Re
     while (const std::optional<Drawing> page = report.nextPage()) {
         job->page(*page);
         if (!goesOn(progress, report.reachesBegun(), request.selection.reaches.size()))
-            return OutputEnd::cancelled;
+            return {OutputEnd::cancelled, ""};
     }
     finishPrinting(platform, *job);
-    return OutputEnd::done;
+    return {OutputEnd::done, job->file()};
 }
 
 // Nothing where another program holds the file, which the user has been told.
@@ -44,36 +44,37 @@ std::unique_ptr<NewFile> createSpreadsheet(Platform& platform, const std::string
     }
 }
 
-OutputEnd saveSpreadsheet(Platform& platform, const OutputRequest& request, const ReportProgress& progress) {
+OutputResult saveSpreadsheet(Platform& platform, const OutputRequest& request,
+                             const ReportProgress& progress) {
     if (replacesInput(platform.files, request.outputFile, {request.resultsFile})) {
         platform.dialogs.show(outputWouldReplaceInput());
-        return OutputEnd::failed;
+        return {OutputEnd::failed, ""};
     }
     const auto file = createSpreadsheet(platform, request.outputFile);
-    if (!file) return OutputEnd::failed;
+    if (!file) return {OutputEnd::failed, ""};
     if (writeSpreadsheet(*file, request.results, request.selection, progress) == ReportEnd::cancelled)
-        return OutputEnd::cancelled;
+        return {OutputEnd::cancelled, ""};
     file->commit();
-    return OutputEnd::done;
+    return {OutputEnd::done, request.outputFile};
 }
 
-OutputEnd printListing(Platform& platform, const std::string& fileName, const std::string& pdfFile) {
+OutputResult printListing(Platform& platform, const std::string& fileName, const std::string& pdfFile) {
     const auto file = platform.files.open(fileName);
     Listing listing(*file, platform.paper.metrics());
     const auto job = platform.paper.begin({fileOf(fileName), Orientation::portrait, pdfFile});
     while (const std::optional<Drawing> page = listing.nextPage())
         job->page(*page);
     finishPrinting(platform, *job);
-    return OutputEnd::done;
+    return {OutputEnd::done, job->file()};
 }
 
 template <typename Work>
-OutputEnd withFailuresShown(Platform& platform, Work work) {
+OutputResult withFailuresShown(Platform& platform, Work work) {
     try {
         return work();
     } catch (const RunTimeError& error) {
         platform.dialogs.show(failureMessage(error));
-        return OutputEnd::failed;
+        return {OutputEnd::failed, ""};
     }
 }
 
@@ -89,15 +90,15 @@ OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, cons
     return {results, selection, resultsFile, reportFile(mode, resultsFile)};
 }
 
-OutputEnd Output(Platform& platform, OutputMode mode, const OutputRequest& request,
-                 const ReportProgress& progress) {
+OutputResult Output(Platform& platform, OutputMode mode, const OutputRequest& request,
+                    const ReportProgress& progress) {
     return withFailuresShown(platform, [&] {
         return mode == OutputMode::print ? printReport(platform, request, progress)
                                          : saveSpreadsheet(platform, request, progress);
     });
 }
 
-OutputEnd PrintFile(Platform& platform, const std::string& fileName, const std::string& pdfFile) {
+OutputResult PrintFile(Platform& platform, const std::string& fileName, const std::string& pdfFile) {
     return withFailuresShown(platform, [&] {
         return printListing(platform, fileName, pdfFile.empty() ? fileName + ".pdf" : pdfFile);
     });

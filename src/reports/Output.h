@@ -14,6 +14,13 @@ namespace korvel {
 enum class OutputMode { print, spreadsheet };
 enum class OutputEnd { done, cancelled, failed };
 
+// How an output ended; when it is done, the model name of the file made, "" where a printer took it.
+struct OutputResult {
+    OutputEnd end = OutputEnd::failed;
+    std::string file;
+    friend bool operator==(const OutputResult& result, OutputEnd end) { return result.end == end; }
+};
+
 struct OutputRequest {
     const ResultsDataSet& results;
     const ReportSelection& selection;
@@ -29,10 +36,10 @@ OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, cons
                             const std::string& resultsFile);
 
 // A failed or cancelled report leaves nothing behind; a failure has been shown.
-OutputEnd Output(Platform& platform, OutputMode mode, const OutputRequest& request,
-                 const ReportProgress& progress = {});
+OutputResult Output(Platform& platform, OutputMode mode, const OutputRequest& request,
+                    const ReportProgress& progress = {});
 
 // `pdfFile`: what is made where there is no printer; "" is the file's name with ".pdf" behind it.
-OutputEnd PrintFile(Platform& platform, const std::string& fileName, const std::string& pdfFile = "");
+OutputResult PrintFile(Platform& platform, const std::string& fileName, const std::string& pdfFile = "");
 
 } // namespace korvel

@@ -2,11 +2,16 @@
 
 #include "basic/Text.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace korvel {
 
 namespace {
 
 constexpr double rulePenWidth = 2; // printer dots
+constexpr double narrowest = 0.5;
+const char* const ellipsis = "\xE2\x80\xA6"; // U+2026
 
 } // namespace
 
@@ -30,10 +35,31 @@ TextSize PrintedPage::sizeOf(const std::string& text) const {
     return {twips.width / twipsToAnInch, twips.height / twipsToAnInch};
 }
 
-void PrintedPage::print(const std::string& text, TextSize size) {
-    if (!text.empty())
-        m_drawing.commands.push_back(
-            DrawnText{position, size.width, size.height, text, font, paletteColour(colours::black)});
+FittedText PrintedPage::fitted(const std::string& text) const {
+    const TextSize size = sizeOf(text);
+    if (size.width <= room.width) return {text, size, 1};
+    if (room.tooWide == TooWide::cut && size.width * narrowest > room.width) {
+        const std::string cut = cutToRoom(text);
+        return {cut, {sizeOf(cut).width * narrowest, size.height}, narrowest};
+    }
+    const double narrowing = std::max(room.width / size.width, narrowest);
+    return {text, {size.width * narrowing, size.height}, narrowing};
+}
+
+std::string PrintedPage::cutToRoom(const std::string& text) const {
+    const std::string whole = shownUtf8(text);
+    for (std::size_t length = shownLength(whole); length > 0; --length) {
+        std::string cut = trimRight(firstShown(whole, length - 1)) + ellipsis;
+        if (sizeOf(cut).width * narrowest <= room.width) return cut;
+    }
+    return ellipsis;
+}
+
+void PrintedPage::print(FittedText text) {
+    if (!text.text.empty())
+        m_drawing.commands.push_back(DrawnText{position, text.size.width, text.size.height,
+                                               std::move(text.text), font, paletteColour(colours::black),
+                                               text.narrowing});
     position = {0, position.y + m_lineHeight};
 }
 
@@ -46,10 +72,10 @@ void Ptext(PrintedPage& page, double xp, double yp, const std::string& Text1, do
            const std::string& Fmt) {
     const std::string format = lowerCase(Fmt);
     page.font.bold = contains(format, "b");
-    const TextSize size = page.sizeOf(Text1);
-    const double x = contains(format, "r") ? xp - size.width : xp;
+    FittedText text = page.fitted(Text1);
+    const double x = contains(format, "r") ? xp - text.size.width : xp;
     if (x > 0 && yp > 0) page.position = {x, yp};
-    page.print(Text1, size);
+    page.print(std::move(text));
     LastY = page.position.y;
 }
 

@@ -14,10 +14,12 @@ constexpr int statisticLine = 6;
 constexpr int holdsLine = 7;
 constexpr int headingEnd = ReportPages::headingLines;
 
+constexpr double besideTitle = 0.1; // inches kept between the title and what stands to the right of it
+
 void centredText(PrintedPage& page, double left, double right, double y, const std::string& text) {
     double nextLine = 0;
     page.font.bold = true;
-    Ptext(page, left + ((right - left) - page.widthOf(text)) / 2, y, text, nextLine, "b");
+    Ptext(page, left + ((right - left) - page.fitted(text).size.width) / 2, y, text, nextLine, "b");
 }
 
 } // namespace
@@ -56,16 +58,20 @@ void PrintedReport::PageHeader(PrintedPage& page, int number) const {
 }
 
 void PrintedReport::headTitle(PrintedPage& page, int number) const {
+    const std::string program = "KORVEL RESULTS";
     double y = 0;
+    page.room = {m_table.right - page.widthOf(program) - besideTitle - m_table.left, TooWide::cut};
     page.font = {"Arial", 10, false};
     Ptext(page, m_table.left, TableGeometry::top, m_results.resultsTitle, y, "b");
-    page.font.size = 8;
-    Ptext(page, m_table.right, TableGeometry::top, "KORVEL RESULTS", y, "r");
+    page.room = {};
+    page.font = reportFont;
+    Ptext(page, m_table.right, TableGeometry::top, program, y, "r");
     Ptext(page, m_table.right, y, m_date, y, "r");
     Ptext(page, m_table.right, y, "Page" + withLeadingBlank(number), y, "r");
 }
 
 void PrintedReport::headLabels(PrintedPage& page) const {
+    page.room = m_table.labelRoom();
     centredText(page, m_table.left, TableGeometry::labelRight, lineTop(groupNameLine), "Feature");
     ruleDown(page, m_table.left, groupNameLine, headingEnd);
     ruleDown(page, TableGeometry::labelRight, groupNameLine, headingEnd);
@@ -74,6 +80,7 @@ void PrintedReport::headLabels(PrintedPage& page) const {
 void PrintedReport::headGroup(PrintedPage& page, const ReportGroup& group) const {
     const double begin = m_table.columnEnd(group.firstColumn - 1);
     const double end = m_table.columnEnd(group.lastColumn);
+    page.room = {end - begin - 2 * m_table.inset, TooWide::cut};
     centredText(page, begin, end, lineTop(groupNameLine), group.name);
     centredText(page, begin, end, lineTop(groupKindLine), group.kind);
     ruleDown(page, end, groupNameLine, statisticLine);
@@ -83,6 +90,7 @@ void PrintedReport::headColumn(PrintedPage& page, int k) const {
     const ReportColumn& column = m_columns.columns[static_cast<std::size_t>(k - 1)];
     const double textEnd = m_table.columnEnd(k) - m_table.inset;
     double nextLine = 0;
+    page.room = m_table.valueRoom();
     Ptext(page, textEnd, lineTop(statisticLine), column.statistic, nextLine, "br");
     Ptext(page, textEnd, lineTop(holdsLine), column.holds, nextLine, "br");
     ruleDown(page, m_table.columnEnd(k), statisticLine, headingEnd);
@@ -91,6 +99,7 @@ void PrintedReport::headColumn(PrintedPage& page, int k) const {
 // The rules between the cells of a reach's rows are drawn in one piece.
 void PrintedReport::paintReach(PrintedPage& page, const PlannedReach& reach) const {
     double nextLine = 0;
+    page.room = {m_table.right - m_table.left - m_table.inset, TooWide::cut};
     ruleAcross(page, reach.headingLine);
     Ptext(page, m_table.left + m_table.inset / 2, lineTop(reach.headingLine), reach.heading, nextLine, "b");
     for (std::size_t i = 0; i < reach.points.size(); ++i)
@@ -102,7 +111,9 @@ void PrintedReport::paintReach(PrintedPage& page, const PlannedReach& reach) con
 
 void PrintedReport::paintRow(PrintedPage& page, int point, double y) const {
     double nextLine = 0;
+    page.room = m_table.labelRoom();
     Ptext(page, m_table.left + m_table.inset, y, rowLabel(m_results, m_selection, point), nextLine, "");
+    page.room = m_table.valueRoom();
     for (int k = 1; k <= m_columns.count(); ++k) {
         const double value = m_values[static_cast<std::size_t>(k - 1)][static_cast<std::size_t>(point)];
         Ptext(page, m_table.columnEnd(k) - m_table.inset, y, quickNumber(value), nextLine, "r");

@@ -49,6 +49,23 @@ void ReportChoices::chooseReaches(const std::vector<bool>& selected) {
     box(ReportBox::allReaches) = false;
 }
 
+std::vector<bool> picked(const std::vector<ListEntry>& list, ListPick pick) {
+    const auto isPicked = [&](std::size_t line) {
+        switch (pick) {
+        case ListPick::all: return true;
+        case ListPick::none: break;
+        case ListPick::inverted: return !list[line].selected;
+        case ListPick::concentrations: return line < list.size() / 2;
+        case ListPick::loads: return line >= list.size() / 2;
+        }
+        return false;
+    };
+    std::vector<bool> lines;
+    for (std::size_t line = 0; line < list.size(); ++line)
+        lines.push_back(isPicked(line));
+    return lines;
+}
+
 std::vector<int> selectedDeterminands(const std::vector<ListEntry>& list) {
     std::vector<int> selected;
     for (std::size_t i = 0; i < list.size(); ++i) {

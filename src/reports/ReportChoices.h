@@ -39,6 +39,10 @@ struct ListEntry {
     bool operator==(const ListEntry&) const = default;
 };
 
+// What the menus of the lists offer. The list of determinands holds all concentrations, then all loads.
+enum class ListPick { all, none, inverted, concentrations, loads };
+std::vector<bool> picked(const std::vector<ListEntry>& list, ListPick pick);
+
 // The series numbers of the list's selected lines; the 21st is error 9.
 std::vector<int> selectedDeterminands(const std::vector<ListEntry>& list);
 

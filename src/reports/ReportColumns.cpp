@@ -47,6 +47,11 @@ int CountCols(const ReportSelection& selection) {
     return static_cast<int>(count);
 }
 
+int determinandsThatFit(const ReportSelection& selection) {
+    const int columns = static_cast<int>(columnsOfDeterminand(1, selection).size());
+    return mostPrintedColumns / std::max(columns, 1);
+}
+
 ReportColumns reportColumns(const ResultsDataSet& results, const ReportSelection& selection) {
     ReportColumns report;
     for (const int series : selection.determinands) {

@@ -40,6 +40,9 @@ std::vector<ReportColumn> columnsOfDeterminand(int series, const ReportSelection
 // The value columns of the report; its two label columns are not counted.
 int CountCols(const ReportSelection& selection);
 
+// How many determinands a page takes with the selection's other choices.
+int determinandsThatFit(const ReportSelection& selection);
+
 ReportColumns reportColumns(const ResultsDataSet& results, const ReportSelection& selection);
 
 // The values of each column, by point.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/Paper.h"
+#include "reports/PrintedPage.h"
 #include "reports/ReportRows.h"
 
 #include <optional>
@@ -26,6 +27,9 @@ struct TableGeometry {
 
     // Where the k-th value column ends, counted from 1; with 0, where the first begins.
     double columnEnd(int k) const { return labelRight + k * columnWidth; }
+    // Between the insets of a cell. A number is never cut.
+    TextRoom labelRoom() const { return {labelRight - left - 2 * inset, TooWide::cut}; }
+    TextRoom valueRoom() const { return {columnWidth - 2 * inset, TooWide::printed}; }
 };
 TableGeometry tableGeometry(int columns);
 

@@ -7,7 +7,7 @@ namespace korvel {
 
 PageFit pageFit(int columns) {
     if (columns <= 10) return PageFit::portrait;
-    return columns <= 18 ? PageFit::landscape : PageFit::tooWide;
+    return columns <= mostPrintedColumns ? PageFit::landscape : PageFit::tooWide;
 }
 
 ColumnVerdict verdictOn(int columns) {

@@ -21,6 +21,7 @@ struct ReportSelection {
     bool operator==(const ReportSelection&) const = default;
 };
 
+inline constexpr int mostPrintedColumns = 18;
 enum class PageFit { portrait, landscape, tooWide };
 PageFit pageFit(int columns);
 

@@ -34,12 +34,17 @@ frmListing::frmListing(Platform& doors)
     on(cmdNext, &QPushButton::clicked, [this] { find(Direction::forward); });
     on(txtFind, &QLineEdit::returnPressed, [this] { find(Direction::forward); });
     on(cmdPrevious, &QPushButton::clicked, [this] { find(Direction::backward); });
-    on(cmdPrint, &QPushButton::clicked, [this] { PrintFile(this->doors(), m_fileName); });
+    on(cmdPrint, &QPushButton::clicked, [this] { print(); });
     on(cmdClose, &QPushButton::clicked, [this] { this->doors().windows.close(*this); });
     onShortcut(QKeySequence::Find, [this] {
         txtFind.setFocus();
         txtFind.selectAll();
     });
+    for (const QKeySequence& nearer :
+         {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)})
+        onShortcut(nearer, [this] { txtListing.zoomIn(); });
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus), [this] { txtListing.zoomOut(); });
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_0), [this] { setDesignFont(); });
     onShortcut(QKeySequence(Qt::Key_F3), [this] { find(Direction::forward); });
     onShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { find(Direction::backward); });
 }
@@ -49,9 +54,7 @@ void frmListing::layOut() {
     txtListing.setAccessibleName("Listing");
     txtListing.setReadOnly(true);
     txtListing.setLineWrapMode(QPlainTextEdit::NoWrap);
-    QFont font("Courier New", 10);
-    font.setStyleHint(QFont::Monospace);
-    txtListing.setFont(font);
+    setDesignFont();
     lblFind.setBuddy(&txtFind);
 
     auto* bar = new QHBoxLayout;
@@ -64,6 +67,11 @@ void frmListing::layOut() {
     all->setContentsMargins(12, 10, 12, 12);
     all->addLayout(bar);
     all->addWidget(&txtListing, 1);
+}
+
+void frmListing::print() {
+    const OutputResult printed = PrintFile(doors(), m_fileName);
+    if (printed == OutputEnd::done) m_done.tell("The listing", printed.file);
 }
 
 void frmListing::view(const std::string& fileName) {
@@ -81,6 +89,13 @@ void frmListing::view(const std::string& fileName) {
     const WorkArea area = doors().machine.workArea();
     setOuterPlace({area.left, area.top, area.width, area.height});
     doors().windows.showModal(*this);
+}
+
+// Ctrl and the wheel change it, too.
+void frmListing::setDesignFont() {
+    QFont font("Courier New", 10);
+    font.setStyleHint(QFont::Monospace);
+    txtListing.setFont(font);
 }
 
 // From the cursor on, and round at the end of the file.

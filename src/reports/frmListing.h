@@ -1,6 +1,7 @@
 // Shows one of the engine's text files as it is printed: box characters as characters, with a search.
 #pragma once
 
+#include "toolkit/forms/DoneLine.h"
 #include "toolkit/forms/Form.h"
 
 #include <QPlainTextEdit>
@@ -18,6 +19,8 @@ class frmListing : public Form {
     enum class Direction { forward, backward };
 
     void layOut();
+    void setDesignFont();
+    void print();
     void find(Direction direction);
 
     QLabel& lblFind = label("lblFind", "&Find:", {}, {.fontSize = 10});
@@ -30,6 +33,7 @@ class frmListing : public Form {
     QPlainTextEdit& txtListing;
 
     std::string m_fileName;
+    DoneLine m_done{lblFound, doors().machine, handlers()};
 };
 
 } // namespace korvel

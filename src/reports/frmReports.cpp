@@ -1,5 +1,6 @@
 #include "reports/frmReports.h"
 
+#include "basic/ModelName.h"
 #include "basic/Text.h"
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
@@ -40,6 +41,12 @@ void showList(QListWidget& list, const std::vector<ListEntry>& entries) {
     showItems(list, texts, selected);
 }
 
+std::string fitHint(int determinands) {
+    if (determinands == 0) return "With these options not even one determinand fits.";
+    return "With these options at most " + std::to_string(determinands) +
+           (determinands == 1 ? " determinand fits." : " determinands fit.");
+}
+
 } // namespace
 
 frmReports::frmReports(Platform& doors)
@@ -50,6 +57,8 @@ frmReports::frmReports(Platform& doors)
     CDFilename.objectName = "CDFilename";
     connectMenus();
     connectChoices();
+    connectLists();
+    addListMenus();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
     for (QFrame* overlay : {&frameExplain, &frameProgress}) {
         overlay->setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -75,6 +84,9 @@ void frmReports::connectChoices() {
             m_choices.tick(which, ticked);
             refresh();
         });
+}
+
+void frmReports::connectLists() {
     const auto chooseDeterminands = [this] {
         m_choices.chooseDeterminands(selectionOf(lstDets));
         refresh();
@@ -90,6 +102,33 @@ void frmReports::connectChoices() {
     on(lstReaches, &QListWidget::itemClicked, chooseReaches);
 }
 
+void frmReports::addListMenus() {
+    using enum ListPick;
+    addListMenu(lstReaches, ReportBox::allReaches, &ReportChoices::chooseReaches, &ReportChoices::reaches,
+                {all, none, inverted});
+    addListMenu(lstDets, ReportBox::allDeterminands, &ReportChoices::chooseDeterminands,
+                &ReportChoices::determinands, {all, none, inverted, concentrations, loads});
+}
+
+void frmReports::addListMenu(QListWidget& list, ReportBox all,
+                             void (ReportChoices::*choose)(const std::vector<bool>&),
+                             const std::vector<ListEntry>& (ReportChoices::*lines)() const,
+                             std::initializer_list<ListPick> picks) {
+    static constexpr std::array captions{"&All", "&None", "&Invert", "&Concentrations only", "&Loads only"};
+    list.setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (const ListPick pick : picks) {
+        auto* item = new QAction(captions[static_cast<std::size_t>(pick)], &list);
+        list.addAction(item);
+        onClick(*item, [=, this] {
+            if (pick == ListPick::all)
+                m_choices.tick(all, true);
+            else
+                (m_choices.*choose)(picked((m_choices.*lines)(), pick));
+            refresh();
+        });
+    }
+}
+
 void frmReports::onActivate() {
     centreFrames();
     if (!GLOBAL.reportResultsPending) return takeOverResults();
@@ -100,16 +139,14 @@ void frmReports::onActivate() {
     GLOBAL.reportResultsPending = false;
 }
 
-// The set-up form may have read the first slot anew since this form last did: another file's lists take the
-// place of these, the same file's keep what is selected.
+// The set-up form may have read the first slot anew since the lists were filled.
 void frmReports::takeOverResults() {
-    if (!m_loaded || m_loadsSeen == GLOBAL.firstSlotLoads) return;
+    if (m_loadsSeen == GLOBAL.firstSlotLoads) return;
     m_loadsSeen = GLOBAL.firstSlotLoads;
     m_loaded = GLOBAL.firstSlotLoaded;
-    if (!m_loaded || m_file != GLOBAL.fileNames[0])
-        setWindowTitle(shown(m_loaded ? "Reports for " + GLOBAL.fileNames[0] : "Korvel Reports"));
-    if (m_loaded && m_file != GLOBAL.fileNames[0]) FillReportLists(m_choices, RESULTS);
-    m_file = GLOBAL.fileNames[0];
+    m_done.clear();
+    if (m_loaded) FillReportLists(m_choices, RESULTS);
+    setWindowTitle(shown(m_loaded ? "Reports for " + GLOBAL.fileNames[0] : "Korvel Reports"));
     refresh();
 }
 
@@ -133,6 +170,7 @@ void frmReports::openResults() {
 // Into the first slot, which reports read. A failure leaves the previous lists.
 void frmReports::loadResults() {
     GLOBAL.currentSlot = 0;
+    m_done.clear();
     setBusy("Reading the results ...");
     lblCancel.hide();
     LoadResultsFile(m_services, true, [this](double share) {
@@ -141,13 +179,14 @@ void frmReports::loadResults() {
     });
     setIdle();
     m_loadsSeen = GLOBAL.firstSlotLoads;
-    m_file = GLOBAL.fileNames[0];
     m_loaded = !GLOBAL.loadFailed;
     if (m_loaded) FillReportLists(m_choices, RESULTS);
     refresh();
 }
 
 std::optional<std::string> frmReports::askForFile() {
+    const std::string& results = GLOBAL.fileNames[0];
+    CDFilename.initialFolder = results.empty() ? GLOBAL.LastFolder : folderOf(results);
     const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::open, CDFilename);
     if (!chosen) return std::nullopt;
     doors().files.setCurrentFolder(doors().machine.applicationFolder());
@@ -157,11 +196,15 @@ std::optional<std::string> frmReports::askForFile() {
 }
 
 void frmReports::produce(OutputMode mode) {
+    m_done.clear();
     setBusy(mode == OutputMode::print ? "Printing ..." : "Writing to spreadsheet file ...");
     const auto idleAgain = qScopeGuard([this] { setIdle(); });
     const ReportSelection selection = m_choices.selection();
-    Output(m_services, mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]),
-           [this](double share) { return showProgress(share); });
+    const OutputResult made =
+        Output(m_services, mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]),
+               [this](double share) { return showProgress(share); });
+    if (made == OutputEnd::done)
+        m_done.tell(mode == OutputMode::print ? "The report" : "The spreadsheet file", made.file);
 }
 
 // Input may pass here, so that Esc can cancel; all else is switched off meanwhile.
@@ -216,10 +259,10 @@ void frmReports::chooseOutputFile(int button) {
     const std::optional<std::string> name = askForFile();
     frameExplain.hide();
     if (!name) return;
-    if (button == viewButton)
-        m_listing.view(*name);
-    else
-        PrintFile(doors(), *name);
+    m_done.clear();
+    if (button == viewButton) return m_listing.view(*name);
+    const OutputResult printed = PrintFile(doors(), *name);
+    if (printed == OutputEnd::done) m_done.tell("The listing", printed.file);
 }
 
 void frmReports::refresh() {
@@ -240,16 +283,24 @@ void frmReports::refreshLists() {
 }
 
 void frmReports::showVerdict() {
-    const ColumnVerdict verdict = verdictOn(CountCols(m_choices.selection()));
+    const ReportSelection selection = m_choices.selection();
+    const ColumnVerdict verdict = verdictOn(CountCols(selection));
     Label[7].setText(shown(verdict.countText));
     Label[8].setText(shown(verdict.fitText));
     for (const int index : {7, 8})
         setBackground(Label[index], paletteColour(verdict.colour));
-    mnuPrint.setEnabled(m_loaded && verdict.fit != PageFit::tooWide);
+    const bool tooWide = verdict.fit == PageFit::tooWide;
+    lblFit.setText(tooWide ? shown(fitHint(determinandsThatFit(selection))) : QString());
+    mnuPrint.setEnabled(m_loaded && !tooWide);
     mnuSpreadsheet.setEnabled(m_loaded);
-    lblNextStep.setText(m_loaded ? "Choose reaches, determinands and options, then Print tabular output or "
-                                   "Spreadsheet file."
-                                 : "Next: choose Open and pick a results file.");
+    lblNextStep.setText(shown(nextStep()));
+}
+
+std::string frmReports::nextStep() const {
+    if (m_loaded)
+        return "Choose reaches, determinands and options, then Print tabular output or Spreadsheet file.";
+    if (m_loadsSeen > 0) return "The results could not be read. Choose Open and pick a results file.";
+    return "Next: choose Open and pick a results file.";
 }
 
 } // namespace korvel

@@ -6,6 +6,7 @@
 #include "reports/ReportChoices.h"
 #include "reports/frmListing.h"
 #include "toolkit/forms/ControlArray.h"
+#include "toolkit/forms/DoneLine.h"
 #include "toolkit/forms/Form.h"
 
 namespace korvel {
@@ -18,6 +19,7 @@ class frmReports : public Form {
     void onActivate() override;
     bool onClose() override { return !m_busy; }
     bool onKey(int key, Qt::KeyboardModifiers modifiers) override;
+    bool isBusy() const override { return m_busy; }
 
   private:
     ControlArray<QLabel> labels();
@@ -25,6 +27,12 @@ class frmReports : public Form {
     ControlArray<QPushButton> viewButtons();
     void connectMenus();
     void connectChoices();
+    void connectLists();
+    void addListMenus();
+    void addListMenu(QListWidget& list, ReportBox all,
+                     void (ReportChoices::*choose)(const std::vector<bool>&),
+                     const std::vector<ListEntry>& (ReportChoices::*lines)() const,
+                     std::initializer_list<ListPick> picks);
 
     void openResults();
     void loadResults();
@@ -41,6 +49,7 @@ class frmReports : public Form {
     void refresh();
     void refreshLists();
     void showVerdict();
+    std::string nextStep() const;
 
     QAction& mnuOpen = menuItem("mnuOpen", "&Open");
     QAction& mnuPrint = menuItem("mnuPrint", "&Print tabular output");
@@ -53,8 +62,11 @@ class frmReports : public Form {
     QFrame& frameOptions = frame("frameOptions", at(6390, 75, 2970, 2610));
     ControlArray<QCheckBox> Check = checkBoxes();
     ControlArray<QLabel> Label = labels();
-    QLabel& lblNextStep = label("lblNextStep", "", at(6390, 2850, 2970, 1800),
+    QLabel& lblNextStep = label("lblNextStep", "", at(6390, 2850, 2970, 1050),
                                 {.bold = true, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
+    QLabel& lblDone = label("lblDone", "", at(6390, 3900, 2970, 1170),
+                            {.align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
+    QLabel& lblFit = label("lblFit", "", at(4800, 5775, 4560, 270), {.align = Qt::AlignCenter});
     QFrame& frameExplain = frame("frameExplain", at(1500, 1500, 6600, 2250));
     QLabel& lblExplain;
     ControlArray<QPushButton> cmdView = viewButtons();
@@ -65,6 +77,7 @@ class frmReports : public Form {
         label("lblCancel", "Press Esc to cancel.", at(240, 840, 4020, 270), {.in = &frameProgress});
 
     ReportChoices m_choices;
+    DoneLine m_done{lblDone, doors().machine, handlers()};
     // A message that ends a load or a report stands alone on the form.
     DialogsAfter m_dialogs{doors().dialogs, [this] { frameProgress.hide(); }};
     Platform m_services = withDialogs(doors(), m_dialogs);
@@ -72,7 +85,6 @@ class frmReports : public Form {
     frmListing m_listing;
     bool m_loaded = false;
     int m_loadsSeen = 0; // of the first slot, by number
-    std::string m_file;  // what the lists show
     bool m_busy = false;
     bool m_cancelled = false;
 };

@@ -43,8 +43,8 @@ std::string commandText(const DrawnRun& run) {
 
 std::string commandText(const DrawnText& text) {
     return "text " + place(text.corner) + " " + place(text.width) + " " + place(text.height) + " " +
-           text.font.name + " " + shortestNumber(text.font.size) + (text.font.bold ? " bold" : "") + " \"" +
-           text.text + "\"";
+           text.font.name + " " + shortestNumber(text.font.size) + (text.font.bold ? " bold" : "") +
+           (text.narrowing == 1 ? "" : " narrowed " + place(text.narrowing)) + " \"" + text.text + "\"";
 }
 
 } // namespace

@@ -262,6 +262,7 @@ class FakePlatform::Job : public PrintJob {
         m_platform.m_printed[m_number].finished = true;
         return m_platform.printedTo;
     }
+    std::string file() const override { return m_platform.printedTo; }
 
   private:
     FakePlatform& m_platform;

@@ -4,6 +4,7 @@
 #include "forms/FormDriver.h"
 #include "global/GLOBAL.h"
 
+#include <QScrollBar>
 #include <QTest>
 
 namespace korvel {
@@ -83,6 +84,30 @@ TEST_F(FrmHelp, TurnsThePagesThatAreThere) {
     QTest::keyClick(&grid(), Qt::Key_PageUp);
     QTest::keyClick(&grid(), Qt::Key_PageUp);
     EXPECT_EQ(row(0), "page 4, line 4");
+}
+
+TEST_F(FrmHelp, ScrollsBeforeItTurns) {
+    putPage("4", 200);
+    putPage("5", 200);
+    load("4");
+    passEvents();
+    QScrollBar& bar = *grid().verticalScrollBar();
+    ASSERT_GT(bar.maximum(), bar.pageStep());
+    QTest::keyClick(&grid(), Qt::Key_PageDown);
+    EXPECT_EQ(bar.value(), bar.pageStep());
+    EXPECT_EQ(GLOBAL.helpPage, "4");
+    while (bar.value() < bar.maximum())
+        QTest::keyClick(&grid(), Qt::Key_PageDown);
+    EXPECT_EQ(GLOBAL.helpPage, "4");
+    QTest::keyClick(&grid(), Qt::Key_PageDown);
+    EXPECT_EQ(GLOBAL.helpPage, "5");
+    EXPECT_EQ(bar.value(), 0);
+    QTest::keyClick(&grid(), Qt::Key_PageUp);
+    EXPECT_EQ(GLOBAL.helpPage, "4");
+    EXPECT_EQ(bar.value(), bar.maximum()) << "back to where the page was left";
+    QTest::keyClick(&grid(), Qt::Key_PageUp);
+    EXPECT_EQ(GLOBAL.helpPage, "4");
+    EXPECT_LT(bar.value(), bar.maximum());
 }
 
 TEST_F(FrmHelp, ClosesOnEscape) {

@@ -6,6 +6,7 @@
 
 #include <QTest>
 #include <QTextBlock>
+#include <QWheelEvent>
 
 namespace korvel {
 
@@ -52,6 +53,31 @@ TEST_F(FrmListing, ShowsTheFileModallyInItsOwnCharacters) {
     view("\xDA\xC4\xC2\xBF\r\n\xB3 1\xB3 2\xBA caf\x82\r\nend", [&] {
         EXPECT_EQ(text().toPlainText(), QString::fromUtf8("┌─┬┐\n│ 1│ 2║ café\nend\n"));
         EXPECT_EQ(form.windowTitle(), "RIVER.OUT");
+    });
+}
+
+TEST_F(FrmListing, ZoomsWithKeysAndTheWheel) {
+    view(river, [&] {
+        const auto size = [&] { return text().font().pointSize(); };
+        const int design = size();
+        key(Qt::Key_Plus, Qt::ControlModifier);
+        key(Qt::Key_Equal, Qt::ControlModifier);
+        EXPECT_EQ(size(), design + 2);
+        key(Qt::Key_Minus, Qt::ControlModifier);
+        EXPECT_EQ(size(), design + 1);
+        QWheelEvent turn({20, 20}, text().mapToGlobal(QPointF(20, 20)), {}, {0, 120}, Qt::NoButton,
+                         Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(text().viewport(), &turn);
+        EXPECT_EQ(size(), design + 2);
+        key(Qt::Key_0, Qt::ControlModifier);
+        EXPECT_EQ(size(), design);
+    });
+}
+
+TEST_F(FrmListing, SaysWhatWasPrinted) {
+    view(river, [&] {
+        press("cmdPrint");
+        EXPECT_EQ(found(), "The listing was handed to the printer.");
     });
 }
 

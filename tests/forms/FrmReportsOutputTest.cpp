@@ -42,9 +42,9 @@ ResultsFileBuilder manyReaches(int count) {
 
 const std::string dataFilter = "Input data files (*.DAT)|*.DAT|All files (*.*)|*.*|";
 
-std::string outputDialog(const std::string& filter) {
-    return "open dialog \"Open output text file\" filter \"" + filter +
-           "\" folder \"\" overwritePrompt no -> ";
+std::string outputDialog(const std::string& filter, const std::string& folder = "") {
+    return "open dialog \"Open output text file\" filter \"" + filter + "\" folder \"" + folder +
+           "\" overwritePrompt no -> ";
 }
 
 } // namespace
@@ -135,6 +135,29 @@ TEST_F(FrmReportsOutput, HidesItsProgressBeforeAMessageIsShown) {
     platform.putFile("BAD.SGR", "no results");
     platform.willChoose(platform.pathOf("BAD.SGR"));
     expectMessageOf("mnuOpen");
+}
+
+TEST_F(FrmReportsOutput, SaysWhatWasWrittenWhereWithLinks) {
+    auto& done = control<QLabel>(form, "lblDone");
+    open();
+    EXPECT_EQ(done.text(), "");
+    choose(form, "mnuSpreadsheet");
+    EXPECT_TRUE(done.text().startsWith("The spreadsheet file was written to RIVER.csv."))
+        << done.text().toStdString();
+    platform.takeTranscript();
+    emit done.linkActivated("open");
+    emit done.linkActivated("folder");
+    EXPECT_EQ(platform.takeTranscript(), "open {app}\\RIVER.csv\nshow folder {app}\\\n");
+    choose(form, "mnuPrint");
+    EXPECT_EQ(done.text(), "The report was handed to the printer.");
+    platform.printedTo = platform.pathOf("RIVER-report.pdf");
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuPrint");
+    EXPECT_TRUE(done.text().startsWith("The report was written to RIVER-report.pdf."));
+    platform.willFailPrinting(PrintStep::begin);
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuPrint");
+    EXPECT_EQ(done.text(), "") << "nothing was written";
 }
 
 TEST_F(FrmReportsOutput, ShowsItsProgressAndTakesNothingElseMeanwhile) {
@@ -261,7 +284,7 @@ TEST_F(FrmReportsOutput, LengthensTheListOfFileTypesWithEachUse) {
     platform.willCancel();
     click(control<QPushButton>(form, "cmdView_0"));
     EXPECT_EQ(platform.takeTranscript(),
-              outputDialog(dataFilter + "Korvel graph files (*.SGR)|*.SGR") + "cancel\n")
+              outputDialog(dataFilter + "Korvel graph files (*.SGR)|*.SGR", "{app}\\") + "cancel\n")
         << "put in front of what the dialog held";
 }
 

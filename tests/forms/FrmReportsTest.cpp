@@ -57,8 +57,10 @@ ResultsFileBuilder wideRiver(int mode = 0) {
 
 const QColor lightGreen(0, 255, 0), lightYellow(255, 255, 0), lightRed(255, 0, 0);
 
-const std::string openDialog = "open dialog \"Open results file\" filter \"Korvel graph files "
-                               "(*.SGR)|*.SGR\" folder \"\" overwritePrompt no -> ";
+std::string openDialog(const std::string& folder) {
+    return "open dialog \"Open results file\" filter \"Korvel graph files (*.SGR)|*.SGR\" folder \"" +
+           folder + "\" overwritePrompt no -> ";
+}
 
 } // namespace
 
@@ -105,7 +107,7 @@ TEST_F(FrmReports, IsEmptyBeforeResultsAreLoaded) {
 
 TEST_F(FrmReports, OpensAResultsFile) {
     open();
-    EXPECT_EQ(platform.takeTranscript(), openDialog + "{app}\\RIVER.SGR\ncurrent folder {app}\n");
+    EXPECT_EQ(platform.takeTranscript(), openDialog("") + "{app}\\RIVER.SGR\ncurrent folder {app}\n");
     EXPECT_EQ(GLOBAL.fileNames[0], platform.pathOf("RIVER.SGR"));
     EXPECT_EQ(GLOBAL.currentSlot, 0);
     EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("RIVER.SGR"));
@@ -132,11 +134,11 @@ TEST_F(FrmReports, LeavesAllAsItWasWhereNoFileIsChosen) {
     const std::string title = form.windowTitle().toStdString();
     platform.willCancel();
     choose(form, "mnuOpen");
-    EXPECT_EQ(platform.takeTranscript(), openDialog + "cancel\n");
+    EXPECT_EQ(platform.takeTranscript(), openDialog("{app}\\") + "cancel\n");
     platform.willChooseRefused(platform.pathOf("X.SGR"), "The name can't be used.");
     platform.willAnswer(Answer::ok);
     choose(form, "mnuOpen");
-    EXPECT_EQ(platform.takeTranscript(), openDialog +
+    EXPECT_EQ(platform.takeTranscript(), openDialog("{app}\\") +
                                              "{app}\\X.SGR\ncurrent folder {app}\n"
                                              "box [exclamation] File name: The name can't be used. -> ok\n");
     EXPECT_EQ(form.windowTitle().toStdString(), title);
@@ -338,13 +340,80 @@ TEST_F(FrmReports, TakesOverAnotherFileThatTheSetUpFormHasRead) {
     EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("OTHER.SGR"));
 }
 
-TEST_F(FrmReports, KeepsItsSelectionsWhereTheSameFileIsReadAgain) {
+TEST_F(FrmReports, FillsItsListsAnewWhereTheSameFileIsReadAgain) {
     open();
     reaches().clearSelection();
     readAsTheSetUpFormDoes("RIVER.SGR");
     activate();
-    EXPECT_TRUE(reaches().selectedItems().isEmpty());
-    EXPECT_TRUE(enabled("mnuSpreadsheet"));
+    EXPECT_EQ(reaches().selectedItems().size(), 2);
+    EXPECT_TRUE(box(8).isChecked());
+    clickLine(reaches(), 0);
+    activate();
+    EXPECT_EQ(reaches().selectedItems().size(), 1) << "nothing was read since";
+}
+
+TEST_F(FrmReports, TakesOverWhatTheSetUpFormReadFirst) {
+    readAsTheSetUpFormDoes("RIVER.SGR");
+    activate();
+    EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("RIVER.SGR"));
+    EXPECT_EQ(selectedLines(reaches()).size(), 2U);
+    EXPECT_TRUE(greyedItems(*form.menuBar()).empty());
+}
+
+TEST_F(FrmReports, SaysThatResultsCouldNotBeRead) {
+    const auto hint = [&] { return control<QLabel>(form, "lblNextStep").text().toStdString(); };
+    EXPECT_EQ(hint(), "Next: choose Open and pick a results file.");
+    platform.putFile("BAD.SGR", "nonsense");
+    platform.willChoose(platform.pathOf("BAD.SGR"));
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuOpen");
+    EXPECT_EQ(hint(), "The results could not be read. Choose Open and pick a results file.");
+    open();
+    EXPECT_EQ(hint(),
+              "Choose reaches, determinands and options, then Print tabular output or Spreadsheet file.");
+}
+
+TEST_F(FrmReports, OffersTheLastFolderBeforeAFileWasOpened) {
+    GLOBAL.LastFolder = "Z:\\RIVERS\\";
+    platform.willCancel();
+    choose(form, "mnuOpen");
+    EXPECT_EQ(platform.takeTranscript(), openDialog("Z:\\RIVERS\\") + "cancel\n");
+}
+
+TEST_F(FrmReports, PicksLinesFromTheMenusOfItsLists) {
+    open();
+    const auto pick = [](QListWidget& list, const char* caption) {
+        for (QAction* item : list.actions())
+            if (item->text() == caption) return item->trigger();
+        FAIL() << caption;
+    };
+    EXPECT_EQ(reaches().actions().size(), 3);
+    clickLine(reaches(), 0);
+    pick(reaches(), "&Invert");
+    EXPECT_EQ(selectedLines(reaches()), Lines{"12 Lower Mill      "});
+    pick(reaches(), "&None");
+    EXPECT_TRUE(selectedLines(reaches()).empty());
+    EXPECT_FALSE(box(8).isChecked());
+    pick(reaches(), "&All");
+    EXPECT_EQ(selectedLines(reaches()).size(), 2U);
+    EXPECT_TRUE(box(8).isChecked());
+    pick(determinands(), "&Loads only");
+    EXPECT_EQ(selectedLines(determinands()), (Lines{"BOD (Load)", "Ammonia (Load)"}));
+    pick(determinands(), "&Concentrations only");
+    EXPECT_EQ(selectedLines(determinands()), (Lines{"BOD (Conc)", "Ammonia (Conc)"}));
+    expectVerdict(4, "Print orientation: Portrait", lightGreen);
+    EXPECT_FALSE(box(0).isChecked());
+}
+
+TEST_F(FrmReports, SaysHowManyDeterminandsFit) {
+    const auto hint = [&] { return control<QLabel>(form, "lblFit").text().toStdString(); };
+    openRiver(wideRiver());
+    EXPECT_EQ(hint(), "With these options at most 9 determinands fit.") << "two columns each";
+    for (const int index : {2, 4, 6, 7})
+        click(box(index));
+    EXPECT_EQ(hint(), "With these options at most 1 determinand fits.") << "16 columns";
+    chooseDeterminands(1);
+    EXPECT_EQ(hint(), "");
 }
 
 TEST_F(FrmReports, MakesNothingOfAFileThatTheSetUpFormCouldNotRead) {

@@ -346,6 +346,30 @@ TEST_F(FrmStart, F1OpensHelpOnPage4) {
     EXPECT_EQ(GLOBAL.helpPage, "4");
 }
 
+TEST_F(FrmStart, F1OpensHelpInEveryGivenForm) {
+    platform.putFile("KORDAT4.TXT", "1\r\n2\r\n3\r\nTHE DATA FILE\r\nnot shown\r\n");
+    start();
+    const auto pressF1 = [&](ShownForm& shown) {
+        auto& widget = dynamic_cast<QWidget&>(shown);
+        showActive(widget);
+        GLOBAL.helpPage = "7";
+        platform.willActOn("frmHelp", [&](ShownForm&) { EXPECT_EQ(GLOBAL.helpPage, "4"); });
+        QTest::keyClick(&widget, Qt::Key_F1);
+        widget.hide();
+    };
+    for (const auto& [item, name] : {std::pair("mnuGraphs", "frmGraphData"), {"mnuReports", "frmReports"}}) {
+        platform.willActOn(name, pressF1);
+        choose(*form, item);
+        EXPECT_NE(platform.takeTranscript().find("show modal frmHelp"), std::string::npos) << name;
+    }
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() != "frmBatch" && widget->objectName() != "frmSimgraph") continue;
+        pressF1(dynamic_cast<ShownForm&>(*widget));
+        EXPECT_NE(platform.takeTranscript().find("show modal frmHelp"), std::string::npos)
+            << widget->objectName().toStdString();
+    }
+}
+
 TEST_F(FrmStart, MakesTheProgressFrameReadyAsItHidesTheEditWarning) {
     start();
     EXPECT_FALSE(shows("Progress"));

@@ -39,6 +39,7 @@ class MemoryPlatform : private Dialogs, private Files, private Machine, private 
     int runEngine(const std::string&, const std::function<void(std::string_view)>&, StartTurn) override {
         return 0;
     }
+    void openFile(const std::string&) override {}
     void showFolder(const std::string&) override {}
 
     void showModal(ShownForm&) override {}

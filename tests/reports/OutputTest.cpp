@@ -12,7 +12,7 @@ namespace {
 
 class ReportOutput : public testing::Test {
   protected:
-    OutputEnd output(OutputMode mode, const ReportProgress& progress = {}) {
+    OutputResult output(OutputMode mode, const ReportProgress& progress = {}) {
         const ReportSelection selection = river.choices.selection();
         return Output(platform, mode, outputRequest(mode, river.results, selection, resultsFile), progress);
     }

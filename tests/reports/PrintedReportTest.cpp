@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace korvel {
 
@@ -91,6 +92,64 @@ TEST(PrintedReport, HeadsThePageWithTitleDateAndNumber) {
     EXPECT_DOUBLE_EQ(number.corner.x, 7.7 - 6 * letter);
     EXPECT_DOUBLE_EQ(number.corner.y, 0.5 + 2 * lineHeight);
     EXPECT_TRUE(hasRule(page, {0.4, ruleY(4)}, {7.7, ruleY(4)}));
+}
+
+TEST(PrintedReport, PrintsWhatIsTooWideForItsColumnNarrower) {
+    const double width = (10.7 - 2.8) / 17, room = 0.8 * width; // between the insets
+    ResultsFileBuilder river = smallRiver();
+    river.point(12, 8, "Works of the water company", 3).setAll(0);
+    const Drawing page = pagesOf(LoadedRiver(river), seventeenColumns()).at(0);
+    const DrawnText number = textNamed(page, "0.0000000");
+    EXPECT_DOUBLE_EQ(number.width, room) << "9 letters in the room of 6.7";
+    EXPECT_DOUBLE_EQ(number.narrowing, room / (9 * letter));
+    EXPECT_NEAR(std::remainder(number.corner.x + number.width + 0.1 * width - 2.8, width), 0, 1e-9)
+        << "ends at the inset of its column";
+    EXPECT_EQ(textNamed(page, "12.35").narrowing, 1);
+    EXPECT_DOUBLE_EQ(textNamed(page, "90%-ile").width, room);
+    EXPECT_EQ(textNamed(page, "Works of the water company").narrowing, 1);
+    EXPECT_EQ(number.height, textNamed(page, "12.35").height);
+}
+
+TEST(PrintedReport, CutsALabelThatIsTooLongAtHalfItsWidth) {
+    ResultsFileBuilder river = smallRiver();
+    const std::string narrowed(60, 'a'), tooLong(120, 'b');
+    river.point(12, 8, narrowed, 3).point(12, 9, tooLong, 3);
+    const LoadedRiver loaded(river);
+    const Drawing page = pagesOf(loaded).at(0); // eight columns
+    const double inset = (7.7 - 2.8) / 80, room = 2.4 - 2 * inset;
+    EXPECT_DOUBLE_EQ(textNamed(page, narrowed).width, room);
+    const auto most = static_cast<std::size_t>(room / (letter / 2));
+    const DrawnText cut = textNamed(page, std::string(most - 1, 'b') + "\xE2\x80\xA6");
+    EXPECT_EQ(cut.narrowing, 0.5);
+    EXPECT_LE(cut.width, room);
+    EXPECT_EQ(cut.corner.x, 0.4 + inset);
+}
+
+TEST(PrintedReport, KeepsTheTitleAwayFromTheProgramsName) {
+    const double room = 7.7 - 14 * letter - 0.1 - 0.4, titleLetter = letter * 10 / 8;
+    for (const std::size_t length : {std::size_t{60}, std::size_t{130}, std::size_t{300}}) {
+        const std::string title(length, 't');
+        const DrawnText drawn = textsOf(pagesOf(LoadedRiver(smallRiver().title(title))).at(0)).at(0);
+        EXPECT_EQ(drawn.corner.x, 0.4);
+        EXPECT_LE(drawn.width, room * (1 + 1e-12)) << length;
+        EXPECT_EQ(drawn.text.ends_with("\xE2\x80\xA6"), length == 300) << length;
+        const double wanted = static_cast<double>(length) * titleLetter;
+        EXPECT_DOUBLE_EQ(drawn.narrowing, std::clamp(room / wanted, 0.5, 1.0)) << length;
+    }
+}
+
+TEST(PrintedReport, CentresANarrowedDeterminandOverItsColumns) {
+    ResultsFileBuilder river;
+    river.determinand(1, "Biochemical oxygen demand of five days").determinand(2, "BOD");
+    river.reach(1, "Only").point(1, 0, "Head");
+    LoadedRiver loaded(river);
+    loaded.choices.chooseDeterminands({true, true, true, true});
+    const Drawing page = pagesOf(loaded).at(0); // eight columns, two a determinand
+    const double width = (7.7 - 2.8) / 8;
+    const DrawnText name = textsOf(page).at(5);
+    EXPECT_TRUE(name.text.starts_with("Biochemical")) << name.text;
+    EXPECT_LE(name.width, 1.8 * width * (1 + 1e-12));
+    EXPECT_NEAR(name.corner.x + name.width / 2, 2.8 + width, 1e-9);
 }
 
 TEST(PrintedReport, CentresGroupsAndTheWordFeature) {

@@ -126,7 +126,13 @@ class DrawingPlayer {
         m_painter.setPen(QColor(text.colour.red, text.colour.green, text.colour.blue));
         m_pen.reset();
         const QPointF corner = cornerOf(text);
-        m_painter.drawText(QPointF(corner.x(), std::round(corner.y() + m_ascent)), shown(text.text));
+        const QPointF start(corner.x(), std::round(corner.y() + m_ascent));
+        if (text.narrowing == 1) return m_painter.drawText(start, shown(text.text));
+        m_painter.save();
+        m_painter.translate(start);
+        m_painter.scale(text.narrowing, 1);
+        m_painter.drawText(QPointF(), shown(text.text));
+        m_painter.restore();
     }
 
     QPointF cornerOf(const DrawnText& text) const {

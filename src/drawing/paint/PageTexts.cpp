@@ -11,7 +11,8 @@ namespace korvel {
 bool PageTexts::add(const DrawnText& text, QPointF corner) {
     use(text);
     const double baseline = std::round(corner.y() + m_glyphFont->ascent() * m_dotsPerUnit);
-    const QPointF start(std::round(corner.x() / m_dotsPerUnit), std::round(baseline / m_dotsPerUnit));
+    const QPointF start(std::round(corner.x() / (m_dotsPerUnit * m_narrowing)),
+                        std::round(baseline / m_dotsPerUnit));
     if (m_glyphFont->append(shown(text.text), start, m_glyphs, m_places)) return true;
     flush();
     return false;
@@ -26,7 +27,7 @@ void PageTexts::flush() {
     run.setPositions(m_places);
     m_painter.save();
     m_painter.setPen(QColor(m_colour.red, m_colour.green, m_colour.blue));
-    m_painter.scale(m_dotsPerUnit, m_dotsPerUnit);
+    m_painter.scale(m_dotsPerUnit * m_narrowing, m_dotsPerUnit);
     m_painter.drawGlyphRun({}, run);
     m_painter.restore();
     m_glyphs.clear();
@@ -34,8 +35,11 @@ void PageTexts::flush() {
 }
 
 void PageTexts::use(const DrawnText& text) {
-    if (m_glyphFont != nullptr && m_font == text.font && m_colour == text.colour) return;
+    if (m_glyphFont != nullptr && m_font == text.font && m_colour == text.colour &&
+        m_narrowing == text.narrowing)
+        return;
     flush();
+    m_narrowing = text.narrowing;
     m_font = text.font;
     m_colour = text.colour;
     m_glyphFont = &m_fonts.of(text.font);

@@ -87,4 +87,8 @@ void QtMachine::showFolder(const std::string& folder) {
     QDesktopServices::openUrl(QUrl::fromLocalFile(pathShown(folder)));
 }
 
+void QtMachine::openFile(const std::string& file) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(pathShown(file)));
+}
+
 } // namespace korvel

@@ -53,6 +53,12 @@ void Form::activate() {
     m_handlers.run([this] { onActivate(); });
 }
 
+void Form::setHelp(std::function<void()> help) {
+    onShortcut(QKeySequence(Qt::Key_F1), [this, help = std::move(help)] {
+        if (!isBusy()) help();
+    });
+}
+
 void Form::setOuterPlace(const Place& place) {
     m_outer = place;
     m_fitted = false;

@@ -52,6 +52,9 @@ class Form : public QMainWindow, public ShownForm {
     void setOuterPlace(const Place& place);
     const Place& outerPlace() const { return m_outer; }
 
+    // What F1 does; nothing while the form is busy.
+    void setHelp(std::function<void()> help);
+
     // Called when the form has closed.
     std::function<void()> closed;
 
@@ -61,6 +64,8 @@ class Form : public QMainWindow, public ShownForm {
     // Before the form closes; false keeps it open.
     virtual bool onClose() { return true; }
     virtual void onResize() {}
+    // Works at something during which events pass.
+    virtual bool isBusy() const { return false; }
     // Keys that no control took; true when used.
     virtual bool onKey(int, Qt::KeyboardModifiers) { return false; }
 

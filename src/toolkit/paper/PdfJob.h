@@ -17,8 +17,9 @@ namespace korvel {
 struct PdfJobSettings {
     std::string title;
     Orientation orientation = Orientation::portrait;
-    QPageRanges pages;  // of the document that are made; empty: all
-    std::string toTell; // what finish() returns
+    QPageRanges pages;     // of the document that are made; empty: all
+    std::string toTell;    // what finish() returns
+    std::string file = {}; // model name; "" for a print system
 };
 
 // The writer's way out: a failure of the target is kept until the job can throw it.
@@ -42,6 +43,7 @@ class PdfJob : public PrintJob {
     PdfJob(PdfJobSettings settings, std::unique_ptr<PdfTarget> target);
     void page(const Drawing& drawing) override;
     std::string finish() override;
+    std::string file() const override { return m_settings.file; }
 
   private:
     void beginPage();

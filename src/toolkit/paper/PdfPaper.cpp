@@ -11,10 +11,11 @@ namespace korvel {
 namespace {
 
 PdfJobSettings settingsOf(const PrintRequest& request) {
-    return {request.title, request.orientation, {}, ""};
+    return {request.title, request.orientation, {}, "", ""};
 }
 
 std::unique_ptr<PrintJob> jobToFile(PdfJobSettings settings, const std::string& file, Files& files) {
+    settings.file = file;
     return std::make_unique<PdfJob>(std::move(settings), std::make_unique<FileTarget>(files, file));
 }
 
