@@ -1,7 +1,6 @@
 #include "commands/CommandList.h"
 #include "commands/GraphCall.h"
 
-#include "basic/Text.h"
 #include "drawing/paint/PictureFile.h"
 #include "drawing/paint/QtTextMetrics.h"
 #include "global/GLOBAL.h"
@@ -19,7 +18,7 @@ namespace {
 
 constexpr double twipsPerPixel = 15;
 
-const char* const help =
+const std::string help =
     "Usage: korvel graph FILE.SGR --from REACH --to REACH --series LIST [OPTION]... --output FILE\n"
     "       korvel graph FILE.SGR --reaches LIST --series ONE [OPTION]... --output FILE\n\n"
     "Draws the longitudinal profile of one to five series along a run of reaches, or of one series in up to\n"
@@ -40,7 +39,8 @@ const char* const help =
     "  --zoom Z              0.25, 0.5, 1, 2 or 4; smaller is nearer\n"
     "  --scroll RIGHT,UP     by quarters of what is seen\n"
     "  --size 1600x900       pixels\n"
-    "  --output FILE         .png, .svg, .pdf or .bmp\n";
+    "  --output FILE         " +
+    pictureExtensions(PictureChoice::all, "or") + "\n";
 
 CommandLine commandLine(const std::vector<std::string>& arguments) {
     constexpr auto flag = CommandOption::Kind::flag, value = CommandOption::Kind::withValue;
@@ -89,19 +89,12 @@ Drawing drawGraph(const GraphCall& graph, const std::string& date) {
     return drawing;
 }
 
-bool isPdf(const std::string& file) {
-    return lowerCase(file).ends_with(".pdf");
-}
-
-std::string fileBytes(const Drawing& drawing, const std::string& file) {
-    return isPdf(file) ? pdfBytes(drawing) : pictureBytes(drawing, *pictureFormatOf(file));
-}
-
 int runGraph(CommandCall& call) {
     const CommandLine line = commandLine(call.arguments);
     const GraphCall graph = graphCallBy(line);
-    if (!isPdf(graph.outputFile) && !pictureFormatOf(graph.outputFile))
-        throw UsageError("the output's name ends in none of .png, .svg, .pdf and .bmp");
+    const PictureFormat* const format = pictureFormatOf(graph.outputFile);
+    if (!format)
+        throw UsageError("the output's name ends in none of " + pictureExtensions(PictureChoice::all, "and"));
     refuseOwnInput(call.platform.files, graph.outputFile, {graph.resultsFile, graph.comparedFile});
     GraphChoices choices;
     if (!load(call, choices, 0, graph.resultsFile)) return exitStatus::failed;
@@ -113,12 +106,12 @@ int runGraph(CommandCall& call) {
     if (!readyToPlot(call.platform, choices)) return exitStatus::failed;
     const DrawingSession session;
     const Drawing drawing = drawGraph(graph, dayMonthYear(call.platform.machine.today()));
-    call.platform.files.writeWhole(graph.outputFile, fileBytes(drawing, graph.outputFile));
+    call.platform.files.writeWhole(graph.outputFile, format->bytes(drawing, 1));
     return exitStatus::done;
 }
 
 } // namespace
 
-const Command graphCommand = {"graph", "a longitudinal profile as a picture", help, runGraph};
+const Command graphCommand = {"graph", "a longitudinal profile as a picture", help.c_str(), runGraph};
 
 } // namespace korvel

@@ -14,6 +14,7 @@ SOURCE, BUILD = map(pathlib.Path, sys.argv[1:3])
 COMMANDS = ("info csv report graph listing run batch runs "
            "table changes compliance fit sources network check help-page").split()
 OPTION = re.compile(r"--[a-z][a-z-]*")
+FORMAT = re.compile(r"\.(?:png|svg|pdf|bmp|csv|json|txt|xlsx|sqlite)\b")
 failures = []
 
 
@@ -54,6 +55,9 @@ def check_documents(program):
         options = help_options(program, command) - {"--help"}
         manual = set(OPTION.findall(sections.get(command, "")))
         check(options == manual, f"{command}: --help and man page differ in {options ^ manual}")
+        formats = set(FORMAT.findall(run(program, command, "--help").stdout))
+        in_manual = set(FORMAT.findall(sections.get(command, "")))
+        check(formats == in_manual, f"{command}: --help and man page differ in the formats {formats ^ in_manual}")
         completion = completed(f"korvel {command}") - {"--help"}
         check(options == completion, f"{command}: --help and completion differ in {options ^ completion}")
 

@@ -12,7 +12,9 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
+#include <array>
 #include <cmath>
+#include <vector>
 
 namespace korvel {
 
@@ -38,7 +40,19 @@ std::string withoutControls(std::string xml) {
     return xml;
 }
 
-std::string svgBytes(const Drawing& drawing) {
+std::string pngBytes(const Drawing& drawing, double pixelRatio) {
+    return imageBytes(pictureOf(drawing, pixelRatio), "PNG");
+}
+
+std::string bmpBytes(const Drawing& drawing, double pixelRatio) {
+    return imageBytes(pictureOf(drawing, pixelRatio), "BMP");
+}
+
+std::string pdfBytes(const Drawing& drawing, double) {
+    return korvel::pdfBytes(drawing);
+}
+
+std::string svgBytes(const Drawing& drawing, double) {
     QBuffer buffer;
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
@@ -53,14 +67,53 @@ std::string svgBytes(const Drawing& drawing) {
     return withoutControls(buffer.data().toStdString());
 }
 
+std::vector<const PictureFormat*> chosenFormats(PictureChoice choice) {
+    std::vector<const PictureFormat*> chosen;
+    for (const PictureFormat& format : pictureFormats())
+        if (choice == PictureChoice::all || !format.hasOwnDialog) chosen.push_back(&format);
+    return chosen;
+}
+
+// "a, b or c"
+std::string inWords(PictureChoice choice, const char* PictureFormat::*part, const std::string& conjunction) {
+    const std::vector<const PictureFormat*> formats = chosenFormats(choice);
+    std::string words;
+    for (const PictureFormat* format : formats) {
+        if (!words.empty()) words += format == formats.back() ? " " + conjunction + " " : ", ";
+        words += format->*part;
+    }
+    return words;
+}
+
 } // namespace
 
-std::optional<PictureFormat> pictureFormatOf(const std::string& fileName) {
+std::span<const PictureFormat> pictureFormats() {
+    static constexpr std::array formats{
+        PictureFormat{".png", "PNG", pngBytes, false}, PictureFormat{".svg", "SVG", svgBytes, false},
+        PictureFormat{".pdf", "PDF", pdfBytes, false}, PictureFormat{".bmp", "BMP", bmpBytes, true}};
+    return formats;
+}
+
+const PictureFormat* pictureFormatOf(const std::string& fileName) {
     const std::string name = lowerCase(fileName);
-    if (name.ends_with(".png")) return PictureFormat::png;
-    if (name.ends_with(".bmp")) return PictureFormat::bmp;
-    if (name.ends_with(".svg")) return PictureFormat::svg;
-    return std::nullopt;
+    for (const PictureFormat& format : pictureFormats())
+        if (name.ends_with(format.extension)) return &format;
+    return nullptr;
+}
+
+std::string pictureExtensions(PictureChoice choice, const std::string& conjunction) {
+    return inWords(choice, &PictureFormat::extension, conjunction);
+}
+
+std::string pictureNames(PictureChoice choice, const std::string& conjunction) {
+    return inWords(choice, &PictureFormat::name, conjunction);
+}
+
+std::string pictureFilter() {
+    std::string patterns;
+    for (const PictureFormat* format : chosenFormats(PictureChoice::ofDialog))
+        patterns += (patterns.empty() ? "*" : " *") + std::string(format->extension);
+    return "Picture files (" + patterns + ")|" + patterns;
 }
 
 QImage pictureOf(const Drawing& drawing, double pixelRatio) {
@@ -71,15 +124,6 @@ QImage pictureOf(const Drawing& drawing, double pixelRatio) {
     QPainter painter(&image);
     paintOnScreen(drawing, painter);
     return image;
-}
-
-std::string pictureBytes(const Drawing& drawing, PictureFormat format, double pixelRatio) {
-    switch (format) {
-    case PictureFormat::png: return imageBytes(pictureOf(drawing, pixelRatio), "PNG");
-    case PictureFormat::bmp: return imageBytes(pictureOf(drawing, pixelRatio), "BMP");
-    case PictureFormat::svg: return svgBytes(drawing);
-    }
-    return "";
 }
 
 std::string pdfBytes(const Drawing& drawing) {

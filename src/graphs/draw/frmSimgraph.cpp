@@ -24,8 +24,8 @@ frmSimgraph::frmSimgraph(Platform& doors)
     picGraph.setAccessibleName("Graph");
     Label.hide();
     CDFilename.objectName = "CDFilename";
-    CDFilename.filter = "Picture files (*.png *.svg *.pdf)|*.png *.svg *.pdf";
-    CDFilename.title = "Save the graph as PNG, SVG or PDF";
+    CDFilename.filter = pictureFilter();
+    CDFilename.title = "Save the graph as " + pictureNames(PictureChoice::ofDialog, "or");
     CDFilename.overwritePrompt = true;
     CDFilename.defaultExtension = "png";
     connectButtons();
@@ -201,16 +201,18 @@ void frmSimgraph::savePicture() {
 }
 
 void frmSimgraph::savePictureTo(const std::string& name) {
-    if (lowerCase(name).ends_with(".pdf")) {
+    const PictureFormat* const format = pictureFormatOf(name);
+    if (format == nullptr) {
+        doors().dialogs.show(
+            {"The picture's name must end in " + pictureExtensions(PictureChoice::ofDialog, "or") + ".",
+             "Save picture", Icon::exclamation, Buttons::ok});
+    } else if (format->name == std::string("PDF")) { // as it is printed
         PdfFilePaper paper(doors().files, name);
         const auto job = paper.begin({fileOf(name), Orientation::landscape, name});
         job->page(printedGraph(doors(), drawingArea()));
         job->finish();
-    } else if (const auto format = pictureFormatOf(name)) {
-        doors().files.writeWhole(name, pictureBytes(m_drawing, *format, devicePixelRatioF()));
     } else {
-        doors().dialogs.show({"The picture's name must end in .png, .svg or .pdf.", "Save picture",
-                              Icon::exclamation, Buttons::ok});
+        doors().files.writeWhole(name, format->bytes(m_drawing, devicePixelRatioF()));
     }
 }
 

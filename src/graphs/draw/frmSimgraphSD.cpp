@@ -57,7 +57,7 @@ void frmSimgraphSD::savePicture() {
         doors().dialogs.show(outputWouldReplaceInput());
         return;
     }
-    doors().files.writeWhole(chosen->name, pictureBytes(m_drawing, PictureFormat::bmp, devicePixelRatioF()));
+    doors().files.writeWhole(chosen->name, pictureFormatOf(".bmp")->bytes(m_drawing, devicePixelRatioF()));
 }
 
 } // namespace korvel
