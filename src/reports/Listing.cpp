@@ -11,7 +11,7 @@ namespace {
 const Font listingFont{"Courier New", 7, false};
 constexpr double margin = 0.3; // inches, left and top
 constexpr double lowestLine = 10.4;
-constexpr double hair = 1e-9; // less than any pen could show
+constexpr double epsilon = 1e-9; // inches, less than any pen could show
 constexpr char formFeed = 12;
 
 bool isPlain(char character) {
@@ -108,7 +108,7 @@ std::optional<Drawing> Listing::nextPage() {
     if (m_started && !m_lines.hasLine()) return std::nullopt;
     m_started = true;
     Drawing page = emptyPage(Orientation::portrait);
-    for (int line = 0; margin + line * m_cell.height <= lowestLine + hair && m_lines.hasLine(); ++line)
+    for (int line = 0; margin + line * m_cell.height <= lowestLine + epsilon && m_lines.hasLine(); ++line)
         LinePainter(page, m_cell, line).paint(m_lines.line());
     return page;
 }

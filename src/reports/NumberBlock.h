@@ -15,8 +15,9 @@ class NumberBlock {
   public:
     static constexpr std::size_t mostRows = 64;
 
-    explicit NumberBlock(std::vector<ValueColumn> columns)
-        : m_columns(std::move(columns)), m_codes(mostRows * m_columns.size()) {}
+    // The columns must outlive it.
+    explicit NumberBlock(std::span<const ValueColumn> columns)
+        : m_columns(columns), m_codes(mostRows * m_columns.size()) {}
 
     // At most mostRows.
     void take(std::vector<ReportRow> rows);
@@ -29,7 +30,7 @@ class NumberBlock {
     }
 
   private:
-    std::vector<ValueColumn> m_columns;
+    std::span<const ValueColumn> m_columns;
     std::vector<ReportRow> m_rows;
     std::vector<NumberCode> m_codes; // row by row
 };

@@ -5,7 +5,7 @@ namespace korvel {
 namespace numbers {
 
 // Half away from zero, judged on the value's first 15 digits: within 3e-16 of a half it is one in that
-// decimal form too. Nearer to a half than `doubt`, but not as near, the 16th digit might matter.
+// decimal form too. Nearer to a half than `epsilon`, but not as near, the 16th digit might matter.
 std::int32_t roundedNearHalf(double scaled) {
     const auto whole = static_cast<std::int32_t>(scaled);
     return std::fabs(scaled - whole - 0.5) <= 3e-16 * scaled ? whole + 1 : -1;

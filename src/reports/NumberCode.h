@@ -82,13 +82,13 @@ std::int32_t roundedNearHalf(double scaled); // -1 where it isn't certain
 NumberCode rareCode(std::int32_t number, unsigned decimals);
 
 // A difference of the 16th digit moves no scaled value by as much as this.
-inline constexpr double doubt = 1e-14 * smallestNotScaled;
+inline constexpr double epsilon = 1e-14 * smallestNotScaled;
 
 inline std::int32_t rounded(double scaled) {
     const double raised = scaled + 0.5;
     const auto nearest = static_cast<std::int32_t>(raised);
     const double past = raised - nearest; // the last half: 0 to 1
-    return std::fabs(past - 0.5) < 0.5 - doubt ? nearest : roundedNearHalf(scaled);
+    return std::fabs(past - 0.5) < 0.5 - epsilon ? nearest : roundedNearHalf(scaled);
 }
 
 } // namespace numbers

@@ -26,15 +26,12 @@ void centredText(PrintedPage& page, double left, double right, double y, const s
 
 PrintedReport::PrintedReport(const ResultsDataSet& results, const ReportSelection& selection,
                              std::string date, const TextMetrics& metrics)
-    : m_results(results),
-      m_selection(selection),
+    : m_report(results, selection),
       m_date(std::move(date)),
       m_metrics(metrics, reportFont),
-      m_columns(reportColumns(results, selection)),
-      m_values(valueColumns(results, m_columns)),
-      m_table(tableGeometry(m_columns.count())),
+      m_table(tableGeometry(m_report.columns().count())),
       m_lineHeight(PrintedPage(m_table.orientation, m_metrics).lineHeight()),
-      m_pages(results, selection, m_table.lowestLine, m_lineHeight) {}
+      m_pages(m_report, m_table.lowestLine, m_lineHeight) {}
 
 std::optional<Drawing> PrintedReport::nextPage() {
     const std::optional<PlannedPage> plan = m_pages.next();
@@ -51,9 +48,9 @@ void PrintedReport::PageHeader(PrintedPage& page, int number) const {
     headTitle(page, number);
     ruleAcross(page, groupNameLine);
     headLabels(page);
-    for (const ReportGroup& group : m_columns.groups)
+    for (const ReportGroup& group : m_report.columns().groups)
         headGroup(page, group);
-    for (int k = 1; k <= m_columns.count(); ++k)
+    for (int k = 1; k <= m_report.columns().count(); ++k)
         headColumn(page, k);
 }
 
@@ -62,7 +59,7 @@ void PrintedReport::headTitle(PrintedPage& page, int number) const {
     double y = 0;
     page.room = {m_table.right - page.widthOf(program) - besideTitle - m_table.left, TooWide::cut};
     page.font = {"Arial", 10, false};
-    Ptext(page, m_table.left, TableGeometry::top, m_results.resultsTitle, y, "b");
+    Ptext(page, m_table.left, TableGeometry::top, m_report.title(), y, "b");
     page.room = {};
     page.font = reportFont;
     Ptext(page, m_table.right, TableGeometry::top, program, y, "r");
@@ -87,7 +84,7 @@ void PrintedReport::headGroup(PrintedPage& page, const ReportGroup& group) const
 }
 
 void PrintedReport::headColumn(PrintedPage& page, int k) const {
-    const ReportColumn& column = m_columns.columns[static_cast<std::size_t>(k - 1)];
+    const ReportColumn& column = m_report.columns().columns[static_cast<std::size_t>(k - 1)];
     const double textEnd = m_table.columnEnd(k) - m_table.inset;
     double nextLine = 0;
     page.room = m_table.valueRoom();
@@ -105,17 +102,18 @@ void PrintedReport::paintReach(PrintedPage& page, const PlannedReach& reach) con
     for (std::size_t i = 0; i < reach.points.size(); ++i)
         paintRow(page, reach.points[i], lineTop(reach.firstRow() + static_cast<int>(i)));
     ruleDown(page, m_table.left, reach.firstRow(), reach.end());
-    for (int k = 0; k <= m_columns.count(); ++k)
+    for (int k = 0; k <= m_report.columns().count(); ++k)
         ruleDown(page, m_table.columnEnd(k), reach.firstRow(), reach.end());
 }
 
 void PrintedReport::paintRow(PrintedPage& page, int point, double y) const {
     double nextLine = 0;
     page.room = m_table.labelRoom();
-    Ptext(page, m_table.left + m_table.inset, y, rowLabel(m_results, m_selection, point), nextLine, "");
+    Ptext(page, m_table.left + m_table.inset, y, m_report.label(point), nextLine, "");
     page.room = m_table.valueRoom();
-    for (int k = 1; k <= m_columns.count(); ++k) {
-        const double value = m_values[static_cast<std::size_t>(k - 1)][static_cast<std::size_t>(point)];
+    for (int k = 1; k <= m_report.columns().count(); ++k) {
+        const double value =
+            m_report.values()[static_cast<std::size_t>(k - 1)][static_cast<std::size_t>(point)];
         Ptext(page, m_table.columnEnd(k) - m_table.inset, y, quickNumber(value), nextLine, "r");
     }
 }

@@ -3,12 +3,10 @@
 
 #include "reports/PrintedPage.h"
 #include "reports/RememberedMetrics.h"
-#include "reports/ReportColumns.h"
 #include "reports/ReportPages.h"
 
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace korvel {
 
@@ -34,12 +32,9 @@ class PrintedReport {
     void ruleDown(PrintedPage& page, double x, int fromLine, int toLine) const;
     double lineTop(int line) const { return TableGeometry::top + line * m_lineHeight; }
 
-    const ResultsDataSet& m_results;
-    const ReportSelection& m_selection;
+    ReportTable m_report;
     std::string m_date;
     RememberedMetrics m_metrics;
-    ReportColumns m_columns;
-    std::vector<ValueColumn> m_values;
     TableGeometry m_table;
     double m_lineHeight; // inches
     ReportPages m_pages;

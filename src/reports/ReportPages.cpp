@@ -7,11 +7,11 @@ namespace korvel {
 
 namespace {
 
-// Less than any pen could show, more than a sum of lines errs.
-constexpr double hair = 1e-9;
+// Inches: less than any pen could show, more than a sum of lines errs.
+constexpr double epsilon = 1e-9;
 
 int lastLineBefore(double lowest, double lineHeight) {
-    return static_cast<int>(std::floor((lowest - TableGeometry::top + hair) / lineHeight));
+    return static_cast<int>(std::floor((lowest - TableGeometry::top + epsilon) / lineHeight));
 }
 
 } // namespace
@@ -29,9 +29,8 @@ TableGeometry tableGeometry(int columns) {
     return table;
 }
 
-ReportPages::ReportPages(const ResultsDataSet& results, const ReportSelection& selection, double lowestLine,
-                         double lineHeight)
-    : m_results(results), m_rows(results, selection), m_lastLine(lastLineBefore(lowestLine, lineHeight)) {}
+ReportPages::ReportPages(const ReportTable& table, double lowestLine, double lineHeight)
+    : m_table(table), m_rows(table.rows()), m_lastLine(lastLineBefore(lowestLine, lineHeight)) {}
 
 // Kept so: the lowest line is asked for before rows alone, not before a reach's heading, and the first reach
 // of every further page is marked as continued even where it begins there.
@@ -51,7 +50,7 @@ std::optional<PlannedPage> ReportPages::next() {
 
 PlannedReach ReportPages::begunReach(int line, const std::string& suffix) {
     ++m_reachesBegun;
-    return {line, m_results.reachNames[m_rows.row().reach] + suffix, {}};
+    return {line, m_table.reachName(m_rows.row()) + suffix, {}};
 }
 
 } // namespace korvel

@@ -4,7 +4,7 @@
 
 #include "platform/Paper.h"
 #include "reports/PrintedPage.h"
-#include "reports/ReportRows.h"
+#include "reports/ReportTable.h"
 
 #include <optional>
 #include <string>
@@ -55,8 +55,7 @@ class ReportPages {
     static constexpr int headingLines = 8; // on every page, an empty one included
 
     // `lineHeight` in inches.
-    ReportPages(const ResultsDataSet& results, const ReportSelection& selection, double lowestLine,
-                double lineHeight);
+    ReportPages(const ReportTable& table, double lowestLine, double lineHeight);
 
     std::optional<PlannedPage> next(); // nothing after the last page
     int reachesBegun() const { return m_reachesBegun; }
@@ -64,7 +63,7 @@ class ReportPages {
   private:
     PlannedReach begunReach(int line, const std::string& suffix);
 
-    const ResultsDataSet& m_results;
+    const ReportTable& m_table;
     ReportRows m_rows;
     int m_lastLine; // the last on which a row may stand
     int m_page = 0;

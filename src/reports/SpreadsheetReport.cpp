@@ -2,8 +2,7 @@
 
 #include "basic/Text.h"
 #include "reports/CellOutput.h"
-#include "reports/ReportColumns.h"
-#include "reports/ReportRows.h"
+#include "reports/ReportTable.h"
 
 namespace korvel {
 
@@ -26,8 +25,9 @@ void columnLine(CellOutput& out, const ReportColumns& columns, std::string Repor
     out.endLine();
 }
 
-void PageHeader(CellOutput& out, const std::string& title, const ReportColumns& columns) {
-    out.text(title);
+void PageHeader(CellOutput& out, const ReportTable& report) {
+    const ReportColumns& columns = report.columns();
+    out.text(report.title());
     out.endLine();
     out.text("Reach,Feature,");
     groupLine(out, columns, &ReportGroup::name);
@@ -55,23 +55,23 @@ std::string spreadsheetFileName(const std::string& resultsFile) {
 
 ReportEnd writeSpreadsheet(NewFile& file, const ResultsDataSet& results, const ReportSelection& selection,
                            const ReportProgress& progress) {
-    const ReportColumns columns = reportColumns(results, selection);
-    NumberBlock numbers(valueColumns(results, columns));
+    const ReportTable report(results, selection);
+    NumberBlock numbers(report.values());
     CellOutput out(file);
-    PageHeader(out, results.resultsTitle, columns);
+    PageHeader(out, report);
     std::string label;
     int reachesBegun = 0, rowCount = 0;
-    for (ReportRows rows(results, selection); !rows.atEnd();) {
+    for (ReportRows rows = report.rows(); !rows.atEnd();) {
         numbers.take(nextRows(rows));
         for (std::size_t i = 0; i < numbers.rows().size(); ++i) {
             const ReportRow& row = numbers.rows()[i];
             reachesBegun += row.newReach ? 1 : 0;
             if (rowCount++ % rowsBetweenQuestions == 0 &&
-                !goesOn(progress, reachesBegun, selection.reaches.size()))
+                !goesOn(progress, reachesBegun, report.reachesSelected()))
                 return ReportEnd::cancelled;
-            out.cell(results.reachNames[row.reach]);
+            out.cell(report.reachName(row));
             label.clear();
-            appendRowLabel(label, results, selection, row.point);
+            report.appendLabel(label, row.point);
             out.quotedCell(label);
             out.numbers(numbers, i);
             out.endLine();

@@ -28,14 +28,14 @@ QString listingText(ByteSource& file) {
 
 } // namespace
 
-frmListing::frmListing(Platform& doors)
-    : Form(doors, "frmListing", "Korvel output file"), txtListing(*new QPlainTextEdit(&client())) {
+frmListing::frmListing(Platform& services)
+    : Form(services, "frmListing", "Korvel output file"), txtListing(*new QPlainTextEdit(&client())) {
     layOut();
     on(cmdNext, &QPushButton::clicked, [this] { find(Direction::forward); });
     on(txtFind, &QLineEdit::returnPressed, [this] { find(Direction::forward); });
     on(cmdPrevious, &QPushButton::clicked, [this] { find(Direction::backward); });
     on(cmdPrint, &QPushButton::clicked, [this] { print(); });
-    on(cmdClose, &QPushButton::clicked, [this] { this->doors().windows.close(*this); });
+    on(cmdClose, &QPushButton::clicked, [this] { this->services().windows.close(*this); });
     onShortcut(QKeySequence::Find, [this] {
         txtFind.setFocus();
         txtFind.selectAll();
@@ -70,25 +70,25 @@ void frmListing::layOut() {
 }
 
 void frmListing::print() {
-    const OutputResult printed = PrintFile(doors(), m_fileName);
+    const OutputResult printed = PrintFile(services(), m_fileName);
     if (printed == OutputEnd::done) m_done.tell("The listing", printed.file);
 }
 
 void frmListing::view(const std::string& fileName) {
     try {
-        const auto file = doors().files.open(fileName);
+        const auto file = services().files.open(fileName);
         txtListing.setPlainText(listingText(*file));
     } catch (const RunTimeError& error) {
-        doors().dialogs.show({"Error number " + std::to_string(error.number) + ": " + error.description,
-                              "KORVEL Error", Icon::critical, Buttons::ok});
+        services().dialogs.show({"Error number " + std::to_string(error.number) + ": " + error.description,
+                                 "KORVEL Error", Icon::critical, Buttons::ok});
         return;
     }
     m_fileName = fileName;
     setWindowTitle(shown(fileOf(fileName)));
     lblFound.clear();
-    const WorkArea area = doors().machine.workArea();
+    const WorkArea area = services().machine.workArea();
     setOuterPlace({area.left, area.top, area.width, area.height});
-    doors().windows.showModal(*this);
+    services().windows.showModal(*this);
 }
 
 // Ctrl and the wheel change it, too.

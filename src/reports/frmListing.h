@@ -10,7 +10,7 @@ namespace korvel {
 
 class frmListing : public Form {
   public:
-    explicit frmListing(Platform& doors);
+    explicit frmListing(Platform& services);
 
     // Shows the file modally. One that can't be read is told.
     void view(const std::string& fileName);
@@ -33,7 +33,7 @@ class frmListing : public Form {
     QPlainTextEdit& txtListing;
 
     std::string m_fileName;
-    DoneLine m_done{lblFound, doors().machine, handlers()};
+    DoneLine m_done{lblFound, services().machine, handlers()};
 };
 
 } // namespace korvel

@@ -49,11 +49,11 @@ std::string fitHint(int determinands) {
 
 } // namespace
 
-frmReports::frmReports(Platform& doors)
-    : Form(doors, "frmReports", "Korvel Reports"),
+frmReports::frmReports(Platform& services)
+    : Form(services, "frmReports", "Korvel Reports"),
       lblExplain(label("lblExplain", explanation, at(180, 120, 6240, 1470),
                        {.in = &frameExplain, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true})),
-      m_listing(doors) {
+      m_listing(services) {
     CDFilename.objectName = "CDFilename";
     connectMenus();
     connectChoices();
@@ -73,7 +73,7 @@ void frmReports::connectMenus() {
     onClick(mnuPrint, [this] { produce(OutputMode::print); });
     onClick(mnuSpreadsheet, [this] { produce(OutputMode::spreadsheet); });
     onClick(mnuViewOutputFile, [this] { showExplanation(); });
-    onClick(mnuExit, [this] { doors().windows.close(*this); });
+    onClick(mnuExit, [this] { services().windows.close(*this); });
     for (const auto& [index, pressed] : cmdView)
         on(*pressed, &QPushButton::clicked, [this, button = index] { chooseOutputFile(button); });
 }
@@ -173,9 +173,9 @@ void frmReports::loadResults() {
     m_done.clear();
     setBusy("Reading the results ...");
     lblCancel.hide();
-    LoadResultsFile(m_services, true, [this](double share) {
+    LoadResultsFile(m_quietServices, true, [this](double share) {
         Progress.setValue(static_cast<int>(share * Progress.maximum()));
-        doors().windows.updateScreen();
+        services().windows.updateScreen();
     });
     setIdle();
     m_loadsSeen = GLOBAL.firstSlotLoads;
@@ -187,11 +187,11 @@ void frmReports::loadResults() {
 std::optional<std::string> frmReports::askForFile() {
     const std::string& results = GLOBAL.fileNames[0];
     CDFilename.initialFolder = results.empty() ? GLOBAL.LastFolder : folderOf(results);
-    const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::open, CDFilename);
+    const std::optional<ChosenFile> chosen = services().dialogs.chooseFile(FileDialogKind::open, CDFilename);
     if (!chosen) return std::nullopt;
-    doors().files.setCurrentFolder(doors().machine.applicationFolder());
+    services().files.setCurrentFolder(services().machine.applicationFolder());
     if (!chosen->refusal) return trim(chosen->name);
-    doors().dialogs.show(refusedName(*chosen));
+    services().dialogs.show(refusedName(*chosen));
     return std::nullopt;
 }
 
@@ -201,7 +201,7 @@ void frmReports::produce(OutputMode mode) {
     const auto idleAgain = qScopeGuard([this] { setIdle(); });
     const ReportSelection selection = m_choices.selection();
     const OutputResult made =
-        Output(m_services, mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]),
+        Output(m_quietServices, mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]),
                [this](double share) { return showProgress(share); });
     if (made == OutputEnd::done)
         m_done.tell(mode == OutputMode::print ? "The report" : "The spreadsheet file", made.file);
@@ -210,7 +210,7 @@ void frmReports::produce(OutputMode mode) {
 // Input may pass here, so that Esc can cancel; all else is switched off meanwhile.
 bool frmReports::showProgress(double share) {
     Progress.setValue(static_cast<int>(share * (Progress.maximum() - 2)));
-    doors().windows.passEvents();
+    services().windows.passEvents();
     return !m_cancelled;
 }
 
@@ -234,7 +234,7 @@ void frmReports::setBusy(const std::string& doing) {
          std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
         control->setEnabled(false);
     setFocus();
-    doors().windows.updateScreen();
+    services().windows.updateScreen();
 }
 
 void frmReports::setIdle() {
@@ -261,7 +261,7 @@ void frmReports::chooseOutputFile(int button) {
     if (!name) return;
     m_done.clear();
     if (button == viewButton) return m_listing.view(*name);
-    const OutputResult printed = PrintFile(doors(), *name);
+    const OutputResult printed = PrintFile(services(), *name);
     if (printed == OutputEnd::done) m_done.tell("The listing", printed.file);
 }
 

@@ -13,7 +13,7 @@ namespace korvel {
 
 class frmReports : public Form {
   public:
-    explicit frmReports(Platform& doors);
+    explicit frmReports(Platform& services);
 
   protected:
     void onActivate() override;
@@ -77,10 +77,10 @@ class frmReports : public Form {
         label("lblCancel", "Press Esc to cancel.", at(240, 840, 4020, 270), {.in = &frameProgress});
 
     ReportChoices m_choices;
-    DoneLine m_done{lblDone, doors().machine, handlers()};
+    DoneLine m_done{lblDone, services().machine, handlers()};
     // A message that ends a load or a report stands alone on the form.
-    DialogsAfter m_dialogs{doors().dialogs, [this] { frameProgress.hide(); }};
-    Platform m_services = withDialogs(doors(), m_dialogs);
+    DialogsAfter m_dialogs{services().dialogs, [this] { frameProgress.hide(); }};
+    Platform m_quietServices = withDialogs(services(), m_dialogs);
     FileDialogSettings CDFilename;
     frmListing m_listing;
     bool m_loaded = false;
