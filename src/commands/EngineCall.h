@@ -12,7 +12,7 @@ namespace korvel {
 // The value of --type, one of the digits allowed, or 0; UsageError for anything else.
 int givenRunType(const CommandLine& line, std::string_view allowed);
 
-// The doors of a call whose engine has no window; with `--wait` its output is the command's.
+// The services of a call whose engine has no window; with `--wait` its output is the command's.
 class EngineCall {
   public:
     EngineCall(CommandCall& call, const CommandLine& line, Dialogs& dialogs);

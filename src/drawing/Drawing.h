@@ -41,7 +41,7 @@ struct DrawnRun {
     bool operator==(const DrawnRun&) const = default;
 };
 
-// `corner`: the top left of the text's box. Lying text only.
+// `corner`: the top left of the text's box. Horizontal text only.
 struct DrawnText {
     DrawnPoint corner;
     double width = 0; // as drawn

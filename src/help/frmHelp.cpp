@@ -50,7 +50,7 @@ QTableWidget& frmHelp::grid() {
     return *table;
 }
 
-frmHelp::frmHelp(Platform& doors) : Form(doors, "frmHelp", "Help") {
+frmHelp::frmHelp(Platform& services) : Form(services, "frmHelp", "Help") {
     // Examples stand in columns, so that every character has the same width.
     QFont font("Courier New");
     font.setStyleHint(QFont::Monospace);
@@ -64,7 +64,7 @@ frmHelp::frmHelp(Platform& doors) : Form(doors, "frmHelp", "Help") {
         handlers().run([&] { used = keyInGrid(key); });
         return used;
     });
-    setOuterPlace(placeIn(doors.machine.workArea()));
+    setOuterPlace(placeIn(services.machine.workArea()));
 }
 
 void frmHelp::layOut() {
@@ -75,7 +75,7 @@ void frmHelp::layOut() {
 }
 
 void frmHelp::load() {
-    showRows(readHelpPage(doors(), GLOBAL.helpPage));
+    showRows(readHelpPage(services(), GLOBAL.helpPage));
 }
 
 void frmHelp::showRows(const std::vector<std::string>& rows) {
@@ -90,7 +90,7 @@ void frmHelp::showRows(const std::vector<std::string>& rows) {
 
 bool frmHelp::onKey(int key, Qt::KeyboardModifiers) {
     if (key != Qt::Key_Escape) return false;
-    doors().windows.close(*this);
+    services().windows.close(*this);
     return true;
 }
 
@@ -107,7 +107,7 @@ bool frmHelp::keyInGrid(int key) {
 }
 
 void frmHelp::turn(PageTurn direction) {
-    const std::string page = turnedPage(helpPagesThere(doors()), GLOBAL.helpPage, direction);
+    const std::string page = turnedPage(helpPagesThere(services()), GLOBAL.helpPage, direction);
     if (page == GLOBAL.helpPage) return;
     GLOBAL.helpPage = page;
     load();

@@ -11,7 +11,7 @@ namespace korvel {
 
 class frmHelp : public Form {
   public:
-    explicit frmHelp(Platform& doors);
+    explicit frmHelp(Platform& services);
 
     // Reads the page that GLOBAL.helpPage names; called before the form is shown. A failure is the
     // run-time's.

@@ -1,4 +1,4 @@
-// The doors to the outside world, given to every form.
+// The services of the outside world, given to every form.
 #pragma once
 
 #include "drawing/TextMetrics.h"

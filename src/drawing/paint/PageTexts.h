@@ -28,7 +28,7 @@ class PageTexts {
     GlyphFont* m_glyphFont = nullptr;
     Font m_font;
     Rgb m_colour;
-    double m_dotsPerUnit = 1; // upright; lying ones are narrowed
+    double m_dotsPerUnit = 1; // vertical; horizontal ones are narrowed
     double m_narrowing = 1;
     QList<quint32> m_glyphs;
     QList<QPointF> m_places; // units

@@ -39,8 +39,8 @@ void showWholeLines(QListWidget& list) {
 
 } // namespace
 
-Form::Form(Platform& doors, const char* name, const std::string& caption)
-    : m_doors(doors), m_handlers(doors.windows), m_client(new QWidget(this)) {
+Form::Form(Platform& services, const char* name, const std::string& caption)
+    : m_services(services), m_handlers(services.windows), m_client(new QWidget(this)) {
     setObjectName(name);
     setWindowTitle(shown(caption));
     setCentralWidget(m_client);

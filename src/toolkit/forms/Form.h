@@ -41,7 +41,7 @@ struct Look {
 
 class Form : public QMainWindow, public ShownForm {
   public:
-    Form(Platform& doors, const char* name, const std::string& caption);
+    Form(Platform& services, const char* name, const std::string& caption);
 
     std::string formName() const override { return objectName().toStdString(); }
     void activate() final;
@@ -111,7 +111,8 @@ class Form : public QMainWindow, public ShownForm {
     static void tip(QWidget& control, const std::string& text);
 
     QWidget& client() { return *m_client; }
-    Platform& doors() { return m_doors; }
+    Platform& services() { return m_services; }
+    Platform& doors() { return m_services; } // its former name
     Handlers& handlers() { return m_handlers; }
 
     void closeEvent(QCloseEvent* event) override;
@@ -134,7 +135,7 @@ class Form : public QMainWindow, public ShownForm {
     void apply(const Placed& placed);
     void fitOuterFrame();
 
-    Platform& m_doors;
+    Platform& m_services;
     Handlers m_handlers;
     QWidget* m_client;
     std::vector<Placed> m_placed;
