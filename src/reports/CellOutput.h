@@ -1,4 +1,11 @@
-// Cells and lines on their way into a file, through a block of memory.
+// Cells and lines on their way into a file, through a block of memory:
+//
+//     | Reach,"label",0.5679,12.35,...           <- room ->|   full? then to the file, and from the front
+//     again
+//                                    ^ m_used
+//
+// There is room for a whole row of numbers before the first is written, so that none asks for it. Those that
+// the plain way must make (ReportNumber) interrupt the row.
 #pragma once
 
 #include "platform/Files.h"

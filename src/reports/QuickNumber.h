@@ -1,6 +1,13 @@
-// The numbers of a report without formatting them: the text of a whole number (NumberCode) is looked up with
-// the comma that follows it. Where it isn't certain that the text is the plain way's (ReportNumber), the
-// value is left to that.
+// The numbers of a report without formatting them. All texts of four digits are made once, 10000 for each
+// place of the point, with the comma that follows; most that are written are these:
+//
+//     without a point     1000, ... 9999,     and, behind a zero that is written first, 0.5679, 0.05679, ...
+//     one decimal         99.9, ... 999.9,
+//     two                 9.90, ... 99.90,
+//     three              0.900, ... 9.900,
+//
+// A value's code (NumberCode) says which of them; writing is a copy of eight bytes, whatever the length.
+// Where it isn't certain that the text is the plain way's (ReportNumber), the value is left to that.
 #pragma once
 
 #include "reports/NumberCode.h"
