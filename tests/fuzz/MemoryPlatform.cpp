@@ -20,6 +20,7 @@ class MemoryPlatform::CountedJob : public PrintJob {
         ++m_committed;
         return "";
     }
+    std::string file() const override { return ""; }
 
   private:
     int& m_committed;
