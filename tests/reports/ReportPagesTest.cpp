@@ -13,7 +13,8 @@ constexpr int rowsOfFullPage = 97 - ReportPages::headingLines;
 
 std::vector<PlannedPage> pagesOf(const LoadedRiver& river, double lowestLine = 10.2) {
     const ReportSelection selection = river.choices.selection();
-    ReportPages pages(river.results, selection, lowestLine, lineHeight);
+    const ReportTable table(river.results, selection);
+    ReportPages pages(table, lowestLine, lineHeight);
     std::vector<PlannedPage> found;
     while (const auto page = pages.next())
         found.push_back(*page);
