@@ -120,6 +120,17 @@ TEST(DrawingPainter, TextStaysInItsMeasuredBox) {
         }
 }
 
+TEST(DrawingPainter, NarrowsATextAndKeepsItsHeight) {
+    const DrawnText whole = textAt({450, 300}, "0.0000000", {"Arial", 12, false});
+    DrawnText narrow = whole;
+    narrow.narrowing = 0.5;
+    const QRect box = inked(painted(drawingOf({whole}))), half = inked(painted(drawingOf({narrow})));
+    EXPECT_NEAR(half.width(), box.width() / 2.0, 2);
+    EXPECT_NEAR(half.height(), box.height(), 1);
+    EXPECT_NEAR(half.top(), box.top(), 1);
+    EXPECT_NEAR(half.left(), box.left(), 2);
+}
+
 TEST(DrawingPainter, KeepsTextAsTextInAnSvg) {
     const Drawing drawing = drawingOf({textAt({0, 0}, "Caf\xe9 <1>", {"Arial Narrow", 10, false})});
     const QByteArray svg = svgOf(drawing);
