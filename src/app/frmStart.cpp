@@ -40,7 +40,7 @@ std::string nextStep() {
     if (GLOBAL.graphResultsPending || GLOBAL.reportResultsPending)
         return "When the model has finished, open Graphs or Reports to study the results.";
     return "Start with RUN THE KORVEL MODEL and choose a data file, or open Graphs to look at results that "
-           "are there. F1 tells about the data file.";
+           "are there.\nF1 tells about the data file.";
 }
 
 } // namespace
