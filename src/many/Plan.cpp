@@ -136,8 +136,7 @@ class PlanReader {
 
     // As for a single run, and the file has to be there.
     std::optional<std::string> whyRefused(PlannedRun& run) {
-        if (const auto refusal = whyNotAModelName(run.dataPath, NameUse::inUpperCase, m_known))
-            return refusal;
+        if (auto refusal = whyNotAModelName(run.dataPath, NameUse::inUpperCase, m_known)) return refusal;
         const auto verdict = m_rules.dataFile(modelNameOfHostPath(run.dataPath));
         if (const std::string* refusal = std::get_if<std::string>(&verdict)) return *refusal;
         run.files = std::get<RunFiles>(verdict);

@@ -11,7 +11,7 @@ namespace {
 
 std::string absolute(const std::string& path) {
     std::error_code withoutFolder; // the current one is gone
-    const std::string whole = std::filesystem::absolute(path, withoutFolder).lexically_normal().string();
+    std::string whole = std::filesystem::absolute(path, withoutFolder).lexically_normal().string();
     if (withoutFolder) throw RunTimeError(errors::pathNotFound);
     return whole;
 }

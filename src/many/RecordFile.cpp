@@ -147,14 +147,14 @@ void RecordFile::write(std::string_view bytes) {
     }
 }
 
-void RecordFile::reserve(std::size_t lines) {
+void RecordFile::reserve(std::size_t lines) const {
     const auto room = static_cast<off_t>(lines * roomForALine);
     const int result = ::fallocate(m_file, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(m_size), room);
     if (result != 0 && (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)) failWithErrno();
     // A file system that reserves nothing is no reason to stop.
 }
 
-void RecordFile::flush() {
+void RecordFile::flush() const {
     if (untilNotInterrupted([&] { return ::fdatasync(m_file); }) != 0 && errno != EINVAL) failWithErrno();
 }
 

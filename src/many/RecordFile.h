@@ -47,9 +47,9 @@ class RecordFile {
     void append(const RunRecord& record);
     // Asks for room for so many more lines of runs that are under way, so that a disk that fills up meanwhile
     // takes them. Fails with RunTimeError (61) where there is none.
-    void reserve(std::size_t lines);
+    void reserve(std::size_t lines) const;
     // Waits until the lines are where others see them: a network file system keeps them back for a while.
-    void flush();
+    void flush() const;
 
   private:
     void lock(std::chrono::milliseconds patience) const;

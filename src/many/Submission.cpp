@@ -125,7 +125,7 @@ void Submission::remove() const {
 
 Submission makeSubmission(const PlanPlaces& places, const std::vector<const PlannedRun*>& rows,
                           std::size_t mostTasks, const std::vector<std::string>& program) {
-    const Submission submission(places.cluster + '/' + newKey());
+    Submission submission(places.cluster + '/' + newKey());
     std::error_code problem;
     fs::create_directories(submission.folder(), problem);
     if (problem) throw runTimeErrorOfErrno(problem.value());

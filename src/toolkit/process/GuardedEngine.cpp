@@ -97,6 +97,13 @@ int problemOf(int descriptor) {
     return count == static_cast<ssize_t>(sizeof code) ? code : 0;
 }
 
+// The exit status. A signal to all may have reached the engine first.
+int takeEnd(pid_t engine, int status, bool& stopped) {
+    if (WIFSIGNALED(status) && !stopped) stopped = nextStop(togetherness);
+    if (stopped) ::kill(-engine, SIGKILL); // what is left of its children
+    return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
+}
+
 } // namespace
 
 GuardedEngine::GuardedEngine(std::function<bool()> giveUp)
@@ -137,29 +144,33 @@ EngineEnd GuardedEngine::run(const std::string& program, const std::string& fold
     return {status, stopped, ""};
 }
 
-// A stop is for the engine and all that it has started. Where this process has lost its own parent nobody is
-// left to be polite for.
+// A stop is for the engine and all that it has started.
 int GuardedEngine::waitFor(pid_t engine, bool& stopped) const {
     Clock::time_point end = Clock::time_point::max();
     for (;;) {
         int status = 0;
         const pid_t ended = waitpid(engine, &status, WNOHANG);
-        if (ended == engine) {
-            // A signal to all may have reached the engine first.
-            if (WIFSIGNALED(status) && !stopped) stopped = nextStop(togetherness);
-            if (stopped) ::kill(-engine, SIGKILL); // what is left of its children
-            return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
-        }
+        if (ended == engine) return takeEnd(engine, status, stopped);
         if (ended < 0 && errno != EINTR) throw runTimeErrorOfErrno(errno);
         if (Clock::now() >= end) ::kill(-engine, SIGKILL);
-        const int signal = nextSignal(std::chrono::milliseconds(stopped ? 50 : 1000));
-        const bool givesUp = signal == 0 && !stopped && m_giveUp && m_giveUp();
-        if ((signal == 0 && !givesUp) || signal == SIGCHLD) continue;
-        const bool alone = getppid() != m_parent;
-        ::kill(-engine, alone ? SIGKILL : SIGTERM);
+        if (!stopComes(stopped)) continue;
+        stop(engine);
         if (!stopped) end = Clock::now() + patience;
         stopped = true;
     }
+}
+
+// Waits a little.
+bool GuardedEngine::stopComes(bool alreadyStopped) const {
+    const int signal = nextSignal(std::chrono::milliseconds(alreadyStopped ? 50 : 1000));
+    if (signal != 0) return signal != SIGCHLD;
+    return !alreadyStopped && m_giveUp && m_giveUp();
+}
+
+// Where this process has lost its own parent nobody is left to be polite for.
+void GuardedEngine::stop(pid_t engine) const {
+    const bool alone = getppid() != m_parent;
+    ::kill(-engine, alone ? SIGKILL : SIGTERM);
 }
 
 bool GuardedEngine::stopAsked() {

@@ -19,6 +19,8 @@ class GuardedEngine : public EngineRun {
 
   private:
     int waitFor(pid_t engine, bool& stopped) const;
+    bool stopComes(bool alreadyStopped) const;
+    void stop(pid_t engine) const;
 
     std::function<bool()> m_giveUp;
     pid_t m_parent; // of this process, when it began

@@ -67,6 +67,7 @@ class Spawning {
     std::optional<pid_t> start(const std::vector<std::string>& words) {
         std::vector<std::string> held = words;
         std::vector<char*> arguments;
+        arguments.reserve(held.size() + 1);
         for (std::string& word : held)
             arguments.push_back(word.data());
         arguments.push_back(nullptr);
