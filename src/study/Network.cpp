@@ -44,7 +44,7 @@ class NetworkMaking {
 };
 
 void NetworkMaking::connect() {
-    m_network.next.assign(m_count, -1);
+    m_network.next.resize(m_count);
     m_network.inflows.resize(m_count);
     for (int place = 0; place < m_run.reaches.count(); ++place) {
         const int nextNumber = m_run.results.reachNext[m_run.reaches.number(place)];

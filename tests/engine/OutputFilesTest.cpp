@@ -100,6 +100,18 @@ TEST_F(OutputFilesTest, RefuseAFileThatItsUserMayNotWrite) {
               "can't write F/A.OUT: Permission denied");
 }
 
+TEST_F(OutputFilesTest, LeaveNoFileOpen) {
+    const int next = ::dup(STDIN_FILENO);
+    ::close(next);
+    OutputFiles files;
+    files.add(folder.path("A.OUT"), "new");
+    files.commit();
+    EXPECT_EQ(readFile(folder.path("A.OUT")), "new");
+    const int again = ::dup(STDIN_FILENO);
+    ::close(again);
+    EXPECT_EQ(again, next);
+}
+
 TEST_F(OutputFilesTest, AreReadBackWhole) {
     std::string text;
     for (int k = 0; k < 30000; ++k)

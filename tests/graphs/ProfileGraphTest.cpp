@@ -194,6 +194,25 @@ TEST_F(ProfileGraphTest, StacksPanelsOnOneLeftEdge) {
     EXPECT_LT(runs[1].points.front().y, runs[2].points.front().y);
 }
 
+TEST_F(ProfileGraphTest, LeavesEachOfFiveStackedPanelsItsHeightAboveManyLabels) {
+    GraphSample many;
+    many.setDeterminands({"BOD", "Ammonia"});
+    many.useArea(1280, 700);
+    many.addReach(1, "Long", 60);
+    for (int k = 0; k < 60; ++k)
+        many.addPoint({1, 1.0 * k, "A long name of place " + std::to_string(k), 4});
+    for (int series = 0; series <= 4; ++series)
+        many.set(ValueField::meanValue, series, 5);
+    many.labelAllTypes();
+    many.plotSeries({1}, {0, 1, 2, 3, 4});
+    const Drawing drawing = drawingOf(many);
+    const std::vector<DrawnRun> means = runsOfColour(drawing, colours::lightBlue);
+    ASSERT_EQ(means.size(), 5u);
+    const double line = allOf<DrawnText>(drawing).back().height;
+    for (std::size_t k = 1; k < means.size(); ++k)
+        EXPECT_GE(means[k].points[0].y - means[k - 1].points[0].y, 4.5 * line);
+}
+
 TEST_F(ProfileGraphTest, LabelsFeaturesUnderOneOfTheStackedPanelsOnly) {
     EXPECT_EQ(textsReading(drawingOf(sample), "Feature 4 (24.0km)").size(), 1u);
 }

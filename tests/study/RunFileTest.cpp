@@ -33,6 +33,13 @@ TEST(ReachPoints, GatherThePointsOfAReachWhereverTheyStand) {
     EXPECT_EQ(run->reaches.placeOf(50000), -1);
 }
 
+TEST(ReachPoints, KnowReach0WhereItHasALine) {
+    const SharedRun run =
+        runOf(ResultsFileBuilder().determinand(1, "BOD").reach(3, "A").reach(0, "Zero").point(0, 0, "P1"));
+    EXPECT_EQ(run->reaches.placeOf(0), 1);
+    EXPECT_EQ(pointsOf(run, 0), (std::vector<int>{1}));
+}
+
 TEST(SeriesValues, TakeEachStatisticFromItsPlace) {
     using enum ValueField;
     const auto value = [](ValueField field, int series, int level = 0) {
