@@ -80,6 +80,19 @@ TEST_F(RowRunTest, TellsAllThatIsKnownOfARunThatIsDone) {
     EXPECT_FALSE(fs::exists(privateFolder()));
 }
 
+TEST_F(RowRunTest, TellsTheResultsInTheFolderOfTheDataFile) {
+    folder.put("wet/2020/A.DAT", "data");
+    engine.what = [this](const std::string&, const std::string&) {
+        folder.put("wet/2020/A.SGR", wholeResults());
+        return EngineEnd{0, false, ""};
+    };
+    const Plan plan =
+        readPlan("name,data_file,type,title\nwet,wet/2020/A.DAT,4,T\n", folder.path(), rulesOfRuns());
+    const RunSetting now = setting();
+    const RunRecord record = carryOut(now, plan.runs.at(0), startedRecord(now, plan.runs[0]), engine);
+    EXPECT_EQ(record.results, "wet/2020/A.SGR") << record.message;
+}
+
 TEST_F(RowRunTest, HasAFolderWithTheEnginesFilesAndItsOwnRunControlFile) {
     std::vector<std::string> names;
     std::string control;
