@@ -195,15 +195,15 @@ std::vector<ComplianceRow> complianceRows(const JudgedRun& run, const Compliance
     return rows;
 }
 
-std::vector<OverallRow> overallRows(const StudyRun& run, const ComplianceRequest& request) {
+std::vector<OverallRow> overallRows(const StudyRun& run, const ComplianceRequest& request,
+                                    const std::vector<ComplianceRow>& rows) {
     std::vector<OverallRow> overall;
+    auto row = rows.begin();
     for (const ReachGroup& reach : groupsByReach(*run.file, request.reaches)) {
         const int place = reach.places.front();
         std::vector<DeterminandVerdict> verdicts;
-        for (const JudgedDeterminand& determinand : judgedBy(run, request)) {
-            const ReachCompliance judged = judgeReach(*run.file, place, determinand);
-            verdicts.push_back({determinand.number, judged.verdict, judged.confident});
-        }
+        for (; row != rows.end() && row->place == place; ++row)
+            verdicts.push_back({row->determinand.number, row->reach.verdict, row->reach.confident});
         overall.push_back({place, overallVerdict(verdicts)});
     }
     return overall;
@@ -238,19 +238,23 @@ std::vector<StationRow> stationRows(const StudyRun& run, const ComplianceRequest
     return rows;
 }
 
-Table complianceByReach(const JudgedRun& run, const ComplianceRequest& request) {
-    return {"reaches", reachColumns(), [run, request](RowTaker& taker) {
-                for (const ComplianceRow& row : complianceRows(run, request))
-                    giveReachRow(row, run.run, taker);
-            }};
-}
-
-Table overallTable(const StudyRun& run, const ComplianceRequest& request) {
-    return {"overall", namedColumns({"reach", "verdict", "confident_verdict", "failing"}),
-            [run, request](RowTaker& taker) {
-                for (const OverallRow& row : overallRows(run, request))
-                    giveOverallRow(row, run, taker);
-            }};
+std::vector<Table> complianceByReach(const JudgedRun& run, const ComplianceRequest& request) {
+    // Judged once, when the first of the two is asked for.
+    const auto judged = std::make_shared<std::optional<std::vector<ComplianceRow>>>();
+    const auto rows = [run, request, judged]() -> const std::vector<ComplianceRow>& {
+        if (!*judged) *judged = complianceRows(run, request);
+        return **judged;
+    };
+    return {{"reaches", reachColumns(),
+             [run, rows](RowTaker& taker) {
+                 for (const ComplianceRow& row : rows())
+                     giveReachRow(row, run.run, taker);
+             }},
+            {"overall", namedColumns({"reach", "verdict", "confident_verdict", "failing"}),
+             [run, request, rows](RowTaker& taker) {
+                 for (const OverallRow& row : overallRows(run.run, request, rows()))
+                     giveOverallRow(row, run.run, taker);
+             }}};
 }
 
 Table complianceByDeterminand(const StudyRun& run, const ComplianceRequest& request) {

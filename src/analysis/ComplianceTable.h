@@ -54,13 +54,14 @@ std::vector<JudgedDeterminand> judgedBy(const StudyRun& run, const ComplianceReq
 
 std::vector<ComplianceRow> complianceRows(const JudgedRun& run, const ComplianceRequest& request);
 // One a reach, also of those where nothing is judged.
-std::vector<OverallRow> overallRows(const StudyRun& run, const ComplianceRequest& request);
+std::vector<OverallRow> overallRows(const StudyRun& run, const ComplianceRequest& request,
+                                    const std::vector<ComplianceRow>& rows);
 std::vector<ComplianceSumRow> complianceSums(const StudyRun& run, const std::vector<ReachGroup>& groups,
                                              const ComplianceRequest& request);
 std::vector<StationRow> stationRows(const StudyRun& run, const ComplianceRequest& request);
 
-Table complianceByReach(const JudgedRun& run, const ComplianceRequest& request);
-Table overallTable(const StudyRun& run, const ComplianceRequest& request);
+// The reaches by determinands, and the overall verdict of each reach.
+std::vector<Table> complianceByReach(const JudgedRun& run, const ComplianceRequest& request);
 Table complianceByDeterminand(const StudyRun& run, const ComplianceRequest& request);
 Table complianceByRiver(const StudyRun& run, const Network& network, const ComplianceRequest& request);
 Table complianceByPoint(const StudyRun& run, const ComplianceRequest& request);

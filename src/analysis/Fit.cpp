@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <tuple>
 
 namespace korvel {
@@ -55,6 +56,7 @@ std::optional<double> typicalFactorOf(std::span<const ObservedPoint> points) {
 
 struct ErrorSums {
     double errors = 0, absoluteErrors = 0, squaredErrors = 0, values = 0, observed = 0;
+    int bounded = 0, withinLimits = 0;
 
     explicit ErrorSums(std::span<const ObservedPoint> points) {
         for (const ObservedPoint& each : points) {
@@ -64,24 +66,31 @@ struct ErrorSums {
             squaredErrors += error * error;
             values += each.value;
             observed += each.observed;
+            bounded += each.bounded ? 1 : 0;
+            withinLimits += each.withinLimits ? 1 : 0;
         }
     }
 };
 
 } // namespace
 
-std::vector<ObservedPoint> observedPoints(const RunFile& run, std::span<const int> places, int series,
+std::vector<int> ordinaryPointsOf(const RunFile& run, std::span<const int> places) {
+    std::vector<int> points;
+    for (const int place : places)
+        std::ranges::copy_if(run.reaches.pointsOf(place), std::back_inserter(points), [&](int point) {
+            return run.results.pointFeatureType[point] != InterpolatedPointType;
+        });
+    return points;
+}
+
+std::vector<ObservedPoint> observedPoints(const RunFile& run, std::span<const int> points, int series,
                                           Statistic statistic) {
     const SeriesValues values = seriesValues(run.results, series, statistic);
-    std::vector<ObservedPoint> points;
-    for (const int place : places) {
-        for (const int point : run.reaches.pointsOf(place)) {
-            if (!values.isObserved(point)) continue;
-            if (run.results.pointFeatureType[point] == InterpolatedPointType) continue;
-            points.push_back(observedPoint(values, point));
-        }
-    }
-    return points;
+    std::vector<ObservedPoint> observed;
+    observed.reserve(points.size());
+    for (const int point : points)
+        if (values.isObserved(point)) observed.push_back(observedPoint(values, point));
+    return observed;
 }
 
 FitFigures fitOf(std::span<const ObservedPoint> points) {
@@ -95,8 +104,8 @@ FitFigures fitOf(std::span<const ObservedPoint> points) {
     fit.meanAbsoluteError = sums.absoluteErrors / n;
     fit.rootMeanSquareError = std::sqrt(sums.squaredErrors / n);
     fit.typicalFactor = typicalFactorOf(points);
-    fit.bounded = static_cast<int>(std::ranges::count_if(points, &ObservedPoint::bounded));
-    fit.withinLimits = static_cast<int>(std::ranges::count_if(points, &ObservedPoint::withinLimits));
+    fit.bounded = sums.bounded;
+    fit.withinLimits = sums.withinLimits;
     if (fit.n < 2 || areAllEqual(points, &ObservedPoint::observed)) return fit;
     const Spread spread = spreadOf(points, sums.values / n, sums.observed / n);
     fit.efficiency = 1 - sums.squaredErrors / spread.ofObserved;
@@ -110,10 +119,11 @@ std::vector<FitError> fitErrors(const RunFile& run, const ReachChoice& reaches,
     std::vector<int> places;
     for (int place = 0; place < run.reaches.count(); ++place)
         if (reaches.holds(run.reaches.number(place))) places.push_back(place);
+    const std::vector<int> points = ordinaryPointsOf(run, places);
     std::vector<FitError> errors;
     for (const int c : series) {
         for (const Statistic statistic : statistics) {
-            for (const ObservedPoint& each : observedPoints(run, places, c, statistic)) {
+            for (const ObservedPoint& each : observedPoints(run, points, c, statistic)) {
                 const double error = each.value - each.observed;
                 errors.push_back({each.point, c, statistic, each.value, each.observed, error,
                                   100 * error / each.observed});

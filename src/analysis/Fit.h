@@ -13,15 +13,18 @@
 namespace korvel {
 
 struct ObservedPoint {
-    int point = 0;
     double value = 0;
     double observed = 0;
+    int point = 0;
     bool bounded = false;
     bool withinLimits = false; // what was observed lies between the limits of the value
 };
 
-// The observed points of these reaches, type 99 excepted.
-std::vector<ObservedPoint> observedPoints(const RunFile& run, std::span<const int> places, int series,
+// The points of these reaches (by place), type 99 excepted.
+std::vector<int> ordinaryPointsOf(const RunFile& run, std::span<const int> places);
+
+// Those of the points that are observed.
+std::vector<ObservedPoint> observedPoints(const RunFile& run, std::span<const int> points, int series,
                                           Statistic statistic);
 
 // The error is value less observed. Bias and efficiency as in Moriasi et al. (2007), Transactions of the

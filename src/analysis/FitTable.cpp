@@ -43,9 +43,10 @@ std::vector<FitRow> fitRows(const StudyRun& run, const std::vector<ReachGroup>& 
                             const FitRequest& request) {
     std::vector<FitRow> rows;
     for (const ReachGroup& group : groups) {
+        const std::vector<int> ordinary = ordinaryPointsOf(*run.file, group.places);
         for (const int series : request.series) {
             for (const Statistic statistic : request.statistics) {
-                const auto points = observedPoints(*run.file, group.places, series, statistic);
+                const auto points = observedPoints(*run.file, ordinary, series, statistic);
                 if (!points.empty()) rows.push_back({group, series, statistic, fitOf(points)});
             }
         }

@@ -44,11 +44,11 @@ JudgedRun judgedRun(const Call& call, std::size_t k) {
     return run;
 }
 
-Table tableOf(const Call& call, const JudgedRun& run) {
-    if (call.by == "river") return complianceByRiver(run.run, riverNetwork(run.run), call.request);
-    if (call.by == "determinand") return complianceByDeterminand(run.run, call.request);
-    if (call.by == "point") return complianceByPoint(run.run, call.request);
-    if (call.by == "station") return complianceByStation(run.run, call.request);
+std::vector<Table> tablesBy(const Call& call, const JudgedRun& run) {
+    if (call.by == "river") return {complianceByRiver(run.run, riverNetwork(run.run), call.request)};
+    if (call.by == "determinand") return {complianceByDeterminand(run.run, call.request)};
+    if (call.by == "point") return {complianceByPoint(run.run, call.request)};
+    if (call.by == "station") return {complianceByStation(run.run, call.request)};
     return complianceByReach(run, call.request);
 }
 
@@ -72,8 +72,7 @@ void addAgreement(RunTables& tables, const std::vector<StationRow>& rows) {
 RunTables tablesOf(const Call& call, const JudgedRun& run) {
     RunTables tables;
     tables.facts = {{{"run"}, run.run.name, true}};
-    tables.lists = {tableOf(call, run)};
-    if (call.by == "reach") tables.lists.push_back(overallTable(run.run, call.request));
+    tables.lists = tablesBy(call, run);
     if (call.by == "station") addAgreement(tables, stationRows(run.run, call.request));
     return tables;
 }
@@ -105,7 +104,7 @@ void showRun(TextPage& page, const Call& call, const JudgedRun& run) {
     if (call.by == "reach")
         showComplianceRows(page, run, rows);
     else
-        page.table(textTable(tableOf(call, run)));
+        page.table(textTable(tablesBy(call, run).front()));
     if (call.by == "station") return concludeStations(page, stationRows(run.run, call.request));
     concludeCompliance(page, run.run, rows);
 }

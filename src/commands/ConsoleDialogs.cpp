@@ -1,6 +1,7 @@
 #include "commands/ConsoleDialogs.h"
 
 #include "basic/Text.h"
+#include "tables/TextLook.h"
 
 #include <ostream>
 #include <utility>
@@ -36,8 +37,8 @@ std::string iconName(Icon icon) {
 }
 
 std::string consoleLine(const Message& message) {
-    return "[" + iconName(message.icon) + "] " + shownUtf8(inOneLine(message.title)) + ": " +
-           shownUtf8(inOneLine(message.text));
+    return "[" + iconName(message.icon) + "] " + withVisibleControls(shownUtf8(inOneLine(message.title))) +
+           ": " + withVisibleControls(shownUtf8(inOneLine(message.text)));
 }
 
 Answer ConsoleDialogs::show(const Message& message) {

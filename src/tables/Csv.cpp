@@ -1,7 +1,13 @@
 #include "tables/Csv.h"
 
 #include "basic/Text.h"
+#include "tables/ShortNumber.h"
 
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 #include <utility>
 
 namespace korvel {
@@ -35,6 +41,9 @@ class CsvRows : public RowTaker {
         return {m_ready};
     }
     void row(const ReadyCells& first, const ReadyCells& second, std::span<const Cell> last) override {
+        const std::size_t ready = m_lead.size() + first.bytes.size() + second.bytes.size();
+        const bool isShort = ready + (last.size() + 1) * (longestNumber + 1) < OutputBytes::block;
+        if (isShort && areNumbers(last)) return numbersRow(first, second, last);
         m_out.append(m_lead);
         m_out.append(first.bytes);
         m_out.append(second.bytes);
@@ -50,6 +59,43 @@ class CsvRows : public RowTaker {
     }
 
   private:
+    static bool areNumbers(std::span<const Cell> cells) {
+        return std::ranges::all_of(cells, [](const Cell& cell) {
+            return std::holds_alternative<double>(cell) || std::holds_alternative<Nothing>(cell);
+        });
+    }
+    // A long table has nearly nothing but such rows: written in one go.
+    void numbersRow(const ReadyCells& first, const ReadyCells& second, std::span<const Cell> last) {
+        const std::size_t most = m_lead.size() + first.bytes.size() + second.bytes.size() +
+                                 (last.size() + 1) * (longestNumber + 1);
+        char* at = m_out.begin(most);
+        for (const std::string* part : {&std::as_const(m_lead), &first.bytes, &second.bytes})
+            at += part->copy(at, part->size());
+        m_written.resize(last.size());
+        for (std::size_t k = 0; k < last.size(); ++k) {
+            if (k > 0) *at++ = ',';
+            if (const double* number = std::get_if<double>(&last[k])) at = m_written[k].write(at, *number);
+        }
+        *at++ = '\r';
+        *at++ = '\n';
+        m_out.end(at);
+    }
+
+    // A column often holds the same number again, such as a target.
+    struct WrittenNumber {
+        char* write(char* into, double number) {
+            if (length == 0 || std::bit_cast<std::uint64_t>(number) != bits) {
+                bits = std::bit_cast<std::uint64_t>(number);
+                length = static_cast<std::size_t>(writeShortest(text.data(), number) - text.data());
+            }
+            std::memcpy(into, text.data(), longestNumber);
+            return into + length;
+        }
+        std::uint64_t bits = 0;
+        std::size_t length = 0;
+        std::array<char, longestNumber> text;
+    };
+
     static void append(OutputBytes&, Nothing) {}
     static void append(OutputBytes& out, bool value) { out.append(value ? "true" : "false"); }
     static void append(OutputBytes& out, int value) { out.appendNumber(value); }
@@ -61,6 +107,7 @@ class CsvRows : public RowTaker {
 
     OutputBytes& m_out;
     std::string m_lead;
+    std::vector<WrittenNumber> m_written; // by column, of the row before
     std::string m_ready;
     OutputBytes m_readying{[this](std::string_view text) { m_ready += text; }};
 };

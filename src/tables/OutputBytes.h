@@ -23,9 +23,13 @@ class OutputBytes {
     void appendNumber(int value);
     void flush(); // whoever made it calls this at the end
 
-  private:
+    // Room for so many bytes, fewer than a block, for whoever writes them himself and then says where they
+    // end.
     static constexpr std::size_t block = std::size_t{1} << 18;
+    char* begin(std::size_t bytes) { return room(bytes); }
+    void end(const char* end) { m_end = static_cast<std::size_t>(end - m_bytes.get()); }
 
+  private:
     // Where so many bytes fit; they are few.
     char* room(std::size_t bytes) {
         if (m_end + bytes > block) flush();

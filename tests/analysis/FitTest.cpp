@@ -13,7 +13,7 @@ namespace {
 FitFigures figuresOf(const std::vector<std::pair<double, double>>& valuesAndObserved) {
     std::vector<ObservedPoint> points;
     for (const auto& [value, observed] : valuesAndObserved)
-        points.push_back({0, value, observed, false, false});
+        points.push_back({value, observed, 0, false, false});
     return fitOf(points);
 }
 
@@ -58,7 +58,8 @@ TEST(Fit, CountsSamplesWithinTheLimits) {
                                           {1, 3, 0, 2, 4, 1, 5},
                                           {2, 3, 0, 0, 0, 1, 3}, // not bounded
                                           {3, 3, 0, 4, 2, 1, 2}}));
-    const FitFigures fit = fitOf(observedPoints(*run, std::vector<int>{0}, 1, Statistic::mean));
+    const FitFigures fit =
+        fitOf(observedPoints(*run, ordinaryPointsOf(*run, std::vector<int>{0}), 1, Statistic::mean));
     EXPECT_EQ(fit.n, 4);
     EXPECT_EQ(fit.bounded, 3);
     EXPECT_EQ(fit.withinLimits, 2);
@@ -70,9 +71,13 @@ TEST(Fit, TakesObservedPointsOfReachesWithALine) {
     addPoints(file, 2, {{0, 3, 0, 0, 0, 1, -2}});
     addPoints(file, 9, {{0, 3, 0, 0, 0, 1, 2}});
     const SharedRun run = runOf(file);
-    EXPECT_EQ(observedPoints(*run, std::vector<int>{0, 1}, 1, Statistic::mean).size(), 2u);
-    EXPECT_EQ(observedPoints(*run, std::vector<int>{1}, 1, Statistic::mean)[0].observed, -2);
-    EXPECT_TRUE(observedPoints(*run, std::vector<int>{0, 1}, 1, Statistic::p95).empty());
+    EXPECT_EQ(observedPoints(*run, ordinaryPointsOf(*run, std::vector<int>{0, 1}), 1, Statistic::mean).size(),
+              2u);
+    EXPECT_EQ(
+        observedPoints(*run, ordinaryPointsOf(*run, std::vector<int>{1}), 1, Statistic::mean)[0].observed,
+        -2);
+    EXPECT_TRUE(
+        observedPoints(*run, ordinaryPointsOf(*run, std::vector<int>{0, 1}), 1, Statistic::p95).empty());
 }
 
 TEST(FitErrors, PutTheWorstFirstAndEqualOnesInFileOrder) {
