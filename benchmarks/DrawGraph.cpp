@@ -90,7 +90,7 @@ struct Graph {
 
     void layout() {
         primitives.CloseGraph();
-        drawProfileGraph(primitives, false, sample.inputs());
+        drawProfileGraph(primitives, OutputTarget::screen, sample.inputs());
     }
 };
 
@@ -119,6 +119,15 @@ struct PlainPainting {
         painter.setPen(plainPen(line.pen));
         painter.drawLine(*grid.point(line.from), *grid.point(line.to));
     }
+    void operator()(const DrawnMarker& marker) {
+        const double half = marker.half;
+        const auto at = [&](double across, double down) {
+            return DrawnPoint{marker.centre.x + across, marker.centre.y + down};
+        };
+        (*this)(DrawnLine{at(-half, half), at(half, -half), marker.pen});
+        (*this)(DrawnLine{at(-half, -half), at(half, half), marker.pen});
+    }
+    void operator()(const DrawnBand&) {} // the graph has none
     void operator()(const DrawnText& text) {
         paintOnScreen({width * 15.0, height * 15.0, 1440, {text}}, painter);
     }

@@ -41,6 +41,25 @@ struct DrawnRun {
     bool operator==(const DrawnRun&) const = default;
 };
 
+// A cross of two slanting strokes, as an observed value has.
+struct DrawnMarker {
+    DrawnPoint centre;
+    double half = 0; // of its width and height
+    Pen pen;
+    bool operator==(const DrawnMarker&) const = default;
+};
+
+// What lies between two runs of points, filled.
+struct DrawnBand {
+    std::vector<DrawnPoint> above;
+    std::vector<DrawnPoint> below;
+    Rgb colour;
+    double opacity = 1;
+    bool operator==(const DrawnBand&) const = default;
+};
+
+enum class TextAlign { left, right, centre };
+
 // `corner`: the top left of the text's box. Horizontal text only.
 struct DrawnText {
     DrawnPoint corner;
@@ -53,7 +72,7 @@ struct DrawnText {
     bool operator==(const DrawnText&) const = default;
 };
 
-using DrawnCommand = std::variant<DrawnLine, DrawnRun, DrawnText>;
+using DrawnCommand = std::variant<DrawnLine, DrawnRun, DrawnMarker, DrawnBand, DrawnText>;
 
 struct Drawing {
     double width = 0;

@@ -131,6 +131,33 @@ TEST(DrawingPainter, NarrowsATextAndKeepsItsHeight) {
     EXPECT_NEAR(half.left(), box.left(), 2);
 }
 
+TEST(DrawingPainter, PaintsAMarkerAsTwoSlantingLines) {
+    const Pen pen{{0, 0, 0}, 1, Dash::solid};
+    const Drawing marker = drawingOf({DrawnMarker{{750, 600}, 75, pen}});
+    const Drawing lines =
+        drawingOf({DrawnLine{{675, 675}, {825, 525}, pen}, DrawnLine{{675, 525}, {825, 675}, pen}});
+    for (const double ratio : {1.0, 1.5, 2.0})
+        EXPECT_EQ(painted(marker, ratio), painted(lines, ratio)) << ratio;
+    EXPECT_EQ(svgOf(marker), svgOf(lines));
+}
+
+TEST(DrawingPainter, FillsABandBetweenItsRuns) {
+    const QImage image = painted(
+        drawingOf({DrawnBand{{{150, 150}, {1500, 300}}, {{150, 900}, {1500, 750}}, {0, 0, 255}, 0.5}}));
+    EXPECT_EQ(image.pixel(50, 40), qRgb(127, 127, 255));
+    EXPECT_EQ(image.pixel(50, 5), qRgb(255, 255, 255));
+    EXPECT_EQ(image.pixel(50, 70), qRgb(255, 255, 255));
+    EXPECT_EQ(image.pixel(150, 40), qRgb(255, 255, 255));
+}
+
+TEST(DrawingPainter, PaintsABandOverWhatWasDrawnBefore) {
+    const Pen pen{{0, 0, 0}, 1, Dash::solid};
+    const DrawnBand band{{{0, 0}, {3000, 0}}, {{0, 1500}, {3000, 1500}}, {255, 0, 0}, 1};
+    const DrawnLine line{{0, 600}, {2985, 600}, pen};
+    EXPECT_EQ(painted(drawingOf({line, band})).pixel(50, 40), qRgb(255, 0, 0));
+    EXPECT_EQ(painted(drawingOf({band, line})).pixel(50, 40), qRgb(0, 0, 0));
+}
+
 TEST(DrawingPainter, KeepsTextAsTextInAnSvg) {
     const Drawing drawing = drawingOf({textAt({0, 0}, "Caf\xe9 <1>", {"Arial Narrow", 10, false})});
     const QByteArray svg = svgOf(drawing);

@@ -41,6 +41,18 @@ std::string commandText(const DrawnRun& run) {
     return text + penText(run.pen);
 }
 
+std::string commandText(const DrawnMarker& marker) {
+    return "cross " + place(marker.centre) + " half " + place(marker.half) + penText(marker.pen);
+}
+
+std::string commandText(const DrawnBand& band) {
+    std::string text = "band";
+    for (const auto* edge : {&band.above, &band.below})
+        for (const DrawnPoint& point : *edge)
+            text += " " + place(point);
+    return text + penText({band.colour, 0, Dash::solid});
+}
+
 std::string commandText(const DrawnText& text) {
     return "text " + place(text.corner) + " " + place(text.width) + " " + place(text.height) + " " +
            text.font.name + " " + shortestNumber(text.font.size) + (text.font.bold ? " bold" : "") +

@@ -52,18 +52,30 @@ void addCopies(const DrawnRun& thick, std::vector<DrawnCommand>& commands) {
     }
 }
 
+void addCopies(const DrawnMarker& thick, std::vector<DrawnCommand>& commands) {
+    std::vector<DrawnCommand> centres;
+    addCopies(DrawnRun{{thick.centre}, thick.pen}, centres);
+    for (const DrawnCommand& copy : centres) {
+        const DrawnRun& thin = std::get<DrawnRun>(copy);
+        commands.emplace_back(DrawnMarker{thin.points[0], thick.half, thin.pen});
+    }
+}
+
 void addCaptured(const DrawnCommand& printed, std::vector<DrawnCommand>& commands) {
     const auto* line = std::get_if<DrawnLine>(&printed);
     const auto* run = std::get_if<DrawnRun>(&printed);
+    const auto* marker = std::get_if<DrawnMarker>(&printed);
     std::vector<DrawnCommand> copies;
     if (line != nullptr && line->pen.width > 1) {
-        addCopies({{line->from, line->to}, line->pen}, copies);
+        addCopies(DrawnRun{{line->from, line->to}, line->pen}, copies);
         for (DrawnCommand& copy : copies) {
             const DrawnRun& thin = std::get<DrawnRun>(copy);
             commands.emplace_back(DrawnLine{thin.points[0], thin.points[1], thin.pen});
         }
     } else if (run != nullptr && run->pen.width > 1) {
         addCopies(*run, commands);
+    } else if (marker != nullptr && marker->pen.width > 1) {
+        addCopies(*marker, commands);
     } else {
         commands.push_back(printed);
         if (auto* text = std::get_if<DrawnText>(&commands.back())) text->font.name = "Arial";

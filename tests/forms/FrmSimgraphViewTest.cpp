@@ -149,6 +149,8 @@ TEST_F(FrmSimgraphView, PrintsTheScreensDrawingOnOneLandscapePage) {
             line->pen.width = std::get<DrawnLine>(page.commands[i]).pen.width;
         if (auto* run = std::get_if<DrawnRun>(&expected))
             run->pen.width = std::get<DrawnRun>(page.commands[i]).pen.width;
+        if (auto* marker = std::get_if<DrawnMarker>(&expected))
+            marker->pen.width = std::get<DrawnMarker>(page.commands[i]).pen.width;
         EXPECT_EQ(page.commands[i], expected) << i;
     }
     EXPECT_EQ(form.drawing(), screen) << "the screen's graph stays";

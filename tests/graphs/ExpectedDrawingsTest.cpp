@@ -42,6 +42,12 @@ struct CommandText {
             text += " (" + place(point) + ")";
         return text + penText(run.pen);
     }
+    std::string operator()(const DrawnMarker& marker) const {
+        return "cross " + place(marker.centre) + " half " + number(marker.half) + penText(marker.pen);
+    }
+    std::string operator()(const DrawnBand& band) const {
+        return "band of " + std::to_string(band.above.size() + band.below.size()) + " points";
+    }
     std::string operator()(const DrawnText& text) const {
         return "text \"" + text.text + "\" at " + place(text.corner) + " size " + number(text.font.size) +
                " " + text.font.name + (text.font.bold ? " bold" : "");
@@ -59,7 +65,7 @@ void expectDrawing(const GraphSample& sample, const std::string& name) {
     const FixedTextMetrics metrics;
     Drawing drawing{.width = sample.area.width, .height = sample.area.height, .commands = {}};
     GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
-    drawProfileGraph(primitives, false, sample.inputs());
+    drawProfileGraph(primitives, OutputTarget::screen, sample.inputs());
     const std::string text = textOf(drawing), file = std::string(DRAWINGS_FOLDER) + "/" + name + ".txt";
     if (std::getenv("KORVEL_ACCEPT_DRAWINGS")) std::ofstream(file) << text;
     std::ostringstream expected;

@@ -33,12 +33,13 @@ class ScreenMetrics : public TextMetrics {
     }
 };
 
-Drawing drawingOf(const GraphSample& sample, GraphForm form = GraphForm::graph, bool pr = false) {
+Drawing drawingOf(const GraphSample& sample, GraphForm form = GraphForm::graph,
+                  OutputTarget target = OutputTarget::screen) {
     const ScreenMetrics screen;
     const PaperMetrics paper;
     Drawing drawing{.width = sample.area.width, .height = sample.area.height, .commands = {}};
     GraphPrimitives primitives(drawing, form, screen, paper);
-    drawProfileGraph(primitives, pr, sample.inputs());
+    drawProfileGraph(primitives, target, sample.inputs());
     return drawing;
 }
 
@@ -144,7 +145,7 @@ TEST(FeatureRows, AreTheSameOnScreenInTheSavedImageAndOnPaper) {
         const Labels screen = labelsOf(drawingOf(sample));
         EXPECT_GT(screen.size(), 10u);
         EXPECT_EQ(labelsOf(drawingOf(sample, GraphForm::capture)), screen);
-        EXPECT_EQ(labelsOf(drawingOf(sample, GraphForm::graph, true)), screen);
+        EXPECT_EQ(labelsOf(drawingOf(sample, GraphForm::graph, OutputTarget::printer)), screen);
     }
 }
 

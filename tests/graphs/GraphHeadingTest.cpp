@@ -17,12 +17,16 @@ struct GraphHeadingTest : testing::Test {
     Drawing drawing{.width = 20000, .height = 0, .commands = {}};
     FixedTextMetrics metrics;
     GraphPrimitives primitives{drawing, GraphForm::graph, metrics, metrics};
-    GraphSheet sheet{primitives, false};
+    GraphSheet sheet{primitives, OutputTarget::screen};
     PlotFrame frame{.unit = 6, .bottom = 240, .top = 5000, .left = 100, .right = 10100};
 
     GraphHeadingTest() { sample.area.rightEdge = 10100; }
 
-    double ends() { return drawHeading(sheet, sample.inputs(), frame); }
+    double ends() {
+        const GraphHeading heading = layOutHeading(sheet, sample.inputs(), frame);
+        paintHeading(sheet, heading, ordinaryFontSize(sample.inputs()));
+        return heading.bottom;
+    }
     // Its box in graph coordinates, where the surface's y is the negative one.
     double bottomOf(const std::string& text) {
         const DrawnText found = textsReading(drawing, text).at(0);

@@ -115,9 +115,10 @@ TEST(GraphKey, GoesOnInAnotherLineWhereTheFrameEnds) {
     GraphHandOver graph;
     graph.plotConfidenceLimits = true;
     const double height = primitives.TxtHeight("x");
-    const double end =
-        drawKey({primitives, false}, keyEntries(graph, Targets::shown, both), {0, 3500, 6000, 50});
-    EXPECT_DOUBLE_EQ(end, 6000 - 2 * height);
+    const GraphSheet sheet(primitives, OutputTarget::screen);
+    const GraphKey key = layOutKey(sheet, keyEntries(graph, Targets::shown, both), {0, 3500, 6000, 50});
+    EXPECT_DOUBLE_EQ(key.bottom, 6000 - 2 * height);
+    paintKey(sheet, key);
     for (const DrawnText& text : allOf<DrawnText>(drawing))
         EXPECT_LE(text.corner.x + text.width, 3500) << text.text;
     EXPECT_EQ(textsOf(drawing),
@@ -130,9 +131,11 @@ TEST(GraphKey, HasALineForEachEntryThatIsWiderThanTheFrame) {
     GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
     GraphHandOver graph = bare();
     graph.plotMeans = graph.plotPercentiles = true;
-    const double end =
-        drawKey({primitives, false}, keyEntries(graph, Targets::hidden, both), {0, 500, 6000, 50});
-    EXPECT_DOUBLE_EQ(end, 6000 - 2 * primitives.TxtHeight("x")) << "the first stands beside the caption";
+    const GraphSheet sheet(primitives, OutputTarget::screen);
+    const GraphKey key = layOutKey(sheet, keyEntries(graph, Targets::hidden, both), {0, 500, 6000, 50});
+    paintKey(sheet, key);
+    EXPECT_DOUBLE_EQ(key.bottom, 6000 - 2 * primitives.TxtHeight("x"))
+        << "the first stands beside the caption";
     const std::vector<DrawnText> texts = allOf<DrawnText>(drawing);
     ASSERT_EQ(texts.size(), 3u);
     EXPECT_EQ(texts[1].corner.y, texts[0].corner.y);

@@ -151,16 +151,21 @@ TEST_F(GraphPrimitivesTest, ClosesAGraphWithoutTexts) {
     EXPECT_TRUE(drawing.commands.empty());
 }
 
-TEST_F(GraphPrimitivesTest, GivesTheMemoryOfALongRunToTheNextGraph) {
-    std::vector<DrawnPoint> points = graph.takePoints(5000);
-    EXPECT_EQ(points.size(), 5000u);
-    const DrawnPoint* const memory = points.data();
-    graph.DisplayRun(onScreen, std::move(points), 0, 0, 0);
-    graph.CloseGraph();
-    points = graph.takePoints(10);
-    EXPECT_EQ(points.size(), 10u);
-    EXPECT_EQ(points.data(), memory);
-    EXPECT_EQ(graph.takePoints(3), std::vector<DrawnPoint>(3));
+TEST_F(GraphPrimitivesTest, DrawsACrossInTheLookOfALine) {
+    graph.DisplayCross(onScreen, {100, 200}, 30, 4, 2, colours::black);
+    graph.DisplayCross(onPrinter, {100, 200}, 30, 4, 2, colours::black);
+    const std::vector<DrawnMarker> crosses = allOf<DrawnMarker>(drawing);
+    ASSERT_EQ(crosses.size(), 2u);
+    EXPECT_EQ(crosses[0], (DrawnMarker{{100, 400}, 30, {paletteColour(0), 1, Dash::solid}}));
+    EXPECT_EQ(crosses[1].pen.width, 8);
+}
+
+TEST_F(GraphPrimitivesTest, TheCaptureFormWidensCrosses) {
+    capture.DisplayCross(onScreen, {100, 200}, 30, 4, 2, colours::black);
+    std::vector<DrawnPoint> centres;
+    for (const DrawnMarker& cross : allOf<DrawnMarker>(drawing))
+        centres.push_back(cross.centre);
+    EXPECT_EQ(centres, (std::vector<DrawnPoint>{{100, 400}, {100, 415}, {115, 400}, {115, 415}}));
 }
 
 } // namespace korvel

@@ -60,12 +60,14 @@ class PrintGraphTest : public testing::Test {
 DrawnCommand withPenWidth(DrawnCommand command, double width) {
     if (auto* line = std::get_if<DrawnLine>(&command)) line->pen.width = width;
     if (auto* run = std::get_if<DrawnRun>(&command)) run->pen.width = width;
+    if (auto* marker = std::get_if<DrawnMarker>(&command)) marker->pen.width = width;
     return command;
 }
 
 double penWidthOf(const DrawnCommand& command) {
     if (const auto* line = std::get_if<DrawnLine>(&command)) return line->pen.width;
     if (const auto* run = std::get_if<DrawnRun>(&command)) return run->pen.width;
+    if (const auto* marker = std::get_if<DrawnMarker>(&command)) return marker->pen.width;
     return 0;
 }
 
@@ -93,9 +95,9 @@ TEST_F(PrintGraphTest, PrintsWhatTheScreenShowsInItsOwnLineWidths) {
         const double width = penWidthOf(page.commands[i]);
         EXPECT_EQ(withPenWidth(screen.commands[i], width), page.commands[i]) << i;
         EXPECT_TRUE(width == 0 || width == 1 || width == 8) << width;
-        if (width == 8) ++thick;
+        if (width == 8) thick += std::holds_alternative<DrawnMarker>(page.commands[i]) ? 2 : 1;
     }
-    EXPECT_GE(thick, 8) << "two curves in two panels, a cross, and the key";
+    EXPECT_GE(thick, 8) << "strokes: two curves in two panels, a cross, and the key";
 }
 
 TEST_F(PrintGraphTest, PrintsCurvesAndCrossesThickAndTheRestThin) {
@@ -104,10 +106,10 @@ TEST_F(PrintGraphTest, PrintsCurvesAndCrossesThickAndTheRestThin) {
     ASSERT_EQ(curves.size(), 2U);
     for (const DrawnRun& curve : curves)
         EXPECT_EQ(curve.pen.width, 8);
-    int crossStrokes = 0;
-    for (const DrawnLine& line : linesOfColour(page, colours::black))
-        if (line.pen.width == 8) ++crossStrokes;
-    EXPECT_GE(crossStrokes, 2) << "black, so thin on the screen";
+    const std::vector<DrawnMarker> crosses = allOf<DrawnMarker>(page);
+    EXPECT_GE(crosses.size(), 1u);
+    for (const DrawnMarker& cross : crosses)
+        EXPECT_EQ(cross.pen, (Pen{paletteColour(colours::black), 8, Dash::solid})) << "thin on the screen";
     for (const DrawnLine& line : linesOfColour(page, colours::darkGrey))
         EXPECT_EQ(line.pen.width, 1);
 }

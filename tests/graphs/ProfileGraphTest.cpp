@@ -16,10 +16,11 @@ namespace {
 
 const FixedTextMetrics metrics;
 
-Drawing drawingOf(const GraphSample& sample, GraphForm form = GraphForm::graph, bool pr = false) {
+Drawing drawingOf(const GraphSample& sample, GraphForm form = GraphForm::graph,
+                  OutputTarget target = OutputTarget::screen) {
     Drawing drawing{.width = sample.area.width, .height = sample.area.height, .commands = {}};
     GraphPrimitives primitives(drawing, form, metrics, metrics);
-    drawProfileGraph(primitives, pr, sample.inputs());
+    drawProfileGraph(primitives, target, sample.inputs());
     return drawing;
 }
 
@@ -61,6 +62,9 @@ Drawing zoomed(Drawing drawing, double factor) {
         } else if (auto* run = std::get_if<DrawnRun>(&command)) {
             for (DrawnPoint& point : run->points)
                 point = zoomed(point, drawing.height, factor);
+        } else if (auto* marker = std::get_if<DrawnMarker>(&command)) {
+            marker->centre = zoomed(marker->centre, drawing.height, factor);
+            marker->half *= factor;
         } else if (auto* text = std::get_if<DrawnText>(&command)) {
             text->corner = zoomed(text->corner, drawing.height, factor);
             text->width *= factor;
@@ -78,6 +82,7 @@ std::vector<DrawnPoint> placesOf(const Drawing& drawing) {
             places.insert(places.end(), {line->from, line->to});
         if (const auto* run = std::get_if<DrawnRun>(&command))
             places.insert(places.end(), run->points.begin(), run->points.end());
+        if (const auto* marker = std::get_if<DrawnMarker>(&command)) places.push_back(marker->centre);
         if (const auto* text = std::get_if<DrawnText>(&command)) places.push_back(text->corner);
     }
     return places;
@@ -419,7 +424,8 @@ TEST_F(ProfileGraphTest, DrawsEmptyChoicesWithoutPanels) {
 }
 
 TEST_F(ProfileGraphTest, PrintsTheSameLayoutWithThePrintersPens) {
-    const Drawing screen = drawingOf(sample), paper = drawingOf(sample, GraphForm::graph, true);
+    const Drawing screen = drawingOf(sample),
+                  paper = drawingOf(sample, GraphForm::graph, OutputTarget::printer);
     expectMoved(screen, paper, 0, 0);
     EXPECT_EQ(runsOfColour(screen, colours::lightBlue)[0].pen.width, 4);
     EXPECT_EQ(runsOfColour(paper, colours::lightBlue)[0].pen.width, 8);

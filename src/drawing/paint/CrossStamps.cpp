@@ -16,18 +16,19 @@ namespace {
 constexpr int largestCross = 64; // pixels
 constexpr std::size_t mostStamps = 16;
 
-// Two lines, one painted after the other.
-struct Cross {
-    QLine first, second;
-
-    bool operator==(const Cross&) const = default;
-    Cross movedBy(QPoint way) const { return {first.translated(way), second.translated(way)}; }
-    QRect box() const { return boxOf(first) | boxOf(second); }
-    bool hasStamp() const {
-        const bool slanting = first.dx() != 0 && first.dy() != 0 && second.dx() != 0 && second.dy() != 0;
-        return slanting && std::max(box().width(), box().height()) <= largestCross;
-    }
-};
+Cross movedBy(const Cross& cross, QPoint way) {
+    return {cross.first.translated(way), cross.second.translated(way)};
+}
+QRect extentOf(const Cross& cross) {
+    return boxOf(cross.first) | boxOf(cross.second);
+}
+// Not one that is squeezed flat: it is as quick as lines.
+bool hasStamp(const Cross& cross) {
+    const bool slanting =
+        cross.first.dx() != 0 && cross.first.dy() != 0 && cross.second.dx() != 0 && cross.second.dy() != 0;
+    const QRect box = extentOf(cross);
+    return slanting && std::max(box.width(), box.height()) <= largestCross;
+}
 
 struct Stamp {
     Cross cross; // its first line begins at 0, 0
@@ -37,7 +38,7 @@ struct Stamp {
 
 Stamp makeStamp(const Cross& cross, const QPen& pen) {
     const int margin = 3 * pen.width() / 4 + 1; // a square end's corners lie 0.71 widths off
-    const QRect box = cross.box().adjusted(-margin, -margin, margin, margin);
+    const QRect box = extentOf(cross).adjusted(-margin, -margin, margin, margin);
     Stamp stamp{cross, box.topLeft(), QImage(box.size(), QImage::Format_ARGB32_Premultiplied)};
     stamp.image.fill(Qt::transparent);
     QPainter painter(&stamp.image);
@@ -55,7 +56,7 @@ class Stamper {
     // Qt cuts off a line before it chooses its pixels.
     bool paint(const Cross& cross) {
         const QPoint place = cross.first.p1();
-        const Stamp* stamp = stampOf(cross.movedBy(-place));
+        const Stamp* stamp = stampOf(movedBy(cross, -place));
         if (stamp == nullptr) return false;
         const QPoint corner = place + stamp->corner;
         if (!m_device.contains(QRect(corner, stamp->image.size()))) return false;
@@ -86,18 +87,13 @@ bool keepsPixels(const QTransform& transform) {
 
 } // namespace
 
-void drawLinesAndCrosses(QPainter& painter, const std::vector<QLine>& lines, const QRect& device) {
+void drawCrosses(QPainter& painter, const std::vector<Cross>& crosses, const QRect& device) {
     Stamper stamper(painter, device);
     const bool stamps = keepsPixels(painter.deviceTransform());
     std::vector<QLine> others;
-    for (std::size_t k = 0; k < lines.size(); ++k) {
-        const bool hasNext = k + 1 < lines.size();
-        const Cross cross{lines[k], hasNext ? lines[k + 1] : QLine()};
-        if (stamps && cross.hasStamp() && stamper.paint(cross))
-            ++k;
-        else
-            others.push_back(lines[k]);
-    }
+    for (const Cross& cross : crosses)
+        if (!stamps || !hasStamp(cross) || !stamper.paint(cross))
+            others.insert(others.end(), {cross.first, cross.second});
     painter.drawLines(others.data(), static_cast<int>(others.size()));
 }
 

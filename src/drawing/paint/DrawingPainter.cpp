@@ -15,7 +15,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <optional>
+#include <utility>
 
 namespace korvel {
 
@@ -69,8 +71,12 @@ class DrawingPlayer {
                 draw(*line);
             else if (const auto* run = std::get_if<DrawnRun>(&command))
                 draw(*run);
+            else if (const auto* marker = std::get_if<DrawnMarker>(&command))
+                draw(*marker);
+            else if (const auto* band = std::get_if<DrawnBand>(&command))
+                draw(*band);
         }
-        flushLines();
+        flush();
         for (const DrawnCommand& command : m_drawing.commands)
             if (const auto* text = std::get_if<DrawnText>(&command))
                 if (texts == nullptr || !texts->add(*text, cornerOf(*text))) draw(*text);
@@ -90,14 +96,51 @@ class DrawingPlayer {
             m_painter.drawLine(*from, *to);
     }
 
-    // Lines of one pen at once. Where they are stored a rule is one line, however many rows it passes.
-    void flushLines() {
+    void draw(const DrawnMarker& marker) {
+        const auto at = [&](double across, double down) {
+            return m_scale.grid.point({marker.centre.x + across, marker.centre.y + down});
+        };
+        if (!at(0, 0)) return;
+        const double half = marker.half;
+        use(marker.pen);
+        m_crosses.push_back({{*at(-half, half), *at(half, -half)}, {*at(-half, -half), *at(half, half)}});
+        if (m_stored || marker.pen.dash != Dash::solid) drawCrossesAsLines();
+    }
+
+    void drawCrossesAsLines() {
+        for (const Cross& cross : std::exchange(m_crosses, {}))
+            if (m_stored)
+                m_lines.insert(m_lines.end(), {cross.first, cross.second});
+            else
+                m_painter.drawLine(cross.first), m_painter.drawLine(cross.second);
+    }
+
+    void draw(const DrawnBand& band) {
+        flush();
+        m_pen.reset();
+        QPolygon outline = thinnedPolygon(band.above, m_scale.grid);
+        const QPolygon below = thinnedPolygon(band.below, m_scale.grid);
+        std::copy(below.rbegin(), below.rend(), std::back_inserter(outline));
+        QColor colour(band.colour.red, band.colour.green, band.colour.blue);
+        colour.setAlphaF(static_cast<float>(band.opacity));
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(colour);
+        m_painter.drawPolygon(outline);
+        m_painter.setBrush(Qt::NoBrush);
+    }
+
+    // Lines and crosses of one pen at once. Where they are stored a rule is one line, however many rows it
+    // passes.
+    void flush() {
         if (m_stored) {
             const std::vector<QLine> merged = mergedLines(m_lines);
             m_painter.drawLines(merged.data(), static_cast<int>(merged.size()));
-        } else
-            drawLinesAndCrosses(m_painter, m_lines, QRect(0, 0, m_scale.grid.width, m_scale.grid.height));
+        } else {
+            m_painter.drawLines(m_lines.data(), static_cast<int>(m_lines.size()));
+            drawCrosses(m_painter, m_crosses, QRect(0, 0, m_scale.grid.width, m_scale.grid.height));
+        }
         m_lines.clear();
+        m_crosses.clear();
     }
 
     void draw(const DrawnRun& run) {
@@ -142,7 +185,7 @@ class DrawingPlayer {
 
     void use(const Pen& pen) {
         if (m_pen == pen) return;
-        flushLines();
+        flush();
         m_pen = pen;
         const int width = std::max(1, static_cast<int>(std::lround(pen.width * m_scale.penUnit)));
         QPen qt = solidPen(QColor(pen.colour.red, pen.colour.green, pen.colour.blue), width);
@@ -172,6 +215,7 @@ class DrawingPlayer {
     std::optional<Font> m_font;
     double m_ascent = 0;
     std::vector<QLine> m_lines; // not painted yet, all of m_pen
+    std::vector<Cross> m_crosses;
 };
 
 // Where a screen's scale is broken, a form's parts stand between pixels; there, a line, a box and an image of

@@ -153,7 +153,7 @@ void drawLabel(const GraphSheet& sheet, const FeatureRows& features, std::size_t
     if (place.port != mark.x) leader.push_back({place.port, firstRow});
     leader.push_back({place.port, end});
     sheet.run(looks::leader, std::move(leader));
-    sheet.narrowText({textLeft(sheet, features, k), bottom}, align::left, features.labels[k].text);
+    sheet.narrowText({textLeft(sheet, features, k), bottom}, TextAlign::left, features.labels[k].text);
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "graphs/draw/GraphBlock.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace korvel {
 
@@ -32,16 +31,9 @@ std::vector<double> boundaries(const GraphBlock& block) {
     std::vector<double> found;
     for (std::size_t k = 1; k < block.reaches.size(); ++k) {
         const double x = block.scale.x(block.reaches[k].from);
-        if (x > block.scale.left && x < block.scale.right) found.push_back(x);
+        if (x > block.scale.from && x < block.scale.to) found.push_back(x);
     }
     return found;
-}
-
-std::vector<double> asX(const DistanceScale& scale, const std::vector<double>& distances) {
-    std::vector<double> x(distances.size());
-    std::transform(distances.begin(), distances.end(), x.begin(),
-                   [&](double distance) { return scale.x(distance); });
-    return x;
 }
 
 } // namespace
@@ -58,26 +50,28 @@ void arrangeBlock(const GraphSheet& sheet, const GraphInputs& inputs, const Bloc
         sheet, featureLabels(inputs, block.column.number, perKm, measures.spacing), block.scale, strip);
 }
 
-void drawBlock(const GraphSheet& sheet, const GraphBlock& block, const BlockMeasures& measures,
-               int featureRows) {
-    const double axis = axisHeight(block, measures);
-    const double names = namesHeight(block, measures);
-    const double base = axis + names + featuresHeight(measures, featureRows);
+void placePanels(const GraphSheet& sheet, const BlockMeasures& measures, int featureRows, GraphBlock& block) {
+    block.axis = axisHeight(block, measures);
+    block.base = block.axis + namesHeight(block, measures) + featuresHeight(measures, featureRows);
+    block.boundaries = boundaries(block);
     const double ticksRoom = sheet.width("000.0") * (1.3 + 0.7 * measures.largeTextMode);
-    const std::vector<double> ticks = distanceTicks(block.scale, ticksRoom);
-
-    const PanelColumn column{block.column, block.scale, asX(block.scale, ticks), boundaries(block)};
-    const double share = (block.place.top - base) / static_cast<double>(block.panels.size());
+    block.distances = distanceAxis(block.scale, ticksRoom);
+    const double share = (block.place.top - block.base) / static_cast<double>(block.panels.size());
     double top = block.place.top;
-    for (const Panel& panel : block.panels) {
-        const PlotArea area{block.scale.left, block.scale.right, top - share, top - measures.header()};
-        drawPanel(sheet, panel, area, column, {measures.line, measures.largeTextMode});
+    for (Panel& panel : block.panels) {
+        const PlotArea area{block.scale.from, block.scale.to, top - share, top - measures.header()};
+        placePanel(panel, area, measures.line, measures.largeTextMode);
         top -= share;
     }
+}
+
+void paintBlock(const GraphSheet& sheet, const GraphBlock& block, const BlockMeasures& measures) {
+    for (const Panel& panel : block.panels)
+        paintPanel(sheet, panel, {block.column, block.scale, block.distances, block.boundaries});
     drawFeatures(sheet, block.features, block.scale,
-                 {base, measures.featureMark(), measures.featureGap(), measures.featureRow});
-    drawReachNames(sheet, block.scale, block.reaches, axis, names);
-    drawDistanceAxis(sheet, block.scale, ticks, axis);
+                 {block.base, measures.featureMark(), measures.featureGap(), measures.featureRow});
+    paintReachNames(sheet, block.scale, block.reaches, {block.axis, namesHeight(block, measures)});
+    paintDistanceAxis(sheet, block.distances, block.axis);
 }
 
 } // namespace korvel

@@ -41,6 +41,12 @@ struct GraphBlock {
     BlockPlace place;
     DistanceScale scale;
     FeatureRows features;
+
+    // Set where the block's panels have found their places.
+    Axis distances;
+    std::vector<double> boundaries; // x of those between reaches
+    double axis = 0;                // y of the distance axis
+    double base = 0;                // y of the lowest panel's bottom
 };
 
 // Sets the block's distance scale and finds places for its features.
@@ -48,7 +54,8 @@ void arrangeBlock(const GraphSheet& sheet, const GraphInputs& inputs, const Bloc
                   GraphBlock& block);
 
 // `featureRows`: of the block that has the most, so that panels side by side are of one height.
-void drawBlock(const GraphSheet& sheet, const GraphBlock& block, const BlockMeasures& measures,
-               int featureRows);
+void placePanels(const GraphSheet& sheet, const BlockMeasures& measures, int featureRows, GraphBlock& block);
+
+void paintBlock(const GraphSheet& sheet, const GraphBlock& block, const BlockMeasures& measures);
 
 } // namespace korvel

@@ -8,9 +8,10 @@ namespace korvel {
 
 namespace {
 
-constexpr double largestTitle = 12; // points, times ScaleX
-constexpr double titleMargin = 200; // units
-constexpr double leastTitle = 0.5;  // points; only an area without width asks for less
+constexpr double ordinaryTextSize = 7; // points, times ScaleX and over ZoomFactor
+constexpr double largestTitle = 12;    // points, times ScaleX
+constexpr double titleMargin = 200;    // units
+constexpr double leastTitle = 0.5;     // points; only an area without width asks for less
 
 struct Titles {
     std::vector<std::string> lines;
@@ -33,36 +34,42 @@ struct SideTexts {
     std::string date;
 
     double widest(const GraphSheet& sheet) const { return std::max(sheet.width(name), sheet.width(date)); }
-    void draw(const GraphSheet& sheet, const PlotFrame& frame, double bottom) const {
-        const double margin = 0.5 * sheet.lineHeight();
-        sheet.text({frame.left + margin, bottom}, align::left, name);
-        sheet.text({frame.right - margin, bottom}, align::right, date);
+    std::vector<PlacedText> at(const PlotFrame& frame, double margin, double bottom) const {
+        return {{{frame.left + margin, bottom}, TextAlign::left, name},
+                {{frame.right - margin, bottom}, TextAlign::right, date}};
     }
 };
 
 } // namespace
 
-void setTitleFont(const GraphSheet& sheet, const GraphInputs& inputs) {
+double ordinaryFontSize(const GraphInputs& inputs) {
+    return ordinaryTextSize * inputs.constants.ScaleX / inputs.view.ZoomFactor;
+}
+
+double setTitleFont(const GraphSheet& sheet, const GraphInputs& inputs) {
     const Titles titles(inputs.graph);
     double size = largestTitle * inputs.constants.ScaleX;
     do {
         size *= 0.9;
         sheet.setFont(size, true);
     } while (titles.width(sheet) > inputs.area.rightEdge - titleMargin && size > leastTitle);
-    sheet.setFont(size / inputs.view.ZoomFactor, true);
+    size /= inputs.view.ZoomFactor;
+    sheet.setFont(size, true);
+    return size;
 }
 
 void setOrdinaryFont(const GraphSheet& sheet, const GraphInputs& inputs) {
-    sheet.setFont(ordinaryTextSize * inputs.constants.ScaleX / inputs.view.ZoomFactor, false);
+    sheet.setFont(ordinaryFontSize(inputs), false);
 }
 
-double drawHeading(const GraphSheet& sheet, const GraphInputs& inputs, const PlotFrame& frame) {
+GraphHeading layOutHeading(const GraphSheet& sheet, const GraphInputs& inputs, const PlotFrame& frame) {
     const Titles titles(inputs.graph);
     const SideTexts sides{.date = "Date: " + inputs.date};
     setOrdinaryFont(sheet, inputs);
     const double ordinary = sheet.lineHeight();
     const double sideRoom = sides.widest(sheet) + ordinary;
-    setTitleFont(sheet, inputs);
+    GraphHeading heading;
+    heading.titleSize = setTitleFont(sheet, inputs);
     const double lineHeight = sheet.lineHeight();
 
     double y = frame.top - 0.2 * ordinary;
@@ -72,11 +79,21 @@ double drawHeading(const GraphSheet& sheet, const GraphInputs& inputs, const Plo
     if (!beside) y = sideBottom;
     for (const std::string& title : titles.lines) {
         y -= lineHeight;
-        sheet.text({(frame.left + frame.right) / 2, y}, align::centre, title);
+        heading.titles.push_back({{(frame.left + frame.right) / 2, y}, TextAlign::centre, title});
     }
     setOrdinaryFont(sheet, inputs);
-    sides.draw(sheet, frame, sideBottom);
-    return y;
+    heading.sides = sides.at(frame, 0.5 * sheet.lineHeight(), sideBottom);
+    heading.bottom = y;
+    return heading;
+}
+
+void paintHeading(const GraphSheet& sheet, const GraphHeading& heading, double ordinarySize) {
+    sheet.setFont(heading.titleSize, true);
+    for (const PlacedText& title : heading.titles)
+        sheet.text(title.at, title.align, title.text);
+    sheet.setFont(ordinarySize, false);
+    for (const PlacedText& side : heading.sides)
+        sheet.text(side.at, side.align, side.text);
 }
 
 } // namespace korvel

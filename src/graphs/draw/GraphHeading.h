@@ -5,16 +5,36 @@
 #include "graphs/draw/GraphSheet.h"
 #include "graphs/draw/PlotFrame.h"
 
+#include <string>
+#include <vector>
+
 namespace korvel {
 
-inline constexpr double ordinaryTextSize = 7; // points, times ScaleX and over ZoomFactor
+struct PlacedText { // graph coordinates
+    DrawnPoint at;  // the bottom of the text
+    TextAlign align = TextAlign::left;
+    std::string text;
+};
 
-// Sets the font of the titles: as large as both fit, found for the whole graph and then zoomed, so that every
-// view shows the same picture in another size.
-void setTitleFont(const GraphSheet& sheet, const GraphInputs& inputs);
+struct GraphHeading {
+    double titleSize = 0; // points
+    std::vector<PlacedText> titles;
+    std::vector<PlacedText> sides; // the product's name and the date, in the ordinary font
+    double bottom = 0;             // where the heading ends
+};
+
+// Points of all texts but the titles.
+double ordinaryFontSize(const GraphInputs& inputs);
+
+// Titles are as large as both fit, found for the whole graph and then zoomed, so that every view shows the
+// same picture in another size. Gives their size in points.
+double setTitleFont(const GraphSheet& sheet, const GraphInputs& inputs);
 void setOrdinaryFont(const GraphSheet& sheet, const GraphInputs& inputs);
 
-// Gives the height at which the heading ends, and leaves the ordinary font set.
-double drawHeading(const GraphSheet& sheet, const GraphInputs& inputs, const PlotFrame& frame);
+// Leaves the ordinary font set.
+GraphHeading layOutHeading(const GraphSheet& sheet, const GraphInputs& inputs, const PlotFrame& frame);
+
+// Leaves the ordinary font set.
+void paintHeading(const GraphSheet& sheet, const GraphHeading& heading, double ordinarySize);
 
 } // namespace korvel

@@ -40,7 +40,9 @@ std::vector<KeyEntry> mainEntries(const GraphHandOver& graph, const ShownSlots& 
     return entries;
 }
 
-struct KeyLayout {
+const char* const caption = "KEY:";
+
+struct KeyMeasures {
     const GraphSheet& sheet;
     double height;
     double sample = 2.2 * height; // length of a sample line
@@ -49,14 +51,14 @@ struct KeyLayout {
     double width(const KeyEntry& entry) const {
         return (entry.sample == KeySample::line ? sample : height) + toText + sheet.width(entry.text);
     }
-    void draw(const KeyEntry& entry, double x, double bottom) const {
+    void paint(const KeyEntry& entry, double x, double bottom) const {
         const double middle = bottom + height / 2;
         const bool line = entry.sample == KeySample::line;
         if (line)
             sheet.line(entry.look, {x, middle}, {x + sample, middle});
         else
             sheet.cross(entry.look, {x + height / 2, middle}, sheet.crossHalf());
-        sheet.text({x + (line ? sample : height) + toText, bottom}, align::left, entry.text);
+        sheet.text({x + (line ? sample : height) + toText, bottom}, TextAlign::left, entry.text);
     }
 };
 
@@ -73,23 +75,31 @@ std::vector<KeyEntry> keyEntries(const GraphHandOver& graph, Targets targets, co
     return entries;
 }
 
-double drawKey(const GraphSheet& sheet, const std::vector<KeyEntry>& entries, const KeyPlace& place) {
-    const KeyLayout layout{sheet, sheet.lineHeight()};
-    const std::string caption = "KEY:";
-    double bottom = place.top - layout.height;
-    sheet.text({place.left, bottom}, align::left, caption);
-    const double indent = place.left + sheet.width(caption) + layout.height;
+GraphKey layOutKey(const GraphSheet& sheet, const std::vector<KeyEntry>& entries, const KeyPlace& place) {
+    const KeyMeasures measures{sheet, sheet.lineHeight()};
+    GraphKey key;
+    double bottom = place.top - measures.height;
+    key.caption = {place.left, bottom};
+    const double indent = place.left + sheet.width(caption) + measures.height;
     double x = indent;
     for (const KeyEntry& entry : entries) {
-        const double width = layout.width(entry);
+        const double width = measures.width(entry);
         if (x > indent && x + width > place.right) {
             x = indent;
-            bottom -= layout.height;
+            bottom -= measures.height;
         }
-        layout.draw(entry, x, bottom);
+        key.entries.push_back({entry, {x, bottom}});
         x += width + place.gap;
     }
-    return bottom;
+    key.bottom = bottom;
+    return key;
+}
+
+void paintKey(const GraphSheet& sheet, const GraphKey& key) {
+    const KeyMeasures measures{sheet, sheet.lineHeight()};
+    sheet.text(key.caption, TextAlign::left, caption);
+    for (const PlacedEntry& placed : key.entries)
+        measures.paint(placed.entry, placed.at.x, placed.at.y);
 }
 
 } // namespace korvel

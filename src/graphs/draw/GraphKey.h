@@ -33,7 +33,19 @@ struct KeyPlace { // graph coordinates
     double gap = 0; // between entries
 };
 
-// As many lines as needed; gives the height at which the key ends.
-double drawKey(const GraphSheet& sheet, const std::vector<KeyEntry>& entries, const KeyPlace& place);
+struct PlacedEntry {
+    KeyEntry entry;
+    DrawnPoint at; // the bottom left of its sample
+};
+
+struct GraphKey {
+    DrawnPoint caption; // of "KEY:"
+    std::vector<PlacedEntry> entries;
+    double bottom = 0; // where the key ends
+};
+
+// As many lines as needed.
+GraphKey layOutKey(const GraphSheet& sheet, const std::vector<KeyEntry>& entries, const KeyPlace& place);
+void paintKey(const GraphSheet& sheet, const GraphKey& key);
 
 } // namespace korvel

@@ -65,6 +65,17 @@ void GraphPrimitives::DisplayRun(bool pr, std::vector<DrawnPoint> points, int Th
         m_drawing.commands.push_back(DrawnRun{moved(points, copy), {paletteColour(Col), 1, Dash::solid}});
 }
 
+void GraphPrimitives::DisplayCross(bool pr, DrawnPoint centre, double half, int Thick, int Style, int Col) {
+    centre.y = surfaceY(centre.y);
+    if (Thick != thickStyle || pr || m_form != GraphForm::capture) {
+        m_drawing.commands.push_back(DrawnMarker{centre, half, pen(pr, Thick, Style, Col)});
+        return;
+    }
+    for (const DrawnPoint& copy : copiesOfWidth(Style))
+        m_drawing.commands.push_back(
+            DrawnMarker{{centre.x + copy.x, centre.y + copy.y}, half, {paletteColour(Col), 1, Dash::solid}});
+}
+
 void GraphPrimitives::WideLine(double x1, double y1, double x2, double y2, int DWidth, Rgb Color) {
     for (const DrawnPoint& copy : copiesOfWidth(DWidth))
         m_drawing.commands.push_back(
@@ -122,22 +133,7 @@ void GraphPrimitives::addText(bool pr, double x, double y, int align, const std:
     if (!pr) ++LabelCount;
 }
 
-std::vector<DrawnPoint> GraphPrimitives::takePoints(std::size_t count) {
-    if (m_spare.empty()) return std::vector<DrawnPoint>(count);
-    std::vector<DrawnPoint> points = std::move(m_spare.back());
-    m_spare.pop_back();
-    points.resize(count);
-    return points;
-}
-
-void GraphPrimitives::giveBack(std::vector<DrawnPoint> points) {
-    constexpr std::size_t longRun = 4096; // the memory of short ones is soon found anew
-    if (points.capacity() >= longRun) m_spare.push_back(std::move(points));
-}
-
 void GraphPrimitives::CloseGraph() {
-    for (DrawnCommand& command : m_drawing.commands)
-        if (auto* run = std::get_if<DrawnRun>(&command)) giveBack(std::move(run->points));
     m_drawing.clear();
     LabelCount = 0;
 }

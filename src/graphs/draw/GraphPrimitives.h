@@ -26,10 +26,8 @@ class GraphPrimitives {
     void DisplayLine(bool pr, double x1, double y1, double x2, double y2, int Thick, int Style, int Col);
     // Points joined by lines, each as DisplayLine draws it.
     void DisplayRun(bool pr, std::vector<DrawnPoint> points, int Thick, int Style, int Col);
-    // A list for so many points of a run, to be written over: it has the memory of an earlier graph's, and
-    // its points. To take memory anew at each redraw, or to empty it first, would cost more than the drawing.
-    std::vector<DrawnPoint> takePoints(std::size_t count);
-    void giveBack(std::vector<DrawnPoint> points);
+    // A cross, each of its strokes as DisplayLine draws it.
+    void DisplayCross(bool pr, DrawnPoint centre, double half, int Thick, int Style, int Col);
     // In the drawing's coordinates. Widths: 0 nothing, 1, 2, 3; above 3 as 3.
     void WideLine(double x1, double y1, double x2, double y2, int DWidth, Rgb Color);
 
@@ -57,7 +55,6 @@ class GraphPrimitives {
     const TextMetrics& metrics(bool pr) const { return pr ? m_printer : m_screen; }
 
     Drawing& m_drawing;
-    std::vector<std::vector<DrawnPoint>> m_spare;
     GraphForm m_form;
     const TextMetrics& m_screen;
     const TextMetrics& m_printer;

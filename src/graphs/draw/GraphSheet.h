@@ -24,13 +24,17 @@ inline constexpr LineLook boundary{0, 1, colours::darkGrey};
 inline constexpr LineLook leader{0, 0, colours::lightGrey};
 } // namespace looks
 
-namespace align {
-inline constexpr int left = 0, right = 1, centre = 2;
+// The alignment's code that the primitives take.
+constexpr int alignCode(TextAlign align) {
+    return align == TextAlign::left ? 0 : align == TextAlign::centre ? 2 : 1;
 }
+
+enum class OutputTarget { screen, printer };
 
 class GraphSheet {
   public:
-    GraphSheet(GraphPrimitives& primitives, bool pr) : m_primitives(primitives), m_pr(pr) {}
+    GraphSheet(GraphPrimitives& primitives, OutputTarget target)
+        : m_primitives(primitives), m_pr(target == OutputTarget::printer) {}
 
     void line(LineLook look, DrawnPoint from, DrawnPoint to) const {
         m_primitives.DisplayLine(m_pr, from.x, from.y, to.x, to.y, look.thick, look.style, look.colour);
@@ -38,18 +42,15 @@ class GraphSheet {
     void run(LineLook look, std::vector<DrawnPoint> points) const {
         m_primitives.DisplayRun(m_pr, std::move(points), look.thick, look.style, look.colour);
     }
-    std::vector<DrawnPoint> takePoints(std::size_t count) const { return m_primitives.takePoints(count); }
-    void giveBack(std::vector<DrawnPoint> points) const { m_primitives.giveBack(std::move(points)); }
     void cross(LineLook look, DrawnPoint centre, double half) const {
-        line(look, {centre.x - half, centre.y - half}, {centre.x + half, centre.y + half});
-        line(look, {centre.x - half, centre.y + half}, {centre.x + half, centre.y - half});
+        m_primitives.DisplayCross(m_pr, centre, half, look.thick, look.style, look.colour);
     }
     // `at`: the bottom of the text.
-    void text(DrawnPoint at, int align, const std::string& text) const {
-        m_primitives.DisplayText(m_pr, at.x, at.y, align, text);
+    void text(DrawnPoint at, TextAlign align, const std::string& text) const {
+        m_primitives.DisplayText(m_pr, at.x, at.y, alignCode(align), text);
     }
-    void narrowText(DrawnPoint at, int align, const std::string& text) const {
-        m_primitives.DisplayTextY(m_pr, at.x, at.y, align, text);
+    void narrowText(DrawnPoint at, TextAlign align, const std::string& text) const {
+        m_primitives.DisplayTextY(m_pr, at.x, at.y, alignCode(align), text);
     }
     // For layout: the widest of screen and paper, so that both are laid out alike.
     double width(const std::string& text) const { return m_primitives.widestWidth(text); }

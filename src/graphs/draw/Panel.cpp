@@ -3,49 +3,55 @@
 #include "basic/Text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvel {
 
 namespace {
 
-double tickLength(const PanelText& text) {
-    return 0.2 * text.height;
-}
-
-void drawVerticals(const GraphSheet& sheet, const PlotArea& area, const PanelColumn& column) {
-    for (const double x : column.ticks)
-        if (x > area.left) sheet.line(looks::grid, {x, area.bottom}, {x, area.top});
+void paintVerticals(const GraphSheet& sheet, const PlotArea& area, const PanelColumn& column) {
+    for (const AxisTick& tick : column.distances.ticks)
+        if (tick.place > area.left)
+            sheet.line(looks::grid, {tick.place, area.bottom}, {tick.place, area.top});
     for (const double x : column.boundaries)
         sheet.line(looks::boundary, {x, area.bottom}, {x, area.top});
 }
 
-void drawVerticalAxis(const GraphSheet& sheet, const VerticalScale& scale, const PlotArea& area,
-                      const PanelText& text) {
-    // A low panel has at least one number beside 0, as long as the two do not touch.
-    const double room = std::min(tickRoom(scale, text.height, text.largeTextMode),
-                                 std::max(area.height() / 2, 0.8 * text.height));
-    const double step = tickStep(scale, area.height(), room);
-    const double tickEnd = area.left - tickLength(text);
-    for (int k = 0; k <= lastTick(scale, step); ++k) {
-        const double value = step * k;
-        const double y = area.bottom + value / scale.top * area.height();
-        if (k > 0) sheet.line(looks::grid, {area.left, y}, {area.right, y});
+void paintVerticalAxis(const GraphSheet& sheet, const PlotArea& area, const Axis& values) {
+    const double height = sheet.lineHeight();
+    const double tickEnd = area.left - 0.2 * height;
+    for (const AxisTick& tick : values.ticks) {
+        const double y = tick.place;
+        if (tick.value > values.scale.bottom) sheet.line(looks::grid, {area.left, y}, {area.right, y});
         sheet.line(looks::axis, {tickEnd, y}, {area.left, y});
-        sheet.text({tickEnd - 0.2 * text.height, y - text.height / 2}, align::right, tickText(scale, value));
+        sheet.text({tickEnd - 0.2 * height, y - height / 2}, TextAlign::right, tick.text);
     }
     sheet.line(looks::axis, {area.left, area.bottom}, {area.left, area.top});
     sheet.line(looks::axis, {area.left, area.bottom}, {area.right, area.bottom});
 }
 
-void drawTexts(const GraphSheet& sheet, const Panel& panel, const PlotArea& area, const PanelText& text) {
-    const double y = area.top + 0.1 * text.height;
-    sheet.text({area.left, y}, align::left, panel.axisLabel);
+void paintCurve(const GraphSheet& sheet, const PanelCurve& curve, const PanelColumn& column,
+                const CurvePlace& place) {
+    TracedCurve traced = traceCurve(curveOver(curve, column.points), column.points.distances, place);
+    for (std::vector<DrawnPoint>& run : traced.runs)
+        sheet.run(curve.look, std::move(run));
+    for (const CurveStroke& stroke : traced.strokes)
+        sheet.line(curve.look, stroke.from, stroke.to);
+    for (const DrawnPoint& centre : traced.marks)
+        sheet.cross(curve.look, centre, sheet.crossHalf());
+}
+
+void paintTexts(const GraphSheet& sheet, const Panel& panel) {
+    const PlotArea& area = panel.area;
+    const double height = sheet.lineHeight();
+    const double y = area.top + 0.1 * height;
+    sheet.text({area.left, y}, TextAlign::left, panel.axisLabel);
     const double labelEnd = area.left + sheet.width(panel.axisLabel);
     if (!panel.kindOfValue.empty())
-        sheet.text({labelEnd + 0.3 * text.height, y}, align::left, panel.kindOfValue);
+        sheet.text({labelEnd + 0.3 * height, y}, TextAlign::left, panel.kindOfValue);
     if (panel.heading.empty()) return;
     const double centred = (area.left + area.right - sheet.width(panel.heading)) / 2;
-    sheet.text({std::max(centred, labelEnd + text.height), y}, align::left, panel.heading);
+    sheet.text({std::max(centred, labelEnd + height), y}, TextAlign::left, panel.heading);
 }
 
 } // namespace
@@ -71,13 +77,31 @@ double gutterOf(const GraphSheet& sheet, const Panel& panel) {
     return std::max(numbers + 0.4 * sheet.lineHeight(), unit) + 0.4 * sheet.lineHeight();
 }
 
-void drawPanel(const GraphSheet& sheet, const Panel& panel, const PlotArea& area, const PanelColumn& column,
-               const PanelText& text) {
-    drawVerticals(sheet, area, column);
-    drawVerticalAxis(sheet, panel.scale, area, text);
+void placePanel(Panel& panel, const PlotArea& area, double textHeight, int largeTextMode) {
+    const VerticalScale& scale = panel.scale;
+    panel.area = area;
+    panel.values = {{0, scale.top, area.bottom, area.top}, {}};
+    // A low panel has at least one number beside 0, as long as the two do not touch.
+    const double room =
+        std::min(tickRoom(scale, textHeight, largeTextMode), std::max(area.height() / 2, 0.8 * textHeight));
+    const double step = tickStep(scale, area.height(), room);
+    for (int k = 0; k <= lastTick(scale, step); ++k) {
+        const double value = step * k;
+        panel.values.ticks.push_back({value, panel.values.scale.place(value), tickText(scale, value)});
+    }
+}
+
+void paintPanel(const GraphSheet& sheet, const Panel& panel, const PanelColumn& column) {
+    paintVerticals(sheet, panel.area, column);
+    paintVerticalAxis(sheet, panel.area, panel.values);
+    const CurvePlace place{panel.area, column.scale, panel.values.scale, sheet.crossHalf()};
     for (const PanelCurve& curve : panel.curves)
-        drawCurve(sheet, curve, column.points, column.scale, {area, panel.scale.top, sheet.crossHalf()});
-    drawTexts(sheet, panel, area, text);
+        paintCurve(sheet, curve, column, place);
+    paintTexts(sheet, panel);
+}
+
+Curve curveOver(const PanelCurve& curve, const PlottedColumn& column) {
+    return {curve.kind, {curve.values, column.points}};
 }
 
 } // namespace korvel

@@ -1,7 +1,8 @@
 // One panel: a series over the points of a column, on its own vertical scale.
 #pragma once
 
-#include "graphs/draw/CurveDrawing.h"
+#include "drawing/Axis.h"
+#include "drawing/Curve.h"
 #include "graphs/draw/GraphInputs.h"
 #include "graphs/draw/GraphSheet.h"
 #include "graphs/draw/PanelCurves.h"
@@ -18,6 +19,10 @@ struct Panel {
     std::string heading;     // display mode 2
     std::vector<PanelCurve> curves;
     VerticalScale scale;
+
+    // Set where the panel has found its place.
+    PlotArea area; // graph coordinates
+    Axis values;
 };
 
 // `reach`: the panel's reach in display mode 2, 0 in mode 1.
@@ -26,20 +31,20 @@ Panel makePanel(const GraphInputs& inputs, const PlottedColumn& column, int seri
 // The room left of a panel's axis.
 double gutterOf(const GraphSheet& sheet, const Panel& panel);
 
+// `textHeight`: of a line.
+void placePanel(Panel& panel, const PlotArea& area, double textHeight, int largeTextMode);
+
 // What the panels of one column have in common.
 struct PanelColumn {
     const PlottedColumn& points;
     const DistanceScale& scale;
-    std::vector<double> ticks;      // x of those of the distance axis
-    std::vector<double> boundaries; // x of those between reaches
+    const Axis& distances;
+    const std::vector<double>& boundaries; // x of those between reaches
 };
 
-struct PanelText {
-    double height = 0;
-    int largeTextMode = 1;
-};
+void paintPanel(const GraphSheet& sheet, const Panel& panel, const PanelColumn& column);
 
-void drawPanel(const GraphSheet& sheet, const Panel& panel, const PlotArea& area, const PanelColumn& column,
-               const PanelText& text);
+// A curve over the points of a column, which must outlive it.
+Curve curveOver(const PanelCurve& curve, const PlottedColumn& column);
 
 } // namespace korvel

@@ -1,6 +1,7 @@
 // What a panel draws: series, confidence limits, targets and observed values of one or two data sets.
 #pragma once
 
+#include "drawing/Curve.h"
 #include "global/GraphHandOver.h"
 #include "graphs/draw/GraphSheet.h"
 #include "graphs/draw/PlottedColumn.h"
@@ -10,8 +11,6 @@
 #include <vector>
 
 namespace korvel {
-
-enum class CurveKind { joined, runsOfEqualValue, crosses };
 
 struct PanelCurve {
     CurveKind kind = CurveKind::joined;

@@ -1,6 +1,7 @@
 // The points of one column of the graph: a run of reaches, or one reach.
 #pragma once
 
+#include "drawing/Scale.h"
 #include "global/GraphHandOver.h"
 #include "results/ResultsDataSet.h"
 
@@ -24,14 +25,9 @@ struct PlottedColumn {
 PlottedColumn plottedColumn(const ResultsDataSet& results, const GraphHandOver& graph, int number);
 
 // Turns distances into x; equal for all panels that show one column.
-struct DistanceScale {
-    double lowest = 0;
-    double highest = 1;
-    double left = 0;
-    double right = 0;
-
-    double perKm() const { return (right - left) / (highest - lowest); }
-    double x(double distance) const { return left + (distance - lowest) * perKm(); }
+struct DistanceScale : Scale {
+    double x(double distance) const { return place(distance); }
+    double perKm() const { return perUnit(); }
 };
 
 } // namespace korvel

@@ -2,25 +2,17 @@
 // for each reach.
 #pragma once
 
-#include "graphs/draw/GraphInputs.h"
-#include "graphs/draw/GraphPrimitives.h"
+#include "graphs/draw/GraphLayout.h"
+
+#include <string>
 
 namespace korvel {
 
-// Panels are numbered from the first down the first column, then down the next.
-struct PanelGrid {
-    int rows = 1;
-    int columns = 1;
-    int row(int panel) const { return panel % rows; }
-    int column(int panel) const { return panel / rows; }
-};
+// Lays out the whole graph and paints it; the drawing's size is the drawing area's.
+GraphLayout drawProfileGraph(GraphPrimitives& primitives, OutputTarget target, const GraphInputs& inputs);
 
-PanelGrid panelGrid(bool displayMode1, int panels);
-
-// Draws the whole graph; the drawing's size is the drawing area's.
-void drawProfileGraph(GraphPrimitives& primitives, bool pr, const GraphInputs& inputs);
-
-// Draws what the set-up form handed over, from the shared state.
-void DrawGraphs(GraphPrimitives& primitives, bool pr, const DrawingArea& area, const std::string& date);
+// The same of what the set-up form handed over, from the shared state. `pr`: on the printer.
+GraphLayout DrawGraphs(GraphPrimitives& primitives, bool pr, const DrawingArea& area,
+                       const std::string& date);
 
 } // namespace korvel
