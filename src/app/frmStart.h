@@ -97,7 +97,7 @@ class frmStart : public Form {
     QFrame& lineAddress_1 = frame("lineAddress_1", at(240, 6030, 9000, 15));
     ControlArray<QLabel> lblKorvel = korvelLabels();
     ControlArray<Shape> shpLogo = logoShapes();
-    QLabel& lblNextStep = label("lblNextStep", "", at(600, 4350, 8400, 600),
+    QLabel& lblNextStep = label("lblNextStep", "", at(600, 4300, 8400, 900),
                                 {.fontSize = 12, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
 
     std::array<QAction*, 10> runItems();

@@ -81,7 +81,7 @@ std::optional<std::string> whyNotFoundAgain(std::string_view hostPath, NameUse u
         }
         folder = pathIn(folder, component);
     }
-    if (use == NameUse::inUpperCase && losesBlanks(folder.substr(folder.rfind('/') + 1)))
+    if (use == NameUse::inUpperCase && isThere(folder) && losesBlanks(folder.substr(folder.rfind('/') + 1)))
         return "The name begins or ends with a blank, so that the model would not find the file. Rename it.";
     return std::nullopt;
 }

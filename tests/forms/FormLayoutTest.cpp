@@ -250,7 +250,7 @@ TEST_P(FormLayout, GraphForm) {
 }
 
 TEST_P(FormLayout, EngineWindow) {
-    frmEngine form(platform);
+    frmEngine form(platform, {.dataFiles = {"Z:\\DATA\\RIVER.DAT"}});
     form.resize(GetParam().width, GetParam().height);
     showFramed(form);
     expectLaidOut(form);
