@@ -60,10 +60,14 @@ inside() { chroot "$work/clean" env DEBIAN_FRONTEND=noninteractive PATH=/usr/sbi
 listing() { (cd "$work/clean" && find . -xdev -path ./var -prune -o -path ./proc -prune -o -path ./tmp -prune -o -print | sort); }
 inside useradd --create-home user
 cp "$package" "$work/clean/tmp/korvel.deb"
-inside apt-get update -qq
 # What the package needs comes first, so that only the package itself is told apart below.
-inside apt-get install -qq -y --no-install-recommends $(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/,/ /g') \
-    >"$work/needs.log" 2>&1 || { tail -n 20 "$work/needs.log"; exit 1; }
+needs=$(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/,/ /g')
+if ! { inside apt-get update -qq && inside apt-get install -qq -y --download-only --no-install-recommends $needs; } \
+    >"$work/fetch.log" 2>&1; then
+    echo "Skipped: what the package needs can't be fetched here"
+    exit 77
+fi
+inside apt-get install -qq -y --no-install-recommends $needs >"$work/needs.log" 2>&1 || { tail -n 20 "$work/needs.log"; exit 1; }
 listing >"$work/before"
 
 echo "Installing"

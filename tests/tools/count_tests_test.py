@@ -47,6 +47,13 @@ class CountTestsTest(unittest.TestCase):
         tests = [test_record(), test_record("SKIPPED"), test_record("SUPPRESSED")]
         self.assertEqual(self.counted({"a": "run"}, {"a": tests}), ("2 passed, 0 failed\n", 0))
 
+    def test_leaves_out_a_command_that_the_machine_cannot_run(self):
+        with tempfile.TemporaryDirectory() as name:
+            cases = "".join(f'<testcase name="{case}" status="notrun"><skipped message="{message}"/></testcase>'
+                            for case, message in [("a", "SKIP_RETURN_CODE=77"), ("b", "Unable to find executable")])
+            (Path(name) / "ctest.xml").write_text(f"<testsuite>{cases}</testsuite>", encoding="utf-8")
+            self.assertEqual(count_tests.count_folder(Path(name)), (0, 1))
+
     def test_counts_a_build_that_failed(self):
         with tempfile.TemporaryDirectory() as folder:
             self.assertEqual(count_tests.count_folder(Path(folder)), (0, 1))
