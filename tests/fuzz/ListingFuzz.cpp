@@ -65,6 +65,8 @@ class PageReader {
             m_cells.strokes.insert({true, half, left, pen});
     }
     void take(const DrawnRun&) { require(false, "a listing has no runs of points"); }
+    void take(const DrawnMarker&) { require(false, "a listing has no markers"); }
+    void take(const DrawnBand&) { require(false, "a listing has no bands"); }
 
     TextSize m_cell;
     Cells m_cells;
