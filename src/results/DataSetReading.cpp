@@ -51,9 +51,15 @@ void DataSetReading::readOn() {
     for (std::size_t k = m_next++; k < m_names.size(); k = m_next++) {
         const ReadingWatch watch{[this, k](double share) { m_shares[k] = share; }, m_cancel.get_token()};
         if (!m_cancel.stop_requested()) m_read[k] = readDataSet(m_files, m_names[k], watch);
-        m_shares[k] = 1;
-        ++m_ended;
+        endFile(k);
     }
+}
+
+void DataSetReading::endFile(std::size_t file) {
+    m_shares[file] = 1;
+    const std::lock_guard lock(m_ending); // nobody begins to wait between the count and the call
+    ++m_ended;
+    m_fileEnded.notify_all();
 }
 
 double DataSetReading::share() const {
@@ -63,6 +69,11 @@ double DataSetReading::share() const {
 
 bool DataSetReading::isDone() const {
     return m_ended == m_names.size();
+}
+
+bool DataSetReading::waitFor(std::chrono::milliseconds time) {
+    std::unique_lock lock(m_ending);
+    return m_fileEnded.wait_for(lock, time, [this] { return isDone(); });
 }
 
 void DataSetReading::cancel() {

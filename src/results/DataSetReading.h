@@ -7,8 +7,11 @@
 #include "results/ResultsDataSet.h"
 
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -47,12 +50,15 @@ class DataSetReading {
     // Of all files, 0 to 1.
     double share() const;
     bool isDone() const;
+    // Returns early where all is done; tells whether it is.
+    bool waitFor(std::chrono::milliseconds time);
     void cancel();
     // Waits for the end and hands over what was read, in the order of the names; once.
     std::vector<ReadDataSet> take();
 
   private:
     void readOn();
+    void endFile(std::size_t file);
 
     Files& m_files;
     std::vector<std::string> m_names;
@@ -60,6 +66,8 @@ class DataSetReading {
     std::vector<std::atomic<double>> m_shares; // by file
     std::atomic<std::size_t> m_next = 0;       // the first file that no thread has taken
     std::atomic<std::size_t> m_ended = 0;      // files
+    std::mutex m_ending;
+    std::condition_variable m_fileEnded;
     std::stop_source m_cancel;
     std::vector<std::jthread> m_threads;
 };

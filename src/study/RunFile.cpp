@@ -1,46 +1,29 @@
 #include "study/RunFile.h"
 
 #include "basic/Text.h"
-#include "results/LoadResultsFile.h"
+#include "results/DataSetReading.h"
 #include "results/ResultsReader.h"
 
-#include <algorithm>
-#include <atomic>
-#include <mutex>
 #include <new>
-#include <thread>
 
 namespace korvel {
 
 namespace {
 
-const char* const readErrorText =
-    "There is an error in reading the data for plotting. The file either does not exist, is incomplete, or "
-    "is in the wrong format.  Or it may hold more plotting points than the set maximum of 59999.";
+constexpr auto betweenTellings = std::chrono::milliseconds(50);
 
-// The shares of several files as one.
-class CommonProgress {
-  public:
-    CommonProgress(std::size_t files, const RunProgress& tell) : m_shares(files), m_tell(tell) {}
-
-    RunProgress ofFile(std::size_t k) {
-        if (!m_tell) return {};
-        return [this, k](double share) { set(k, share); };
+ReadRun runOf(const std::string& file, ReadDataSet read) {
+    if (!read.data) return {{}, read.refusal};
+    try {
+        const auto run = std::make_shared<RunFile>();
+        run->file = file;
+        run->results = std::move(*read.data);
+        run->reaches = ReachPoints(run->results);
+        return {run, {}};
+    } catch (const std::bad_alloc&) {
+        return {{}, unreadableResults()};
     }
-
-  private:
-    void set(std::size_t k, double share) {
-        const std::lock_guard lock(m_mutex);
-        m_sum += share - m_shares[k];
-        m_shares[k] = share;
-        m_tell(m_sum / static_cast<double>(m_shares.size()));
-    }
-
-    std::mutex m_mutex;
-    std::vector<double> m_shares;
-    double m_sum = 0;
-    const RunProgress& m_tell;
-};
+}
 
 } // namespace
 
@@ -49,35 +32,20 @@ std::string RunFile::reachName(int number) const {
 }
 
 ReadRun readRun(Files& files, const std::string& file, const RunProgress& progress) {
-    const auto run = std::make_shared<RunFile>();
-    run->file = file;
-    try {
-        const auto source = files.open(file);
-        prepareLoad(run->results, 0);
-        readResults(*source, run->results, 0, {[](const Message&) {}, progress});
-        run->reaches = ReachPoints(run->results);
-        return {run, {}};
-    } catch (const RunTimeError&) {
-    } catch (const std::bad_alloc&) { // a field as long as the memory is large
-    }
-    return {{}, Message{readErrorText, "Error", Icon::exclamation, Buttons::ok}};
+    return runOf(file, readDataSet(files, file, {.progress = progress}));
 }
 
 std::vector<ReadRun> readRuns(Files& files, const std::vector<std::string>& names,
                               const RunProgress& progress) {
-    std::vector<ReadRun> runs(names.size());
-    CommonProgress common(names.size(), progress);
-    std::atomic<std::size_t> next = 0;
-    const auto work = [&] {
-        for (std::size_t k; (k = next++) < names.size();)
-            runs[k] = readRun(files, names[k], common.ofFile(k));
-    };
-    std::vector<std::jthread> others;
-    const std::size_t workers = std::min<std::size_t>(std::thread::hardware_concurrency(), names.size());
-    for (std::size_t k = 1; k < workers; ++k)
-        others.emplace_back(work);
-    work();
-    others.clear(); // joins
+    DataSetReading reading(files, names);
+    for (bool isDone = !progress; !isDone;) {
+        isDone = reading.waitFor(betweenTellings);
+        progress(reading.share());
+    }
+    std::vector<ReadDataSet> read = reading.take();
+    std::vector<ReadRun> runs;
+    for (std::size_t k = 0; k < names.size(); ++k)
+        runs.push_back(runOf(names[k], std::move(read[k])));
     return runs;
 }
 

@@ -28,13 +28,13 @@ struct ReadRun {
     std::optional<Message> failure; // why, in the reader's words
 };
 
-// Of one file, 0 to 1; called on the thread that reads.
+// The share read so far, 0 to 1.
 using RunProgress = std::function<void(double)>;
 
 ReadRun readRun(Files& files, const std::string& file, const RunProgress& progress = {});
 
 // Reads them side by side, as many at a time as there are processors; the results stand in the files' order.
-// `progress` is told the share of all of them, on one thread at a time.
+// `progress` is told the share of all of them now and then, on the calling thread.
 std::vector<ReadRun> readRuns(Files& files, const std::vector<std::string>& names,
                               const RunProgress& progress = {});
 

@@ -174,6 +174,15 @@ TEST_F(Reading, CancelsWhatIsBeingReadAndWhatWaits) {
     EXPECT_TRUE(reading.isDone());
 }
 
+TEST_F(Reading, TellsWhoWaitsWhetherAllIsDone) {
+    GatedFiles gated(riverOf(50).text());
+    DataSetReading reading(gated.platform().files, std::vector<std::string>(3, "any"));
+    EXPECT_FALSE(reading.waitFor(std::chrono::milliseconds(1)));
+    std::jthread opener([&] { gated.gate.set_value(); });
+    EXPECT_TRUE(reading.waitFor(std::chrono::hours(1)));
+    EXPECT_EQ(reading.share(), 1);
+}
+
 TEST_F(Reading, WaitsForItsThreadsWhenItIsLeft) {
     GatedFiles gated(riverOf(50).text());
     std::thread opener;

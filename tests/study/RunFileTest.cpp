@@ -1,7 +1,12 @@
+#include "fakes/FakePlatform.h"
 #include "fakes/StudySample.h"
+#include "results/ResultsReader.h"
 #include "study/SeriesValues.h"
 
 #include <gtest/gtest.h>
+
+#include <future>
+#include <thread>
 
 namespace korvel {
 
@@ -12,7 +17,69 @@ std::vector<int> pointsOf(const SharedRun& run, int reach) {
     return {points.begin(), points.end()};
 }
 
+ResultsFileBuilder riverOf(int points) {
+    return ResultsFileBuilder().determinand(1, "BOD").reach(7, " Mill ").points(points, 7);
+}
+
+// Whoever reads waits until the progress was asked for.
+class WaitingFiles : public FakePlatform {
+  public:
+    explicit WaitingFiles(const std::string& text) : m_text(text) {}
+    std::promise<void> asked;
+
+  private:
+    std::unique_ptr<ByteSource> open(const std::string&) override {
+        m_asked.wait_for(std::chrono::minutes(1));
+        return std::make_unique<TextSource>(m_text);
+    }
+
+    std::string m_text;
+    std::shared_future<void> m_asked = asked.get_future().share();
+};
+
 } // namespace
+
+TEST(Runs, AreReadEachWithItsReaches) {
+    FakePlatform fake;
+    fake.putFile("a.sgr", riverOf(20).text());
+    const ReadRun read = readRun(fake.platform().files, fake.pathOf("a.sgr"));
+    ASSERT_TRUE(read.run);
+    EXPECT_FALSE(read.failure);
+    EXPECT_EQ(read.run->file, fake.pathOf("a.sgr"));
+    EXPECT_EQ(read.run->reachName(7), "Mill");
+    EXPECT_EQ(pointsOf(read.run, 7).size(), 20u);
+    EXPECT_EQ(read.run->results.values[0].at(ValueField::meanValue, 20, 1),
+              ResultsFileBuilder::value(20, ValueField::meanValue, 1));
+}
+
+TEST(Runs, ReadSideBySideStandInTheFilesOrder) {
+    FakePlatform fake;
+    fake.putFile("a.sgr", riverOf(20).text());
+    fake.putFile("b.sgr", riverOf(30).text());
+    const std::vector<std::string> names = {fake.pathOf("b.sgr"), fake.pathOf("none.sgr"),
+                                            fake.pathOf("a.sgr")};
+    const std::vector<ReadRun> read = readRuns(fake.platform().files, names);
+    ASSERT_EQ(read.size(), 3u);
+    ASSERT_TRUE(read[0].run && read[2].run);
+    EXPECT_EQ(read[0].run->results.pointCount, 30);
+    EXPECT_EQ(read[2].run->results.pointCount, 20);
+    EXPECT_FALSE(read[1].run);
+    EXPECT_EQ(read[1].failure, unreadableResults());
+}
+
+TEST(Runs, TellTheProgressOfAllToWhoeverCalled) {
+    WaitingFiles files(riverOf(20).text());
+    const std::thread::id caller = std::this_thread::get_id();
+    std::vector<double> shares;
+    const auto read = readRuns(files.platform().files, {"a", "b", "c"}, [&](double share) {
+        EXPECT_EQ(std::this_thread::get_id(), caller);
+        if (shares.empty()) files.asked.set_value();
+        shares.push_back(share);
+    });
+    ASSERT_FALSE(shares.empty());
+    EXPECT_EQ(shares.front(), 0);
+    EXPECT_TRUE(read[2].run);
+}
 
 TEST(ReachPoints, GatherThePointsOfAReachWhereverTheyStand) {
     const SharedRun run = runOf(ResultsFileBuilder()
