@@ -14,8 +14,10 @@ GROUND = {"results", "global", "tables", "platform", "drawing", "basic"}
 STUDIES = {"study", "results", "platform", "drawing", "basic"}  # rooms from here on know no shared state
 ANALYSES = {"analysis", "tables"} | STUDIES
 CORES = {"app", "runs", "graphs/setup", "graphs/draw", "reports", "help"}
+EXPLORER = {"explore", "panels"} | ANALYSES
+EXPLORER_WINDOW = {"explore/window", "explore/tables", "toolkit", "drawing/paint"} | EXPLORER
 STUDY_CORES = {"study", "analysis", "panels", "explore", "publish", "many"}
-WITH_QT = {"form", "commands", "main", "toolkit", "drawing/paint"}
+WITH_QT = {"form", "commands", "main", "toolkit", "drawing/paint", "explore/window", "explore/tables"}
 MAY_INCLUDE = {
     "basic": {"basic"},
     "drawing": {"drawing", "basic"},
@@ -27,7 +29,9 @@ MAY_INCLUDE = {
     "study": STUDIES,
     "analysis": ANALYSES,
     "panels": {"panels"} | ANALYSES,
-    "explore": {"explore", "panels"} | ANALYSES,
+    "explore": EXPLORER,
+    "explore/window": EXPLORER_WINDOW,
+    "explore/tables": EXPLORER_WINDOW - {"explore/window"},
     "publish": {"publish", "panels"} | ANALYSES,
     "many": {"many"} | STUDIES,
     "toolkit": {"toolkit", "drawing/paint", "drawing", "platform", "basic"},
@@ -36,8 +40,12 @@ MAY_INCLUDE = {
     "engine/windows": {"engine/windows", "engine", "basic"},
 }
 # The main form's menus open data files and start runs; both belong to the runs. Of the results only the procedure that
-# the given forms call knows the shared state.
-ALSO_INCLUDES = {"app/frmStart": {"runs"}, "results/LoadResultsFile": {"global"}}
+# the given forms call knows the shared state. The Explorer's form is made of its window's parts.
+ALSO_INCLUDES = {
+    "app/frmStart": {"runs"},
+    "results/LoadResultsFile": {"global"},
+    "explore/frmExplore": EXPLORER_WINDOW,
+}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
 COMMENT_OR_TEXT = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"', re.DOTALL)
