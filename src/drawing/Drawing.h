@@ -49,12 +49,17 @@ struct DrawnMarker {
     bool operator==(const DrawnMarker&) const = default;
 };
 
+struct Fill {
+    Rgb colour;
+    double opacity = 1;
+    bool operator==(const Fill&) const = default;
+};
+
 // What lies between two runs of points, filled.
 struct DrawnBand {
     std::vector<DrawnPoint> above;
     std::vector<DrawnPoint> below;
-    Rgb colour;
-    double opacity = 1;
+    Fill fill;
     bool operator==(const DrawnBand&) const = default;
 };
 

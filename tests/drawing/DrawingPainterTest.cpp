@@ -143,7 +143,7 @@ TEST(DrawingPainter, PaintsAMarkerAsTwoSlantingLines) {
 
 TEST(DrawingPainter, FillsABandBetweenItsRuns) {
     const QImage image = painted(
-        drawingOf({DrawnBand{{{150, 150}, {1500, 300}}, {{150, 900}, {1500, 750}}, {0, 0, 255}, 0.5}}));
+        drawingOf({DrawnBand{{{150, 150}, {1500, 300}}, {{150, 900}, {1500, 750}}, {{0, 0, 255}, 0.5}}}));
     EXPECT_EQ(image.pixel(50, 40), qRgb(127, 127, 255));
     EXPECT_EQ(image.pixel(50, 5), qRgb(255, 255, 255));
     EXPECT_EQ(image.pixel(50, 70), qRgb(255, 255, 255));
@@ -152,7 +152,7 @@ TEST(DrawingPainter, FillsABandBetweenItsRuns) {
 
 TEST(DrawingPainter, PaintsABandOverWhatWasDrawnBefore) {
     const Pen pen{{0, 0, 0}, 1, Dash::solid};
-    const DrawnBand band{{{0, 0}, {3000, 0}}, {{0, 1500}, {3000, 1500}}, {255, 0, 0}, 1};
+    const DrawnBand band{{{0, 0}, {3000, 0}}, {{0, 1500}, {3000, 1500}}, {{255, 0, 0}, 1}};
     const DrawnLine line{{0, 600}, {2985, 600}, pen};
     EXPECT_EQ(painted(drawingOf({line, band})).pixel(50, 40), qRgb(255, 0, 0));
     EXPECT_EQ(painted(drawingOf({band, line})).pixel(50, 40), qRgb(0, 0, 0));

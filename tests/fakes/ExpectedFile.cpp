@@ -50,7 +50,7 @@ std::string commandText(const DrawnBand& band) {
     for (const auto* edge : {&band.above, &band.below})
         for (const DrawnPoint& point : *edge)
             text += " " + place(point);
-    return text + penText({band.colour, 0, Dash::solid});
+    return text + penText({band.fill.colour, 0, Dash::solid});
 }
 
 std::string commandText(const DrawnText& text) {

@@ -121,8 +121,9 @@ class DrawingPlayer {
         QPolygon outline = thinnedPolygon(band.above, m_scale.grid);
         const QPolygon below = thinnedPolygon(band.below, m_scale.grid);
         std::copy(below.rbegin(), below.rend(), std::back_inserter(outline));
-        QColor colour(band.colour.red, band.colour.green, band.colour.blue);
-        colour.setAlphaF(static_cast<float>(band.opacity));
+        const Rgb& filled = band.fill.colour;
+        QColor colour(filled.red, filled.green, filled.blue);
+        colour.setAlphaF(static_cast<float>(band.fill.opacity));
         m_painter.setPen(Qt::NoPen);
         m_painter.setBrush(colour);
         m_painter.drawPolygon(outline);

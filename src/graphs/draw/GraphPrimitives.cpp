@@ -50,7 +50,7 @@ void GraphPrimitives::DisplayLine(bool pr, double x1, double y1, double x2, doub
     if (Thick == thickStyle && !pr && m_form == GraphForm::capture)
         WideLine(x1, surfaceY(y1), x2, surfaceY(y2), Style, paletteColour(Col));
     else
-        m_drawing.commands.push_back(
+        m_drawing.commands.emplace_back(
             DrawnLine{{x1, surfaceY(y1)}, {x2, surfaceY(y2)}, pen(pr, Thick, Style, Col)});
 }
 
@@ -58,27 +58,27 @@ void GraphPrimitives::DisplayRun(bool pr, std::vector<DrawnPoint> points, int Th
     for (DrawnPoint& point : points)
         point.y = surfaceY(point.y);
     if (Thick != thickStyle || pr || m_form != GraphForm::capture) {
-        m_drawing.commands.push_back(DrawnRun{std::move(points), pen(pr, Thick, Style, Col)});
+        m_drawing.commands.emplace_back(DrawnRun{std::move(points), pen(pr, Thick, Style, Col)});
         return;
     }
     for (const DrawnPoint& copy : copiesOfWidth(Style))
-        m_drawing.commands.push_back(DrawnRun{moved(points, copy), {paletteColour(Col), 1, Dash::solid}});
+        m_drawing.commands.emplace_back(DrawnRun{moved(points, copy), {paletteColour(Col), 1, Dash::solid}});
 }
 
 void GraphPrimitives::DisplayCross(bool pr, DrawnPoint centre, double half, int Thick, int Style, int Col) {
     centre.y = surfaceY(centre.y);
     if (Thick != thickStyle || pr || m_form != GraphForm::capture) {
-        m_drawing.commands.push_back(DrawnMarker{centre, half, pen(pr, Thick, Style, Col)});
+        m_drawing.commands.emplace_back(DrawnMarker{centre, half, pen(pr, Thick, Style, Col)});
         return;
     }
     for (const DrawnPoint& copy : copiesOfWidth(Style))
-        m_drawing.commands.push_back(
+        m_drawing.commands.emplace_back(
             DrawnMarker{{centre.x + copy.x, centre.y + copy.y}, half, {paletteColour(Col), 1, Dash::solid}});
 }
 
 void GraphPrimitives::WideLine(double x1, double y1, double x2, double y2, int DWidth, Rgb Color) {
     for (const DrawnPoint& copy : copiesOfWidth(DWidth))
-        m_drawing.commands.push_back(
+        m_drawing.commands.emplace_back(
             DrawnLine{{x1 + copy.x, y1 + copy.y}, {x2 + copy.x, y2 + copy.y}, {Color, 1, Dash::solid}});
 }
 
@@ -124,12 +124,12 @@ void GraphPrimitives::addText(bool pr, double x, double y, int align, const std:
                               const Font& font) {
     const TextSize size = metrics(pr).measure(text, font);
     const double offset = align == 0 ? 0 : align == 2 ? size.width / 2 : size.width;
-    m_drawing.commands.push_back(DrawnText{{x - offset, surfaceY(y) - size.height},
-                                           size.width,
-                                           size.height,
-                                           text,
-                                           font,
-                                           paletteColour(colours::black)});
+    m_drawing.commands.emplace_back(DrawnText{{x - offset, surfaceY(y) - size.height},
+                                              size.width,
+                                              size.height,
+                                              text,
+                                              font,
+                                              paletteColour(colours::black)});
     if (!pr) ++LabelCount;
 }
 
