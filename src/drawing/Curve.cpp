@@ -28,24 +28,25 @@ class CurveTracer {
     TracedCurve traced;
 
     void joined(const CurveValues& values) {
-        std::vector<DrawnPoint> run = points(values);
-        const bool anyAbove =
-            std::any_of(run.begin(), run.end(), [&](DrawnPoint point) { return above(point); });
-        if (anyAbove)
-            cutRuns(run);
+        Points run = points(values);
+        if (run.anyAbove)
+            cutRuns(run.at);
         else
-            add(std::move(run));
+            add(std::move(run.at));
     }
 
     void runsOfEqualValue(const CurveValues& values) {
-        const std::vector<DrawnPoint> at = points(values);
-        for (std::size_t begin = 0; begin < at.size();) {
-            std::size_t end = begin + 1;
-            while (end < at.size() && values[end] == values[begin])
-                ++end;
-            if (values[begin] != 0 && !above(at[begin])) addHorizontal(at[begin], at[end - 1].x);
-            begin = end;
-        }
+        values.visit([&](auto value) {
+            for (std::size_t begin = 0; begin < m_distances.size();) {
+                const double level = value(begin);
+                std::size_t end = begin + 1;
+                while (end < m_distances.size() && value(end) == level)
+                    ++end;
+                const DrawnPoint from = point(begin, level);
+                if (level != 0 && !above(from)) addHorizontal(from, point(end - 1, level).x);
+                begin = end;
+            }
+        });
     }
 
     void crosses(const CurveValues& values) {
@@ -58,15 +59,23 @@ class CurveTracer {
         });
     }
 
-    std::vector<DrawnPoint> points(const CurveValues& values) const {
-        std::vector<DrawnPoint> found;
-        found.reserve(m_distances.size());
+    struct Points {
+        std::vector<DrawnPoint> at;
+        bool anyAbove = false;
+    };
+    // In one pass: there are many.
+    Points points(const CurveValues& values) const {
+        Points found{std::vector<DrawnPoint>(m_distances.size())};
         values.visit([&](auto value) {
             withPlaces(m_place.value, [&](auto y) {
                 const Scale& distance = m_place.distance;
                 const double left = distance.from, lowest = distance.bottom, perKm = distance.perUnit();
-                for (std::size_t j = 0; j < m_distances.size(); ++j)
-                    found.push_back({left + (m_distances[j] - lowest) * perKm, y(value(j))});
+                bool anyAbove = false;
+                for (std::size_t j = 0; j < m_distances.size(); ++j) {
+                    found.at[j] = {left + (m_distances[j] - lowest) * perKm, y(value(j))};
+                    anyAbove |= above(found.at[j]);
+                }
+                found.anyAbove = anyAbove;
             });
         });
         return found;
@@ -146,7 +155,7 @@ TracedCurve traceCurve(const Curve& curve, std::span<const double> distances, co
 std::vector<DrawnPoint> curveEdge(const CurveValues& values, std::span<const double> distances,
                                   const CurvePlace& place) {
     const CurveTracer tracer(distances, place);
-    std::vector<DrawnPoint> edge = tracer.points(values);
+    std::vector<DrawnPoint> edge = tracer.points(values).at;
     for (DrawnPoint& point : edge)
         if (tracer.above(point)) point.y = place.area.top;
     return edge;

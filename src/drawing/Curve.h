@@ -79,7 +79,7 @@ struct CurvePlace {
     PlotArea area;
     const Scale& distance;
     const Scale& value;
-    double mark = 0; // half the stroke that shows a single point
+    double mark = 0; // half the stroke that shows a single point, and half a cross
 };
 
 struct CurveStroke {

@@ -38,7 +38,7 @@ void paintCurve(const GraphSheet& sheet, const PanelCurve& curve, const PanelCol
     for (const CurveStroke& stroke : traced.strokes)
         sheet.line(curve.look, stroke.from, stroke.to);
     for (const DrawnPoint& centre : traced.marks)
-        sheet.cross(curve.look, centre, sheet.crossHalf());
+        sheet.cross(curve.look, centre, place.mark);
 }
 
 void paintTexts(const GraphSheet& sheet, const Panel& panel) {
