@@ -14,7 +14,7 @@ GROUND = {"results", "global", "tables", "platform", "drawing", "basic"}
 STUDIES = {"study", "results", "platform", "drawing", "basic"}  # rooms from here on know no shared state
 ANALYSES = {"analysis", "tables"} | STUDIES
 CORES = {"app", "runs", "graphs/setup", "graphs/draw", "reports", "help"}
-EXPLORER = {"explore", "panels"} | ANALYSES
+EXPLORER = {"explore", "explore/rows", "panels"} | ANALYSES
 EXPLORER_WINDOW = {"explore/window", "explore/tables", "toolkit", "drawing/paint"} | EXPLORER
 STUDY_CORES = {"study", "analysis", "panels", "explore", "publish", "many"}
 WITH_QT = {"form", "commands", "main", "toolkit", "drawing/paint", "explore/window", "explore/tables"}
@@ -30,6 +30,7 @@ MAY_INCLUDE = {
     "analysis": ANALYSES,
     "panels": {"panels"} | ANALYSES,
     "explore": EXPLORER,
+    "explore/rows": EXPLORER,
     "explore/window": EXPLORER_WINDOW,
     "explore/tables": EXPLORER_WINDOW - {"explore/window"},
     "publish": {"publish", "panels"} | ANALYSES,

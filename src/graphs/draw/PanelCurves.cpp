@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 
 namespace korvel {
 
@@ -47,32 +46,29 @@ class CurveCollector {
 
     void addMain(const ShownSet& set) {
         if (set.statistic == Shown::mean)
-            add(set.slot, ValueField::meanValue, 0, {.look = set.look, .name = nameOf(set)});
+            add(set.slot, ValueField::meanValue, 0, set.look, nameOf(set));
         else
-            add(set.slot, ValueField::percentileValues, m_row, {.look = set.look, .name = nameOf(set)});
+            add(set.slot, ValueField::percentileValues, m_row, set.look, nameOf(set));
     }
     void addLimits(const ShownSet& set) {
         if (m_series == 0) return;
         const bool mean = set.statistic == Shown::mean;
         const int level = mean ? 0 : m_row;
-        addLimit(set, mean ? ValueField::meanLimit1 : ValueField::percentileLimit1, level, ", limit 1");
-        addLimit(set, mean ? ValueField::meanLimit2 : ValueField::percentileLimit2, level, ", limit 2");
+        add(set.slot, mean ? ValueField::meanLimit1 : ValueField::percentileLimit1, level, looks::limits,
+            nameOf(set) + ", limit 1");
+        add(set.slot, mean ? ValueField::meanLimit2 : ValueField::percentileLimit2, level, looks::limits,
+            nameOf(set) + ", limit 2");
     }
     void addObserved(const ShownSet& set) {
-        const bool mean = set.statistic == Shown::mean;
-        add(set.slot, mean ? ValueField::observedMean : ValueField::observedPercentiles, mean ? 0 : m_row,
-            {.kind = CurveKind::crosses,
-             .look = looks::observed,
-             .name = "observed " + nameOf(set),
-             .role = CurveRole::observed});
+        const std::string name = "observed " + nameOf(set);
+        if (set.statistic == Shown::mean)
+            add(set.slot, ValueField::observedMean, 0, looks::observed, name, CurveKind::crosses);
+        else
+            add(set.slot, ValueField::observedPercentiles, m_row, looks::observed, name, CurveKind::crosses);
     }
     // Always the first data set's: those of a second one are not used.
     void addTargets() {
-        add(0, ValueField::targetValue, 0,
-            {.kind = CurveKind::runsOfEqualValue,
-             .look = looks::targets,
-             .name = "quality target",
-             .role = CurveRole::target});
+        add(0, ValueField::targetValue, 0, looks::targets, "quality target", CurveKind::runsOfEqualValue);
     }
 
   private:
@@ -81,14 +77,10 @@ class CurveCollector {
             set.statistic == Shown::mean ? "mean" : factsOf(percentileOfLevel(m_row)).caption;
         return m_compares ? name + ", set " + std::to_string(set.slot + 1) : name;
     }
-    void addLimit(const ShownSet& set, ValueField field, int level, const char* ending) {
-        add(set.slot, field, level,
-            {.look = looks::limits, .name = nameOf(set) + ending, .role = CurveRole::limit});
-    }
-    void add(int slot, ValueField field, int level, PanelCurve curve) {
+    void add(int slot, ValueField field, int level, LineLook look, const std::string& name,
+             CurveKind kind = CurveKind::joined) {
         if (!m_results.slotLoaded[slot]) return;
-        curve.values = m_results.values[slot].column(field, m_series, level);
-        curves.push_back(std::move(curve));
+        curves.push_back({kind, look, m_results.values[slot].column(field, m_series, level), name});
     }
 
     const ResultsDataSet& m_results;

@@ -1,0 +1,54 @@
+// How well runs fit what was observed: a row a run, group of reaches, series and statistic.
+#pragma once
+
+#include "analysis/FitTable.h"
+#include "explore/rows/RowSource.h"
+#include "explore/rows/TableScope.h"
+
+#include <vector>
+
+namespace korvel {
+
+enum class FitBy { whole, river, reach };
+
+class FitRows : public RowSource {
+  public:
+    FitRows(const TableScope& scope, FitBy by);
+
+    int rowCount() const override { return static_cast<int>(m_rows.size()); }
+    Cell cell(int row, int column) const override;
+    std::string note(int row, int column) const override;
+    std::optional<ExplorePlace> place(int row, int column) const override;
+    std::optional<int> series(int row, int column) const override;
+    std::vector<int> rowsAt(const ExplorePlace& place) const override;
+    std::string whyEmpty() const override;
+
+    // The points behind a row, and what they are points of.
+    struct Points {
+        StudyRun run;
+        int series = 0;
+        Statistic statistic = Statistic::mean;
+        std::vector<ObservedPoint> points;
+    };
+    Points pointsOf(int row) const;
+
+  private:
+    struct Row {
+        std::size_t run = 0;
+        FitRow fit;
+    };
+
+    const Row& rowAt(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
+    const StudyRun& runOf(int row) const { return m_runs[rowAt(row).run]; }
+    std::vector<ReachGroup> groupsOf(const StudyRun& run) const;
+    Cell groupCell(int row, int part) const;
+
+    FitBy m_by;
+    std::vector<StudyRun> m_runs;
+    bool m_hasSeries;
+    bool m_hasCircles = false;
+    std::vector<std::string> m_reachNames; // by row, of a reach
+    std::vector<Row> m_rows;
+};
+
+} // namespace korvel

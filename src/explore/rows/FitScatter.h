@@ -1,0 +1,44 @@
+// Observed against simulated: points in a square, with the line on which both are equal.
+#pragma once
+
+#include "drawing/Axis.h"
+#include "drawing/Drawing.h"
+#include "explore/rows/FitRows.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+struct ScatterPoint {
+    DrawnPoint at;
+    ObservedPoint observed;
+};
+
+struct ScatterColours {
+    Rgb ink, faint, points;
+};
+
+struct FitScatter {
+    std::string title;
+    Scale across, up; // observed, simulated; the same values
+    std::vector<AxisTick> ticksAcross, ticksUp;
+    std::vector<ScatterPoint> points;
+    StudyRun run;
+
+    // The point nearest to a place of the drawing, none further away than `reach`.
+    const ScatterPoint* pointAt(const DrawnPoint& place, double reach) const;
+    // "24.3 km, Holcombe STW, reach 3 Upper Alder: observed 5.1, simulated 5.42"
+    std::string words(const ScatterPoint& point) const;
+};
+
+// In twips; from 0, or logarithmic where that is chosen and all is above 0.
+FitScatter layOutScatter(const FitRows::Points& points, double width, double height, ScaleKind kind,
+                         const TextMetrics& metrics);
+
+// `marked`: the point under the pointer, or null.
+Drawing drawScatter(const FitScatter& scatter, double width, double height, const ScatterPoint* marked,
+                    const ScatterColours& colours, const TextMetrics& metrics);
+
+} // namespace korvel
