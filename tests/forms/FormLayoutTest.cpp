@@ -2,6 +2,7 @@
 #include "app/frmStart.h"
 #include "help/frmHelp.h"
 #include "reports/frmListing.h"
+#include "results/LoadResultsFile.h"
 #include "runs/frmEngine.h"
 
 #include "fakes/FakePlatform.h"
@@ -247,6 +248,22 @@ TEST_P(FormLayout, GraphForm) {
     showFramed(form);
     expectLaidOut(form);
     expectTabReachesEverything(form, control<QWidget>(form, "Cmd_1"));
+}
+
+TEST_P(FormLayout, GraphFormWhileTwoAreCompared) {
+    startMainForm();
+    QWidget& form = formNamed("frmSimgraph");
+    for (const int slot : {0, 1}) {
+        GLOBAL.fileNames[slot] = platform.pathOf("A.SGR");
+        GLOBAL.currentSlot = slot;
+        LoadResultsFile(platform, true, {});
+    }
+    GLOBAL.plotType = 2;
+    showFramed(form);
+    dynamic_cast<ShownForm&>(form).activate();
+    passEvents();
+    EXPECT_TRUE(control<QLabel>(form, "lblSets").isVisible());
+    expectLaidOut(form);
 }
 
 TEST_P(FormLayout, EngineWindow) {

@@ -7,6 +7,7 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QMouseEvent>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -29,6 +30,11 @@ class FrmSimgraphView : public DrawnGraphForm {
         event.ignore();
         QApplication::sendEvent(&graph(), &event);
         return event.isAccepted();
+    }
+    void dragTo(QPoint place) {
+        QMouseEvent event(QEvent::MouseMove, place, graph().mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&graph(), &event);
     }
     bool printEnabled() { return control<QAction>(form, "mnuPrint").isEnabled(); }
     QMenu& pictureMenu() { return control<QMenu>(form, "mnuPicture"); }
@@ -119,9 +125,55 @@ TEST_F(FrmSimgraphView, ZoomsByControlAndTheWheel) {
     turnWheel(-120, Qt::ControlModifier);
     turnWheel(-120, Qt::ControlModifier);
     EXPECT_EQ(GLOBAL.ZoomFactor, 2);
-    EXPECT_FALSE(turnWheel(120, Qt::NoModifier)) << "left to others";
     EXPECT_FALSE(turnWheel(0, Qt::ControlModifier));
     EXPECT_EQ(GLOBAL.ZoomFactor, 2);
+    turnWheel(60, Qt::ControlModifier);
+    EXPECT_EQ(GLOBAL.ZoomFactor, 2) << "half a step, as touch pads send";
+    turnWheel(60, Qt::ControlModifier);
+    EXPECT_EQ(GLOBAL.ZoomFactor, 1);
+}
+
+TEST_F(FrmSimgraphView, MovesByWholeQuarterStepsOfTheWheel) {
+    const Drawing whole = form.drawing();
+    const double across = area().width / 4, up = area().height / 4;
+    EXPECT_TRUE(turnWheel(120, Qt::NoModifier));
+    EXPECT_EQ(GLOBAL.ScrollOffsetY, up);
+    EXPECT_EQ(GLOBAL.ZoomFactor, 1);
+    EXPECT_FALSE(printEnabled());
+    turnWheel(-240, Qt::NoModifier);
+    EXPECT_EQ(GLOBAL.ScrollOffsetY, -up);
+    turnWheel(120, Qt::NoModifier);
+    turnWheel(-120, Qt::ShiftModifier);
+    EXPECT_EQ(GLOBAL.ScrollOffsetX, across);
+    turnWheel(120, Qt::ShiftModifier);
+    for (const int part : {70, 40, -110})
+        turnWheel(part, Qt::NoModifier);
+    EXPECT_EQ(form.drawing(), whole) << "there and back";
+    EXPECT_TRUE(printEnabled());
+    EXPECT_FALSE(turnWheel(0, Qt::NoModifier));
+}
+
+TEST_F(FrmSimgraphView, MovesByWholeQuarterStepsWhereItIsDragged) {
+    const Drawing whole = form.drawing();
+    const double across = area().width / 4, up = area().height / 4;
+    const QPoint from = graph().rect().center();
+    const QPoint step(graph().width() / 4, graph().height() / 4);
+    QTest::mousePress(&graph(), Qt::LeftButton, {}, from);
+    dragTo(from + QPoint(step.x() / 3, 0));
+    EXPECT_EQ(form.drawing(), whole) << "less than half a step";
+    dragTo(from + QPoint(step.x(), 0));
+    EXPECT_EQ(GLOBAL.ScrollOffsetX, -across) << "the picture follows the hand";
+    dragTo(from + QPoint(-step.x(), step.y()));
+    EXPECT_EQ(GLOBAL.ScrollOffsetX, across);
+    EXPECT_EQ(GLOBAL.ScrollOffsetY, up);
+    EXPECT_EQ(graph().cursor().shape(), Qt::ClosedHandCursor);
+    dragTo(from);
+    EXPECT_EQ(form.drawing(), whole);
+    EXPECT_TRUE(printEnabled());
+    QTest::mouseRelease(&graph(), Qt::LeftButton, {}, from);
+    EXPECT_EQ(graph().cursor().shape(), Qt::ArrowCursor);
+    QTest::mouseMove(&graph(), from + step);
+    EXPECT_EQ(form.drawing(), whole) << "not taken any more";
 }
 
 TEST_F(FrmSimgraphView, PrintsByItsKeyTheWholeGraphOnly) {

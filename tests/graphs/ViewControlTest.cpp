@@ -42,6 +42,29 @@ TEST(ViewControl, ScrollsByAQuarterOfWhatIsSeen) {
     EXPECT_EQ(view.ScrollOffsetX, -500);
 }
 
+TEST(ViewControl, ScrollsByWholeStepsAtOnce) {
+    GraphView view;
+    view.ZoomFactor = 0.5;
+    scroll(view, QuarterSteps{3, -2}, 800, 400);
+    EXPECT_EQ(view.ScrollOffsetX, 300);
+    EXPECT_EQ(view.ScrollOffsetY, -100);
+    scroll(view, QuarterSteps{-3, 2}, 800, 400);
+    EXPECT_EQ(view.ScrollOffsetX, 0);
+    EXPECT_EQ(view.ScrollOffsetY, 0);
+}
+
+TEST(ViewControl, ADraggedPictureMovesByTheNearestWholeSteps) {
+    GraphView view;
+    EXPECT_EQ(stepsOfDrag(view, 0, 0, 800, 400), (QuarterSteps{0, 0}));
+    EXPECT_EQ(stepsOfDrag(view, 99, -49, 800, 400), (QuarterSteps{0, 0}));
+    EXPECT_EQ(stepsOfDrag(view, 101, 51, 800, 400), (QuarterSteps{-1, 1}))
+        << "dragged to the right and down it shows what is left and above";
+    EXPECT_EQ(stepsOfDrag(view, -420, -270, 800, 400), (QuarterSteps{2, -3}));
+    view.ZoomFactor = 2;
+    EXPECT_EQ(stepsOfDrag(view, -420, -270, 800, 400), (QuarterSteps{1, -1}));
+    EXPECT_EQ(stepsOfDrag(view, 50, 50, 0, 0), (QuarterSteps{0, 0})) << "nothing to be seen";
+}
+
 TEST(ViewControl, ScrollingThereAndBackIsTheDefaultViewAgain) {
     GraphView view;
     scroll(view, ScrollDirection::right, 28123.7, 16001.3);

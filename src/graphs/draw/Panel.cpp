@@ -59,6 +59,7 @@ void paintTexts(const GraphSheet& sheet, const Panel& panel) {
 Panel makePanel(const GraphInputs& inputs, const PlottedColumn& column, int series, int reach) {
     const SeriesName name = inputs.results.nameOf(series);
     Panel panel;
+    panel.series = series;
     panel.axisLabel = trim(name.title);
     if (inputs.graph.displayMode1)
         panel.kindOfValue = name.kind;

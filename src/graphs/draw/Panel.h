@@ -14,6 +14,7 @@
 namespace korvel {
 
 struct Panel {
+    int series = 0;
     std::string axisLabel;   // the series without its " (Conc)" or " (Load)"
     std::string kindOfValue; // "(Conc)", "(Load)" or "", beside the axis label
     std::string heading;     // display mode 2

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace korvel {
 
@@ -46,29 +47,32 @@ class CurveCollector {
 
     void addMain(const ShownSet& set) {
         if (set.statistic == Shown::mean)
-            add(set.slot, ValueField::meanValue, 0, set.look, nameOf(set));
+            add(set.slot, ValueField::meanValue, 0, {.look = set.look, .name = nameOf(set)});
         else
-            add(set.slot, ValueField::percentileValues, m_row, set.look, nameOf(set));
+            add(set.slot, ValueField::percentileValues, m_row, {.look = set.look, .name = nameOf(set)});
     }
     void addLimits(const ShownSet& set) {
         if (m_series == 0) return;
         const bool mean = set.statistic == Shown::mean;
         const int level = mean ? 0 : m_row;
-        add(set.slot, mean ? ValueField::meanLimit1 : ValueField::percentileLimit1, level, looks::limits,
-            nameOf(set) + ", limit 1");
-        add(set.slot, mean ? ValueField::meanLimit2 : ValueField::percentileLimit2, level, looks::limits,
-            nameOf(set) + ", limit 2");
+        addLimit(set, mean ? ValueField::meanLimit1 : ValueField::percentileLimit1, level, ", limit 1");
+        addLimit(set, mean ? ValueField::meanLimit2 : ValueField::percentileLimit2, level, ", limit 2");
     }
     void addObserved(const ShownSet& set) {
-        const std::string name = "observed " + nameOf(set);
-        if (set.statistic == Shown::mean)
-            add(set.slot, ValueField::observedMean, 0, looks::observed, name, CurveKind::crosses);
-        else
-            add(set.slot, ValueField::observedPercentiles, m_row, looks::observed, name, CurveKind::crosses);
+        const bool mean = set.statistic == Shown::mean;
+        add(set.slot, mean ? ValueField::observedMean : ValueField::observedPercentiles, mean ? 0 : m_row,
+            {.kind = CurveKind::crosses,
+             .look = looks::observed,
+             .name = "observed " + nameOf(set),
+             .role = CurveRole::observed});
     }
     // Always the first data set's: those of a second one are not used.
     void addTargets() {
-        add(0, ValueField::targetValue, 0, looks::targets, "quality target", CurveKind::runsOfEqualValue);
+        add(0, ValueField::targetValue, 0,
+            {.kind = CurveKind::runsOfEqualValue,
+             .look = looks::targets,
+             .name = "quality target",
+             .role = CurveRole::target});
     }
 
   private:
@@ -77,10 +81,14 @@ class CurveCollector {
             set.statistic == Shown::mean ? "mean" : factsOf(percentileOfLevel(m_row)).caption;
         return m_compares ? name + ", set " + std::to_string(set.slot + 1) : name;
     }
-    void add(int slot, ValueField field, int level, LineLook look, const std::string& name,
-             CurveKind kind = CurveKind::joined) {
+    void addLimit(const ShownSet& set, ValueField field, int level, const char* ending) {
+        add(set.slot, field, level,
+            {.look = looks::limits, .name = nameOf(set) + ending, .role = CurveRole::limit});
+    }
+    void add(int slot, ValueField field, int level, PanelCurve curve) {
         if (!m_results.slotLoaded[slot]) return;
-        curves.push_back({kind, look, m_results.values[slot].column(field, m_series, level), name});
+        curve.values = m_results.values[slot].column(field, m_series, level);
+        curves.push_back(std::move(curve));
     }
 
     const ResultsDataSet& m_results;

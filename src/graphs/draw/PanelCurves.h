@@ -12,11 +12,15 @@
 
 namespace korvel {
 
+// The main series come first, then the limits, two of each main series and in their order.
+enum class CurveRole { main, limit, target, observed };
+
 struct PanelCurve {
     CurveKind kind = CurveKind::joined;
     LineLook look;
-    std::span<const double> values; // by point index
-    std::string name = {};          // "mean", "95%-ile, set 2", "mean, limit 1", "quality target" ...
+    std::span<const double> values = {}; // by point index
+    std::string name = {};               // "mean", "95%-ile, set 2", "mean, limit 1", "quality target" ...
+    CurveRole role = CurveRole::main;
 };
 
 // Whether means or percentiles are shown. A comparison shows one of them: the means where they are chosen.

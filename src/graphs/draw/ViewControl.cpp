@@ -10,6 +10,14 @@ constexpr std::string_view smallText = "Small text";
 constexpr std::string_view largeText = "Large text";
 constexpr double tolerance = 0.01;
 
+double stepOf(const GraphView& view, double extent) {
+    return view.ZoomFactor * (extent / 4);
+}
+
+int wholeSteps(double moved, double step) {
+    return step > 0 ? static_cast<int>(std::lround(moved / step)) : 0;
+}
+
 } // namespace
 
 void zoomIn(GraphView& view) {
@@ -21,14 +29,29 @@ void zoomOut(GraphView& view) {
 }
 
 void scroll(GraphView& view, ScrollDirection direction, double width, double height) {
-    const double acrossStep = view.ZoomFactor * (width / 4);
-    const double upStep = view.ZoomFactor * (height / 4);
+    const double acrossStep = stepOf(view, width);
+    const double upStep = stepOf(view, height);
     switch (direction) {
     case ScrollDirection::up: view.ScrollOffsetY += upStep; break;
     case ScrollDirection::down: view.ScrollOffsetY -= upStep; break;
     case ScrollDirection::left: view.ScrollOffsetX -= acrossStep; break;
     case ScrollDirection::right: view.ScrollOffsetX += acrossStep; break;
     }
+}
+
+void scroll(GraphView& view, QuarterSteps steps, double width, double height) {
+    const auto repeat = [&](int times, ScrollDirection direction) {
+        for (int k = 0; k < times; ++k)
+            scroll(view, direction, width, height);
+    };
+    repeat(steps.right, ScrollDirection::right);
+    repeat(-steps.right, ScrollDirection::left);
+    repeat(steps.up, ScrollDirection::up);
+    repeat(-steps.up, ScrollDirection::down);
+}
+
+QuarterSteps stepsOfDrag(const GraphView& view, double right, double down, double width, double height) {
+    return {-wholeSteps(right, stepOf(view, width)), wholeSteps(down, stepOf(view, height))};
 }
 
 bool isDefaultView(const GraphView& view) {

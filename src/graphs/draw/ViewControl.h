@@ -17,6 +17,17 @@ void zoomOut(GraphView& view);
 // By a quarter of what is seen of a drawing area of that size (twips). There is no limit.
 void scroll(GraphView& view, ScrollDirection direction, double width, double height);
 
+// Whole steps of that, to the right and up.
+struct QuarterSteps {
+    int right = 0;
+    int up = 0;
+    bool operator==(const QuarterSteps&) const = default;
+};
+void scroll(GraphView& view, QuarterSteps steps, double width, double height);
+
+// The steps that come nearest to a picture dragged so far, to the right and down (twips).
+QuarterSteps stepsOfDrag(const GraphView& view, double right, double down, double width, double height);
+
 // The whole graph, not zoomed: only this can be printed.
 bool isDefaultView(const GraphView& view);
 

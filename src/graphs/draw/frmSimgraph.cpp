@@ -17,12 +17,40 @@
 
 namespace korvel {
 
+namespace {
+
+constexpr double readoutSize = 7; // points
+
+BoxLine::Sample sampleOf(CurveRole role) {
+    switch (role) {
+    case CurveRole::main: return BoxLine::Sample::thickLine;
+    case CurveRole::limit: return BoxLine::Sample::thinLine;
+    case CurveRole::target: return BoxLine::Sample::dottedLine;
+    case CurveRole::observed: return BoxLine::Sample::cross;
+    }
+    return BoxLine::Sample::none;
+}
+
+BoxLine boxLine(const ReadoutLine& line) {
+    using enum BoxLine::Look;
+    switch (line.kind) {
+    case ReadoutLine::Kind::place: return {.text = line.text};
+    case ReadoutLine::Kind::series: return {.text = line.text, .look = bold};
+    case ReadoutLine::Kind::more: return {.text = line.text, .look = italic};
+    case ReadoutLine::Kind::value: break;
+    }
+    return {line.text, line.value, plain, sampleOf(line.role), paletteColour(line.colour)};
+}
+
+} // namespace
+
 frmSimgraph::frmSimgraph(Platform& doors)
     : Form(doors, "frmSimgraph", "Korvel Graphical Results"),
       m_primitives(m_drawing, GraphForm::graph, doors.screenMetrics, doors.paper.metrics()),
       m_capture(doors) {
     picGraph.setAccessibleName("Graph");
     Label.hide();
+    lblSets.hide();
     CDFilename.objectName = "CDFilename";
     CDFilename.filter = pictureFilter();
     CDFilename.title = "Save the graph as " + pictureNames(PictureChoice::ofDialog, "or");
@@ -31,6 +59,7 @@ frmSimgraph::frmSimgraph(Platform& doors)
     connectButtons();
     connectKeys();
     connectPictureMenu();
+    connectPointer();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
     QFont narrow = Label.font();
     narrow.setFamily("Arial Narrow");
@@ -90,7 +119,17 @@ void frmSimgraph::connectKeys() {
     onShortcut(QKeySequence(Qt::Key_Right), [this] { picRight.click(); });
     onShortcut(QKeySequence(Qt::Key_Home), [this] { resetView(); });
     onShortcut(QKeySequence(Qt::CTRL | Qt::Key_P), [this] { mnuPrint.trigger(); });
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Left), [this] { stepPoint(PointStep::back); });
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Right), [this] { stepPoint(PointStep::on); });
+}
+
+void frmSimgraph::connectPointer() {
+    picGraph.setMouseTracking(true);
     picGraph.onControlWheel = handlers().guarded([this](int steps) { zoomByWheel(steps); });
+    picGraph.onWheel = handlers().guarded([this](QPoint steps) { moveView({steps.x(), steps.y()}); });
+    picGraph.onPointer = handlers().guarded([this](QPoint place) { pointAt(place); });
+    picGraph.onTake = [this] { m_dragged = {}; };
+    picGraph.onDrag = handlers().guarded([this](QPoint moved) { dragTo(moved); });
 }
 
 void frmSimgraph::connectPictureMenu() {
@@ -98,6 +137,10 @@ void frmSimgraph::connectPictureMenu() {
     picGraph.setContextMenuPolicy(Qt::CustomContextMenu);
     on(picGraph, &QWidget::customContextMenuRequested,
        [this](const QPoint& point) { mnuPicture.popup(picGraph.mapToGlobal(point)); });
+    cmdMore.setFlat(true);
+    tip(cmdMore, "What else can be done with this graph: copy it, save it, go back to the whole of it.");
+    on(cmdMore, &QPushButton::clicked,
+       [this] { mnuPicture.popup(cmdMore.mapToGlobal(QPoint(0, cmdMore.height()))); });
     onClick(mnuCopyPicture, [this] { copyPicture(); });
     onClick(mnuCopyData, [this] { copyData(); });
     onClick(mnuSavePicture, [this] { savePicture(); });
@@ -110,11 +153,30 @@ QAction& frmSimgraph::pictureItem(const char* name, const char* caption) {
     return *item;
 }
 
+LineBox& frmSimgraph::readoutBox(Place place) {
+    auto* control = new LineBox(&Shape2);
+    control->setObjectName("lblReadout");
+    Form::place(*control, "Label", place, readoutSize);
+    return *control;
+}
+
 // The drawing area takes what the column of buttons leaves.
 void frmSimgraph::arrange() {
     const QSize inside = client().size();
     Shape2.setGeometry(inside.width() - Shape2.width(), 0, Shape2.width(), inside.height());
     picGraph.setGeometry(0, 0, inside.width() - Shape2.width(), inside.height());
+    arrangeReadout();
+}
+
+// Under the arrows: which set is which, then the readout down to the bottom.
+void frmSimgraph::arrangeReadout() {
+    const int left = lblSets.x(), width = Shape2.width() - 2 * left, gap = cmdMore.height() / 4;
+    int top = cmdMore.geometry().bottom() + gap;
+    if (!lblSets.isHidden()) {
+        lblSets.setGeometry(left, top, width, lblSets.heightForWidth(width));
+        top = lblSets.geometry().bottom() + gap;
+    }
+    lblReadout.setGeometry(left, top, width, qMax(0, Shape2.height() - top - gap));
 }
 
 DrawingArea frmSimgraph::drawingArea() const {
@@ -134,6 +196,9 @@ void frmSimgraph::onResize() {
 
 bool frmSimgraph::onClose() {
     m_primitives.CloseGraph();
+    m_layout = {};
+    m_point.reset();
+    refreshReadout();
     GLOBAL.returnedFromGraph = true;
     return true;
 }
@@ -143,8 +208,8 @@ void frmSimgraph::redraw() {
     m_primitives.CloseGraph();
     m_drawing.width = area.width;
     m_drawing.height = area.height;
-    DrawGraphs(m_primitives, false, area, dayMonthYear(doors().machine.today()));
-    picGraph.update();
+    m_layout = DrawGraphs(m_primitives, false, area, dayMonthYear(doors().machine.today()));
+    picGraph.showAnew();
     refresh();
 }
 
@@ -152,6 +217,35 @@ void frmSimgraph::moveView(ScrollDirection direction) {
     const DrawingArea area = drawingArea();
     korvel::scroll(GLOBAL, direction, area.width, area.height);
     redraw();
+}
+
+void frmSimgraph::moveView(QuarterSteps steps) {
+    const DrawingArea area = drawingArea();
+    korvel::scroll(GLOBAL, steps, area.width, area.height);
+    redraw();
+}
+
+void frmSimgraph::dragTo(QPoint moved) {
+    const DrawingArea area = drawingArea();
+    const QuarterSteps wanted =
+        stepsOfDrag(GLOBAL, moved.x() * twipsPerPixel, moved.y() * twipsPerPixel, area.width, area.height);
+    if (wanted == m_dragged) return;
+    moveView({wanted.right - m_dragged.right, wanted.up - m_dragged.up});
+    m_dragged = wanted;
+}
+
+// Between panels and beside them the last point stays.
+void frmSimgraph::pointAt(QPoint place) {
+    const auto nearest =
+        nearestPoint(m_layout, {place.x() * twipsPerPixel, m_drawing.height - place.y() * twipsPerPixel});
+    if (!nearest || nearest == m_point) return;
+    m_point = nearest;
+    refreshReadout();
+}
+
+void frmSimgraph::stepPoint(PointStep step) {
+    m_point = steppedFrom(m_layout, m_point, step);
+    refreshReadout();
 }
 
 void frmSimgraph::zoomByWheel(int steps) {
@@ -221,6 +315,39 @@ void frmSimgraph::refresh() {
     Cmd[3].setText(shown(m_textSizeCaption));
     Cmd[3].setAccessibleName(shown(m_textSizeCaption));
     Cmd[3].setToolTip(shown(textSizeToolTip(m_textSizeCaption)));
+    const std::string sets = comparisonNote(GLOBAL, GLOBAL.fileNames, RESULTS.slotLoaded);
+    lblSets.setText(shown(sets));
+    lblSets.setVisible(!sets.empty());
+    arrangeReadout();
+    refreshReadout();
+}
+
+void frmSimgraph::refreshReadout() {
+    if (m_point && !exists(m_layout, *m_point)) m_point.reset();
+    picGraph.lay(pointLine());
+    if (m_point)
+        tellReadout(graphReadout(RESULTS, m_layout, *m_point));
+    else
+        lblReadout.hint("Move the pointer over the graph, or press Ctrl+Right, to read its values.");
+}
+
+void frmSimgraph::tellReadout(const GraphReadout& readout) {
+    const auto lines = [readout](std::size_t most) {
+        std::vector<BoxLine> shown;
+        for (const ReadoutLine& line : readoutLines(readout, most))
+            shown.push_back(boxLine(line));
+        return shown;
+    };
+    lblReadout.tell(lines, spokenText(readout));
+}
+
+// Through the panels of the point's block.
+QLine frmSimgraph::pointLine() const {
+    if (!m_point) return {};
+    const GraphBlock& block = m_layout.blocks[m_point->block];
+    const int x = pixels(xOf(m_layout, *m_point));
+    return {x, pixels(m_drawing.height - block.panels.front().area.top), x,
+            pixels(m_drawing.height - block.base)};
 }
 
 } // namespace korvel

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "graphs/draw/GraphPrimitives.h"
+#include "graphs/draw/GraphReadout.h"
 #include "graphs/draw/PlotFrame.h"
 #include "graphs/draw/ViewControl.h"
 #include "graphs/draw/frmSimgraphSD.h"
 #include "toolkit/forms/ControlArray.h"
 #include "toolkit/forms/Form.h"
+#include "toolkit/forms/LineBox.h"
 #include "toolkit/forms/PictureBox.h"
 
 #include <QToolButton>
@@ -30,6 +32,7 @@ class frmSimgraph : public Form {
     void connectButtons();
     void connectKeys();
     void connectPictureMenu();
+    void connectPointer();
     void zoomByWheel(int steps);
     void resetView();
     void print();
@@ -39,10 +42,18 @@ class frmSimgraph : public Form {
     void savePicture();
     void savePictureTo(const std::string& name);
     void arrange();
+    void arrangeReadout();
     // Clears the graph, draws it anew and shows what can be done with this view.
     void redraw();
     void moveView(ScrollDirection direction);
+    void moveView(QuarterSteps steps);
+    void dragTo(QPoint moved);
+    void pointAt(QPoint place);
+    void stepPoint(PointStep step);
     void refresh();
+    void refreshReadout();
+    void tellReadout(const GraphReadout& readout);
+    QLine pointLine() const;
     DrawingArea drawingArea() const;
 
     QAction& mnuExit = menuItem("mnuExit", "&Exit");
@@ -67,6 +78,14 @@ class frmSimgraph : public Form {
               "points have been selected.",
               at(60, 2940, 1200, 1500), {.in = &Shape2, .wraps = true});
 
+    // Our own, in the room under the arrows.
+    QPushButton& cmdMore = button("cmdMore", "More", at(90, 2880, 1140, 300), {.in = &Shape2});
+    QLabel& lblSets =
+        label("lblSets", "", at(60, 3240, 1200, 900),
+              {.fontSize = 6.5, .in = &Shape2, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
+    LineBox& lblReadout = readoutBox(at(60, 3240, 1200, 3480));
+    LineBox& readoutBox(Place place);
+
     // Our own, over the drawing area.
     QMenu mnuPicture{&client()};
     QAction& mnuCopyPicture = pictureItem("mnuCopyPicture", "Copy picture");
@@ -80,6 +99,9 @@ class frmSimgraph : public Form {
     GraphPrimitives m_primitives;
     PictureBox picGraph{"picGraph", m_drawing, &client()};
     frmSimgraphSD m_capture;
+    GraphLayout m_layout; // of what is drawn
+    std::optional<GraphPoint> m_point;
+    QuarterSteps m_dragged; // since the picture was taken
     std::string m_textSizeCaption = "Small text";
 };
 
