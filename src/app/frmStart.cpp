@@ -94,7 +94,7 @@ void frmStart::connectMenus() {
         onClick(*m_runItems[static_cast<std::size_t>(type)], [this, type] { run(type); });
     onClick(mnuReports, [this] { showReports(); });
     onClick(mnuGraphs, [this] { showGraphs(); });
-    onClick(mnuBatch, [this] { doors().windows.showModeless(*m_batch); });
+    onClick(mnuBatch, [this] { showBatch(); });
     onClick(mnuPrinterSetup, [this] { choosePrinter(); });
     onClick(mnuDisplayFull, [this] { setDisplayLevel(0); });
     onClick(mnuSuppressInterpolated, [this] { setDisplayLevel(1); });
@@ -120,12 +120,8 @@ void frmStart::load() {
     m_reports = std::make_unique<frmReports>(doors());
     for (Form* form : std::initializer_list<Form*>{m_graphData.get(), m_reports.get(), m_graph.get()})
         fitToWorkArea(*form);
-    m_batch = std::make_unique<frmBatch>(doors());
-    m_help = std::make_unique<frmHelp>(doors());
-    for (Form* form :
-         std::initializer_list<Form*>{this, m_graphData.get(), m_reports.get(), m_graph.get(), m_batch.get()})
+    for (Form* form : std::initializer_list<Form*>{this, m_graphData.get(), m_reports.get(), m_graph.get()})
         form->setHelp([this] { showHelp(); });
-    m_help->setHelp([this] { loadHelp(); });
     refresh();
 }
 
@@ -211,7 +207,19 @@ void frmStart::showReports() {
     doors().windows.showModal(*m_reports);
 }
 
+void frmStart::showBatch() {
+    if (!m_batch) {
+        m_batch = std::make_unique<frmBatch>(doors());
+        m_batch->setHelp([this] { showHelp(); });
+    }
+    doors().windows.showModeless(*m_batch);
+}
+
 void frmStart::loadHelp() {
+    if (!m_help) {
+        m_help = std::make_unique<frmHelp>(doors());
+        m_help->setHelp([this] { loadHelp(); });
+    }
     GLOBAL.helpPage = "4";
     m_help->load();
 }

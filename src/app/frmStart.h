@@ -43,6 +43,7 @@ class frmStart : public Form {
     void run(int runType);
     void showGraphs();
     void showReports();
+    void showBatch();
     void loadHelp();
     void showHelp();
     void choosePrinter();
@@ -108,8 +109,8 @@ class frmStart : public Form {
     std::unique_ptr<frmSimgraph> m_graph;
     std::unique_ptr<frmGraphData> m_graphData;
     std::unique_ptr<frmReports> m_reports;
-    std::unique_ptr<frmBatch> m_batch;
-    std::unique_ptr<frmHelp> m_help;
+    std::unique_ptr<frmBatch> m_batch; // made when it is shown first
+    std::unique_ptr<frmHelp> m_help;   // likewise
     std::string m_openOnStart;
 };
 

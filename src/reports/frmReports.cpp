@@ -52,8 +52,7 @@ std::string fitHint(int determinands) {
 frmReports::frmReports(Platform& services)
     : Form(services, "frmReports", "Korvel Reports"),
       lblExplain(label("lblExplain", explanation, at(180, 120, 6240, 1470),
-                       {.in = &frameExplain, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true})),
-      m_listing(services) {
+                       {.in = &frameExplain, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true})) {
     CDFilename.objectName = "CDFilename";
     connectMenus();
     connectChoices();
@@ -260,9 +259,14 @@ void frmReports::chooseOutputFile(int button) {
     frameExplain.hide();
     if (!name) return;
     m_done.clear();
-    if (button == viewButton) return m_listing.view(*name);
+    if (button == viewButton) return viewListing(*name);
     const OutputResult printed = PrintFile(services(), *name);
     if (printed == OutputEnd::done) m_done.tell("The listing", printed.file);
+}
+
+void frmReports::viewListing(const std::string& name) {
+    if (!m_listing) m_listing = std::make_unique<frmListing>(services());
+    m_listing->view(name);
 }
 
 void frmReports::refresh() {

@@ -9,6 +9,8 @@
 #include "toolkit/forms/DoneLine.h"
 #include "toolkit/forms/Form.h"
 
+#include <memory>
+
 namespace korvel {
 
 class frmReports : public Form {
@@ -41,6 +43,7 @@ class frmReports : public Form {
     bool showProgress(double share);
     void showExplanation();
     void chooseOutputFile(int button);
+    void viewListing(const std::string& name);
     std::optional<std::string> askForFile();
     void setBusy(const std::string& doing);
     void setIdle();
@@ -82,7 +85,7 @@ class frmReports : public Form {
     DialogsAfter m_dialogs{services().dialogs, [this] { frameProgress.hide(); }};
     Platform m_quietServices = withDialogs(services(), m_dialogs);
     FileDialogSettings CDFilename;
-    frmListing m_listing;
+    std::unique_ptr<frmListing> m_listing; // made when it is shown first
     bool m_loaded = false;
     int m_loadsSeen = 0; // of the first slot, by number
     bool m_busy = false;

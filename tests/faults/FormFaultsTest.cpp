@@ -213,6 +213,7 @@ TEST_F(FormFaults, ARunControlFileOfAnotherUserEndsTheProgram) {
 TEST_F(FormFaults, PolicyDataThatCannotBeDeletedEndsTheBatch) {
     startProgram();
     platform.putFile("GlobalPolicyData.gpd", "of an earlier run");
+    choose(*start, "mnuBatch");
     QWidget& form = formNamed("frmBatch");
     platform.willChoose(platform.pathOf("A.DAT"));
     control<QPushButton>(form, "cmdBatch_1").click();

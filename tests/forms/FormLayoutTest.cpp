@@ -282,6 +282,7 @@ TEST_P(FormLayout, ReportForm) {
 
 TEST_P(FormLayout, BatchForm) {
     startMainForm();
+    choose(*start, "mnuBatch");
     QWidget& form = formNamed("frmBatch");
     showFramed(form);
     expectLaidOut(form);
@@ -289,9 +290,8 @@ TEST_P(FormLayout, BatchForm) {
 
 TEST_P(FormLayout, HelpForm) {
     platform.putFile("KORDAT4.TXT", "1\r\n2\r\n3\r\nThe data file\r\nends here\r\n");
-    startMainForm();
     GLOBAL.helpPage = "4";
-    auto& form = dynamic_cast<frmHelp&>(formNamed("frmHelp"));
+    frmHelp form(platform);
     form.load();
     showFramed(form);
     expectLaidOut(form, 2);

@@ -12,6 +12,8 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include <set>
+
 namespace korvel {
 
 namespace {
@@ -325,6 +327,26 @@ TEST_F(FrmStart, ReportsHidesTheEditWarning) {
     EXPECT_EQ(platform.takeTranscript(), "show modal frmReports\nclosed frmReports\n");
 }
 
+TEST_F(FrmStart, MakesThreeFormsAtStartAndTheOthersWhenTheyAreUsedFirst) {
+    const auto made = [] {
+        std::set<std::string> names;
+        for (const QWidget* widget : QApplication::topLevelWidgets())
+            if (dynamic_cast<const Form*>(widget) != nullptr)
+                names.insert(widget->objectName().toStdString());
+        return names;
+    };
+    start();
+    std::set<std::string> expected = {"frmStart", "frmGraphData", "frmReports", "frmSimgraph"};
+    EXPECT_EQ(made(), expected);
+    choose(*form, "mnuBatch");
+    expected.insert("frmBatch");
+    EXPECT_EQ(made(), expected);
+    const QWidget* const batch = &formNamed("frmBatch");
+    choose(*form, "mnuBatch");
+    EXPECT_EQ(&formNamed("frmBatch"), batch) << "the same one again";
+    platform.takeTranscript();
+}
+
 TEST_F(FrmStart, BatchRunIsModelessAndLeavesTheEditWarning) {
     start();
     choose(*form, "mnuBatch");
@@ -362,11 +384,10 @@ TEST_F(FrmStart, F1OpensHelpInEveryGivenForm) {
         choose(*form, item);
         EXPECT_NE(platform.takeTranscript().find("show modal frmHelp"), std::string::npos) << name;
     }
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->objectName() != "frmBatch" && widget->objectName() != "frmSimgraph") continue;
-        pressF1(dynamic_cast<ShownForm&>(*widget));
-        EXPECT_NE(platform.takeTranscript().find("show modal frmHelp"), std::string::npos)
-            << widget->objectName().toStdString();
+    choose(*form, "mnuBatch");
+    for (const char* const name : {"frmBatch", "frmSimgraph"}) {
+        pressF1(dynamic_cast<ShownForm&>(formNamed(name)));
+        EXPECT_NE(platform.takeTranscript().find("show modal frmHelp"), std::string::npos) << name;
     }
 }
 

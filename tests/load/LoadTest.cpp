@@ -182,6 +182,7 @@ TEST_F(Load, AListingOfMoreThanThreeThousandPages) {
 TEST_F(Load, ABatchOfThreeHundredFiles) {
     for (int k = 1; k <= 300; ++k)
         platform.putFile(platform.pathOf("batch\\F" + std::to_string(k) + ".DAT"), "");
+    choose(*start, "mnuBatch");
     QWidget& form = formNamed("frmBatch");
     platform.willChoose(platform.pathOf("batch\\F1.DAT"));
     auto& step = control<QPushButton>(form, "cmdBatch_1");
@@ -200,6 +201,7 @@ TEST_F(Load, AFolderOfTwentyThousandFilesInTheBatchForm) {
     fs::create_directory(host("many"));
     for (int k = 1; k <= 20000; ++k)
         std::ofstream(host("many") + "/F" + std::to_string(k) + ".DAT");
+    choose(*start, "mnuBatch");
     QWidget& form = formNamed("frmBatch");
     auto& list = control<QListWidget>(form, "lstSelectedFiles");
     platform.willChoose(platform.pathOf("many\\F1.DAT"));

@@ -46,8 +46,7 @@ BoxLine boxLine(const ReadoutLine& line) {
 
 frmSimgraph::frmSimgraph(Platform& doors)
     : Form(doors, "frmSimgraph", "Korvel Graphical Results"),
-      m_primitives(m_drawing, GraphForm::graph, doors.screenMetrics, doors.paper.metrics()),
-      m_capture(doors) {
+      m_primitives(m_drawing, GraphForm::graph, doors.screenMetrics, doors.paper.metrics()) {
     picGraph.setAccessibleName("Graph");
     Label.hide();
     lblSets.hide();
@@ -263,9 +262,10 @@ void frmSimgraph::print() {
 }
 
 void frmSimgraph::saveImage() {
-    m_capture.setDrawingArea(drawingArea());
-    m_capture.setOuterPlace(outerPlace());
-    doors().windows.showModal(m_capture);
+    if (!m_capture) m_capture = std::make_unique<frmSimgraphSD>(doors());
+    m_capture->setDrawingArea(drawingArea());
+    m_capture->setOuterPlace(outerPlace());
+    doors().windows.showModal(*m_capture);
 }
 
 void frmSimgraph::copyPicture() {

@@ -13,6 +13,10 @@
 
 #include <QToolButton>
 
+#include <memory>
+#include <optional>
+#include <string>
+
 namespace korvel {
 
 class frmSimgraph : public Form {
@@ -98,8 +102,8 @@ class frmSimgraph : public Form {
     Drawing m_drawing;
     GraphPrimitives m_primitives;
     PictureBox picGraph{"picGraph", m_drawing, &client()};
-    frmSimgraphSD m_capture;
-    GraphLayout m_layout; // of what is drawn
+    std::unique_ptr<frmSimgraphSD> m_capture; // made when it is used first
+    GraphLayout m_layout;                     // of what is drawn
     std::optional<GraphPoint> m_point;
     QuarterSteps m_dragged; // since the picture was taken
     std::string m_textSizeCaption = "Small text";
