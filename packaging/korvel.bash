@@ -1,7 +1,7 @@
 # Completion of korvel's command line for bash.
 
 _korvel() {
-    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command='' word options=''
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command='' word options='' formats=''
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
             info|csv|report|graph|listing|run|batch|runs|table|changes|compliance|fit|sources|network|check|help-page) command=$word; break ;;
@@ -26,12 +26,18 @@ _korvel() {
         check) options='--all --format --help' ;;
         help-page) options='--help' ;;
     esac
+    case $command in
+        table) formats='csv json xlsx sqlite' ;;
+        changes|compliance|fit|sources) formats='text csv json xlsx' ;;
+        network|check) formats='text json' ;;
+    esac
     case $previous in
         --plot) COMPREPLY=($(compgen -W 'mean percentile mean,percentile' -- "$current")); return ;;
         --level) COMPREPLY=($(compgen -W '90 95 99' -- "$current")); return ;;
         --zoom) COMPREPLY=($(compgen -W '0.25 0.5 1 2 4' -- "$current")); return ;;
         --type) COMPREPLY=($(compgen -W '0 1 2 3 4 5 6 7 8 9' -- "$current")); return ;;
         --application-folder) COMPREPLY=($(compgen -d -- "$current")); return ;;
+        --format) COMPREPLY=($(compgen -W "$formats" -- "$current")); return ;;
         help-page) COMPREPLY=($(compgen -W '4 5 6 7 8 9 10' -- "$current")); return ;;
     esac
     if [[ $current == -* ]]; then

@@ -4,13 +4,13 @@
 # network, where nothing is missing.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev nlohmann-json3-dev fonts-liberation
+packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev libxlsxwriter-dev libsqlite3-dev nlohmann-json3-dev fonts-liberation
     python3)
 optional=()
 if [[ ${1:-run} == test ]]; then
     packages+=(libgtest-dev libgmock-dev clang-format xvfb openbox xdotool x11-utils imagemagick poppler-utils
         cups git util-linux lintian appstream desktop-file-utils libxml2-utils shared-mime-info mmdebstrap slurm-wlm
-        munge)
+        munge sqlite3 libreoffice-calc-nogui)
     optional+=(g++-mingw-w64-x86-64 wine wine64) # the tests of a Windows engine are skipped without them
 elif [[ ${1:-run} == tidy ]]; then
     packages+=(libgtest-dev libgmock-dev clang clang-tidy)

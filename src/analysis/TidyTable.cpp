@@ -42,16 +42,10 @@ class TidyRun {
 
     void write() {
         for (int point = 1; point <= m_run.results().pointCount; ++point)
-            if (isWanted(point)) writePoint(point);
+            if (isInTidyTable(m_run.results(), m_request, point)) writePoint(point);
     }
 
   private:
-    bool isWanted(int point) const {
-        const ResultsDataSet& results = m_run.results();
-        if (!m_request.interpolated && results.pointFeatureType[point] == InterpolatedPointType) return false;
-        return m_request.reaches.holds(results.pointReach[point]);
-    }
-    Cell toMouth(int point) const;
     ReadyCells pointCells(int point) const;
     void writePoint(int point);
 
@@ -62,16 +56,6 @@ class TidyRun {
     std::vector<ValueColumns> m_columns;
 };
 
-// Nothing in a file with circles, and for a reach without a line.
-Cell TidyRun::toMouth(int point) const {
-    const ResultsDataSet& results = m_run.results();
-    const int reach = results.pointReach[point];
-    const int place = m_run.reaches().placeOf(reach);
-    if (place < 0 || m_network.hasCircles()) return Nothing();
-    return m_network.toMouth[static_cast<std::size_t>(place)] + results.reachLengths[reach] -
-           results.pointDistance[point];
-}
-
 ReadyCells TidyRun::pointCells(int point) const {
     const ResultsDataSet& results = m_run.results();
     const int reach = results.pointReach[point];
@@ -80,7 +64,7 @@ ReadyCells TidyRun::pointCells(int point) const {
                                                   reach,
                                                   std::string_view(reachName),
                                                   results.pointDistance[point],
-                                                  toMouth(point),
+                                                  cellOf(wayToMouth(m_run, m_network, point)),
                                                   std::string_view(results.pointLabel[point]),
                                                   std::string_view(results.pointSide[point]),
                                                   results.pointFeatureType[point]};
@@ -103,6 +87,20 @@ void TidyRun::writePoint(int point) {
 }
 
 } // namespace
+
+bool isInTidyTable(const ResultsDataSet& results, const TidyRequest& request, int point) {
+    if (!request.interpolated && results.pointFeatureType[point] == InterpolatedPointType) return false;
+    return request.reaches.holds(results.pointReach[point]);
+}
+
+std::optional<double> wayToMouth(const StudyRun& run, const Network& network, int point) {
+    const ResultsDataSet& results = run.results();
+    const int reach = results.pointReach[point];
+    const int place = run.reaches().placeOf(reach);
+    if (place < 0 || network.hasCircles()) return std::nullopt;
+    return network.toMouth[static_cast<std::size_t>(place)] + results.reachLengths[reach] -
+           results.pointDistance[point];
+}
 
 RunSequence sequenceOf(const Study& study) {
     return {study.runs().size(), [runs = study.runs()](std::size_t k) { return runs[k]; }};

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "results/Statistics.h"
+#include "study/Network.h"
 #include "study/ReachChoice.h"
 #include "study/Study.h"
 #include "tables/Table.h"
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace korvel {
@@ -25,6 +27,12 @@ struct RunSequence {
 };
 
 RunSequence sequenceOf(const Study& study);
+
+// Whether the point has rows.
+bool isInTidyTable(const ResultsDataSet& results, const TidyRequest& request, int point);
+
+// Nothing in a file with circles, and for a reach without a line.
+std::optional<double> wayToMouth(const StudyRun& run, const Network& network, int point);
 
 Table tidyTable(const RunSequence& runs, const TidyRequest& request);
 

@@ -25,6 +25,10 @@ class UnfinishedFile {
     // Replaces the target. After finish().
     bool takeName();
 
+    // Gives it its private name before, for a library that needs one.
+    bool takePrivateName() { return !m_name.empty() || linkBeside(); }
+    const std::string& privateName() const { return m_name; } // "" while it has none
+
     const std::string& target() const { return m_target; }
 
   private:

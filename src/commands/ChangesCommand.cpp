@@ -8,17 +8,19 @@ namespace korvel {
 
 namespace {
 
-const char* const help =
-    "Usage: korvel changes BASE.SGR FILE.SGR... [OPTION]...\n\n"
-    "Tells what has changed from the base to each other run, at points of the same reach, distance and\n"
-    "side. A plan (.csv) in place of the files stands for its finished runs.\n\n"
-    "  --series LIST      positions from 0 (the flow) or names; all where not given\n"
-    "  --statistic S      mean, 90, 95 or 99; the mean where not given\n"
-    "  --reaches LIST     all, none, or reach numbers: 1,2,7\n"
-    "  --by WHAT          reach (where not given), river or point\n"
-    "  --interpolated     by point: auto-interpolated points, too\n"
-    "  --format FORMAT    text, csv or json; by the output's extension where not given\n"
-    "  --output FILE      the file to write; the standard output where not given\n\n"
+const std::string help =
+    std::string(
+        "Usage: korvel changes BASE.SGR FILE.SGR... [OPTION]...\n\n"
+        "Tells what has changed from the base to each other run, at points of the same reach, distance and\n"
+        "side. A plan (.csv) in place of the files stands for its finished runs.\n\n"
+        "  --series LIST      positions from 0 (the flow) or names; all where not given\n"
+        "  --statistic S      mean, 90, 95 or 99; the mean where not given\n"
+        "  --reaches LIST     all, none, or reach numbers: 1,2,7\n"
+        "  --by WHAT          reach (where not given), river or point\n"
+        "  --interpolated     by point: auto-interpolated points, too\n") +
+    outputHelp(21) +
+    "\n"
+
     "Of a reach, means are weighted with length by the trapezoid rule. A change is clear where the\n"
     "confidence limits of both runs are apart.\n";
 
@@ -62,6 +64,15 @@ void showRun(TextPage& page, const Call& call, const ComparedRun& run) {
     concludeChanges(page, run, rows);
 }
 
+Taken takenOf(const CommandLine& line, const Call& call) {
+    Taken told = takenFrom("Changes between runs", namesOf(call.study));
+    told.facts.push_back({"Series", seriesText(call.request.series, call.study.base().results())});
+    told.facts.push_back({"Statistic", std::string(nameOf(call.request.statistic))});
+    told.facts.push_back({"Reaches", line.value("--reaches").value_or("all")});
+    told.notes = [&call](TextPage& page) { describeChanges(page, call.study.base(), call.request); };
+    return told;
+}
+
 void showText(TextPage& page, const Call& call) {
     describeChanges(page, call.study.base(), call.request);
     for (std::size_t k = 1; k < call.study.runs().size(); ++k)
@@ -88,12 +99,16 @@ int runChanges(CommandCall& call) {
     taken.request.series = seriesChosen(line.value("--series"), base.results());
     taken.request.reaches = reachesChosen(line.value("--reaches").value_or("all"), base.reaches());
     if (taken.by == "river") taken.network = riverNetwork(base);
-    deliver(call, output, {[&] { return reportOf(taken); }, [&](TextPage& page) { showText(page, taken); }});
+    deliver(call, output,
+            {[&] { return reportOf(taken); },
+             [&](TextPage& page) { showText(page, taken); },
+             {},
+             takenOf(line, taken)});
     return exitStatus::done;
 }
 
 } // namespace
 
-const Command changesCommand = {"changes", "what differs between runs", help, runChanges};
+const Command changesCommand = {"changes", "what differs between runs", help.c_str(), runChanges};
 
 } // namespace korvel

@@ -1,3 +1,4 @@
+#include "basic/Numbers.h"
 #include "commands/CommandList.h"
 #include "commands/ComplianceText.h"
 #include "commands/RunsInTurn.h"
@@ -12,19 +13,21 @@ namespace korvel {
 
 namespace {
 
-const char* const help =
-    "Usage: korvel compliance FILE.SGR... [OPTION]...\n\n"
-    "Judges each run by its quality targets; later runs are held against the first.\n"
-    "A plan (.csv) in place of the files stands for its finished runs.\n\n"
-    "  --low-is-bad NAMES       determinands that are bad when low, or none; dissolved oxygen where not "
-    "given\n"
-    "  --determinands LIST      numbers or names; all where not given\n"
-    "  --reaches LIST           all, none, or reach numbers: 1,2,7\n"
-    "  --by WHAT                reach (where not given), river, determinand, point or station\n"
-    "  --deterioration PERCENT  from how much on a value is called worse than the base's; 10 where not "
-    "given\n"
-    "  --format FORMAT          text, csv or json; by the output's extension where not given\n"
-    "  --output FILE            the file to write; the standard output where not given\n\n"
+const std::string help =
+    std::string(
+        "Usage: korvel compliance FILE.SGR... [OPTION]...\n\n"
+        "Judges each run by its quality targets; later runs are held against the first.\n"
+        "A plan (.csv) in place of the files stands for its finished runs.\n\n"
+        "  --low-is-bad NAMES       determinands that are bad when low, or none; dissolved oxygen where not "
+        "given\n"
+        "  --determinands LIST      numbers or names; all where not given\n"
+        "  --reaches LIST           all, none, or reach numbers: 1,2,7\n"
+        "  --by WHAT                reach (where not given), river, determinand, point or station\n"
+        "  --deterioration PERCENT  from how much on a value is called worse than the base's; 10 where not "
+        "given\n") +
+    outputHelp(27) +
+    "\n"
+
     "Which statistic is judged follows the determinand's statistic code in the file. A verdict is sure "
     "where\n"
     "both confidence limits lie on one side of the target.\n";
@@ -109,6 +112,14 @@ void showRun(TextPage& page, const Call& call, const JudgedRun& run) {
     concludeCompliance(page, run.run, rows);
 }
 
+Taken takenOf(const CommandLine& line, const Call& call) {
+    Taken told = takenFrom("Compliance with targets", call.names);
+    told.facts.push_back({"Reaches", line.value("--reaches").value_or("all")});
+    told.facts.push_back({"Deterioration from", shortestNumber(call.request.deterioration) + " %"});
+    told.notes = [&call](TextPage& page) { describeJudging(page, call.base, call.request); };
+    return told;
+}
+
 double givenPercent(const CommandLine& line) {
     const auto typed = line.value("--deterioration");
     if (!typed) return DefaultDeterioration;
@@ -169,12 +180,15 @@ int runCompliance(CommandCall& call) {
              [&](TextPage& page) {
                  for (std::size_t k = 0; k < taken.runs.count; ++k)
                      showRun(page, taken, judgedRun(taken, k));
-             }});
+             },
+             {},
+             takenOf(line, taken)});
     return exitStatus::done;
 }
 
 } // namespace
 
-const Command complianceCommand = {"compliance", "which quality targets are met", help, runCompliance};
+const Command complianceCommand = {"compliance", "which quality targets are met", help.c_str(),
+                                   runCompliance};
 
 } // namespace korvel

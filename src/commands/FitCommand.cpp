@@ -10,17 +10,17 @@ namespace korvel {
 
 namespace {
 
-const char* const help =
-    "Usage: korvel fit FILE.SGR... [OPTION]...\n\n"
-    "Holds each run against what was observed, across the points with observed values.\n"
-    "A plan (.csv) in place of the files stands for its finished runs.\n\n"
-    "  --series LIST       positions from 0 (the flow) or names, no loads; flow and concentrations where\n"
-    "                      not given\n"
-    "  --statistics LIST   some of mean,90,95,99; all where not given\n"
-    "  --reaches LIST      all, none, or reach numbers: 1,2,7\n"
-    "  --by WHAT           whole (where not given), river, reach or point\n"
-    "  --format FORMAT     text, csv or json; by the output's extension where not given\n"
-    "  --output FILE       the file to write; the standard output where not given\n";
+const std::string help =
+    std::string("Usage: korvel fit FILE.SGR... [OPTION]...\n\n"
+                "Holds each run against what was observed, across the points with observed values.\n"
+                "A plan (.csv) in place of the files stands for its finished runs.\n\n"
+                "  --series LIST       positions from 0 (the flow) or names, no loads; flow and "
+                "concentrations where\n"
+                "                      not given\n"
+                "  --statistics LIST   some of mean,90,95,99; all where not given\n"
+                "  --reaches LIST      all, none, or reach numbers: 1,2,7\n"
+                "  --by WHAT           whole (where not given), river, reach or point\n") +
+    outputHelp(22);
 
 struct Call {
     Study study;
@@ -43,6 +43,15 @@ TableReport reportOf(const Call& call) {
         report.runs.back().lists = {tableOf(call, run)};
     }
     return report;
+}
+
+Taken takenOf(const CommandLine& line, const Call& call) {
+    Taken told = takenFrom("Fit to what was observed", namesOf(call.study));
+    told.facts.push_back({"Series", seriesText(call.request.series, call.study.base().results())});
+    told.facts.push_back({"Statistics", statisticsText(call.request.statistics)});
+    told.facts.push_back({"Reaches", line.value("--reaches").value_or("all")});
+    told.notes = [&call](TextPage& page) { describeFit(page, call.study.base()); };
+    return told;
 }
 
 void showText(TextPage& page, const Call& call) {
@@ -81,12 +90,16 @@ int runFit(CommandCall& call) {
     taken.request.series = givenSeries(line, base.results());
     taken.request.reaches = reachesChosen(line.value("--reaches").value_or("all"), base.reaches());
     if (taken.by == "river") riverNetwork(base); // refused before anything is written
-    deliver(call, output, {[&] { return reportOf(taken); }, [&](TextPage& page) { showText(page, taken); }});
+    deliver(call, output,
+            {[&] { return reportOf(taken); },
+             [&](TextPage& page) { showText(page, taken); },
+             {},
+             takenOf(line, taken)});
     return exitStatus::done;
 }
 
 } // namespace
 
-const Command fitCommand = {"fit", "how runs fit what was observed", help, runFit};
+const Command fitCommand = {"fit", "how runs fit what was observed", help.c_str(), runFit};
 
 } // namespace korvel

@@ -14,17 +14,18 @@ namespace korvel {
 
 namespace {
 
-const char* const help =
-    "Usage: korvel sources FILE.SGR... --determinand NAME|NUMBER|Flow [OPTION]...\n\n"
-    "Tells where the mean load of a determinand, or the mean flow, comes from at a place: what came in\n"
-    "above it, what of that arrives, and what is lost on the way. An estimate.\n"
-    "A plan (.csv) in place of the files stands for its finished runs.\n\n"
-    "  --determinand WHAT  name or number of a determinand, or Flow\n"
-    "  --at REACH[:KM]     the last point of the reach at or before the distance, or its end; the end of\n"
-    "                      the reach at the mouth with the largest load where not given\n"
-    "  --by WHAT           source (where not given) or kind\n"
-    "  --format FORMAT     text, csv or json; by the output's extension where not given\n"
-    "  --output FILE       the file to write; the standard output where not given\n";
+const std::string help =
+    std::string(
+        "Usage: korvel sources FILE.SGR... --determinand NAME|NUMBER|Flow [OPTION]...\n\n"
+        "Tells where the mean load of a determinand, or the mean flow, comes from at a place: what came in\n"
+        "above it, what of that arrives, and what is lost on the way. An estimate.\n"
+        "A plan (.csv) in place of the files stands for its finished runs.\n\n"
+        "  --determinand WHAT  name or number of a determinand, or Flow\n"
+        "  --at REACH[:KM]     the last point of the reach at or before the distance, or its end; the end "
+        "of\n"
+        "                      the reach at the mouth with the largest load where not given\n"
+        "  --by WHAT           source (where not given) or kind\n") +
+    outputHelp(22);
 
 struct Call {
     Study study;
@@ -58,6 +59,16 @@ TableReport reportOf(const Call& call) {
     for (std::size_t k = 0; k < call.sources.size(); ++k)
         report.runs.push_back(tablesOf(call, k));
     return report;
+}
+
+Taken takenOf(const Call& call) {
+    Taken told = takenFrom("Where it comes from: " + call.what, namesOf(call.study));
+    told.facts.push_back({"Determinand", call.what});
+    told.notes = [&call](TextPage& page) {
+        for (std::size_t k = 0; k < call.sources.size(); ++k)
+            describeSources(page, call.study.runs()[k], call.sources[k], call.what);
+    };
+    return told;
 }
 
 void showText(TextPage& page, const Call& call) {
@@ -140,12 +151,16 @@ int runSources(CommandCall& call) {
     taken.series = number == 0 ? 0 : base.results().determinandCount + number;
     taken.what = number == 0 ? "Flow" : determinandName(base.results(), number);
     findSources(taken, typed ? givenPlace(*typed, base) : mouthOf(base, taken.series));
-    deliver(call, output, {[&] { return reportOf(taken); }, [&](TextPage& page) { showText(page, taken); }});
+    deliver(call, output,
+            {[&] { return reportOf(taken); },
+             [&](TextPage& page) { showText(page, taken); },
+             {},
+             takenOf(taken)});
     return exitStatus::done;
 }
 
 } // namespace
 
-const Command sourcesCommand = {"sources", "where a load comes from", help, runSources};
+const Command sourcesCommand = {"sources", "where a load comes from", help.c_str(), runSources};
 
 } // namespace korvel

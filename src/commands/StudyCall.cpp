@@ -4,6 +4,7 @@
 #include "basic/RunTimeError.h"
 #include "commands/ProgressLine.h"
 #include "many/FinishedRuns.h"
+#include "toolkit/process/StopSignals.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -40,17 +41,19 @@ bool isSameFile(const std::string& a, const std::string& b) {
     return a == b || std::filesystem::equivalent(hostPathOf(a), hostPathOf(b), isMissing);
 }
 
-const TableFormat* formatGiven(const std::string& name, TextAllowed text) {
+const TableFormat* formatGiven(const std::string& name, TableUse use) {
     const TableFormat* format = formatNamed(name);
-    if (!format || (format->forPeople && text == TextAllowed::no))
+    if (!format || !isFormatFor(use, *format))
         throw UsageError("'" + name + "' is no format of this command");
     return format;
 }
 
-const TableFormat* formatByFile(const std::string& file, TextAllowed text) {
+// By a text file's name a command without words for people writes what it always writes.
+const TableFormat* formatByFile(const std::string& file, TableUse use) {
     const TableFormat* format = file.empty() ? nullptr : formatOfExtension(file);
-    if (format && (!format->forPeople || text == TextAllowed::yes)) return format;
-    return formatNamed(text == TextAllowed::yes ? "text" : "csv");
+    if (format && isFormatFor(use, *format)) return format;
+    if (format && needsFile(*format)) return formatGiven(std::string(format->name), use);
+    return formatNamed(use == TableUse::analysis ? "text" : "csv");
 }
 
 TextLook lookOf(const CommandCall& call) {
@@ -64,14 +67,35 @@ std::string withFileLineEnds(std::string_view text) {
     return lines;
 }
 
-void writeToFile(CommandCall& call, const OutputChoice& choice, const TableContent& content) {
+void writeToFile(CommandCall& call, const OutputChoice& choice, const TableContent& content,
+                 const Writing& watched) {
+    if (choice.format->kind == TableFormatKind::database)
+        return writeDatabase(*content.database, watched, call.platform.files, choice.file);
     const auto file = call.platform.files.create(choice.file);
-    OutputBytes bytes([&](std::string_view text) {
-        choice.format->forPeople ? file->write(withFileLineEnds(text)) : file->write(text);
-    });
-    choice.format->write(content, {}, bytes);
+    const bool isText = choice.format->kind == TableFormatKind::forPeople;
+    OutputBytes bytes(
+        [&](std::string_view text) { isText ? file->write(withFileLineEnds(text)) : file->write(text); });
+    choice.format->write(content, watched, bytes);
     bytes.flush();
     file->commit();
+}
+
+// What is long in the making can be stopped by Ctrl+C, which then leaves everything as it was.
+void writeOrStop(CommandCall& call, const OutputChoice& choice, const TableContent& content) {
+    StopSignals signals;
+    ProgressLine line(call.errors, "Writing");
+    const Writing watched{{}, [&](double share) {
+                              if (call.console.errorsAreShown) line.show(share);
+                              return signals.next() == StopWish::none;
+                          }};
+    const std::string title(choice.format->title);
+    try {
+        writeToFile(call, choice, content, watched);
+    } catch (const WritingStopped&) {
+        throw RefusedCall{{"Stopped; nothing was written.", title, Icon::information, Buttons::ok}};
+    } catch (const TableRefused& refused) {
+        throw RefusedCall{{refused.what(), title, Icon::exclamation, Buttons::ok}};
+    }
 }
 
 } // namespace
@@ -111,11 +135,13 @@ RefusedCall refusedRun(const StudyRun& run, const std::string& title, const std:
     return {{run.name + ": " + words, title, Icon::exclamation, Buttons::ok}};
 }
 
-OutputChoice outputChoice(const CommandLine& line, const std::vector<std::string>& files, TextAllowed text) {
+OutputChoice outputChoice(const CommandLine& line, const std::vector<std::string>& files, TableUse use) {
     OutputChoice choice;
     const std::string typed = line.value("--output").value_or("");
     const auto format = line.value("--format");
-    choice.format = format ? formatGiven(*format, text) : formatByFile(typed, text);
+    choice.format = format ? formatGiven(*format, use) : formatByFile(typed, use);
+    if (typed.empty() && needsFile(*choice.format))
+        throw UsageError("--format " + std::string(choice.format->name) + " needs --output");
     choice.file = modelNameOfTyped(typed);
     const auto isOutput = [&](const std::string& file) { return isSameFile(file, choice.file); };
     if (!choice.file.empty() && std::ranges::any_of(files, isOutput))
@@ -124,9 +150,33 @@ OutputChoice outputChoice(const CommandLine& line, const std::vector<std::string
     return choice;
 }
 
+std::string outputHelp(std::size_t indent, TableUse use) {
+    const auto line = [&](const std::string& option, const std::string& words) {
+        return "  " + option + std::string(indent - 2 - option.size(), ' ') + words + '\n';
+    };
+    const std::string otherwise = use == TableUse::analysis ? "" : ", else csv";
+    return line("--format FORMAT",
+                formatNames(use) + "; by the output's extension where not given" + otherwise) +
+           line("--output FILE", "the file to write; the standard output where not given");
+}
+
+Taken takenFrom(const std::string& title, const std::vector<std::string>& runs) {
+    Taken taken{title, {}};
+    taken.facts.push_back({runs.size() == 1 ? "Run" : "Runs", joined(runs)});
+    return taken;
+}
+
+std::vector<std::string> namesOf(const Study& study) {
+    std::vector<std::string> names;
+    for (const StudyRun& run : study.runs())
+        names.push_back(run.name);
+    return names;
+}
+
 void deliver(CommandCall& call, const OutputChoice& choice, const TableContent& content) {
-    if (!choice.file.empty()) return writeToFile(call, choice, content);
-    writeOut(call, [&](OutputBytes& out) { choice.format->write(content, lookOf(call), out); });
+    if (needsFile(*choice.format)) return writeOrStop(call, choice, content);
+    if (!choice.file.empty()) return writeToFile(call, choice, content, {});
+    writeOut(call, [&](OutputBytes& out) { choice.format->write(content, {lookOf(call), {}}, out); });
 }
 
 void showText(CommandCall& call, const std::function<void(TextPage&)>& text) {

@@ -38,17 +38,23 @@ Network riverNetwork(const StudyRun& run);
 // A run as it is told of: with its name before what is wrong with it.
 RefusedCall refusedRun(const StudyRun& run, const std::string& title, const std::string& words);
 
-enum class TextAllowed { no, yes };
-
 struct OutputChoice {
     const TableFormat* format = nullptr;
     std::string file; // model name; "" for the standard output
 };
 
-// By --format and --output, before anything is read. Without either, text or else CSV. UsageError for an
-// unknown format; RefusedCall for an output that leads to an input.
+// By --format and --output, before anything is read. Without either, text or else CSV. UsageError for a
+// format that the command doesn't have or that lacks its file; RefusedCall for an output that leads to an
+// input.
 OutputChoice outputChoice(const CommandLine& line, const std::vector<std::string>& files,
-                          TextAllowed text = TextAllowed::yes);
+                          TableUse use = TableUse::analysis);
+
+// The lines on --format and --output in a command's help.
+std::string outputHelp(std::size_t indent, TableUse use = TableUse::analysis);
+
+// The first of what is told of a workbook: the title, and the runs by name.
+Taken takenFrom(const std::string& title, const std::vector<std::string>& runs);
+std::vector<std::string> namesOf(const Study& study);
 
 // Writes it whole or not at all.
 void deliver(CommandCall& call, const OutputChoice& choice, const TableContent& content);

@@ -4,6 +4,7 @@
 #include "commands/CommandLine.h"
 #include "commands/Words.h"
 #include "study/SeriesValues.h"
+#include "tables/Table.h"
 
 #include <algorithm>
 
@@ -125,6 +126,20 @@ Statistic statisticTyped(const std::string& word) {
     const auto statistic = statisticNamed(word);
     if (!statistic) throw UsageError("'" + word + "' is no statistic");
     return *statistic;
+}
+
+std::string seriesText(const std::vector<int>& series, const ResultsDataSet& results) {
+    std::vector<std::string> names;
+    for (const int each : series)
+        names.push_back(results.seriesNames[each]);
+    return joined(names);
+}
+
+std::string statisticsText(const std::vector<Statistic>& statistics) {
+    std::vector<std::string> names;
+    for (const Statistic each : statistics)
+        names.emplace_back(nameOf(each));
+    return joined(names);
 }
 
 } // namespace korvel

@@ -36,6 +36,9 @@ ReachChoice reachesChosen(const std::string& list, const ReachPoints& reaches);
 
 // In the order mean, 90, 95, 99, each once.
 std::vector<Statistic> statisticsChosen(const std::optional<std::string>& list);
+// Their names in a line.
+std::string seriesText(const std::vector<int>& series, const ResultsDataSet& results);
+std::string statisticsText(const std::vector<Statistic>& statistics);
 Statistic statisticTyped(const std::string& word);
 
 } // namespace korvel

@@ -1,3 +1,5 @@
+#include "analysis/ProfileTable.h"
+#include "analysis/RunDatabase.h"
 #include "analysis/TidyTable.h"
 #include "commands/CommandList.h"
 #include "commands/RunsInTurn.h"
@@ -8,16 +10,15 @@ namespace korvel {
 
 namespace {
 
-const char* const help =
-    "Usage: korvel table FILE.SGR... [OPTION]...\n\n"
-    "Writes one row a run, point, series and statistic, for other programs.\n"
-    "A plan (.csv) in place of the files stands for its finished runs.\n\n"
-    "  --series LIST       positions from 0 (the flow) or names; all where not given\n"
-    "  --statistics LIST   some of mean,90,95,99; all where not given\n"
-    "  --reaches LIST      all, none, or reach numbers: 1,2,7\n"
-    "  --interpolated      auto-interpolated points, too\n"
-    "  --format FORMAT     csv or json; by the output's extension where not given, else csv\n"
-    "  --output FILE       the file to write; the standard output where not given\n";
+const std::string help =
+    std::string("Usage: korvel table FILE.SGR... [OPTION]...\n\n"
+                "Writes one row a run, point, series and statistic, for other programs.\n"
+                "A plan (.csv) in place of the files stands for its finished runs.\n\n"
+                "  --series LIST       positions from 0 (the flow) or names; all where not given\n"
+                "  --statistics LIST   some of mean,90,95,99; all where not given\n"
+                "  --reaches LIST      all, none, or reach numbers: 1,2,7\n"
+                "  --interpolated      auto-interpolated points, too\n") +
+    outputHelp(22, TableUse::allValues);
 
 // In a file with circles nothing has a way to the mouth.
 void warnOfCircles(CommandCall& call, const StudyRun& run) {
@@ -32,6 +33,7 @@ struct TableRuns {
     std::optional<RunsInTurn> inTurn;
 
     const StudyRun& base() const { return inTurn ? inTurn->base() : study.base(); }
+    std::vector<std::string> names() const { return inTurn ? inTurn->names() : namesOf(study); }
     RunSequence sequence() const { return inTurn ? inTurn->sequence() : sequenceOf(study); }
 };
 
@@ -44,12 +46,24 @@ TableRuns takeRuns(CommandCall& call, const CommandLine& line, const std::vector
     return runs;
 }
 
+// Of each run once, however often it is asked for.
 RunSequence withWarnings(CommandCall& call, const RunSequence& runs) {
-    return {runs.count, [&call, runs](std::size_t k) {
+    const auto next = std::make_shared<std::size_t>(0);
+    return {runs.count, [&call, runs, next](std::size_t k) {
                 StudyRun run = runs.run(k);
-                warnOfCircles(call, run);
+                if (k == *next) warnOfCircles(call, run);
+                *next = std::max(*next, k + 1);
                 return run;
             }};
+}
+
+Taken takenOf(const CommandLine& line, const TableRuns& runs, const TidyRequest& request) {
+    Taken taken = takenFrom("All values", runs.names());
+    taken.facts.push_back({"Series", seriesText(request.series, runs.base().results())});
+    taken.facts.push_back({"Statistics", statisticsText(request.statistics)});
+    taken.facts.push_back({"Reaches", line.value("--reaches").value_or("all")});
+    taken.facts.push_back({"Interpolated points", request.interpolated ? "taken, too" : "left out"});
+    return taken;
 }
 
 int runTable(CommandCall& call) {
@@ -64,16 +78,23 @@ int runTable(CommandCall& call) {
     request.statistics = statisticsChosen(line.value("--statistics"));
     request.interpolated = line.has("--interpolated");
     const std::vector<std::string> files = studyFiles(line, AnyPlan);
-    const OutputChoice output = outputChoice(line, files, TextAllowed::no);
+    const OutputChoice output = outputChoice(line, files, TableUse::allValues);
     const TableRuns runs = takeRuns(call, line, files);
     request.series = seriesChosen(line.value("--series"), runs.base().results());
     request.reaches = reachesChosen(line.value("--reaches").value_or("all"), runs.base().reaches());
-    deliver(call, output, {{}, {}, tidyTable(withWarnings(call, runs.sequence()), request)});
+    const RunSequence sequence = withWarnings(call, runs.sequence());
+    deliver(call, output,
+            {{},
+             {},
+             tidyTable(sequence, request),
+             takenOf(line, runs, request),
+             runDatabaseContent(sequence, request),
+             mainRiverProfile(sequence, runs.base(), request, MaxRuns)});
     return exitStatus::done;
 }
 
 } // namespace
 
-const Command tableCommand = {"table", "all values as rows for other programs", help, runTable};
+const Command tableCommand = {"table", "all values as rows for other programs", help.c_str(), runTable};
 
 } // namespace korvel

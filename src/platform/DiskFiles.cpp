@@ -125,6 +125,12 @@ class DiskNewFile : public NewFile {
         if (!m_file.finish() || !m_file.takeName()) failWithErrno();
     }
 
+    std::string hostPath() override {
+        flush();
+        if (!m_file.takePrivateName()) failWithErrno();
+        return m_file.privateName();
+    }
+
   private:
     static constexpr std::size_t bufferSize = std::size_t{256} * 1024;
 

@@ -1,6 +1,12 @@
 #include "platform/Files.h"
 
+#include "basic/RunTimeError.h"
+
 namespace korvel {
+
+std::string NewFile::hostPath() {
+    throw RunTimeError(errors::pathFileAccessError);
+}
 
 std::string Files::readAll(const std::string& name) {
     const auto source = open(name);

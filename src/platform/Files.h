@@ -18,6 +18,9 @@ class NewFile {
     virtual ~NewFile() = default;
     virtual void write(std::string_view bytes) = 0;
     virtual void commit() = 0;
+    // In place of write(): a host path under which a library may write the file itself, until commit(). Only
+    // files on a disk have one; others throw.
+    virtual std::string hostPath();
 };
 
 class Files {

@@ -16,13 +16,6 @@ namespace {
 
 const char* const lineEnd = "\r\n";
 
-std::string joined(std::span<const std::string> names) {
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "" : "; ") + name;
-    return text;
-}
-
 class CsvRows : public RowTaker {
   public:
     // `lead`: what every row begins with, ended by a comma.
@@ -112,15 +105,10 @@ class CsvRows : public RowTaker {
     OutputBytes m_readying{[this](std::string_view text) { m_ready += text; }};
 };
 
-const Table& rowsOf(const RunTables& run) {
-    return run.flat ? *run.flat : run.lists.front();
-}
-
 std::string leadOf(const std::vector<Fact>& facts) {
     std::string lead;
     OutputBytes bytes([&](std::string_view text) { lead += text; });
     for (const Fact& fact : facts) {
-        if (!fact.inRows) continue;
         const Cell cell = viewOf(fact.value);
         CsvRows::appendCells(bytes, {&cell, 1});
         bytes.append(',');
@@ -132,7 +120,7 @@ std::string leadOf(const std::vector<Fact>& facts) {
 void writeHeading(const std::vector<Fact>& facts, const Table& table, OutputBytes& out) {
     std::string heading;
     for (const Fact& fact : facts)
-        if (fact.inRows) heading += fact.column.flatName() + ",";
+        heading += fact.column.flatName() + ",";
     for (const Column& column : table.columns)
         heading += column.flatName() + ",";
     heading.pop_back();
@@ -157,8 +145,9 @@ void writeCsv(const TableReport& report, OutputBytes& out) {
     bool first = true;
     for (const RunTables& run : report.runs) {
         const Table& table = rowsOf(run);
-        if (std::exchange(first, false)) writeHeading(run.facts, table, out);
-        CsvRows rows(out, leadOf(run.facts));
+        const std::vector<Fact> lead = factsInRows(run);
+        if (std::exchange(first, false)) writeHeading(lead, table, out);
+        CsvRows rows(out, leadOf(lead));
         table.rows(rows);
     }
 }

@@ -1,5 +1,8 @@
 #include "tables/Table.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace korvel {
 
 void addCells(std::vector<Cell>& cells, std::initializer_list<Cell> more) {
@@ -19,6 +22,23 @@ Cell viewOf(const OwnedCell& cell) {
                 return value;
         },
         cell);
+}
+
+const Table& rowsOf(const RunTables& run) {
+    return run.flat ? *run.flat : run.lists.front();
+}
+
+std::vector<Fact> factsInRows(const RunTables& run) {
+    std::vector<Fact> facts;
+    std::ranges::copy_if(run.facts, std::back_inserter(facts), &Fact::inRows);
+    return facts;
+}
+
+std::string joined(std::span<const std::string> names) {
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : "; ") + name;
+    return text;
 }
 
 } // namespace korvel

@@ -20,6 +20,11 @@ struct Nothing {
 // Texts are 8-bit as in the files; they are made UTF-8 where they are written.
 using Cell = std::variant<Nothing, bool, int, double, std::string_view, std::span<const std::string>>;
 
+using OwnedCell =
+    std::variant<Nothing, bool, int, double, std::string, std::vector<std::string>>; // a Cell that stays
+
+Cell viewOf(const OwnedCell& cell);
+
 template <typename T>
 Cell cellOf(const std::optional<T>& value) {
     return value ? Cell(*value) : Cell(Nothing());
@@ -39,6 +44,7 @@ struct Column {
 // Cells of columns side by side that many rows begin with, made ready by whoever takes the rows.
 struct ReadyCells {
     std::string bytes;
+    std::vector<OwnedCell> cells = {};
 };
 
 class RowTaker {
@@ -59,11 +65,6 @@ struct Table {
     std::function<void(RowTaker&)> rows;
 };
 
-using OwnedCell =
-    std::variant<Nothing, bool, int, double, std::string, std::vector<std::string>>; // a Cell that stays
-
-Cell viewOf(const OwnedCell& cell);
-
 // Something that holds for all rows of a run.
 struct Fact {
     Column column;
@@ -82,5 +83,14 @@ struct TableReport {
     std::vector<Fact> facts;
     std::vector<RunTables> runs;
 };
+
+// What stands for the first list of a run where there are only rows.
+const Table& rowsOf(const RunTables& run);
+
+// The facts that are repeated in each row.
+std::vector<Fact> factsInRows(const RunTables& run);
+
+// "BOD; Zinc": names where a cell holds one text.
+std::string joined(std::span<const std::string> names);
 
 } // namespace korvel

@@ -3,6 +3,7 @@
 #include "basic/Text.h"
 #include "tables/Csv.h"
 #include "tables/Json.h"
+#include "tables/Workbook.h"
 
 #include <algorithm>
 #include <array>
@@ -11,28 +12,61 @@ namespace korvel {
 
 namespace {
 
-void writeTextFormat(const TableContent& content, const TextLook& look, OutputBytes& out) {
-    TextPage page(look);
+void writeTextFormat(const TableContent& content, const Writing& writing, OutputBytes& out) {
+    TextPage page(writing.look);
     content.text(page);
     out.append(page.text());
 }
 
-void writeCsvFormat(const TableContent& content, const TextLook&, OutputBytes& out) {
+void writeCsvFormat(const TableContent& content, const Writing&, OutputBytes& out) {
     content.alone ? writeCsv(*content.alone, out) : writeCsv(content.report(), out);
 }
 
-void writeJsonFormat(const TableContent& content, const TextLook&, OutputBytes& out) {
+void writeJsonFormat(const TableContent& content, const Writing&, OutputBytes& out) {
     content.alone ? writeJson(*content.alone, out) : writeJson(content.report(), out);
 }
 
-constexpr std::array formats = {TableFormat{"text", ".txt", true, writeTextFormat},
-                                TableFormat{"csv", ".csv", false, writeCsvFormat},
-                                TableFormat{"json", ".json", false, writeJsonFormat}};
+void writeWorkbookFormat(const TableContent& content, const Writing& writing, OutputBytes& out) {
+    WorkbookContent workbook{content.taken, {}};
+    workbook.sheets =
+        content.alone ? std::vector{sheetOf(*content.alone)} : sheetsOf(content.report(), workbook.taken);
+    if (content.charted) {
+        workbook.sheets.push_back(sheetOf(content.charted->table));
+        workbook.sheets.back().chart = content.charted->chart;
+    }
+    writeWorkbook(workbook, writing, out);
+}
+
+using enum TableFormatKind;
+
+constexpr std::array formats = {TableFormat{"text", ".txt", "Text", forPeople, writeTextFormat},
+                                TableFormat{"csv", ".csv", "CSV", forPrograms, writeCsvFormat},
+                                TableFormat{"json", ".json", "JSON", forPrograms, writeJsonFormat},
+                                TableFormat{"xlsx", ".xlsx", "Workbook", asFile, writeWorkbookFormat},
+                                TableFormat{"sqlite", ".sqlite", "Database", database, nullptr}};
 
 } // namespace
 
 std::span<const TableFormat> tableFormats() {
     return formats;
+}
+
+bool needsFile(const TableFormat& format) {
+    return format.kind == asFile || format.kind == database;
+}
+
+bool isFormatFor(TableUse use, const TableFormat& format) {
+    return format.kind != (use == TableUse::analysis ? database : forPeople);
+}
+
+std::string formatNames(TableUse use) {
+    std::vector<std::string_view> names;
+    for (const TableFormat& format : formats)
+        if (isFormatFor(use, format)) names.push_back(format.name);
+    std::string text(names.front());
+    for (std::size_t k = 1; k < names.size(); ++k)
+        (text += k + 1 < names.size() ? ", " : " or ") += names[k];
+    return text;
 }
 
 const TableFormat* formatNamed(std::string_view name) {

@@ -30,10 +30,7 @@ TextCell textCell(std::string_view text) {
     return {std::string(text), toneOf(text)};
 }
 TextCell textCell(std::span<const std::string> names) {
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "" : "; ") + name;
-    return text;
+    return joined(names);
 }
 
 class TextRows : public RowTaker {

@@ -40,10 +40,21 @@ def manual_sections():
     return dict(zip(parts[1::2], parts[2::2]))
 
 
-def completed(words):
-    script = f'source {SOURCE}/packaging/korvel.bash; COMP_WORDS=({words} "--"); ' \
+def completed(words, begun="--"):
+    script = f'source {SOURCE}/packaging/korvel.bash; COMP_WORDS=({words} "{begun}"); ' \
              f'COMP_CWORD=$((${{#COMP_WORDS[@]}} - 1)); _korvel; printf "%s\\n" "${{COMPREPLY[@]}}"'
     return set(run("bash", "-c", script).stdout.split())
+
+
+def check_table_formats(program, command, manual):
+    """The formats of tables are one list, wherever they are told."""
+    told = re.search(r"^  --format FORMAT +([^;\n]*)", run(program, command, "--help").stdout, flags=re.M)
+    words = set(re.findall(r"text|csv|json|xlsx|sqlite", told[1])) if told else set()
+    printed = re.search(r"fB--format.*\n([^;\n]*)", manual)
+    in_manual = set(re.findall(r"text|csv|json|xlsx|sqlite", printed[1])) if printed else set()
+    check(words == in_manual, f"{command}: --help and man page differ in the formats {words ^ in_manual}")
+    offered = completed(f"korvel {command} --format", "") if told else set()
+    check(words == offered, f"{command}: --help and completion differ in the formats {words ^ offered}")
 
 
 def check_documents(program):
@@ -58,6 +69,7 @@ def check_documents(program):
         formats = set(FORMAT.findall(run(program, command, "--help").stdout))
         in_manual = set(FORMAT.findall(sections.get(command, "")))
         check(formats == in_manual, f"{command}: --help and man page differ in the formats {formats ^ in_manual}")
+        check_table_formats(program, command, sections.get(command, ""))
         completion = completed(f"korvel {command}") - {"--help"}
         check(options == completion, f"{command}: --help and completion differ in {options ^ completion}")
 

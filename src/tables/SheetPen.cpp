@@ -1,0 +1,148 @@
+#include "tables/SheetPen.h"
+
+#include "basic/RunTimeError.h"
+#include "basic/Text.h"
+#include "tables/SheetText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <xlsxwriter.h>
+
+namespace korvel {
+
+namespace {
+
+constexpr double widestColumn = 50; // characters
+constexpr double roomForFilter = 3; // its button, beside the heading
+constexpr lxw_color_t headingColour = 0xDDEBF7;
+
+void check(lxw_error error) {
+    if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) throw RunTimeError(errors::outOfMemory);
+    if (error != LXW_NO_ERROR) throw RunTimeError(errors::invalidProcedureCall, lxw_strerror(error));
+}
+
+lxw_col_t columnNumber(std::size_t column) {
+    return static_cast<lxw_col_t>(column);
+}
+
+bool isPlace(const std::string& heading) {
+    return heading.ends_with("distance") || heading.ends_with("to_mouth") || heading == "km";
+}
+
+} // namespace
+
+SheetLooks::SheetLooks(lxw_workbook* workbook)
+    : heading(workbook_add_format(workbook)),
+      title(workbook_add_format(workbook)),
+      label(workbook_add_format(workbook)),
+      wrapped(workbook_add_format(workbook)) {
+    constexpr double titleSize = 14;
+    for (std::size_t k = 1; k < numbers.size(); ++k) {
+        numbers[k] = workbook_add_format(workbook);
+        format_set_num_format(numbers[k], numberLooks[k].format);
+    }
+    for (lxw_format* const bold : {heading, title, label})
+        format_set_bold(bold);
+    format_set_bg_color(heading, headingColour);
+    format_set_bottom(heading, LXW_BORDER_THIN);
+    format_set_font_size(title, titleSize);
+    format_set_text_wrap(wrapped);
+    for (lxw_format* const top : {label, wrapped})
+        format_set_align(top, LXW_ALIGN_VERTICAL_TOP);
+}
+
+SheetPen::SheetPen(lxw_worksheet* sheet, const SheetLooks& looks, const std::vector<std::string>& headings)
+    : m_sheet(sheet), m_looks(looks), m_columns(headings.size()) {
+    worksheet_freeze_panes(sheet, 1, 0);
+    for (std::size_t k = 0; k < headings.size(); ++k) {
+        const std::string text = sheetText(headings[k]).text;
+        m_columns[k].holdsPlaces = isPlace(headings[k]);
+        m_columns[k].width = static_cast<double>(shownLength(text)) + roomForFilter;
+        check(worksheet_write_string(sheet, 0, columnNumber(k), text.c_str(), looks.heading));
+    }
+}
+
+void SheetPen::nextRow() {
+    ++m_row;
+    m_column = 0;
+}
+
+void SheetPen::put(const Cell& cell) {
+    if (const auto* const number = std::get_if<double>(&cell))
+        putNumber(*number);
+    else if (const auto* const text = std::get_if<std::string_view>(&cell))
+        putText(shownText(*text));
+    else if (const auto* const whole = std::get_if<int>(&cell))
+        putWhole(*whole);
+    else if (const auto* const truth = std::get_if<bool>(&cell))
+        putTruth(*truth);
+    else if (const auto* const names = std::get_if<std::span<const std::string>>(&cell))
+        putText(shownText(joined(*names)));
+    ++m_column;
+}
+
+void SheetPen::putReady(const OwnedCell& cell) {
+    const auto* const text = std::get_if<std::string>(&cell);
+    if (!text) return put(viewOf(cell));
+    putText(*text);
+    ++m_column;
+}
+
+OwnedCell SheetPen::ready(const Cell& cell) {
+    if (const auto* const text = std::get_if<std::string_view>(&cell)) {
+        SheetText sheet = sheetText(*text);
+        m_textsCut += sheet.isCut ? 1 : 0;
+        return std::move(sheet.text);
+    }
+    if (const auto* const names = std::get_if<std::span<const std::string>>(&cell))
+        return std::vector<std::string>(names->begin(), names->end());
+    if (const auto* const number = std::get_if<double>(&cell)) return *number;
+    if (const auto* const whole = std::get_if<int>(&cell)) return *whole;
+    if (const auto* const truth = std::get_if<bool>(&cell)) return *truth;
+    return Nothing();
+}
+
+const std::string& SheetPen::shownText(std::string_view text) {
+    ColumnState& state = column();
+    if (text == state.raw && !state.raw.empty()) return state.shown;
+    SheetText sheet = sheetText(text);
+    m_textsCut += sheet.isCut ? 1 : 0;
+    state.raw = text;
+    state.shown = std::move(sheet.text);
+    return state.shown;
+}
+
+void SheetPen::putText(const std::string& text) {
+    if (text.empty()) return;
+    ColumnState& state = column();
+    if (static_cast<double>(text.size()) > state.width)
+        state.width = std::max(state.width, static_cast<double>(shownLength(text)) + 1);
+    check(worksheet_write_string(m_sheet, m_row, columnNumber(m_column), text.c_str(), nullptr));
+}
+
+void SheetPen::putNumber(double value) {
+    if (!std::isfinite(value)) return;
+    ColumnState& state = column();
+    const std::size_t look = state.holdsPlaces ? generalLook : numberLook(value);
+    state.width = std::max(state.width, shownWidth(value, look) + 1);
+    check(worksheet_write_number(m_sheet, m_row, columnNumber(m_column), value, m_looks.numbers[look]));
+}
+
+void SheetPen::putWhole(int value) {
+    check(worksheet_write_number(m_sheet, m_row, columnNumber(m_column), value, nullptr));
+}
+
+void SheetPen::putTruth(bool value) {
+    check(worksheet_write_boolean(m_sheet, m_row, columnNumber(m_column), value, nullptr));
+}
+
+void SheetPen::finish() {
+    const lxw_col_t last = columnNumber(m_columns.size() - 1);
+    check(worksheet_autofilter(m_sheet, 0, 0, m_row, last));
+    for (std::size_t k = 0; k < m_columns.size(); ++k) {
+        const double width = std::min(m_columns[k].width, widestColumn);
+        check(worksheet_set_column(m_sheet, columnNumber(k), columnNumber(k), width, nullptr));
+    }
+}
+
+} // namespace korvel
