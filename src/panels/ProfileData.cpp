@@ -1,0 +1,188 @@
+#include "panels/ProfileData.h"
+
+#include "analysis/Judging.h"
+#include "basic/Text.h"
+#include "panels/SeriesMaking.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace korvel {
+
+namespace {
+
+// What a determinand's values are judged by; nothing where it has no targets to be judged by.
+std::optional<Statistic> judgedBy(const ResultsDataSet& results, int series) {
+    const int determinand = results.determinandOf(series);
+    if (results.kindOf(series) != SeriesKind::concentration) return std::nullopt;
+    if (results.determinandTypes[determinand] == UnjudgedDeterminandType) return std::nullopt;
+    return judgedStatistic(results, determinand);
+}
+
+// A target holds from its point to the next one.
+std::vector<TargetRun> targetsAlong(const StudyRun& run, const PathRun& points, int series) {
+    const SeriesValues values = seriesValues(run.results(), series, Statistic::mean);
+    std::vector<TargetRun> runs;
+    bool goesOn = false;
+    for (std::size_t j = 0; j < points.points.size() && !values.target.empty(); ++j) {
+        const int point = points.points[j];
+        const double km = points.km[j];
+        if (goesOn) runs.back().to = std::max(runs.back().to, km);
+        const bool has = values.hasTarget(point) && std::isfinite(values.target[SeriesValues::at(point)]);
+        if (has && !(goesOn && runs.back().target == values.target[SeriesValues::at(point)]))
+            runs.push_back({km, km, values.target[SeriesValues::at(point)]});
+        goesOn = has;
+    }
+    return runs;
+}
+
+// As the panel shows it; nothing where it has no place there.
+std::optional<double> observedValue(const SeriesValues& values, int point, const ProfileView& view,
+                                    BadSide side) {
+    double value = values.observed[SeriesValues::at(point)];
+    if (view.kind == ProfileKind::ratio) {
+        if (!values.hasTarget(point)) return std::nullopt;
+        const double target = values.target[SeriesValues::at(point)];
+        value = side == BadSide::high ? value / target : target / value;
+    }
+    const bool hasPlace = std::abs(value) < 1e300 && (view.scale == ScaleKind::linear || value > 0);
+    return hasPlace ? std::optional(value) : std::nullopt;
+}
+
+std::vector<ObservedMark> observedAlong(const StudyRun& run, const PathRun& points,
+                                        const SeriesValues& values, const ProfileView& view, BadSide side) {
+    std::vector<ObservedMark> marks;
+    for (std::size_t j = 0; j < points.points.size(); ++j) {
+        const int point = points.points[j];
+        if (!values.isObserved(point)) continue;
+        const bool interpolated = run.results().pointFeatureType[point] == InterpolatedPointType;
+        if (interpolated && !view.interpolated) continue;
+        if (const auto value = observedValue(values, point, view, side))
+            marks.push_back({points.km[j], *value});
+    }
+    return marks;
+}
+
+void leaveTwins(std::vector<ObservedMark>& marks, const std::vector<ObservedMark>& ofBase) {
+    std::erase_if(marks, [&](const ObservedMark& mark) {
+        const auto from = std::ranges::lower_bound(ofBase, mark.km, {}, &ObservedMark::km);
+        for (auto twin = from; twin != ofBase.end() && twin->km == mark.km; ++twin)
+            if (*twin == mark) return true;
+        return false;
+    });
+}
+
+class DataMaking {
+  public:
+    DataMaking(const Study& study, const StudyPath& path, const ProfileView& view)
+        : m_study(study), m_path(path), m_view(view) {}
+
+    PanelData panel(int series) const {
+        PanelData panel;
+        const ResultsDataSet& base = m_study.base().results();
+        const auto judged = judgedBy(base, series);
+        panel.series = series;
+        panel.statistic =
+            m_view.kind == ProfileKind::ratio ? judged.value_or(Statistic::mean) : m_view.statistic;
+        panel.title = titleOf(panel);
+        panel.note = noteOf(panel, judged);
+        if (m_view.kind == ProfileKind::ratio && !judged) return panel;
+        for (std::size_t run = 0; run < m_study.runs().size(); ++run) {
+            const bool isZero = m_view.kind == ProfileKind::change && run == 0;
+            if (m_view.shows(run) && !isZero) panel.runs.push_back(runIn(panel, run));
+        }
+        return panel;
+    }
+
+  private:
+    std::string titleOf(const PanelData& panel) const {
+        std::string title = shownUtf8(trim(m_study.base().results().seriesNames[panel.series]));
+        title += ", " + wordsOf(panel.statistic);
+        if (m_view.kind == ProfileKind::change) title += ", change from " + shownUtf8(m_study.base().name);
+        if (m_view.kind == ProfileKind::ratio)
+            title += isLowBad(panel.series) ? ", target by value" : ", value by target";
+        return title;
+    }
+
+    std::string noteOf(const PanelData& panel, const std::optional<Statistic>& judged) const {
+        if (m_view.kind == ProfileKind::ratio)
+            return !judged ? "has no targets" : isLowBad(panel.series) ? "low is bad" : "";
+        if (m_view.kind != ProfileKind::values) return "";
+        if (panel.series == 0 && panel.statistic != Statistic::mean)
+            return "as in the file, commonly a low flow";
+        const bool other = judged && *judged != panel.statistic && m_view.targets && hasTargets(panel.series);
+        return other ? "targets are for the " + wordsOf(*judged) : "";
+    }
+
+    bool isLowBad(int series) const {
+        return m_view.lowIsBad.contains(m_study.base().results().determinandOf(series));
+    }
+    bool hasTargets(int series) const {
+        return !targetsAlong(m_study.base(), m_path.runs.front(), series).empty();
+    }
+
+    RunInPanel runIn(const PanelData& panel, std::size_t run) const {
+        RunInPanel made;
+        made.run = run;
+        Statistic statistic = panel.statistic;
+        if (m_view.kind == ProfileKind::ratio)
+            statistic = judgedBy(m_study.runs()[run].results(), panel.series).value_or(statistic);
+        made.statistic = statistic;
+        const WantedSeries wanted{panel.series, statistic, m_view};
+        switch (m_view.kind) {
+        case ProfileKind::values: made.series = valuesAlong(m_study, m_path, run, wanted); break;
+        case ProfileKind::change: made.series = changesAlong(m_study, m_path, run, wanted); break;
+        case ProfileKind::ratio: made.series = ratiosAlong(m_study, m_path, run, wanted); break;
+        }
+        if (m_view.targets && m_view.kind == ProfileKind::values) addTargets(panel, made);
+        if (m_view.observed && m_view.kind != ProfileKind::change) addObserved(panel.series, statistic, made);
+        return made;
+    }
+
+    void addTargets(const PanelData& panel, RunInPanel& made) const {
+        made.targets = targetsAlong(m_study.runs()[made.run], m_path.runs[made.run], panel.series);
+        if (made.run == 0 || !m_view.shows(0)) return;
+        if (made.targets == targetsAlong(m_study.base(), m_path.runs.front(), panel.series))
+            made.targets.clear();
+    }
+    void addObserved(int series, Statistic statistic, RunInPanel& made) const {
+        const auto along = [&](std::size_t run) {
+            const StudyRun& of = m_study.runs()[run];
+            return observedAlong(of, m_path.runs[run], seriesValues(of.results(), series, statistic), m_view,
+                                 isLowBad(series) ? BadSide::low : BadSide::high);
+        };
+        made.observed = along(made.run);
+        if (made.run > 0 && m_view.shows(0)) leaveTwins(made.observed, along(0));
+    }
+
+    const Study& m_study;
+    const StudyPath& m_path;
+    const ProfileView& m_view;
+};
+
+} // namespace
+
+std::string wordsOf(Statistic statistic) {
+    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
+}
+
+ProfileData profileData(const Study& study, std::shared_ptr<const StudyPath> path, const ProfileView& view) {
+    ProfileData data{study, std::move(path), view, {}};
+    if (view.kind == ProfileKind::change) data.view.scale = ScaleKind::linear;
+    const DataMaking making(study, *data.path, data.view);
+    for (const int series : view.series)
+        data.panels.push_back(making.panel(series));
+    return data;
+}
+
+bool servesAlso(const ProfileView& made, const ProfileView& wanted) {
+    ProfileView same = wanted;
+    same.fromKm = made.fromKm;
+    same.toKm = made.toKm;
+    same.fromZero = made.fromZero;
+    if (wanted.kind == ProfileKind::change) same.scale = made.scale;
+    return same == made;
+}
+
+} // namespace korvel

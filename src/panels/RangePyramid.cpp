@@ -1,0 +1,76 @@
+#include "panels/RangePyramid.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+namespace {
+
+constexpr std::size_t block = 8;
+
+void take(NumberRange& range, const NumberRange& other) {
+    range.lowest = std::min(range.lowest, other.lowest);
+    range.highest = std::max(range.highest, other.highest);
+}
+
+NumberRange rangeOf(double number) {
+    return {number, number};
+}
+const NumberRange& rangeOf(const NumberRange& range) {
+    return range;
+}
+
+template <typename Entry>
+std::vector<NumberRange> blocksOf(std::span<const Entry> entries) {
+    std::vector<NumberRange> blocks;
+    blocks.reserve(entries.size() / block + 1);
+    for (std::size_t begin = 0; begin < entries.size(); begin += block) {
+        NumberRange range = rangeOf(entries[begin]);
+        for (std::size_t k = begin + 1; k < std::min(begin + block, entries.size()); ++k)
+            take(range, rangeOf(entries[k]));
+        blocks.push_back(range);
+    }
+    return blocks;
+}
+
+// Takes entries until those that are left are whole blocks, which are then counted instead.
+template <typename Entry>
+void takeEnds(std::span<const Entry> entries, std::size_t& begin, std::size_t& end, NumberRange& range) {
+    for (; begin < end && begin % block != 0; ++begin)
+        take(range, rangeOf(entries[begin]));
+    for (; begin < end && end % block != 0; --end)
+        take(range, rangeOf(entries[end - 1]));
+    begin /= block;
+    end /= block;
+}
+
+} // namespace
+
+RangePyramid::RangePyramid(std::span<const double> numbers) {
+    if (numbers.size() <= block) return;
+    m_levels.push_back(blocksOf(numbers));
+    while (m_levels.back().size() > block)
+        m_levels.push_back(blocksOf(std::span<const NumberRange>(m_levels.back())));
+}
+
+NumberRange RangePyramid::range(std::span<const double> numbers, std::size_t begin, std::size_t end) const {
+    NumberRange range = rangeOf(numbers[begin]);
+    if (end - begin <= block || m_levels.empty()) {
+        for (std::size_t k = begin; k < end; ++k)
+            take(range, rangeOf(numbers[k]));
+        return range;
+    }
+    takeEnds(numbers, begin, end, range);
+    for (std::size_t level = 0; begin < end; ++level) {
+        const std::span<const NumberRange> blocks = m_levels[level];
+        if (level + 1 < m_levels.size()) {
+            takeEnds(blocks, begin, end, range);
+            continue;
+        }
+        for (; begin < end; ++begin)
+            take(range, blocks[begin]);
+    }
+    return range;
+}
+
+} // namespace korvel

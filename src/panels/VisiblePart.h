@@ -1,0 +1,33 @@
+// What of a series along a way is in view, in no more points than its picture needs.
+#pragma once
+
+#include "drawing/Scale.h"
+#include "panels/PathSeries.h"
+
+#include <optional>
+#include <vector>
+
+namespace korvel {
+
+// Joined points, the ends cut where they leave the view.
+struct VisiblePiece {
+    std::vector<double> km;
+    std::vector<double> values;
+    bool thinned = false; // each column of pixels has its first, lowest, highest and last value
+};
+
+struct VisibleWay {
+    const Scale& distance; // its ends are those of the view
+    ScaleKind values = ScaleKind::linear;
+    double pixel = 15; // of the device, in units of the scale's places
+};
+
+std::vector<VisiblePiece> visiblePieces(const PathValues& values, const VisibleWay& way);
+
+// Of all that is in view; nothing where nothing is.
+std::optional<NumberRange> rangeInView(const PathValues& values, const VisibleWay& way);
+
+// The part of a piece between two distances.
+VisiblePiece partOf(const VisiblePiece& piece, double from, double to, ScaleKind values);
+
+} // namespace korvel

@@ -1,0 +1,174 @@
+#include "panels/VisiblePart.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <random>
+
+namespace korvel {
+
+namespace {
+
+PathValues pathValues(std::vector<double> km, std::vector<double> values,
+                      std::vector<std::size_t> breaks = {0}) {
+    PathValues made;
+    made.ascending = std::ranges::is_sorted(km);
+    made.km = std::make_shared<const std::vector<double>>(std::move(km));
+    made.values = std::move(values);
+    made.breaks = std::move(breaks);
+    made.pyramid = RangePyramid(made.values);
+    return made;
+}
+
+std::vector<VisiblePiece> seen(const PathValues& values, double from, double to,
+                               ScaleKind kind = ScaleKind::linear) {
+    const Scale distance{from, to, 0, 1500};
+    return visiblePieces(values, {distance, kind, 15});
+}
+
+using Numbers = std::vector<double>;
+
+struct Column {
+    double first, lowest, highest, last;
+    bool operator==(const Column&) const = default;
+};
+
+// What a painter makes of joined points: of each column of pixels the first, lowest, highest and last.
+std::map<double, Column> columnsOf(const Numbers& km, const Numbers& values, const Scale& distance) {
+    std::map<double, Column> columns;
+    for (std::size_t j = 0; j < km.size(); ++j) {
+        const double column = std::floor(distance.place(km[j]) / 15 + 0.5);
+        const double value = values[j];
+        const auto [at, isNew] = columns.try_emplace(column, Column{value, value, value, value});
+        if (isNew) continue;
+        at->second.lowest = std::min(at->second.lowest, value);
+        at->second.highest = std::max(at->second.highest, value);
+        at->second.last = value;
+    }
+    return columns;
+}
+
+} // namespace
+
+TEST(VisiblePieces, AreCutWhereTheyLeaveTheView) {
+    const PathValues values = pathValues({0, 10, 20, 30}, {0, 100, 100, 400});
+    const struct {
+        double from, to;
+        Numbers km, values;
+    } cases[] = {
+        {0, 30, {0, 10, 20, 30}, {0, 100, 100, 400}},
+        {5, 25, {5, 10, 20, 25}, {50, 100, 100, 250}},
+        {10, 20, {10, 20}, {100, 100}},
+        {2, 4, {2, 4}, {20, 40}}, // between two points
+        {30, 40, {30}, {400}},
+        {-9, 0, {0}, {0}},
+    };
+    for (const auto& [from, to, km, shown] : cases) {
+        const auto pieces = seen(values, from, to);
+        ASSERT_EQ(pieces.size(), 1U) << from;
+        EXPECT_EQ(pieces[0].km, km);
+        EXPECT_EQ(pieces[0].values, shown);
+    }
+    EXPECT_TRUE(seen(values, 31, 40).empty());
+    EXPECT_TRUE(seen(values, -9, -1).empty());
+    EXPECT_TRUE(seen(pathValues({}, {}, {}), 0, 1).empty());
+}
+
+TEST(VisiblePieces, AreStraightOnALogarithmicScale) {
+    const auto pieces = seen(pathValues({0, 10}, {1, 100}), 5, 10, ScaleKind::logarithmic);
+    EXPECT_EQ(pieces[0].km, (Numbers{5, 10}));
+    EXPECT_NEAR(pieces[0].values[0], 10, 1e-12);
+}
+
+TEST(VisiblePieces, EndAtBreaks) {
+    const auto pieces = seen(pathValues({0, 1, 5, 6}, {1, 2, 3, 4}, {0, 2, 3}), 0.5, 9);
+    ASSERT_EQ(pieces.size(), 3U);
+    EXPECT_EQ(pieces[0].km, (Numbers{0.5, 1}));
+    EXPECT_EQ(pieces[1].km, (Numbers{5}));
+    EXPECT_EQ(pieces[2].km, (Numbers{6}));
+}
+
+TEST(VisiblePieces, FollowDistancesThatGoBack) {
+    const PathValues values = pathValues({0, 10, 4, 8}, {0, 10, 4, 8});
+    const auto pieces = seen(values, 5, 9);
+    ASSERT_EQ(pieces.size(), 3U);
+    EXPECT_EQ(pieces[0].km, (Numbers{5, 9}));
+    EXPECT_EQ(pieces[1].km, (Numbers{9, 5}));
+    EXPECT_EQ(pieces[2].km, (Numbers{5, 8}));
+    EXPECT_EQ(pieces[2].values, (Numbers{5, 8}));
+    const auto range = rangeInView(values, {Scale{5, 9, 0, 1500}, ScaleKind::linear, 15});
+    EXPECT_EQ(range, (NumberRange{5, 9}));
+}
+
+TEST(VisiblePieces, GiveThePictureOfAllPoints) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 60; ++round) {
+        const std::size_t count = 1000 + random() % 3000;
+        Numbers km(count), values(count);
+        for (std::size_t j = 0; j < count; ++j) {
+            km[j] = std::uniform_real_distribution(0.0, 50.0)(random);
+            values[j] = std::uniform_real_distribution(0.0, 9.0)(random);
+        }
+        if (round % 3 == 0)
+            for (double& each : km)
+                each = std::round(each); // many at one place
+        std::ranges::sort(km);
+        double from = std::uniform_real_distribution(0.0, 20.0)(random);
+        const Scale distance{from, from + 20, 30, 1530};
+        const auto pieces = visiblePieces(pathValues(km, values), {distance, ScaleKind::linear, 15});
+        ASSERT_EQ(pieces.size(), 1U);
+        ASSERT_TRUE(pieces[0].thinned);
+        ASSERT_LE(pieces[0].km.size(), 4 * 102U);
+        Numbers insideKm, insideValues; // the ends are cut already
+        for (std::size_t j = 0; j < count; ++j)
+            if (km[j] >= distance.bottom && km[j] <= distance.top) {
+                insideKm.push_back(km[j]);
+                insideValues.push_back(values[j]);
+            }
+        auto plain = columnsOf(insideKm, insideValues, distance);
+        auto thinned = columnsOf(pieces[0].km, pieces[0].values, distance);
+        // The columns of the two ends hold a crossing, too.
+        const auto isEnd = [&](double column) {
+            return column == std::floor(30 / 15.0 + 0.5) || column == std::floor(1530 / 15.0 + 0.5);
+        };
+        std::erase_if(plain, [&](const auto& each) { return isEnd(each.first); });
+        std::erase_if(thinned, [&](const auto& each) { return isEnd(each.first); });
+        ASSERT_EQ(plain, thinned) << round;
+    }
+}
+
+TEST(RangeInView, CountsWhatTheCutEndsShow) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 300; ++round) {
+        Numbers km, values;
+        std::vector<std::size_t> breaks;
+        for (std::size_t j = 0; j < 40; ++j) {
+            km.push_back(static_cast<double>(random() % 100));
+            values.push_back(static_cast<double>(random() % 1000));
+            if (j == 0 || random() % 9 == 0) breaks.push_back(j);
+        }
+        std::ranges::sort(km);
+        const PathValues all = pathValues(km, values, breaks);
+        const double from = static_cast<double>(random() % 90) + 0.5;
+        const Scale distance{from, from + 1 + static_cast<double>(random() % 30), 0, 1500};
+        std::optional<NumberRange> plain;
+        for (const VisiblePiece& piece : visiblePieces(all, {distance, ScaleKind::linear, 15}))
+            for (const double value : piece.values) {
+                if (!plain) plain = {value, value};
+                plain = {std::min(plain->lowest, value), std::max(plain->highest, value)};
+            }
+        ASSERT_EQ(rangeInView(all, {distance, ScaleKind::linear, 15}), plain) << round;
+    }
+}
+
+TEST(PartOf, CutsAPieceAtBothEnds) {
+    const VisiblePiece piece{{0, 10, 20}, {0, 100, 0}, false};
+    EXPECT_EQ(partOf(piece, 5, 15, ScaleKind::linear).km, (Numbers{5, 10, 15}));
+    EXPECT_EQ(partOf(piece, 5, 15, ScaleKind::linear).values, (Numbers{50, 100, 50}));
+    EXPECT_EQ(partOf(piece, 2, 4, ScaleKind::linear).values, (Numbers{20, 40}));
+    EXPECT_EQ(partOf(piece, 0, 20, ScaleKind::linear).values, piece.values);
+}
+
+} // namespace korvel
