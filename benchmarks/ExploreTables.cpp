@@ -1,9 +1,9 @@
 // What the Explorer's tables take, made anew and painted, of twelve runs as large as they can be, with five
 // series. Arguments: a folder for the file, the number of rounds.
+#include "explore/tables/ExploreTables.h"
 #include "LargeResultsFile.h"
 #include "Rows.h"
 #include "basic/ModelName.h"
-#include "explore/tables/ExploreTables.h"
 #include "platform/DiskFiles.h"
 
 #include <QApplication>
@@ -31,8 +31,7 @@ class NoWindows : public Windows {
 
 ExploreState largeState(const std::string& name) {
     DiskFiles files;
-    const auto study =
-        std::make_shared<Study>(loadStudy(files, std::vector<std::string>(runs, name)).study);
+    const auto study = std::make_shared<Study>(loadStudy(files, std::vector<std::string>(runs, name)).study);
     ExploreState state;
     state.study = study;
     state.network = std::make_shared<Network>(networkOf(*study->base().file));

@@ -1,5 +1,6 @@
 #include "explore/rows/FitRows.h"
 #include "ScopeSample.h"
+#include "analysis/FitTable.h"
 #include "analysis/PlainRiver.h"
 #include "explore/rows/FitScatter.h"
 #include "fakes/FixedTextMetrics.h"

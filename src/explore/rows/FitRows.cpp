@@ -80,27 +80,50 @@ FitRows::FitRows(const TableScope& scope, FitBy by)
       m_by(by),
       m_runs(scope.runs),
       m_hasSeries(!observable(scope).empty()) {
-    const FitRequest request{observable(scope), {allStatistics.begin(), allStatistics.end()}, {}};
-    for (std::size_t run = 0; run < m_runs.size(); ++run)
-        for (FitRow& fit : fitRows(m_runs[run], groupsOf(m_runs[run]), request))
-            m_rows.push_back({run, std::move(fit)});
-    for (const Row& row : m_rows)
-        m_reachNames.push_back(by == FitBy::reach ? m_runs[row.run].file->reachName(row.fit.group.reach)
-                                                  : "");
-    const auto hasCircles = [](const StudyRun& run) { return networkOf(*run.file).hasCircles(); };
-    m_hasCircles = by == FitBy::river && std::ranges::any_of(m_runs, hasCircles);
+    for (std::size_t run = 0; run < m_runs.size(); ++run) {
+        m_groups.push_back(groupsOf(m_runs[run]));
+        addRows(run, observable(scope));
+    }
+    for (int row = 0; row < rowCount() && by == FitBy::reach; ++row)
+        m_reachNames.push_back(runOf(row).file->reachName(groupOf(row).reach));
+    m_figures.resize(m_rows.size());
+    m_isFigured.resize(m_rows.size());
 }
 
-std::vector<ReachGroup> FitRows::groupsOf(const StudyRun& run) const {
+std::vector<ReachGroup> FitRows::groupsOf(const StudyRun& run) {
     if (m_by == FitBy::whole) return {wholeGroup(*run.file, {})};
     if (m_by == FitBy::reach) return groupsByReach(*run.file, {});
     const Network network = networkOf(*run.file);
+    m_hasCircles = m_hasCircles || network.hasCircles();
     if (network.hasCircles()) return {};
     return groupsByRiver(*run.file, network, {});
 }
 
+// Those of which something is observed.
+void FitRows::addRows(std::size_t run, const std::vector<int>& series) {
+    for (std::size_t group = 0; group < m_groups[run].size(); ++group) {
+        const std::vector<int> points = ordinaryPointsOf(*m_runs[run].file, m_groups[run][group].places);
+        for (const int each : series) {
+            for (const Statistic statistic : allStatistics) {
+                const SeriesValues values = seriesValues(m_runs[run].results(), each, statistic);
+                const auto isObserved = [&](int point) { return values.isObserved(point); };
+                if (std::ranges::any_of(points, isObserved)) m_rows.push_back({run, group, each, statistic});
+            }
+        }
+    }
+}
+
+const FitFigures& FitRows::figuresOf(int row) const {
+    const auto index = static_cast<std::size_t>(row);
+    if (!m_isFigured[index]) {
+        m_figures[index] = fitOf(pointsOf(row).points);
+        m_isFigured[index] = true;
+    }
+    return m_figures[index];
+}
+
 Cell FitRows::groupCell(int row, int part) const {
-    const ReachGroup& group = rowAt(row).fit.group;
+    const ReachGroup& group = groupOf(row);
     if (m_by == FitBy::river) return std::string_view(group.river);
     if (part == 0) return group.reach;
     return std::string_view(m_reachNames[static_cast<std::size_t>(row)]);
@@ -109,11 +132,11 @@ Cell FitRows::groupCell(int row, int part) const {
 Cell FitRows::cell(int row, int column) const {
     if (column == 0) return std::string_view(runOf(row).name);
     if (column <= groupColumns(m_by)) return groupCell(row, column - 1);
-    const FitRow& at = rowAt(row).fit;
-    const FitFigures& fit = at.figures;
-    switch (column - groupColumns(m_by) - 1) {
-    case seriesColumn: return std::string_view(runOf(row).results().seriesNames[at.series]);
-    case statisticColumn: return nameOf(at.statistic);
+    const int figure = column - groupColumns(m_by) - 1;
+    if (figure == seriesColumn) return std::string_view(runOf(row).results().seriesNames[rowAt(row).series]);
+    if (figure == statisticColumn) return nameOf(rowAt(row).statistic);
+    const FitFigures& fit = figuresOf(row);
+    switch (figure) {
     case countColumn: return fit.n;
     case meanErrorColumn: return fit.meanError;
     case biasColumn: return cellOf(fit.percentBias);
@@ -142,25 +165,24 @@ std::optional<ExplorePlace> FitRows::place(int row, int) const {
 }
 
 std::optional<int> FitRows::series(int row, int) const {
-    return rowAt(row).fit.series;
+    return rowAt(row).series;
 }
 
 std::vector<int> FitRows::rowsAt(const ExplorePlace& place) const {
     std::vector<int> rows;
     for (int row = 0; row < rowCount() && m_by != FitBy::whole; ++row) {
         const ReachPoints& reaches = runOf(row).reaches();
-        const std::vector<int>& places = rowAt(row).fit.group.places;
+        const std::vector<int>& places = groupOf(row).places;
         if (std::ranges::count(places, reaches.placeOf(place.reach)) > 0) rows.push_back(row);
     }
     return rows;
 }
 
 FitRows::Points FitRows::pointsOf(int row) const {
-    const FitRow& fit = rowAt(row).fit;
+    const Row& at = rowAt(row);
     const StudyRun& run = runOf(row);
-    return {
-        run, fit.series, fit.statistic,
-        observedPoints(*run.file, ordinaryPointsOf(*run.file, fit.group.places), fit.series, fit.statistic)};
+    const std::vector<int> points = ordinaryPointsOf(*run.file, groupOf(row).places);
+    return {run, at.series, at.statistic, observedPoints(*run.file, points, at.series, at.statistic)};
 }
 
 std::string FitRows::whyEmpty() const {

@@ -1,7 +1,8 @@
 // How well runs fit what was observed: a row a run, group of reaches, series and statistic.
 #pragma once
 
-#include "analysis/FitTable.h"
+#include "analysis/Fit.h"
+#include "analysis/ReachGroups.h"
 #include "explore/rows/RowSource.h"
 #include "explore/rows/TableScope.h"
 
@@ -11,6 +12,7 @@ namespace korvel {
 
 enum class FitBy { whole, river, reach };
 
+// Figures are found when a row is first looked at.
 class FitRows : public RowSource {
   public:
     FitRows(const TableScope& scope, FitBy by);
@@ -35,20 +37,28 @@ class FitRows : public RowSource {
   private:
     struct Row {
         std::size_t run = 0;
-        FitRow fit;
+        std::size_t group = 0; // of the run's
+        int series = 0;
+        Statistic statistic = Statistic::mean;
     };
 
     const Row& rowAt(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
     const StudyRun& runOf(int row) const { return m_runs[rowAt(row).run]; }
-    std::vector<ReachGroup> groupsOf(const StudyRun& run) const;
+    const ReachGroup& groupOf(int row) const { return m_groups[rowAt(row).run][rowAt(row).group]; }
+    std::vector<ReachGroup> groupsOf(const StudyRun& run);
+    void addRows(std::size_t run, const std::vector<int>& series);
+    const FitFigures& figuresOf(int row) const;
     Cell groupCell(int row, int part) const;
 
     FitBy m_by;
     std::vector<StudyRun> m_runs;
     bool m_hasSeries;
     bool m_hasCircles = false;
-    std::vector<std::string> m_reachNames; // by row, of a reach
+    std::vector<std::vector<ReachGroup>> m_groups; // by run
+    std::vector<std::string> m_reachNames;         // by row, of a reach
     std::vector<Row> m_rows;
+    mutable std::vector<FitFigures> m_figures; // by row
+    mutable std::vector<bool> m_isFigured;
 };
 
 } // namespace korvel

@@ -10,7 +10,7 @@ namespace korvel {
 namespace {
 
 constexpr int mostDecimals = 6; // that a column lines up for
-constexpr int sampledRows = 100;
+constexpr int sampledRows = 40;
 
 Qt::Alignment alignmentOf(CellLook look) {
     return (isText(look) ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter;

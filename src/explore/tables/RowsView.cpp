@@ -21,7 +21,7 @@ namespace korvel {
 
 namespace {
 
-constexpr int sampledRows = 100;
+constexpr int sampledRows = 40;
 constexpr int widestColumn = 34; // letters
 
 } // namespace
