@@ -30,13 +30,6 @@ ShownCell shownDouble(double value, CellLook look) {
     }
 }
 
-std::string joined(std::span<const std::string> names) {
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "" : "; ") + name;
-    return text;
-}
-
 std::string exactText(const Cell& cell) {
     if (const auto* number = std::get_if<double>(&cell)) return shortestNumber(*number);
     if (const auto* whole = std::get_if<int>(&cell)) return std::to_string(*whole);
