@@ -1,5 +1,6 @@
 #include "engine/RunControl.h"
 
+#include "basic/FieldCharacters.h"
 #include "basic/Text.h"
 
 #include <algorithm>
@@ -27,7 +28,7 @@ RunRequest readRequest(const std::vector<std::string>& lines, std::size_t first)
     const std::string& name = lines[first + 1];
     const std::string& type = lines[first + 2];
     if (name.empty()) throw DataError{static_cast<int>(first) + 2, "names no data file"};
-    if (type.size() != 1 || type[0] < '0' || type[0] > '9')
+    if (type.size() != 1 || !isDigit(type[0]))
         throw DataError{static_cast<int>(first) + 3, "is not a run type from 0 to 9"};
     return {name, type[0] - '0'};
 }

@@ -1,5 +1,6 @@
 #include "analysis/Judging.h"
 
+#include "basic/FieldCharacters.h"
 #include "basic/Text.h"
 
 namespace korvel {
@@ -7,7 +8,7 @@ namespace korvel {
 namespace {
 
 bool isOfAWord(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || static_cast<unsigned char>(c) >= 0x80;
+    return (c >= 'a' && c <= 'z') || isDigit(c) || static_cast<unsigned char>(c) >= 0x80;
 }
 
 bool holdsWord(std::string_view text, std::string_view word) {

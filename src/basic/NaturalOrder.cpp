@@ -1,15 +1,13 @@
 #include "basic/NaturalOrder.h"
 
+#include "basic/FieldCharacters.h"
+
 #include <algorithm>
 #include <compare>
 
 namespace korvel {
 
 namespace {
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 // Takes the run of digits that the name begins with off it; without its leading zeros.
 std::string_view takeNumber(std::string_view& name) {

@@ -123,7 +123,7 @@ void chooseStatistics(GraphChoices& choices, const std::string& list) {
 void chooseLevel(GraphChoices& choices, const std::string& level, ResultsDataSet& results) {
     const auto found = std::ranges::find(statistics::percentiles, level, &StatisticFacts::name);
     if (found == statistics::percentiles.end()) throw UsageError("'" + level + "' is no level: 90, 95 or 99");
-    chooseLevelOption(choices, 3 + found->level, results);
+    choosePercentile(choices, percentileOfLevel(found->level), results);
 }
 
 std::size_t featureEntry(const std::string& type) {
@@ -158,7 +158,7 @@ void chooseBy(const CommandLine& line, GraphChoices& choices, ResultsDataSet& re
         chooseSites(line, choices, results);
     else
         chooseRun(line, choices, results);
-    if (line.has("--compare")) choosePlotType(choices, 2);
+    if (line.has("--compare")) choosePlotType(choices, PlotType::comparison);
     if (const auto list = line.value("--plot")) chooseStatistics(choices, *list);
     if (const auto level = line.value("--level")) chooseLevel(choices, *level, results);
     if (line.has("--limits")) choices.plotConfidenceLimits = true;

@@ -1,3 +1,4 @@
+#include "basic/FieldCharacters.h"
 #include "basic/Text.h"
 #include "commands/CommandLine.h"
 #include "commands/CommandList.h"
@@ -21,7 +22,6 @@ const char* const help = "Usage: korvel help-page N\n\n"
 int runHelpPage(CommandCall& call) {
     const CommandLine line(call.arguments, {});
     const std::string& page = line.onlyOperand("page number");
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     if (page.empty() || !std::ranges::all_of(page, isDigit))
         throw UsageError("no page number: '" + page + "'");
     for (const std::string& row : readHelpPage(call.platform, page))

@@ -15,11 +15,14 @@ inline constexpr int MaxGraphColumns = 6;
 template <typename T>
 using GraphColumns = CheckedArray<CheckedVector<T, MaxPlottingPoints>, 0, MaxGraphColumns>;
 
+// Which data sets are drawn; in the order of the set-up form's option buttons.
+enum class PlotType { firstDataSet, secondDataSet, comparison };
+
 struct GraphHandOver {
     bool displayMode1 = true;
     std::string graphTitle;
     std::string graphSubTitle;
-    int plotType = 0;      // 0 first data set, 1 second, 2 both compared
+    PlotType plotType = PlotType::firstDataSet;
     int percentileRow = 1; // 0 for 90, 1 for 95, 2 for 99
     bool plotMeans = true;
     bool plotPercentiles = false;

@@ -1,6 +1,7 @@
 #include "many/Plan.h"
 
 #include "basic/DiskNames.h"
+#include "basic/FieldCharacters.h"
 #include "basic/ModelName.h"
 #include "basic/Text.h"
 
@@ -115,7 +116,7 @@ class PlanReader {
     }
 
     void takeType(const CsvField& field, PlannedRun& run) {
-        if (field.text.size() != 1 || field.text[0] < '0' || field.text[0] > '9')
+        if (field.text.size() != 1 || !isDigit(field.text[0]))
             return refuse(field.offset, "The run type is a digit, 0 to 9, not \"" + field.text + "\".");
         run.type = field.text[0] - '0';
     }

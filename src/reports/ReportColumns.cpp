@@ -4,24 +4,6 @@
 
 namespace korvel {
 
-namespace {
-
-// Where the name's kind begins, with its blank: at the later of the last " (Conc)" and " (Load)".
-std::size_t kindAt(const std::string& name) {
-    const auto conc = name.rfind(" (Conc)");
-    const auto load = name.rfind(" (Load)");
-    if (conc == std::string::npos) return load;
-    return load == std::string::npos ? conc : std::max(conc, load);
-}
-
-ReportGroup groupNamed(const std::string& name) {
-    const auto at = kindAt(name);
-    if (at == std::string::npos) return {name, "", 0, 0};
-    return {name.substr(0, at), name.substr(at + 1), 0, 0};
-}
-
-} // namespace
-
 std::vector<ReportColumn> columnsOfDeterminand(int series, const ReportSelection& selection) {
     std::vector<ReportColumn> columns;
     for (const Statistic statistic : selection.statistics) {
@@ -57,8 +39,8 @@ ReportColumns reportColumns(const ResultsDataSet& results, const ReportSelection
     for (const int series : selection.determinands) {
         const std::vector<ReportColumn> own = columnsOfDeterminand(series, selection);
         if (own.empty()) continue;
-        ReportGroup group = groupNamed(results.seriesNames[series]);
-        group.firstColumn = report.count() + 1;
+        const SeriesName name = results.nameOf(series);
+        ReportGroup group{name.title, name.kind, report.count() + 1, 0};
         report.columns.insert(report.columns.end(), own.begin(), own.end());
         group.lastColumn = report.count();
         report.groups.push_back(group);

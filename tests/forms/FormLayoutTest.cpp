@@ -258,7 +258,7 @@ TEST_P(FormLayout, GraphFormWhileTwoAreCompared) {
         GLOBAL.currentSlot = slot;
         LoadResultsFile(platform, true, {});
     }
-    GLOBAL.plotType = 2;
+    GLOBAL.plotType = PlotType::comparison;
     showFramed(form);
     dynamic_cast<ShownForm&>(form).activate();
     passEvents();

@@ -5,6 +5,7 @@
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 #include "forms/GraphForms.h"
+#include "graphs/DrawnThings.h"
 
 #include <QHelpEvent>
 #include <QTest>
@@ -507,7 +508,7 @@ TEST_F(FrmGraphData, PlotsInTheGraphFormAndKeepsItsState) {
     GLOBAL.LargeTextMode = 0;
     platform.willActOn("frmSimgraph", [&](ShownForm& shown) {
         EXPECT_EQ(control<QPushButton>(shown, "Cmd_3").text(), "Small text");
-        EXPECT_GT(graph.drawing().textCount(), 5);
+        EXPECT_GT(textsOf(graph.drawing()).size(), 5u);
         choose(shown, "mnuExit");
         EXPECT_TRUE(GLOBAL.returnedFromGraph);
     });

@@ -190,7 +190,7 @@ TEST_F(FrmSimgraphReadout, SaysWhichSetIsWhichWhileTwoAreCompared) {
     GLOBAL.fileNames[1] = platform.pathOf("B.SGR");
     GLOBAL.currentSlot = 1;
     LoadResultsFile(platform, true, {});
-    GLOBAL.plotType = 2;
+    GLOBAL.plotType = PlotType::comparison;
     static_cast<ShownForm&>(form).activate();
     EXPECT_EQ(sets.text().toStdString(),
               "Set 1: A.SGR\nSet 2: B.SGR\nWhere both are equal, set 2 lies above set 1.");

@@ -118,7 +118,7 @@ TEST(ExpectedDrawings, OneSeriesInTwoReaches) {
 TEST(ExpectedDrawings, ZoomedAndScrolledComparison) {
     GraphSample sample = valley();
     sample.set(ValueField::meanValue, 1, std::vector<double>{1, 0.9, 0.8, 0.8, 2.5, 2}, 1);
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     sample.graph.plotInterpolatedPoints = true;
     sample.view = {0.5, 1200, -600, 0};
     sample.plotSeries({3, 9}, {1});

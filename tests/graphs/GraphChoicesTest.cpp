@@ -43,8 +43,8 @@ TEST(GraphChoices, BeginWithTheDefaults) {
     const GraphChoices choices;
     EXPECT_TRUE(choices.plotMeans && choices.plotQualityTargets && choices.plotObservedValues);
     EXPECT_FALSE(choices.plotPercentiles || choices.plotConfidenceLimits || choices.plotInterpolatedPoints);
-    EXPECT_EQ(choices.plotType, 0);
-    EXPECT_EQ(choices.levelOption, 4);
+    EXPECT_EQ(choices.plotType, PlotType::firstDataSet);
+    EXPECT_EQ(choices.percentile, Statistic::p95);
     EXPECT_EQ(choices.selectedFeatures, Selection(7, true));
     EXPECT_TRUE(choices.plotEnabled);
     EXPECT_FALSE(choices.waiting);
@@ -131,28 +131,28 @@ TEST_F(GraphChoicesTest, AnotherUpstreamReachResetsTheDownstreamOne) {
 }
 
 TEST_F(GraphChoicesTest, ComparingNeedsTheFirstFilesLabelOnly) {
-    choosePlotType(choices, 2);
-    EXPECT_EQ(choices.plotType, 2) << "although no second file is loaded";
+    choosePlotType(choices, PlotType::comparison);
+    EXPECT_EQ(choices.plotType, PlotType::comparison) << "although no second file is loaded";
     choices.fileLabels[0].clear();
     choices.fileLabels[1] = "B.SGR";
-    choosePlotType(choices, 2);
-    EXPECT_EQ(choices.plotType, 0);
+    choosePlotType(choices, PlotType::comparison);
+    EXPECT_EQ(choices.plotType, PlotType::firstDataSet);
 }
 
 TEST_F(GraphChoicesTest, TheSecondDataSetCanBeChosenAlone) {
-    choosePlotType(choices, 1);
-    EXPECT_EQ(choices.plotType, 1);
+    choosePlotType(choices, PlotType::secondDataSet);
+    EXPECT_EQ(choices.plotType, PlotType::secondDataSet);
 }
 
 TEST_F(GraphChoicesTest, ComparingWithBothTickedClearsPercentiles) {
     choices.plotMeans = choices.plotPercentiles = true;
-    choosePlotType(choices, 2);
+    choosePlotType(choices, PlotType::comparison);
     EXPECT_TRUE(choices.plotMeans);
     EXPECT_FALSE(choices.plotPercentiles);
 }
 
 TEST_F(GraphChoicesTest, WhileComparingOneTickClearsTheOther) {
-    choosePlotType(choices, 2);
+    choosePlotType(choices, PlotType::comparison);
     tickPercentiles(choices, Tick::on);
     EXPECT_FALSE(choices.plotMeans);
     EXPECT_TRUE(choices.plotPercentiles);
@@ -166,14 +166,15 @@ TEST_F(GraphChoicesTest, WhileComparingOneTickClearsTheOther) {
 TEST_F(GraphChoicesTest, WithOneDataSetBothCanBeTicked) {
     tickPercentiles(choices, Tick::on);
     EXPECT_TRUE(choices.plotMeans && choices.plotPercentiles);
-    choosePlotType(choices, 1);
+    choosePlotType(choices, PlotType::secondDataSet);
     EXPECT_TRUE(choices.plotMeans && choices.plotPercentiles);
 }
 
 TEST_F(GraphChoicesTest, LevelOptionsSetThePercentileLevel) {
-    for (const auto& [option, level] : {std::pair{3, "90"}, {4, "95"}, {5, "99"}}) {
-        chooseLevelOption(choices, option, *results);
-        EXPECT_EQ(choices.levelOption, option);
+    for (const auto& [percentile, level] :
+         {std::pair{Statistic::p90, "90"}, {Statistic::p95, "95"}, {Statistic::p99, "99"}}) {
+        choosePercentile(choices, percentile, *results);
+        EXPECT_EQ(choices.percentile, percentile);
         EXPECT_EQ(results->percentileLevel, level);
     }
     EXPECT_EQ(results->percentileCaption, "95%-ile") << "the caption waits for the plot";

@@ -43,7 +43,7 @@ TEST(GraphKey, NamesMeansAndPercentilesOfOneDataSet) {
     EXPECT_EQ(texts(graph), Texts{"Mean values"});
     graph.plotPercentiles = true;
     EXPECT_EQ(texts(graph), (Texts{"Mean values", "95% values"}));
-    graph.plotType = 1;
+    graph.plotType = PlotType::secondDataSet;
     EXPECT_EQ(texts(graph), (Texts{"Mean values", "95% values"}));
 }
 
@@ -60,7 +60,7 @@ TEST(GraphKey, SaysThatFlowsAre95WhereQualityIsNot) {
 
 TEST(GraphKey, NamesTheSetsOfAComparison) {
     GraphHandOver graph = bare();
-    graph.plotType = 2;
+    graph.plotType = PlotType::comparison;
     graph.plotMeans = true;
     EXPECT_EQ(texts(graph), (Texts{"Mean values for Set 1", "Mean values for Set 2"}));
     graph.plotMeans = false;
@@ -82,10 +82,10 @@ TEST(GraphKey, LeavesOutADataSetThatMayNotBeShown) {
     const Texts oneSet = {"Mean values", "Confidence limits", "Quality targets", "Observed values"};
     EXPECT_EQ(texts(graph, Targets::shown, slots(true, false)), oneSet);
     EXPECT_EQ(texts(graph, Targets::shown, slots(false, true)), Texts{"Quality targets"});
-    graph.plotType = 1;
+    graph.plotType = PlotType::secondDataSet;
     EXPECT_EQ(texts(graph, Targets::shown, slots(true, false)), Texts{"Quality targets"});
     EXPECT_EQ(texts(graph, Targets::shown, slots(false, true)), oneSet);
-    graph.plotType = 2;
+    graph.plotType = PlotType::comparison;
     EXPECT_EQ(texts(graph, Targets::hidden, slots(true, false)),
               (Texts{"Mean values for Set 1", "Confidence limits", "Observed values"}));
     EXPECT_EQ(texts(graph, Targets::hidden, slots(false, true)),
@@ -102,7 +102,7 @@ TEST(GraphKey, GivesEachSampleItsLook) {
                                             {"Quality targets", {0, 2, 12}},
                                             {"Observed values", {4, 2, 0}, KeySample::cross}};
     EXPECT_EQ(keyEntries(graph, Targets::shown, both), expected);
-    graph.plotType = 2;
+    graph.plotType = PlotType::comparison;
     EXPECT_EQ(keyEntries(graph, Targets::hidden, both)[0].look, (LineLook{4, 2, 9}));
     EXPECT_EQ(keyEntries(graph, Targets::hidden, both)[1].look, (LineLook{4, 2, 10}));
 }

@@ -138,7 +138,7 @@ TEST_F(GraphPrimitivesTest, CountsTheTextsOnScreenUntilTheGraphIsClosed) {
     graph.DisplayTextY(onScreen, 0, 0, 0, "b");
     graph.DisplayText(onPrinter, 0, 0, 0, "c");
     EXPECT_EQ(graph.LabelCount, 2);
-    EXPECT_EQ(drawing.textCount(), 3);
+    EXPECT_EQ(textsOf(drawing).size(), 3u);
     graph.CloseGraph();
     EXPECT_EQ(graph.LabelCount, 0);
     EXPECT_TRUE(drawing.commands.empty());

@@ -104,7 +104,7 @@ TEST_F(GraphReadoutTest, PutsLimitsUnderTheirSeries) {
 }
 
 TEST_F(GraphReadoutTest, NamesTheSetsThatAreCompared) {
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     sample.set(ValueField::meanValue, 1, 0.5, 1);
     EXPECT_EQ(values(at(2).panels[1]),
               (Texts{"mean, set 1 0", "mean, set 2 0.5000", "observed mean, set 1 7.000"}));
@@ -190,7 +190,7 @@ TEST_F(GraphReadoutTest, SaysWhichFileIsWhichWhileTwoAreCompared) {
     ShownSlots shown;
     shown[0] = shown[1] = true;
     EXPECT_EQ(comparisonNote(sample.graph, names, shown), "");
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     EXPECT_EQ(comparisonNote(sample.graph, names, shown), "Set 1: ALDER.SGR\nSet 2: ALDER2.SGR\nWhere both "
                                                           "are equal, set 2 lies above set 1.");
     shown[1] = false;

@@ -82,13 +82,13 @@ TEST_F(PanelCurvesTest, FlowsHaveNoLimitsAndNoTargets) {
 
 TEST_F(PanelCurvesTest, ASecondSetBringsItsObservedValuesButNotItsTargets) {
     choose(true, false, true, true);
-    sample.graph.plotType = 1;
+    sample.graph.plotType = PlotType::secondDataSet;
     EXPECT_EQ(drawn(), (Codes{1101, 1201, 1301, 501, 1401}));
 }
 
 TEST_F(PanelCurvesTest, AComparisonShowsLimitsOfBothSetsAndObservedValuesOfTheFirst) {
     choose(true, false, true, true);
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     EXPECT_EQ(drawn(), (Codes{101, 1101, 201, 301, 1201, 1301, 501, 401}));
     choose(false, true, false, false);
     EXPECT_EQ(drawn(), (Codes{611, 1611, 501}));
@@ -96,20 +96,20 @@ TEST_F(PanelCurvesTest, AComparisonShowsLimitsOfBothSetsAndObservedValuesOfTheFi
 
 TEST_F(PanelCurvesTest, AComparisonWithoutAStatisticShowsPercentilesAsItsKeyDoes) {
     choose(false, false, false, false);
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     EXPECT_EQ(drawn(), (Codes{611, 1611, 501}));
 }
 
 TEST_F(PanelCurvesTest, ASlotThatWasNeverLoadedDrawsNothing) {
     choose(true, false, true, true);
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     sample.unload(1);
     EXPECT_EQ(drawn(), (Codes{101, 201, 301, 501, 401}));
 }
 
 TEST_F(PanelCurvesTest, ASlotThatMayNotBeShownDrawsNothingThoughItHasValues) {
     choose(true, false, true, true);
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     sample.results.slotLoaded[1] = false;
     EXPECT_EQ(drawn(), (Codes{101, 201, 301, 501, 401}));
 }

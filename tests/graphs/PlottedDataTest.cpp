@@ -99,7 +99,7 @@ TEST(PlottedData, NamesPercentilesAndTheirLimits) {
 
 TEST(PlottedData, TellsTwoSetsApart) {
     GraphSample sample = twoReaches();
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     sample.graph.showTargets = {};
     sample.plotSeries({9}, {1});
     EXPECT_EQ(headingOf(sample), table({"Reach|Distance (km)|Feature|BOD (Conc) mean, set 1|"
@@ -113,7 +113,7 @@ TEST(PlottedData, TellsTwoSetsApart) {
 
 TEST(PlottedData, LeavesOutADataSetThatMayNotBeShown) {
     GraphSample sample = twoReaches();
-    sample.graph.plotType = 2;
+    sample.graph.plotType = PlotType::comparison;
     sample.graph.plotConfidenceLimits = true;
     sample.graph.showTargets = {};
     sample.set(ValueField::meanValue, 1, 0.25, 1);
@@ -122,7 +122,7 @@ TEST(PlottedData, LeavesOutADataSetThatMayNotBeShown) {
     EXPECT_EQ(headingOf(sample),
               table({"Reach|Distance (km)|Feature|BOD (Conc) mean, set 1|BOD (Conc) mean, set 1, limit 1|"
                      "BOD (Conc) mean, set 1, limit 2|BOD (Conc) observed mean, set 1"}));
-    sample.graph.plotType = 1;
+    sample.graph.plotType = PlotType::secondDataSet;
     EXPECT_EQ(headingOf(sample), table({"Reach|Distance (km)|Feature"}));
 }
 

@@ -189,8 +189,8 @@ TEST_F(PlottingLists, HandTitlesAndOptionsOver) {
     chooseRun(0);
     choices.title = "  A river ";
     choices.subTitle = " in summer  ";
-    choices.plotType = 2;
-    choices.levelOption = 5;
+    choices.plotType = PlotType::comparison;
+    choices.percentile = Statistic::p99;
     choices.plotMeans = false;
     choices.plotPercentiles = choices.plotConfidenceLimits = choices.plotInterpolatedPoints = true;
     choices.plotObservedValues = false;
@@ -198,7 +198,7 @@ TEST_F(PlottingLists, HandTitlesAndOptionsOver) {
     EXPECT_EQ(prepare(), std::nullopt);
     EXPECT_EQ(graph.graphTitle, "A river");
     EXPECT_EQ(graph.graphSubTitle, "in summer");
-    EXPECT_EQ(graph.plotType, 2);
+    EXPECT_EQ(graph.plotType, PlotType::comparison);
     EXPECT_EQ(graph.percentileRow, 2);
     EXPECT_FALSE(graph.plotMeans || graph.plotObservedValues);
     EXPECT_TRUE(graph.plotPercentiles && graph.plotConfidenceLimits && graph.plotInterpolatedPoints);

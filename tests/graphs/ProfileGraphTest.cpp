@@ -448,7 +448,7 @@ TEST_F(ProfileGraphTest, DrawGraphsDrawsTheSharedState) {
     DrawGraphs(primitives, false, {9600, 6780, 9600}, "03/04/2026");
     EXPECT_TRUE(hasText(drawing, "Shared"));
     EXPECT_TRUE(hasText(drawing, "Date: 03/04/2026"));
-    EXPECT_EQ(primitives.LabelCount, drawing.textCount());
+    EXPECT_EQ(primitives.LabelCount, static_cast<int>(textsOf(drawing).size()));
     GLOBAL = {};
 }
 

@@ -84,11 +84,11 @@ TEST_F(ResultsLoading, ShowsThatItWaitsWhileAFileIsRead) {
 
 TEST_F(ResultsLoading, LetsTheLevelOptionFollowTheFile) {
     chooseFile(0, "P90.SGR");
-    EXPECT_EQ(choices.levelOption, 3);
+    EXPECT_EQ(choices.percentile, Statistic::p90);
     chooseFile(0, "A.SGR");
-    EXPECT_EQ(choices.levelOption, 4);
+    EXPECT_EQ(choices.percentile, Statistic::p95);
     chooseFile(0, "P99.SGR");
-    EXPECT_EQ(choices.levelOption, 5);
+    EXPECT_EQ(choices.percentile, Statistic::p99);
 }
 
 TEST_F(ResultsLoading, RefusesASecondFileWithoutAFirst) {
@@ -116,12 +116,12 @@ TEST_F(ResultsLoading, LoadsASecondFileAndKeepsTheSelections) {
 TEST_F(ResultsLoading, AnotherFirstFileInvalidatesTheSecond) {
     chooseFile(0, "A.SGR");
     chooseFile(1, "B.SGR");
-    choosePlotType(choices, 2);
+    choosePlotType(choices, PlotType::comparison);
     chooseUpstreamReach(choices, 0, RESULTS);
     chooseFile(0, "A.SGR");
     EXPECT_EQ(choices.fileLabels[1], "");
     EXPECT_EQ(GLOBAL.fileNames[1], "");
-    EXPECT_EQ(choices.plotType, 0);
+    EXPECT_EQ(choices.plotType, PlotType::firstDataSet);
     EXPECT_EQ(choices.upstream, NothingChosen);
 }
 
@@ -141,13 +141,13 @@ TEST_F(ResultsLoading, AFailedFirstFileLeavesNothingToPlot) {
 
 TEST_F(ResultsLoading, AFailedSecondFileFallsBackToTheFirst) {
     chooseFile(0, "A.SGR");
-    choosePlotType(choices, 2);
+    choosePlotType(choices, PlotType::comparison);
     world.willChoose(world.pathOf("CUT.SGR"));
     world.willAnswer(Answer::ok);
     choose(1);
     EXPECT_EQ(choices.fileLabels[0], "A.SGR");
     EXPECT_EQ(choices.fileLabels[1], "");
-    EXPECT_EQ(choices.plotType, 0);
+    EXPECT_EQ(choices.plotType, PlotType::firstDataSet);
     EXPECT_TRUE(choices.plotEnabled);
 }
 
@@ -242,13 +242,13 @@ TEST_F(ResultsLoading, AnAutomaticLoadThatFailsStaysPending) {
 TEST_F(ResultsLoading, TakesOverTheFileThatAnotherFormHasRead) {
     chooseFile(0, "A.SGR");
     chooseFile(1, "A.SGR");
-    choices.plotType = 2;
+    choices.plotType = PlotType::comparison;
     chooseUpstreamReach(choices, 1, RESULTS);
     readInAnotherForm("B.SGR");
     activate();
     EXPECT_EQ(choices.fileLabels[0], "B.SGR");
     EXPECT_EQ(choices.fileLabels[1], "");
-    EXPECT_EQ(choices.plotType, 0);
+    EXPECT_EQ(choices.plotType, PlotType::firstDataSet);
     EXPECT_EQ(choices.title, "Second");
     EXPECT_EQ(choices.upstream, NothingChosen);
     EXPECT_TRUE(choices.plotEnabled);
@@ -268,14 +268,14 @@ TEST_F(ResultsLoading, HasNothingToPlotWhereAnotherFormsFileCouldNotBeRead) {
 TEST_F(ResultsLoading, KeepsItsSelectionsWhereAnotherFormReadTheSameFile) {
     chooseFile(0, "A.SGR");
     chooseFile(1, "A.SGR");
-    choices.plotType = 2;
+    choices.plotType = PlotType::comparison;
     choices.title = "My title";
     chooseUpstreamReach(choices, 1, RESULTS);
     readInAnotherForm("A.SGR");
     activate();
     EXPECT_EQ(choices.fileLabels[0], "A.SGR");
     EXPECT_EQ(choices.fileLabels[1], "");
-    EXPECT_EQ(choices.plotType, 0);
+    EXPECT_EQ(choices.plotType, PlotType::firstDataSet);
     EXPECT_EQ(choices.title, "My title");
     EXPECT_EQ(choices.upstream, 1);
     GLOBAL.loadFailed = true; // as a data file that was not chosen leaves it

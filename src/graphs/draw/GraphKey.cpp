@@ -9,9 +9,6 @@ namespace korvel {
 
 namespace {
 
-constexpr int secondSetOnly = 1;
-constexpr int comparison = 2;
-
 std::string percentileText(int row) {
     const std::string level(nameOf(percentileOfLevel(std::min(row, statistics::levels - 1))));
     // Kept so: the flows are called 95% wherever the quality's percentile is another.
@@ -20,7 +17,7 @@ std::string percentileText(int row) {
 
 // The one whose observed values are shown; all of it, where two are not compared.
 int mainSlot(const GraphHandOver& graph) {
-    return graph.plotType == secondSetOnly ? 1 : 0;
+    return graph.plotType == PlotType::secondDataSet ? 1 : 0;
 }
 
 std::vector<KeyEntry> comparedEntries(const std::string& text, const ShownSlots& shown) {
@@ -32,7 +29,8 @@ std::vector<KeyEntry> comparedEntries(const std::string& text, const ShownSlots&
 
 std::vector<KeyEntry> mainEntries(const GraphHandOver& graph, const ShownSlots& shown) {
     const std::string means = "Mean values", percentiles = percentileText(graph.percentileRow);
-    if (graph.plotType == comparison) return comparedEntries(graph.plotMeans ? means : percentiles, shown);
+    if (graph.plotType == PlotType::comparison)
+        return comparedEntries(graph.plotMeans ? means : percentiles, shown);
     std::vector<KeyEntry> entries;
     if (!shown[mainSlot(graph)]) return entries;
     if (graph.plotMeans) entries.push_back({means, looks::first});
@@ -66,7 +64,7 @@ struct KeyMeasures {
 
 std::vector<KeyEntry> keyEntries(const GraphHandOver& graph, Targets targets, const ShownSlots& shown) {
     const bool observed = shown[mainSlot(graph)];
-    const bool limits = observed || (graph.plotType == comparison && shown[1]);
+    const bool limits = observed || (graph.plotType == PlotType::comparison && shown[1]);
     std::vector<KeyEntry> entries = mainEntries(graph, shown);
     if (graph.plotConfidenceLimits && limits) entries.push_back({"Confidence limits", looks::limits});
     if (targets == Targets::shown) entries.push_back({"Quality targets", looks::targets});

@@ -10,8 +10,6 @@ namespace korvel {
 
 namespace {
 
-constexpr int comparison = 2;
-
 std::string featureOf(const ResultsDataSet& results, int point) {
     if (results.pointFeatureType[point] == InterpolatedPointType) return "interpolated point";
     const std::string side = trim(results.pointSide[point]), label = trim(results.pointLabel[point]);
@@ -128,7 +126,7 @@ std::vector<ReadoutLine> readoutLines(const GraphReadout& readout, std::size_t m
 
 std::string comparisonNote(const GraphHandOver& graph, const CheckedArray<std::string, 0, 1>& fileNames,
                            const ShownSlots& shown) {
-    if (graph.plotType != comparison) return "";
+    if (graph.plotType != PlotType::comparison) return "";
     std::string note;
     for (const int slot : {0, 1})
         note += "Set " + std::to_string(slot + 1) + ": " +

@@ -10,8 +10,6 @@ namespace korvel {
 
 namespace {
 
-constexpr int secondSetOnly = 1;
-constexpr int comparison = 2;
 constexpr int typeWithoutTargets = 4;
 
 enum class Shown { mean, percentile };
@@ -24,11 +22,11 @@ struct ShownSet {
 
 // The main series, in order.
 std::vector<ShownSet> shownSets(const GraphHandOver& graph) {
-    if (graph.plotType == comparison) {
+    if (graph.plotType == PlotType::comparison) {
         const Shown statistic = showsMeans(graph) ? Shown::mean : Shown::percentile;
         return {{0, statistic, looks::first}, {1, statistic, looks::second}};
     }
-    const int slot = graph.plotType == secondSetOnly ? 1 : 0;
+    const int slot = graph.plotType == PlotType::secondDataSet ? 1 : 0;
     std::vector<ShownSet> sets;
     if (showsMeans(graph)) sets.push_back({slot, Shown::mean, looks::first});
     if (showsPercentiles(graph)) sets.push_back({slot, Shown::percentile, looks::second});
@@ -41,7 +39,7 @@ class CurveCollector {
         : m_results(results),
           m_row(graph.percentileRow),
           m_series(series),
-          m_compares(graph.plotType == comparison) {}
+          m_compares(graph.plotType == PlotType::comparison) {}
 
     std::vector<PanelCurve> curves;
 
@@ -104,7 +102,7 @@ bool showsMeans(const GraphHandOver& graph) {
 }
 
 bool showsPercentiles(const GraphHandOver& graph) {
-    return graph.plotType == comparison ? !graph.plotMeans : graph.plotPercentiles;
+    return graph.plotType == PlotType::comparison ? !graph.plotMeans : graph.plotPercentiles;
 }
 
 bool showsTargets(const ResultsDataSet& results, const GraphHandOver& graph, int series) {
@@ -129,7 +127,7 @@ std::vector<PanelCurve> panelCurves(const ResultsDataSet& results, const GraphHa
     // A comparison shows the first set's observed values only: both runs are held against the same river.
     if (graph.plotObservedValues)
         for (const ShownSet& set : sets)
-            if (graph.plotType != comparison || set.slot == 0) collector.addObserved(set);
+            if (graph.plotType != PlotType::comparison || set.slot == 0) collector.addObserved(set);
     return std::move(collector.curves);
 }
 

@@ -28,7 +28,7 @@ void clearMode2(GraphChoices& choices) {
 }
 
 bool isComparing(const GraphChoices& choices) {
-    return choices.plotType == 2;
+    return choices.plotType == PlotType::comparison;
 }
 
 int wholeNumber(double value) {
@@ -106,9 +106,9 @@ void fillLists(GraphChoices& choices, ResultsDataSet& results) {
     }
 }
 
-void choosePlotType(GraphChoices& choices, int plotType) {
+void choosePlotType(GraphChoices& choices, PlotType plotType) {
     choices.plotType = plotType;
-    if (isComparing(choices) && choices.fileLabels[0].empty()) choices.plotType = 0;
+    if (isComparing(choices) && choices.fileLabels[0].empty()) choices.plotType = PlotType::firstDataSet;
     if (isComparing(choices) && choices.plotMeans) choices.plotPercentiles = false;
 }
 
@@ -122,9 +122,9 @@ void tickPercentiles(GraphChoices& choices, Tick tick) {
     if (isComparing(choices) && choices.plotPercentiles) choices.plotMeans = false;
 }
 
-void chooseLevelOption(GraphChoices& choices, int option, ResultsDataSet& results) {
-    results.percentileLevel = nameOf(percentileOfLevel(option - 3));
-    choices.levelOption = option;
+void choosePercentile(GraphChoices& choices, Statistic percentile, ResultsDataSet& results) {
+    results.percentileLevel = nameOf(percentile);
+    choices.percentile = percentile;
 }
 
 std::optional<Message> leaveLevelBox(const std::string& text, ResultsDataSet& results) {

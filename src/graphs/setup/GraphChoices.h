@@ -2,8 +2,10 @@
 // the user clicks. The form refreshes from it after each of them.
 #pragma once
 
+#include "global/GraphHandOver.h"
 #include "graphs/setup/ReachLists.h"
 #include "platform/Message.h"
+#include "results/Statistics.h"
 
 #include <array>
 #include <optional>
@@ -50,8 +52,8 @@ struct GraphChoices {
     bool offersInterpolatedPoints = true; // the box can be ticked
     bool plotInterpolatedPoints = false;
     int followedLoads = 0; // by number, see ResultsHandOver::loads
-    int plotType = 0;      // 0 first data set, 1 second, 2 both compared
-    int levelOption = 4;   // 3, 4, 5 for the 90, 95 and 99 percentile
+    PlotType plotType = PlotType::firstDataSet;
+    Statistic percentile = Statistic::p95;
     int displayLevel = 0;
     std::string title;
     std::string subTitle;
@@ -78,13 +80,12 @@ void chooseUpstreamReach(GraphChoices& choices, int index, const ResultsDataSet&
 
 // Comparing needs the first file's label (kept so: not the second's), and shows means or percentiles, not
 // both.
-void choosePlotType(GraphChoices& choices, int plotType);
+void choosePlotType(GraphChoices& choices, PlotType plotType);
 enum class Tick { off, on };
 void tickMeans(GraphChoices& choices, Tick tick);
 void tickPercentiles(GraphChoices& choices, Tick tick);
 
-// Option 3, 4 or 5.
-void chooseLevelOption(GraphChoices& choices, int option, ResultsDataSet& results);
+void choosePercentile(GraphChoices& choices, Statistic percentile, ResultsDataSet& results);
 
 // The level box is left: whatever was typed becomes the typed level. The message keeps the focus in the box.
 std::optional<Message> leaveLevelBox(const std::string& text, ResultsDataSet& results);

@@ -48,7 +48,7 @@ void handOverChoices(const GraphChoices& choices, GraphHandOver& graph) {
     graph.graphTitle = trim(choices.title);
     graph.graphSubTitle = trim(choices.subTitle);
     graph.plotType = choices.plotType;
-    graph.percentileRow = choices.levelOption - 3;
+    graph.percentileRow = factsOf(choices.percentile).level;
     graph.plotMeans = choices.plotMeans;
     graph.plotPercentiles = choices.plotPercentiles;
     graph.plotConfidenceLimits = choices.plotConfidenceLimits;

@@ -17,15 +17,14 @@ std::string& labelOf(GraphChoices& choices, int slot) {
     return choices.fileLabels.at(static_cast<std::size_t>(slot));
 }
 
-int levelOptionOf(const std::string& percentileLevel, int otherwise) {
-    const auto percentile = statisticNamed(percentileLevel);
-    return percentile ? 3 + factsOf(*percentile).level : otherwise;
+void followLevel(GraphChoices& choices, const ResultsDataSet& results) {
+    choices.percentile = statisticNamed(results.percentileLevel).value_or(choices.percentile);
 }
 
 void takeFirstDataSet(GraphChoices& choices, ResultsDataSet& results) {
     choices.firstDataSetLoaded = true;
     choices.title = trim(results.resultsTitle);
-    choices.levelOption = levelOptionOf(results.percentileLevel, choices.levelOption);
+    followLevel(choices, results);
 }
 
 void rememberLoad(GraphChoices& choices) {
@@ -67,8 +66,8 @@ void takeLoadOfAnotherForm(GraphChoices& choices) {
     GLOBAL.fileNames[1].clear();
     if (GLOBAL.firstSlotLoaded && choices.firstFile == GLOBAL.fileNames[0]) {
         choices.fileLabels[1].clear();
-        choices.plotType = 0;
-        choices.levelOption = levelOptionOf(RESULTS.percentileLevel, choices.levelOption);
+        choices.plotType = PlotType::firstDataSet;
+        followLevel(choices, RESULTS);
         fillLists(choices, RESULTS);
     } else {
         beginLoad(choices, 0, GLOBAL.fileNames[0]);
@@ -105,7 +104,7 @@ void beginLoad(GraphChoices& choices, int slot, const std::string& fileName) {
     if (slot != 0) return;
     choices.fileLabels[1].clear();
     choices.firstDataSetLoaded = false;
-    choices.plotType = 0;
+    choices.plotType = PlotType::firstDataSet;
     clearSelections(choices);
 }
 
@@ -116,7 +115,7 @@ void endLoad(GraphChoices& choices, int slot, LoadOutcome end, ResultsDataSet& r
         fillLists(choices, results);
     } else if (slot == 1) {
         choices.fileLabels[1].clear();
-        choices.plotType = 0;
+        choices.plotType = PlotType::firstDataSet;
     }
     choices.plotEnabled = choices.firstDataSetLoaded;
 }

@@ -24,13 +24,16 @@ std::vector<std::string> textsOf(const std::vector<ListedReach>& reaches) {
     return texts;
 }
 
+// The option buttons of one array: the plot types in their order, then the percentiles.
+constexpr int firstPercentileOption = 3;
+
 } // namespace
 
 frmGraphData::frmGraphData(Platform& doors, frmSimgraph& graph)
     : Form(doors, "frmGraphData", "Korvel Graphical Results"), CDFilename(resultsDialog()), m_graph(graph) {
-    for (int option = 0; option < 3; ++option)
+    for (int option = 0; option < firstPercentileOption; ++option)
         m_plotTypeGroup.addButton(&optPlotType[option], option);
-    for (int option = 3; option < 6; ++option)
+    for (int option = firstPercentileOption; option < firstPercentileOption + statistics::levels; ++option)
         m_levelGroup.addButton(&optPlotType[option], option);
     for (QLabel* name : {&lblFileName_0, &lblFileName_1})
         name->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -101,9 +104,10 @@ void frmGraphData::connectOptions() {
     on(Check[4], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotObservedValues = on; }));
     on(Check[5], &QCheckBox::toggled, changing([this](bool on) { m_choices.plotInterpolatedPoints = on; }));
     on(m_plotTypeGroup, &QButtonGroup::idClicked,
-       changing([this](int type) { choosePlotType(m_choices, type); }));
-    on(m_levelGroup, &QButtonGroup::idClicked,
-       changing([this](int option) { chooseLevelOption(m_choices, option, RESULTS); }));
+       changing([this](int option) { choosePlotType(m_choices, static_cast<PlotType>(option)); }));
+    on(m_levelGroup, &QButtonGroup::idClicked, changing([this](int option) {
+           choosePercentile(m_choices, percentileOfLevel(option - firstPercentileOption), RESULTS);
+       }));
     on(lstFeatures, &QListWidget::itemSelectionChanged,
        [this] { m_choices.selectedFeatures = selectionOf(lstFeatures); });
     onLeave(txtTitle[0], [this] {
@@ -263,8 +267,8 @@ void frmGraphData::refreshOptions() {
         box->setChecked(ticks[static_cast<std::size_t>(index)]);
     }
     Check[5].setEnabled(m_choices.offersInterpolatedPoints);
-    optPlotType[m_choices.plotType].setChecked(true);
-    optPlotType[m_choices.levelOption].setChecked(true);
+    optPlotType[static_cast<int>(m_choices.plotType)].setChecked(true);
+    optPlotType[firstPercentileOption + factsOf(m_choices.percentile).level].setChecked(true);
     // The Tab key stops at the chosen one of each group.
     for (const auto& [index, option] : optPlotType)
         option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
