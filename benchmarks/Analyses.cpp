@@ -36,7 +36,7 @@ std::vector<int> observedSeries() {
     return series;
 }
 
-// As a command writes it, to nowhere.
+// As a command writes it, to nothing.
 void give(Table table) {
     OutputBytes bytes([](std::string_view) {});
     writeJson(table, bytes);

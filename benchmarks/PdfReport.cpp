@@ -67,7 +67,7 @@ void writeOneByOne(const std::vector<Drawing>& drawings, const std::string& path
     writer.setResolution(300);
     writer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()});
     QPainter painter(&writer);
-    painter.setFont(qtFont({}));
+    painter.setFont(QFont(QString::fromStdString(Font().name), 8));
     painter.setPen(QPen(Qt::black, 2));
     for (std::size_t k = 0; k < drawings.size(); ++k) {
         if (k > 0) writer.newPage();

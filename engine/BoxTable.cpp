@@ -12,10 +12,10 @@ namespace korvel::engine {
 namespace {
 
 // Code page 437.
-constexpr char across = '\xC4', upright = '\xB3';
+constexpr char horizontal = '\xC4', vertical = '\xB3';
 constexpr char topLeft = '\xDA', topRight = '\xBF', bottomLeft = '\xC0', bottomRight = '\xD9';
 constexpr char teeDown = '\xC2', teeUp = '\xC1', teeRight = '\xC3', teeLeft = '\xB4';
-constexpr char doubleAcross = '\xCD', doubleTopLeft = '\xC9', doubleTopRight = '\xBB';
+constexpr char doubleHorizontal = '\xCD', doubleTopLeft = '\xC9', doubleTopRight = '\xBB';
 constexpr char doubleBottomLeft = '\xC8', doubleBottomRight = '\xBC', doubleTeeRight = '\xC7',
                doubleTeeLeft = '\xB6';
 
@@ -25,18 +25,18 @@ using Widths = std::vector<std::size_t>;
 std::string rule(const Widths& widths, char first, char joint, char last) {
     std::string line(1, first);
     for (std::size_t i = 0; i < widths.size(); ++i) {
-        line.append(widths[i] + 2, across);
+        line.append(widths[i] + 2, horizontal);
         line += i + 1 < widths.size() ? joint : last;
     }
     return line;
 }
 
 std::string cellLine(const Widths& widths, const std::vector<std::string>& cells) {
-    std::string line(1, upright);
+    std::string line(1, vertical);
     for (std::size_t i = 0; i < widths.size(); ++i) {
         const std::string cell = i < cells.size() ? cells[i] : "";
         line += ' ' + (i == 0 ? padded(cell, widths[i]) : rightAligned(cell, widths[i])) + ' ';
-        line += upright;
+        line += vertical;
     }
     return line;
 }
@@ -65,13 +65,13 @@ std::vector<std::size_t> BoxTable::widths() const {
 void BoxTable::print(LineOutput& output) const {
     const Widths columns = widths();
     const Widths whole{std::accumulate(columns.begin(), columns.end(), 3 * (columns.size() - 1))};
-    output.line(rule(columns, topLeft, across, topRight));
+    output.line(rule(columns, topLeft, horizontal, topRight));
     output.line(cellLine(whole, {m_title}));
     output.line(rule(columns, teeRight, teeDown, teeLeft));
     output.line(cellLine(columns, m_rows.front()));
     // No table of this kind has a crossing of two lines among its characters, so that this rule runs straight
     // through.
-    output.line(rule(columns, teeRight, across, teeLeft));
+    output.line(rule(columns, teeRight, horizontal, teeLeft));
     for (std::size_t i = 1; i < m_rows.size(); ++i)
         output.line(cellLine(columns, m_rows[i]));
     output.line(rule(columns, bottomLeft, teeUp, bottomRight));
@@ -79,8 +79,8 @@ void BoxTable::print(LineOutput& output) const {
 }
 
 void printBand(LineOutput& output, std::string_view text) {
-    const std::string edge(text.size() + 4, doubleAcross);
-    const std::string mark(1, across);
+    const std::string edge(text.size() + 4, doubleHorizontal);
+    const std::string mark(1, horizontal);
     output.line(doubleTopLeft + edge + doubleTopRight);
     output.line(doubleTeeRight + mark + ' ' + std::string(text) + ' ' + mark + doubleTeeLeft);
     output.line(doubleBottomLeft + edge + doubleBottomRight);

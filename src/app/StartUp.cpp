@@ -50,10 +50,6 @@ Place scaledLogoShape(const Place& shape, const ScreenFactors& factors) {
     return {shape.left * factors.x, shape.top * factors.y, shape.width * factors.x, shape.height * factors.y};
 }
 
-double topFromBottom(double top, double heightBefore, double heightNow) {
-    return top + (heightNow - heightBefore);
-}
-
 void SetStartValues(Platform& platform) {
     const ScreenFactors factors = screenFactors(platform.machine.workArea());
     GLOBAL.ScaleX = factors.x;

@@ -32,9 +32,6 @@ struct TitleLabel {
 TitleLabel scaledTitleLabel(const TitleLabel& label, const ScreenFactors& factors);
 Place scaledLogoShape(const Place& shape, const ScreenFactors& factors);
 
-// The top of something that keeps its distance from the form's bottom when the form's height changes.
-double topFromBottom(double top, double heightBefore, double heightNow);
-
 // Scale factors, flags and folder at start, then the settings file.
 void SetStartValues(Platform& platform);
 

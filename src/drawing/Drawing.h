@@ -86,7 +86,6 @@ struct Drawing {
     std::vector<DrawnCommand> commands;
 
     void clear() { commands.clear(); }
-    int textCount() const;
     bool operator==(const Drawing&) const = default;
 };
 

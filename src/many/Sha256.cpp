@@ -99,12 +99,6 @@ std::string Sha256::hex() {
     return digits;
 }
 
-std::string sha256Of(std::string_view bytes) {
-    Sha256 sum;
-    sum.add(bytes);
-    return sum.hex();
-}
-
 std::string sha256OfFile(const std::string& path) {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.isOpen()) throw runTimeErrorOfErrno(errno);

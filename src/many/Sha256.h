@@ -26,8 +26,6 @@ class Sha256 {
     std::uint64_t m_size = 0;
 };
 
-std::string sha256Of(std::string_view bytes);
-
 // Of a file by its host path. Fails with RunTimeError.
 std::string sha256OfFile(const std::string& path);
 

@@ -60,11 +60,6 @@ TEST(StartUp, StretchesTheLogoShapes) {
     EXPECT_EQ(scaledLogoShape({100, 200, 300, 400}, {1.5, 2}), (Place{150, 400, 450, 800}));
 }
 
-TEST(StartUp, KeepsTheCreditsAtTheBottom) {
-    EXPECT_EQ(topFromBottom(6000, 6780, 7780), 7000);
-    EXPECT_EQ(topFromBottom(6000, 6780, 6000), 5220);
-}
-
 TEST(StartUp, BeginsWithTheWarningAboutEditingAndWithoutProgress) {
     const MainFormState state;
     EXPECT_EQ(state.title, "");

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int width = 320;
 constexpr int height = 200;
-constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
 using Points = std::vector<DrawnPoint>;
@@ -107,7 +107,7 @@ TEST(RunThinning, DrawsTheSamePictureOfRandomRuns) {
 }
 
 // Where points scatter little around a slope, joining lines lie just inside or just outside of their
-// neighbours' boxes. They begin off the left edge, since Qt gives upright lines of odd widths another corner
+// neighbours' boxes. They begin off the left edge, since Qt gives vertical lines of odd widths another corner
 // near it.
 TEST(RunThinning, DrawsTheSamePictureOfScatterAroundASlope) {
     RandomPoints random(6);
@@ -139,9 +139,9 @@ TEST(RunThinning, DrawsTheSamePictureOfNastyRuns) {
         {"level column", {{0, 900}, {1500, 900}, {1502, 900}, {1504, 900}, {3000, 1200}}},
         {"back and forth", {{0, 0}, {3000, 2000}, {0, 2000}, {3000, 0}, {0, 0}}},
         {"spikes", {{0, 1500}, {15, 0}, {16, 2999}, {30, 1500}, {45, 0}, {46, 1500}, {60, 1500}}},
-        {"nowhere in between", {{0, 0}, {nowhere, 300}, {1500, nowhere}, {3000, 1500}}},
-        {"nowhere first and last", {{nowhere, 0}, {0, 0}, {3000, 1500}, {0, nowhere}}},
-        {"only nowhere", {{nowhere, nowhere}, {nowhere, 0}}},
+        {"no number in between", {{0, 0}, {notANumber, 300}, {1500, notANumber}, {3000, 1500}}},
+        {"no number first and last", {{notANumber, 0}, {0, 0}, {3000, 1500}, {0, notANumber}}},
+        {"no number at all", {{notANumber, notANumber}, {notANumber, 0}}},
         {"without end", {{0, 1500}, {1500, infinite}, {1510, -infinite}, {3000, 1500}}},
         {"left of the picture",
          {{-9000, 0}, {-8999, 3000}, {-500, 100}, {-45, 200}, {-30, 2900}, {-10, 400}}},
@@ -175,7 +175,7 @@ TEST(PixelGrid, TakesTheNearestPixel) {
     EXPECT_EQ(grid.x(5.1), 11);
     EXPECT_EQ(grid.x(-106), -1);
     EXPECT_EQ(grid.y(54), 0);
-    EXPECT_FALSE(grid.point({nowhere, 0}));
+    EXPECT_FALSE(grid.point({notANumber, 0}));
     EXPECT_EQ(grid.x(1e300), 1000000);
     EXPECT_EQ(grid.x(-infinite), -1000000);
 }

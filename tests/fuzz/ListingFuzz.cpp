@@ -18,7 +18,7 @@ constexpr double lowestLine = 10.4;
 // A page taken apart into its cells. A stroke is half a cell long and told by its halves.
 struct Cells {
     struct Stroke {
-        bool upright;
+        bool vertical;
         int row, column; // in half cells along its direction
         int pen;
         auto operator<=>(const Stroke&) const = default;
@@ -58,7 +58,7 @@ class PageReader {
         const int pen = static_cast<int>(line.pen.width);
         const int left = places(line.from.x, m_cell.width / 2), right = places(line.to.x, m_cell.width / 2);
         const int top = places(line.from.y, m_cell.height / 2), bottom = places(line.to.y, m_cell.height / 2);
-        require((left == right) != (top == bottom), "a line runs across or upright");
+        require((left == right) != (top == bottom), "a line is horizontal or vertical");
         for (int half = left; half < right; ++half)
             m_cells.strokes.insert({false, top, half, pen});
         for (int half = top; half < bottom; ++half)

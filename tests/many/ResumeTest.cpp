@@ -1,6 +1,6 @@
 #include "many/Resume.h"
 
-#include "many/Sha256.h"
+#include "many/Sums.h"
 #include "platform/TemporaryFolder.h"
 
 #include <functional>

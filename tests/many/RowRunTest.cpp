@@ -4,7 +4,7 @@
 #include "fakes/ResultsFileBuilder.h"
 #include "many/FakeEngineRun.h"
 #include "many/Rules.h"
-#include "many/Sha256.h"
+#include "many/Sums.h"
 #include "platform/TemporaryFolder.h"
 
 #include <algorithm>

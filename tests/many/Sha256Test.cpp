@@ -1,6 +1,7 @@
 #include "many/Sha256.h"
 
 #include "basic/RunTimeError.h"
+#include "many/Sums.h"
 #include "platform/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -10,7 +10,7 @@ import coverage  # noqa: E402
 KINDS = {
     "src/basic/Text.cpp": "cores",
     "src/graphs/draw/Panel.h": "cores",
-    "src/drawing/Drawing.cpp": "cores",
+    "src/drawing/Axis.cpp": "cores",
     "engine/DataRow.cpp": "cores",
     "src/help/frmHelp.cpp": "forms",
     "src/toolkit/paper/PdfJob.cpp": "forms",

@@ -7,7 +7,7 @@ namespace korvel {
 
 namespace {
 
-// A stretch of an upright or a level line: `at` across it, from `begin` to `end` along it.
+// A stretch of a vertical or a horizontal line: `at` across it, from `begin` to `end` along it.
 struct Stretch {
     int at = 0;
     int begin = 0;
@@ -32,18 +32,18 @@ std::vector<Stretch> joined(std::vector<Stretch> stretches) {
 
 std::vector<QLine> mergedLines(const std::vector<QLine>& lines) {
     std::vector<QLine> merged;
-    std::vector<Stretch> upright, level;
+    std::vector<Stretch> vertical, horizontal;
     for (const QLine& line : lines) {
         if (line.dx() == 0)
-            upright.push_back({line.x1(), std::min(line.y1(), line.y2()), std::max(line.y1(), line.y2())});
+            vertical.push_back({line.x1(), std::min(line.y1(), line.y2()), std::max(line.y1(), line.y2())});
         else if (line.dy() == 0)
-            level.push_back({line.y1(), std::min(line.x1(), line.x2()), std::max(line.x1(), line.x2())});
+            horizontal.push_back({line.y1(), std::min(line.x1(), line.x2()), std::max(line.x1(), line.x2())});
         else
             merged.push_back(line);
     }
-    for (const Stretch& stretch : joined(std::move(upright)))
+    for (const Stretch& stretch : joined(std::move(vertical)))
         merged.emplace_back(stretch.at, stretch.begin, stretch.at, stretch.end);
-    for (const Stretch& stretch : joined(std::move(level)))
+    for (const Stretch& stretch : joined(std::move(horizontal)))
         merged.emplace_back(stretch.begin, stretch.at, stretch.end, stretch.at);
     return merged;
 }

@@ -7,8 +7,8 @@
 
 namespace korvel {
 
-// The upright and the level lines that touch or overlap on one another's way become one; slanting ones stay.
-// Drawn with one solid pen, the picture is the same.
+// The vertical and the horizontal lines that touch or overlap on one another's way become one; slanting ones
+// stay. Drawn with one solid pen, the picture is the same.
 std::vector<QLine> mergedLines(const std::vector<QLine>& lines);
 
 } // namespace korvel

@@ -16,19 +16,19 @@ Pair pairOf(const DrawnPoint& point) {
 // Of a group of points, in units.
 struct Extent {
     Pair lowest, highest;
-    bool anyNowhere;
+    bool anyNaN;
 };
 
 Extent extentOf(std::span<const DrawnPoint, groupSize> points) {
     Pair lowest = pairOf(points[0]), highest = lowest;
-    auto nowhere = lowest != lowest;
+    auto isNaN = lowest != lowest;
     for (std::size_t k = 1; k < groupSize; ++k) {
         const Pair point = pairOf(points[k]);
         lowest = point < lowest ? point : lowest;
         highest = point > highest ? point : highest;
-        nowhere |= point != point;
+        isNaN |= point != point;
     }
-    return {lowest, highest, (nowhere[0] | nowhere[1]) != 0};
+    return {lowest, highest, (isNaN[0] | isNaN[1]) != 0};
 }
 
 class ColumnFinder {
@@ -43,7 +43,7 @@ class ColumnFinder {
         if (columns.empty()) return false;
         PixelColumn& column = columns.back();
         const Extent extent = extentOf(points);
-        if (extent.anyNowhere || m_grid.x(extent.lowest[0]) != column.x ||
+        if (extent.anyNaN || m_grid.x(extent.lowest[0]) != column.x ||
             m_grid.x(extent.highest[0]) != column.x)
             return false;
         column.add(m_grid.y(extent.lowest[1]));
@@ -81,13 +81,6 @@ std::vector<PixelColumn> pixelColumns(std::span<const DrawnPoint> points, const 
             points = points.subspan(1);
         }
     }
-    return std::move(finder.columns);
-}
-
-std::vector<PixelColumn> pixelColumnsPlainly(std::span<const DrawnPoint> points, const PixelGrid& grid) {
-    ColumnFinder finder(grid);
-    for (const DrawnPoint& point : points)
-        finder.add(point);
     return std::move(finder.columns);
 }
 

@@ -31,10 +31,7 @@ struct PixelColumn {
     bool operator==(const PixelColumn&) const = default;
 };
 
-// In the order of the points; those that are nowhere are left out.
+// In the order of the points; those that are NaN are left out.
 std::vector<PixelColumn> pixelColumns(std::span<const DrawnPoint> points, const PixelGrid& grid);
-
-// The same, point by point.
-std::vector<PixelColumn> pixelColumnsPlainly(std::span<const DrawnPoint> points, const PixelGrid& grid);
 
 } // namespace korvel

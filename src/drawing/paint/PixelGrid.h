@@ -19,14 +19,14 @@ struct PixelGrid {
 
     int x(double units) const { return nearest(left + units * scale); }
     int y(double units) const { return nearest(top + units * scale); }
-    // Nothing for a point that is nowhere (not a number).
+    // Nothing for a point that is NaN.
     std::optional<QPoint> point(DrawnPoint at) const {
-        if (isNowhere(at)) return std::nullopt;
+        if (isNaN(at)) return std::nullopt;
         return QPoint(x(at.x), y(at.y));
     }
 
     // NOLINTNEXTLINE(readability-implicit-bool-conversion): without a branch, for millions of points
-    static bool isNowhere(DrawnPoint at) { return (at.x != at.x) | (at.y != at.y); }
+    static bool isNaN(DrawnPoint at) { return (at.x != at.x) | (at.y != at.y); }
 
   private:
     static constexpr double farAway = 1e6; // pixels; what lies farther off is drawn from here

@@ -20,13 +20,6 @@ QFont evenFont(const Font& font) {
 
 } // namespace
 
-QFont qtFont(const Font& font) {
-    QFont qt(shown(font.name));
-    qt.setPointSizeF(font.size > 0 ? font.size : 1);
-    qt.setBold(font.bold);
-    return qt;
-}
-
 QFont drawnFont(const Font& font, double pixelsHigh, int dotsPerInch) {
     QFont qt = evenFont(font);
     qt.setPointSizeF(std::max(pixelsHigh, 0.1) * 72 / dotsPerInch);

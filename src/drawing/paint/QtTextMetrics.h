@@ -23,10 +23,7 @@ class QtTextMetrics : public TextMetrics {
     mutable std::map<std::pair<std::string, bool>, QFontMetricsF> m_references; // by name and bold
 };
 
-// A font of a size in points.
-QFont qtFont(const Font& font);
-
-// The same of a height in pixels, with shapes that grow evenly with the size.
+// Of a height in pixels, with shapes that grow evenly with the size.
 QFont drawnFont(const Font& font, double pixelsHigh, int dotsPerInch);
 
 } // namespace korvel

@@ -73,7 +73,7 @@ class PieceMaker {
             m_covered.add(column++, {line.y1() + stretch.top, line.y1() + stretch.bottom});
     }
 
-    // The pixels of an upright line with square ends.
+    // The pixels of a vertical line with square ends.
     void cover(int x, int top, int bottom) {
         const int before = m_width / 2, after = m_width - 1 - before;
         for (int column = x - before; column <= x + after; ++column)

@@ -1,4 +1,4 @@
-// Thins runs of joined points for a device: whatever falls into one column of pixels becomes one upright
+// Thins runs of joined points for a device: whatever falls into one column of pixels becomes one vertical
 // line, joined to the next by one line, and most of these are filled as boxes, column by column. The picture
 // stays the same to the last pixel, but for corners of lines of odd widths within a few pixels of the
 // device's left and top edges, which Qt paints otherwise there.

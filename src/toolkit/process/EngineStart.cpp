@@ -23,7 +23,7 @@ using Clock = std::chrono::steady_clock;
 using OnOutput = std::function<void(std::string_view)>;
 
 constexpr int signalBase = 128;
-constexpr const char* nowhere = "/dev/null";
+constexpr const char* nullDevice = "/dev/null";
 constexpr std::chrono::milliseconds longestDrain{1000};
 constexpr int betweenQuestions = 50; // milliseconds, where the system tells of no process's end
 
@@ -38,7 +38,7 @@ class Spawning {
         check(posix_spawn_file_actions_init(&m_actions));
         check(posix_spawnattr_init(&m_attributes));
         check(posix_spawn_file_actions_addchdir_np(&m_actions, folder.c_str()));
-        check(posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, nowhere, O_RDONLY, 0));
+        check(posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, nullDevice, O_RDONLY, 0));
     }
     ~Spawning() {
         posix_spawn_file_actions_destroy(&m_actions);
@@ -53,7 +53,7 @@ class Spawning {
     }
     void dropOutput() {
         for (const int output : {STDOUT_FILENO, STDERR_FILENO})
-            check(posix_spawn_file_actions_addopen(&m_actions, output, nowhere, O_WRONLY, 0));
+            check(posix_spawn_file_actions_addopen(&m_actions, output, nullDevice, O_WRONLY, 0));
     }
     // So that the end of a terminal doesn't end the engine.
     void startSession() { check(posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSID)); }
