@@ -1,6 +1,7 @@
 #include "study/RunNames.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace korvel {
 
@@ -14,20 +15,27 @@ std::string trailingPart(const std::string& path, int parts) {
     return start == std::string::npos ? path : path.substr(start + 1);
 }
 
-bool endsWithPart(const std::string& path, const std::string& part) {
-    return path == part || path.ends_with("\\" + part);
-}
+using Parts = std::unordered_map<std::string, std::string>; // by file
 
-std::string shortestOwnPart(const std::vector<std::string>& files, const std::string& file) {
-    const auto isOwn = [&](const std::string& part) {
-        return std::ranges::none_of(
-            files, [&](const std::string& other) { return other != file && endsWithPart(other, part); });
-    };
-    int parts = 1;
-    std::string part = trailingPart(file, parts);
-    while (part != file && !isOwn(part))
-        part = trailingPart(file, ++parts);
-    return part;
+// Of each file the shortest trailing part that no other one ends with. Those that share a part are told apart
+// by a longer one, so that thousands of files take little time.
+Parts shortestOwnParts(std::vector<std::string> files) {
+    Parts ownParts;
+    for (int parts = 1; !files.empty(); ++parts) {
+        std::unordered_map<std::string, std::vector<std::string>> byPart;
+        for (std::string& file : files)
+            byPart[trailingPart(file, parts)].push_back(std::move(file));
+        files.clear();
+        for (auto& [part, sharing] : byPart) {
+            for (std::string& file : sharing) {
+                if (sharing.size() == 1 || part == file)
+                    ownParts.emplace(file, part);
+                else
+                    files.push_back(std::move(file));
+            }
+        }
+    }
+    return ownParts;
 }
 
 std::string inHostForm(std::string part) {
@@ -38,12 +46,14 @@ std::string inHostForm(std::string part) {
 } // namespace
 
 std::vector<std::string> runNames(const std::vector<std::string>& files) {
-    std::vector<std::string> names;
-    for (auto file = files.begin(); file != files.end(); ++file) {
-        std::string name = inHostForm(shortestOwnPart(files, *file));
-        const auto times = std::count(files.begin(), file, *file) + 1;
-        if (times > 1) name += " (" + std::to_string(times) + ")";
-        names.push_back(std::move(name));
+    std::unordered_map<std::string, int> times;
+    std::vector<std::string> distinct, names;
+    for (const std::string& file : files)
+        if (times.try_emplace(file).second) distinct.push_back(file);
+    const Parts ownParts = shortestOwnParts(std::move(distinct));
+    for (const std::string& file : files) {
+        const int time = ++times[file];
+        names.push_back(inHostForm(ownParts.at(file)) + (time > 1 ? " (" + std::to_string(time) + ")" : ""));
     }
     return names;
 }

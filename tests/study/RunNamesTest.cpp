@@ -31,4 +31,17 @@ TEST(RunNames, CountTheSameFile) {
               (Names{"x/A.SGR", "y/A.SGR", "x/A.SGR (2)"}));
 }
 
+// A plan may stand for as many runs; file by file against all others took minutes.
+TEST(RunNames, TellManyFilesApartSoon) {
+    Names files, expected;
+    for (int k = 0; k < 100'000; ++k) {
+        const std::string folder = std::to_string(k);
+        files.push_back("Z:\\runs\\" + folder + "\\A.SGR");
+        expected.push_back(folder + "/A.SGR");
+    }
+    files.push_back(files.front());
+    expected.push_back("0/A.SGR (2)");
+    EXPECT_EQ(runNames(files), expected);
+}
+
 } // namespace korvel
