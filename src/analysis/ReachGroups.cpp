@@ -15,7 +15,7 @@ std::vector<ReachGroup> groupsByRiver(const RunFile& run, const Network& network
                                       const ReachChoice& reaches) {
     std::vector<ReachGroup> groups;
     for (const River& river : network.rivers) {
-        groups.push_back({0, river.name, {}});
+        groups.push_back({0, river.name, {}, true});
         for (const int place : river.reaches)
             if (reaches.holds(run.reaches.number(place))) groups.back().places.push_back(place);
     }

@@ -13,6 +13,7 @@ struct ReachGroup {
     int reach = 0;           // number, of a single reach
     std::string river;       // name, of a river
     std::vector<int> places; // in the run's ReachPoints, from the head down
+    bool isRiver = false;
 };
 
 std::vector<ReachGroup> groupsByReach(const RunFile& run, const ReachChoice& reaches);

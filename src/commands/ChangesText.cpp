@@ -1,5 +1,6 @@
 #include "commands/ChangesText.h"
 
+#include "commands/StatisticWords.h"
 #include "tables/PeopleNumbers.h"
 
 #include <algorithm>
@@ -22,14 +23,17 @@ bool hasChanged(const ChangeRow& row) {
 }
 
 std::string groupName(const ChangeRow& row, const StudyRun& base) {
-    if (row.group.reach == 0) return row.group.river;
+    if (row.group.isRiver) return row.group.river;
     return std::to_string(row.group.reach) + " " + base.file->reachName(row.group.reach);
 }
 
-std::string largestText(const std::optional<LargestChange>& largest, const ResultsDataSet& base) {
+// Of a river, which has kilometres of several reaches, with its reach.
+std::string largestText(const std::optional<LargestChange>& largest, const ChangeRow& row,
+                        const ResultsDataSet& base) {
     if (!largest) return "-";
     const std::string& label = base.pointLabel[largest->point];
     return (largest->value > 0 ? "+" : "") + shownNumber(largest->value) + " at " +
+           (row.group.isRiver ? "reach " + std::to_string(base.pointReach[largest->point]) + ", " : "") +
            shownKm(base.pointDistance[largest->point]) + (label.empty() ? "" : ", " + label);
 }
 
@@ -86,9 +90,7 @@ void describeChanges(TextPage& page, const StudyRun& base, const ChangeRequest& 
     page.line(
         "Means are weighted with length. A change is clear where the confidence limits of both runs are "
         "apart; unclear does not mean unchanged.");
-    if (!mean && holdsFlow(request))
-        page.line("Percentiles of flow are the file's as they stand, commonly low flows exceeded for most of "
-                  "the time.");
+    if (!mean && holdsFlow(request)) page.line(flowPercentiles);
 }
 
 void describeMatching(TextPage& page, const ComparedRun& run, const ReachChoice& reaches) {
@@ -117,7 +119,7 @@ void showChangeRows(TextPage& page, const ComparedRun& run, const std::vector<Ch
         table.row({groupName(*row, run.base), base.seriesNames[row->series], shownNumber(summary.baseMean),
                    shownNumber(summary.runMean), withSign(summary.change, shownNumber(summary.change)),
                    withSign(summary.percent, shownPercent(summary.percent)),
-                   largestText(summary.largestRise, base), largestText(summary.largestFall, base),
+                   largestText(summary.largestRise, *row, base), largestText(summary.largestFall, *row, base),
                    clearText(summary), std::to_string(summary.points)});
     }
     if (!changed.empty()) page.table(table);

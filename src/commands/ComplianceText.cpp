@@ -1,6 +1,7 @@
 #include "commands/ComplianceText.h"
 
 #include "basic/Numbers.h"
+#include "commands/StatisticWords.h"
 #include "tables/PeopleNumbers.h"
 #include "tables/TextRows.h"
 
@@ -101,12 +102,14 @@ std::string sentence(const Tally& tally, const std::string& name, const StudyRun
 
 void describeJudging(TextPage& page, const StudyRun& run, const ComplianceRequest& request) {
     page.heading("Compliance of " + run.name + " with its targets");
+    bool anyLowPercentile = false;
     for (const JudgedDeterminand& each : judgedBy(run, request)) {
-        const bool mean = each.statistic == Statistic::mean;
+        const bool low = each.side == BadSide::low;
         page.line("  " + determinandName(run.results(), each.number) + ": the " +
-                  (mean ? "mean" : std::string(nameOf(each.statistic)) + " percentile") + ", bad when " +
-                  (each.side == BadSide::high ? "high" : "low"));
+                  shownStatistic(each.statistic) + ", bad when " + (low ? "low" : "high"));
+        anyLowPercentile = anyLowPercentile || (low && each.statistic != Statistic::mean);
     }
+    if (anyLowPercentile) page.line(lowPercentiles);
     page.space();
 }
 

@@ -56,7 +56,7 @@ Taken takenOf(const CommandLine& line, const Call& call) {
 
 void showText(TextPage& page, const Call& call) {
     for (const StudyRun& run : call.study.runs()) {
-        describeFit(page, run);
+        describeFit(page, run, call.request);
         const auto whole = fitRows(run, {wholeGroup(*run.file, call.request.reaches)}, call.request);
         if (!whole.empty()) page.table(textTable(tableOf(call, run)));
         concludeFit(page, run, whole);

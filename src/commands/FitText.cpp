@@ -1,16 +1,14 @@
 #include "commands/FitText.h"
 
+#include "commands/StatisticWords.h"
 #include "tables/PeopleNumbers.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace korvel {
 
 namespace {
-
-std::string shownStatistic(Statistic statistic) {
-    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
-}
 
 std::string sentence(const FitRow& row, const StudyRun& run) {
     const FitFigures& fit = row.figures;
@@ -27,9 +25,15 @@ std::string sentence(const FitRow& row, const StudyRun& run) {
     return text + ".";
 }
 
+bool holdsFlowPercentile(const FitRequest& request) {
+    const auto isPercentile = [](Statistic statistic) { return statistic != Statistic::mean; };
+    return std::ranges::any_of(request.series, isFlow) &&
+           std::ranges::any_of(request.statistics, isPercentile);
+}
+
 } // namespace
 
-void describeFit(TextPage& page, const StudyRun& run) {
+void describeFit(TextPage& page, const StudyRun& run, const FitRequest& request) {
     page.heading("Fit of " + run.name + " to what was observed");
     page.line(
         "Computed across places, not over time: published ratings of time series do not apply. Stations "
@@ -37,6 +41,7 @@ void describeFit(TextPage& page, const StudyRun& run) {
     page.line(
         "was calibrated to are no independent test of it. Errors are value less observed; pbias above 0: "
         "the model is high.");
+    if (holdsFlowPercentile(request)) page.line(flowPercentiles);
     page.space();
 }
 

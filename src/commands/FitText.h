@@ -6,7 +6,7 @@
 
 namespace korvel {
 
-void describeFit(TextPage& page, const StudyRun& run);
+void describeFit(TextPage& page, const StudyRun& run, const FitRequest& request);
 // Of rows over the whole file: a sentence each.
 void concludeFit(TextPage& page, const StudyRun& run, const std::vector<FitRow>& whole);
 

@@ -71,15 +71,22 @@ Taken takenOf(const Call& call) {
     return told;
 }
 
+// Of the flow, what is a load elsewhere is a flow.
+TextTable textOf(Table table, const Call& call) {
+    for (Column& column : table.columns)
+        if (call.series == 0 && column.name == "load") column.name = "flow";
+    return textTable(table);
+}
+
 void showText(TextPage& page, const Call& call) {
     for (std::size_t k = 0; k < call.sources.size(); ++k) {
         const LoadSources& sources = call.sources[k];
         describeSources(page, call.study.runs()[k], sources, call.what);
-        if (!sources.contributions.empty()) page.table(textTable(mainTable(call, sources)));
+        if (!sources.contributions.empty()) page.table(textOf(mainTable(call, sources), call));
         if (!sources.losses.empty()) {
             page.space();
             page.line("Lost on the way:");
-            page.table(textTable(lossesTable(sources)));
+            page.table(textOf(lossesTable(sources), call));
         }
         concludeSources(page, sources, call.what);
     }

@@ -3,6 +3,7 @@
 #include "basic/ModelName.h"
 #include "basic/RunTimeError.h"
 #include "commands/ProgressLine.h"
+#include "commands/TerminalText.h"
 #include "many/FinishedRuns.h"
 #include "toolkit/process/StopSignals.h"
 
@@ -98,6 +99,13 @@ void writeOrStop(CommandCall& call, const OutputChoice& choice, const TableConte
     }
 }
 
+void writeTo(std::ostream& out, const std::function<void(OutputBytes&)>& write) {
+    OutputBytes bytes(
+        [&](std::string_view text) { out.write(text.data(), static_cast<std::streamsize>(text.size())); });
+    write(bytes);
+    bytes.flush();
+}
+
 } // namespace
 
 bool namesPlan(const CommandLine& line) {
@@ -176,7 +184,8 @@ std::vector<std::string> namesOf(const Study& study) {
 void deliver(CommandCall& call, const OutputChoice& choice, const TableContent& content) {
     if (needsFile(*choice.format)) return writeOrStop(call, choice, content);
     if (!choice.file.empty()) return writeToFile(call, choice, content, {});
-    writeOut(call, [&](OutputBytes& out) { choice.format->write(content, {lookOf(call), {}}, out); });
+    const auto write = [&](OutputBytes& out) { choice.format->write(content, {lookOf(call), {}}, out); };
+    choice.format->kind == TableFormatKind::forPeople ? writeTo(call.out, write) : writeOut(call, write);
 }
 
 void showText(CommandCall& call, const std::function<void(TextPage&)>& text) {
@@ -185,12 +194,12 @@ void showText(CommandCall& call, const std::function<void(TextPage&)>& text) {
     call.out << page.text();
 }
 
+// Rows for programs hold no colours of ours: on a terminal none of their control characters passes.
 void writeOut(CommandCall& call, const std::function<void(OutputBytes&)>& write) {
-    OutputBytes bytes([&](std::string_view text) {
-        call.out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    });
-    write(bytes);
-    bytes.flush();
+    if (!call.console.outIsTerminal) return writeTo(call.out, write);
+    TerminalText shown(*call.out.rdbuf());
+    std::ostream terminal(&shown);
+    writeTo(terminal, write);
 }
 
 std::string chosenWord(const CommandLine& line, const std::string& option,

@@ -514,4 +514,66 @@ TEST_F(StudyCommands, BirchBeckWorkedThroughByHand) {
     expectHolds("\"verdict\":\"fail\",\"confident_verdict\":\"fail\"");
 }
 
+TEST_F(StudyCommands, ShowControlCharactersOfRowsOnATerminalAndLeaveThemInPipes) {
+    const std::string strange =
+        put("c.sgr",
+            ResultsFileBuilder().determinand(1, "BOD", 1).reach(1, "Mill", 4).point(1, 0, "A\033[31mB", 1));
+    const std::vector<std::string> call = {"table", strange, "--series", "0", "--statistics", "mean"};
+    EXPECT_EQ(run(call), 0);
+    expectHolds(",A\033[31mB,");
+    EXPECT_EQ(run(call, {.outIsTerminal = true, .coloursAreShown = true}), 0);
+    expectHolds(",A^[[31mB,");
+    EXPECT_EQ(out.find('\033'), std::string::npos);
+    EXPECT_EQ(run({"compliance", a}, {.outIsTerminal = true, .coloursAreShown = true}), 0);
+    expectHolds("\033[");
+}
+
+TEST_F(StudyCommands, TellTheReachOfARiversLargestChange) {
+    EXPECT_EQ(run({"changes", a, b, "--by", "river", "--series", "1"}), 0);
+    expectHolds("-3.000 at reach 1, 4 km, Mill");
+    EXPECT_EQ(run({"changes", a, b, "--series", "1"}), 0);
+    expectHolds("-3.000 at 4 km, Mill");
+}
+
+TEST_F(StudyCommands, NameReach0AsAReach) {
+    const auto file = [](double bod) {
+        return ResultsFileBuilder()
+            .determinand(1, "BOD", 1)
+            .reach(0, "Zero", 4)
+            .point(0, 0, "P")
+            .set(meanValue, 1, bod);
+    };
+    EXPECT_EQ(run({"changes", put("c.sgr", file(1)), put("d.sgr", file(2)), "--series", "1"}), 0);
+    expectHolds("0 Zero  BOD (Conc)");
+}
+
+TEST_F(StudyCommands, SayWhatPercentilesOfFlowAre) {
+    const std::string words = "Percentiles of flow are the file's as they stand";
+    EXPECT_EQ(run({"fit", a}), 0);
+    expectHolds(words);
+    for (const std::vector<std::string>& call :
+         {std::vector<std::string>{"fit", a, "--statistics", "mean"}, {"fit", a, "--series", "1"}}) {
+        EXPECT_EQ(run(call), 0);
+        EXPECT_EQ(out.find(words), std::string::npos);
+    }
+}
+
+TEST_F(StudyCommands, SayWhosePercentileIsJudgedWhereLowIsBad) {
+    const std::string words = "of whichever tail the engine wrote";
+    EXPECT_EQ(run({"compliance", put("c.sgr", ResultsFileBuilder().determinand(1, "DO", 3).reach(1, "A"))}),
+              0);
+    expectHolds(words);
+    EXPECT_EQ(run({"compliance", a}), 0); // by its mean
+    EXPECT_EQ(out.find(words), std::string::npos);
+}
+
+TEST_F(StudyCommands, HeadSourcesOfFlowByFlow) {
+    EXPECT_EQ(run({"sources", a, "--determinand", "Flow"}), 0);
+    expectHolds("distance   flow  arrives");
+    EXPECT_EQ(run({"sources", a, "--determinand", "BOD"}), 0);
+    expectHolds("load  arrives");
+    EXPECT_EQ(run({"sources", a, "--determinand", "Flow", "--format", "csv"}), 0);
+    expectHolds("distance,load,arrives");
+}
+
 } // namespace korvel
