@@ -50,7 +50,7 @@ Taken takenOf(const CommandLine& line, const Call& call) {
     told.facts.push_back({"Series", seriesText(call.request.series, call.study.base().results())});
     told.facts.push_back({"Statistics", statisticsText(call.request.statistics)});
     told.facts.push_back({"Reaches", line.value("--reaches").value_or("all")});
-    told.notes = [&call](TextPage& page) { describeFit(page, call.study.base()); };
+    told.notes = [&call](TextPage& page) { describeFit(page, call.study.base(), call.request); };
     return told;
 }
 

@@ -160,4 +160,19 @@ TEST(Check, LeavesOutReachesWithoutALine) {
     EXPECT_EQ(told(file), "");
 }
 
+TEST(Check, TellsConfluencesReachByReach) {
+    ResultsFileBuilder file;
+    file.determinand(1, "BOD").reach(1, "A", 10, 2).reach(2, "B", 10, 3).reach(3, "C", 10, 0);
+    for (const int reach : {1, 2, 3})
+        addPoints(file, reach, {{0, 0, 0, 0, 0, 10, 0, ""}})
+            .set(meanValue, 0, reach)
+            .set(meanValue, 2, 10 * reach)
+            .set(percentileValues, 2, 99, 2);
+    EXPECT_EQ(told(file), "confluence 4\n"
+                          "  2 0  Flow: 1 runs in, the first point has 2\n"
+                          "  2 0  BOD (Load): 10 runs in, the first point has 20\n"
+                          "  3 0  Flow: 2 runs in, the first point has 3\n"
+                          "  3 0  BOD (Load): 20 runs in, the first point has 30\n");
+}
+
 } // namespace korvel

@@ -268,4 +268,11 @@ TEST(SourcesOverRuns, MatchByKindReachAndDistance) {
     EXPECT_EQ(matchSources(first, second), (std::vector<int>{1, 2, 0, -1}));
 }
 
+TEST(SourcesOverRuns, MatchWhereOneHasMore) {
+    const Contribution head{SourceKind::headwater, "Head", 1, 0, 0, 0, {}},
+        along{SourceKind::diffuse, "Along", 1, {}, 0, 0, {}};
+    EXPECT_EQ(matchSources({head}, {along, head}), (std::vector<int>{1}));
+    EXPECT_EQ(matchSources({along, head}, {head}), (std::vector<int>{-1, 0}));
+}
+
 } // namespace korvel

@@ -144,8 +144,10 @@ TEST(DiskNames, RefusesDataFilesWhoseBlanksAreLost) {
             "The name begins or ends with a blank, so that the model would not find the file. Rename it.");
         EXPECT_EQ(whyNotAModelName(folder.path(name), NameUse::asChosen), std::nullopt);
     }
-    folder.put("A B.DAT");
-    EXPECT_EQ(whyNotAModelName(folder.path("A B.DAT"), NameUse::inUpperCase), std::nullopt);
+    for (const char* name : {"A B.DAT", "A .B.DAT"}) {
+        folder.put(name);
+        EXPECT_EQ(whyNotAModelName(folder.path(name), NameUse::inUpperCase), std::nullopt) << name;
+    }
     EXPECT_EQ(whyNotAModelName(folder.path("NEW.DAT "), NameUse::inUpperCase), std::nullopt);
 }
 

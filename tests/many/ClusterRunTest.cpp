@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <deque>
 #include <gtest/gtest.h>
+#include <regex>
 
 namespace korvel {
 
@@ -40,7 +41,7 @@ struct Cluster : testing::Test {
         std::string text = "name,data_file,type\n";
         for (const char* base : {"A", "B", "C", "D", "E"}) {
             folder.put(std::string(base) + ".DAT", "good");
-            text += std::string(base) + "," + base + ".DAT,0\n";
+            text += std::string(base) + "," + base + ".DAT," + (*base == 'B' ? "4" : "0") + "\n";
         }
         runs = readPlan(text, folder.path(), rulesOfRuns()).runs;
         engine.what = [this](const std::string& where, const std::string&) {
@@ -103,6 +104,8 @@ TEST_F(Cluster, RunsTheRowsInTasksAndTheirLinesComeIntoTheRecord) {
     EXPECT_EQ(tally.count(Row::done), 4U);
     EXPECT_EQ(tally.rowsIn(Row::failed), std::vector<std::size_t>{3});
     EXPECT_EQ(recordLines(), 10U);
+    for (const PlannedRun& run : runs)
+        EXPECT_EQ(record->lastOf(run.name)->type, run.type);
     EXPECT_TRUE(submissionsOf(places).empty());
     EXPECT_TRUE(contains(tools.calls.at(1), "--time=1 --parsable --no-requeue")) << tools.calls.at(1);
     EXPECT_TRUE(contains(tools.calls.at(1), "--array=0-1 "));
@@ -248,5 +251,10 @@ TEST_F(Cluster, HasTasksThatEndWithTheirSubmission) {
 }
 
 } // namespace
+
+TEST_F(Cluster, NamesItsJobByTimeAndChance) {
+    const std::string name = handedOver().jobName();
+    EXPECT_TRUE(std::regex_match(name, std::regex("korvel-[0-9]{8}T[0-9]{6}-[a-z]{8}"))) << name;
+}
 
 } // namespace korvel

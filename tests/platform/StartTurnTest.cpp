@@ -147,4 +147,16 @@ TEST_F(StartTurns, EndAfterThreeSecondsOfAnEngineThatOpensNothing) {
     EXPECT_LT(time, 4s);
 }
 
+TEST_F(StartTurns, PauseBetweenTwoLooks) {
+    const StartTurn held = take();
+    ASSERT_TRUE(held.isHeld());
+    int pauses = 0;
+    const auto pause = [&] {
+        ++pauses;
+        std::this_thread::sleep_for(2ms);
+    };
+    EXPECT_FALSE(StartTurn::waitFor(folder.path(), pause, 20ms).isHeld());
+    EXPECT_GT(pauses, 0);
+}
+
 } // namespace korvel

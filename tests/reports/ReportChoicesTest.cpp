@@ -140,4 +140,15 @@ TEST(ReportChoices, SelectEverySeriesOfTenDeterminands) {
     EXPECT_EQ(LoadedRiver(ten).choices.selection().determinands.size(), 20U);
 }
 
+TEST(ListPicks, TakeWhatTheirMenuSays) {
+    std::vector<ListEntry> list(4);
+    list[0].selected = list[2].selected = true;
+    using Lines = std::vector<bool>;
+    EXPECT_EQ(picked(list, ListPick::all), (Lines{true, true, true, true}));
+    EXPECT_EQ(picked(list, ListPick::none), (Lines{false, false, false, false}));
+    EXPECT_EQ(picked(list, ListPick::inverted), (Lines{false, true, false, true}));
+    EXPECT_EQ(picked(list, ListPick::concentrations), (Lines{true, true, false, false}));
+    EXPECT_EQ(picked(list, ListPick::loads), (Lines{false, false, true, true}));
+}
+
 } // namespace korvel

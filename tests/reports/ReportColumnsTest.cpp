@@ -136,4 +136,14 @@ TEST(ReportColumns, AreAsManyAsCounted) {
     }
 }
 
+TEST(ReportColumns, FitAPageByTheirNumber) {
+    ReportSelection selection;
+    selection.statistics = {Statistic::mean};
+    EXPECT_EQ(determinandsThatFit(selection), mostPrintedColumns);
+    selection.targets = true;
+    EXPECT_EQ(determinandsThatFit(selection), mostPrintedColumns / 2);
+    selection = {};
+    EXPECT_EQ(determinandsThatFit(selection), mostPrintedColumns);
+}
+
 } // namespace korvel
