@@ -126,6 +126,7 @@ TEST(FitScatter, IsASquareWithTheSameValuesBothWays) {
     EXPECT_EQ(scatter.across.top, scatter.up.top);
     EXPECT_NEAR(scatter.across.to - scatter.across.from, scatter.up.from - scatter.up.to, 1e-6);
     EXPECT_GE(scatter.across.top, 8);
+    EXPECT_EQ(scatter.ticksAcross.front().text, "0");
     ASSERT_EQ(scatter.points.size(), 3U);
     for (const ScatterPoint& each : scatter.points) {
         EXPECT_EQ(each.at.x, scatter.across.place(each.observed.observed));

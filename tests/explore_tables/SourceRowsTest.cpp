@@ -95,6 +95,13 @@ TEST(SourceRows, KnowWhereTheirSourceIs) {
     EXPECT_EQ(rows.series(0, 0), 2);
 }
 
+TEST(SourceRows, HaveBarsAsLongAsTheirSharesOfTheLargest) {
+    const SourceRows rows(scopeOfFiles({withWorks(30)}), bod);
+    EXPECT_EQ(rows.bar(0, 6), 1);
+    EXPECT_DOUBLE_EQ(rows.bar(1, 6), 1.0 / 3);
+    EXPECT_EQ(rows.bar(2, 6), 0); // what is lost has no share
+}
+
 TEST(SourceRows, SayWhatRefusesThem) {
     const SourceRows negative(scopeOfFiles({loads({{0, -1, "P", 10}})}), bod);
     EXPECT_EQ(negative.rowCount(), 0);

@@ -77,10 +77,12 @@ ComplianceRows::ComplianceRows(const TableScope& scope, std::shared_ptr<MatchedR
 void ComplianceRows::addColumns() {
     std::vector<ShownColumn> columns = {{{"reach"}, "Reach", CellLook::whole}, {{"reach_name"}, "Name"}};
     for (const Block& block : m_blocks) {
-        columns.push_back({{"overall", block.run.name}, "Overall\n" + block.run.name, CellLook::verdict});
+        columns.push_back(
+            {{"overall", block.run.name}, "Overall\n" + block.run.name, CellLook::verdict, true});
         for (const JudgedDeterminand& each : block.judged) {
             const std::string name = determinandName(block.run.results(), each.number);
-            columns.push_back({{name, block.run.name}, name + "\n" + block.run.name, CellLook::verdict});
+            columns.push_back(
+                {{name, block.run.name}, name + "\n" + block.run.name, CellLook::verdict, true});
         }
     }
     setColumns(std::move(columns));

@@ -41,11 +41,11 @@ bool canBeLogarithmic(const std::vector<ObservedPoint>& points) {
                                [](const ObservedPoint& each) { return each.value > 0 && each.observed > 0; });
 }
 
-// A multiple of a round step, without the digits that come from adding.
+// A multiple of a round step, without the digits that come from adding; -0 is 0.
 std::string tickText(double value) {
     std::array<char, 40> digits;
-    const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::general, 6).ptr;
+    char* const last = digits.data() + digits.size();
+    const auto end = std::to_chars(digits.data(), last, value + 0.0, std::chars_format::general, 6).ptr;
     return {digits.data(), end};
 }
 

@@ -25,6 +25,7 @@ struct ShownColumn {
     Column column;       // as other programs name it
     std::string heading; // for people; lines parted by '\n'
     CellLook look = CellLook::text;
+    bool largestFirst = false; // when it is first sorted
 };
 
 inline bool isText(CellLook look) {
@@ -49,6 +50,8 @@ class RowSource {
     virtual Cell cell(int row, int column) const = 0;
     // What a column is sorted by where that isn't what it shows.
     virtual Cell sortedBy(int row, int column) const { return cell(row, column); }
+    // How long the bar of a share is, 0 to 1.
+    virtual double bar(int, int) const { return 0; }
     // More about a cell; "" where there is no more.
     virtual std::string note(int, int) const { return {}; }
     // Where the cell is, and what it is about.

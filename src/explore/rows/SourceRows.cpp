@@ -24,9 +24,9 @@ std::vector<ShownColumn> sourceColumns(const std::vector<StudyRun>& runs, bool b
                                        {{"reach"}, "Reach", CellLook::whole},
                                        {{"distance"}, "Distance", CellLook::exact}});
     for (const StudyRun& run : runs) {
-        columns.push_back({{"load", run.name}, "Comes in\n" + run.name, CellLook::number});
-        columns.push_back({{"arrives", run.name}, "Arrives\n" + run.name, CellLook::number});
-        columns.push_back({{"share", run.name}, "Share %\n" + run.name, CellLook::share});
+        columns.push_back({{"load", run.name}, "Comes in\n" + run.name, CellLook::number, true});
+        columns.push_back({{"arrives", run.name}, "Arrives\n" + run.name, CellLook::number, true});
+        columns.push_back({{"share", run.name}, "Share %\n" + run.name, CellLook::share, true});
     }
     return columns;
 }
@@ -60,6 +60,9 @@ SourceRows::SourceRows(const TableScope& scope, const SourcesChoice& choice)
         takeLosses();
     }
     m_heading = headingFor(scope);
+    for (const Row& row : m_rows)
+        for (const Figures& run : row.runs)
+            m_largestShare = std::max(m_largestShare, run.share.value_or(0));
 }
 
 void SourceRows::find(const TableScope& scope, const SourcesChoice& choice) {
@@ -183,6 +186,13 @@ Cell SourceRows::cell(int row, int column) const {
     case reachColumn: return at.reach;
     default: return cellOf(at.distance);
     }
+}
+
+// The largest share of any run has the longest bar.
+double SourceRows::bar(int row, int column) const {
+    const Cell share = cell(row, column);
+    const auto* percent = std::get_if<double>(&share);
+    return percent == nullptr || m_largestShare <= 0 ? 0 : std::clamp(*percent / m_largestShare, 0.0, 1.0);
 }
 
 std::optional<ExplorePlace> SourceRows::place(int row, int) const {

@@ -24,6 +24,7 @@ class SourceRows : public RowSource {
 
     int rowCount() const override { return static_cast<int>(m_rows.size()); }
     Cell cell(int row, int column) const override;
+    double bar(int row, int column) const override;
     std::optional<ExplorePlace> place(int row, int column) const override;
     std::optional<int> series(int row, int column) const override;
     std::vector<int> rowsAt(const ExplorePlace& place) const override;
@@ -57,6 +58,7 @@ class SourceRows : public RowSource {
     int m_series = 0;
     int m_determinand = 0;
     bool m_byKind;
+    double m_largestShare = 0;
     std::vector<Row> m_rows;
     std::string m_heading;
     std::string m_refusal;

@@ -105,7 +105,7 @@ QWidget* ExploreTables::makeFitPage() {
     parts->setChildrenCollapsible(false);
     parts->addWidget(&view);
     parts->addWidget(m_scatter);
-    parts->setStretchFactor(0, 2);
+    parts->setStretchFactor(0, 3);
     parts->setStretchFactor(1, 1);
     auto* layout = new QVBoxLayout;
     layout->addLayout(choices);

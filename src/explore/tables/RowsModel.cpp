@@ -21,11 +21,6 @@ std::string_view wordOf(const Cell& cell) {
     return text == nullptr ? std::string_view() : *text;
 }
 
-double barOf(const Cell& cell) {
-    const auto* share = std::get_if<double>(&cell);
-    return share == nullptr ? 0 : std::clamp(*share / 100, 0.0, 1.0);
-}
-
 } // namespace
 
 RowsModel::RowsModel(Handlers& handlers, QObject* parent)
@@ -121,7 +116,7 @@ QVariant RowsModel::dataOf(int row, int column, int role) const {
     case lookRole: return static_cast<int>(look);
     case decimalsRole: return shownCell(m_source->cell(row, column), look).decimals;
     case columnDecimalsRole: return m_decimals[static_cast<std::size_t>(column)];
-    case barRole: return look == CellLook::share ? QVariant(barOf(m_source->cell(row, column))) : QVariant();
+    case barRole: return look == CellLook::share ? QVariant(m_source->bar(row, column)) : QVariant();
     default: return {};
     }
 }
@@ -142,10 +137,7 @@ QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int rol
     case Qt::DisplayRole: return shown(column.heading);
     case Qt::AccessibleTextRole: return shown(column.heading).replace('\n', ' ');
     case Qt::TextAlignmentRole: return QVariant(alignmentOf(column.look));
-    // The worst and the largest first.
-    case Qt::InitialSortOrderRole:
-        return column.look == CellLook::verdict || column.look == CellLook::share ? Qt::DescendingOrder
-                                                                                  : Qt::AscendingOrder;
+    case Qt::InitialSortOrderRole: return column.largestFirst ? Qt::DescendingOrder : Qt::AscendingOrder;
     default: return {};
     }
 }
