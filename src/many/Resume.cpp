@@ -1,7 +1,7 @@
 #include "many/Resume.h"
 
 #include "basic/RunTimeError.h"
-#include "many/Sha256.h"
+#include "basic/Sha256.h"
 
 #include <filesystem>
 

@@ -4,7 +4,7 @@
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "many/PrivateFolder.h"
-#include "many/Sha256.h"
+#include "basic/Sha256.h"
 
 #include <array>
 #include <filesystem>

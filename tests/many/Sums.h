@@ -1,6 +1,6 @@
 #pragma once
 
-#include "many/Sha256.h"
+#include "basic/Sha256.h"
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "many/Sha256.h"
+#include "basic/Sha256.h"
 
 #include "basic/RunTimeError.h"
 #include "many/Sums.h"
