@@ -1,0 +1,442 @@
+#include "publish/PagePicture.h"
+
+#include "basic/Text.h"
+#include "publish/PageMetrics.h"
+#include "publish/PageText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+namespace korvel {
+
+namespace {
+
+constexpr double twipsPerPixel = 15;
+constexpr double twipsPerPoint = 20;
+constexpr std::size_t longestPictureText = 60; // characters
+
+// A place in pixels, to a tenth.
+void appendPlace(std::string& text, double twips) {
+    const long tenths = std::lround(twips / twipsPerPixel * 10);
+    std::array<char, 24> digits;
+    char* end = std::to_chars(digits.data(), digits.data() + digits.size(), std::labs(tenths) / 10).ptr;
+    if (tenths < 0) text += '-';
+    text.append(digits.data(), end);
+    if (const long tenth = std::labs(tenths) % 10; tenth != 0)
+        (text += '.') += static_cast<char>('0' + tenth);
+}
+
+std::string placeText(double twips) {
+    std::string text;
+    appendPlace(text, twips);
+    return text;
+}
+
+// Strokes in tenths of a pixel, told by how far each goes from where the one before ended.
+class PathText {
+  public:
+    void moveTo(const DrawnPoint& point) {
+        const long x = tenths(point.x), y = tenths(point.y);
+        m_text += m_text.empty() ? 'M' : 'm';
+        add(x - m_x, y - m_y);
+        m_x = x;
+        m_y = y;
+        m_command = 'm';
+    }
+    void lineTo(const DrawnPoint& point) {
+        const long x = tenths(point.x), y = tenths(point.y), right = x - m_x, down = y - m_y;
+        m_x = x;
+        m_y = y;
+        if (right == 0 && down == 0 && m_command == 'l') return;
+        if (m_command != 'l') m_text += 'l';
+        m_command = 'l';
+        add(right, down);
+    }
+    void line(const std::vector<DrawnPoint>& points) {
+        for (std::size_t k = 0; k < points.size(); ++k)
+            k == 0 ? moveTo(points[k]) : lineTo(points[k]);
+    }
+    void line(const DrawnPoint& from, const DrawnPoint& to) {
+        moveTo(from);
+        lineTo(to);
+    }
+    void cross(const DrawnPoint& centre, double half) {
+        line({centre.x - half, centre.y - half}, {centre.x + half, centre.y + half});
+        line({centre.x - half, centre.y + half}, {centre.x + half, centre.y - half});
+    }
+    void close() { m_text += 'z'; }
+    void clear() { *this = {}; }
+    const std::string& text() const { return m_text; }
+    bool empty() const { return m_text.empty(); }
+
+  private:
+    static long tenths(double twips) { return std::lround(twips / twipsPerPixel * 10); }
+    void add(long right, long down) {
+        add(right);
+        add(down);
+    }
+    void add(long tenthsOfPixel) {
+        const char before = m_text.back();
+        const bool isFirst = before == 'M' || before == 'm' || before == 'l';
+        if (tenthsOfPixel < 0)
+            m_text += '-';
+        else if (!isFirst)
+            m_text += ' ';
+        const long size = std::labs(tenthsOfPixel);
+        if (size >= 10 || size == 0) m_text += std::to_string(size / 10);
+        if (size % 10 != 0) (m_text += '.') += static_cast<char>('0' + size % 10);
+    }
+
+    std::string m_text;
+    long m_x = 0, m_y = 0;
+    char m_command = 0;
+};
+
+std::string shortNumber(double value) {
+    std::array<char, 32> digits;
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, 2).ptr;
+    std::string text(digits.data(), end);
+    while (text.back() == '0')
+        text.pop_back();
+    if (text.back() == '.') text.pop_back();
+    return text;
+}
+
+class SvgPicture {
+  public:
+    explicit SvgPicture(PageHtml& html) : m_html(html) {}
+
+    void begin(double width, double height, const PictureWords& words) {
+        m_html.open("svg", {{"xmlns", "http://www.w3.org/2000/svg"},
+                            {"class", "picture"},
+                            {"id", words.id},
+                            {"viewBox", "0 0 " + placeText(width) + " " + placeText(height)},
+                            {"role", "img"},
+                            {"aria-labelledby", words.id + "-t " + words.id + "-d"},
+                            {"fill", "none"},
+                            {"font-family", "Liberation Sans, Arial, Helvetica, sans-serif"}});
+        m_html.element("title", words.title, {{"id", words.id + "-t"}});
+        m_html.element("desc", words.description, {{"id", words.id + "-d"}}).line();
+    }
+    void end() { m_html.closeLine(); }
+
+    void path(const PathText& path, const Pen& pen, const std::string& kind = "") {
+        if (path.empty()) return;
+        const std::string dashes = dashesOf(pen.dash);
+        m_html.empty("path", {{"d", path.text()},
+                              {kind.empty() ? "" : "class", kind},
+                              {"stroke", hexOf(pen.colour)},
+                              {pen.width == 1 ? "" : "stroke-width", shortNumber(pen.width)},
+                              {dashes.empty() ? "" : "stroke-dasharray", dashes}});
+        m_html.line();
+    }
+    // Those of one colour and size together.
+    void texts(std::vector<const DrawnText*> texts) {
+        std::erase_if(texts, [](const DrawnText* text) { return text->text.empty(); });
+        const auto kind = [](const DrawnText* text) {
+            return std::pair(hexOf(text->colour), text->font.size);
+        };
+        std::ranges::stable_sort(texts, {}, kind);
+        for (std::size_t k = 0; k < texts.size();) {
+            const auto ofGroup = kind(texts[k]);
+            m_html.open("g",
+                        {{"fill", ofGroup.first}, {"font-size", placeText(ofGroup.second * twipsPerPoint)}});
+            for (; k < texts.size() && kind(texts[k]) == ofGroup; ++k)
+                text(*texts[k]);
+            m_html.closeLine();
+        }
+    }
+    void band(const DrawnBand& band, const std::string& kind, std::size_t most) {
+        PathText path;
+        const std::vector<DrawnPoint> above = simplified(thinned(band.above, most));
+        std::vector<DrawnPoint> below = simplified(thinned(band.below, most));
+        path.line(above);
+        m_vertices += above.size() + below.size();
+        std::ranges::reverse(below);
+        for (const DrawnPoint& point : below)
+            path.lineTo(point);
+        if (path.empty()) return;
+        path.close();
+        m_html.empty("path",
+                     {{"d", path.text()},
+                      {kind.empty() ? "" : "class", kind},
+                      {"fill", hexOf(band.fill.colour)},
+                      {band.fill.opacity == 1 ? "" : "fill-opacity", shortNumber(band.fill.opacity)}});
+        m_html.line();
+    }
+    void count(std::size_t vertices) { m_vertices += vertices; }
+    std::size_t vertices() const { return m_vertices; }
+
+  private:
+    void text(const DrawnText& text) {
+        const std::string words = pageText(text.text, longestPictureText);
+        const bool isPlain =
+            std::ranges::all_of(words, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+        m_html.open("text",
+                    {{"x", placeText(text.corner.x)},
+                     {"y", placeText(text.corner.y + PageMetrics::ascent * text.font.size * twipsPerPoint)},
+                     {text.font.bold ? "font-weight" : "", "bold"},
+                     {isPlain ? "" : "unicode-bidi", "isolate"}});
+        m_html.words(words).closeLine();
+    }
+
+    PageHtml& m_html;
+    std::size_t m_vertices = 0;
+};
+
+std::string kindOf(std::size_t run, const char* what) {
+    return std::string(what) + " run-" + std::to_string(run);
+}
+
+void writeCurve(SvgPicture& picture, const ProfileCurve& curve, std::size_t most) {
+    PathText path;
+    std::size_t points = 0;
+    for (const auto& run : curve.traced.runs)
+        points += run.size();
+    for (const auto& run : curve.traced.runs) {
+        const std::size_t share =
+            points <= most ? run.size() : std::max<std::size_t>(2, most * run.size() / points);
+        const std::vector<DrawnPoint> some = simplified(thinned(run, share));
+        picture.count(some.size());
+        path.line(some);
+    }
+    for (const CurveStroke& stroke : curve.traced.strokes) {
+        path.line(stroke.from, stroke.to);
+    }
+    picture.path(path, curve.pen, kindOf(curve.run, "line"));
+}
+
+// Strokes or marks of one run at a time.
+template <typename Items, typename Add>
+void writeByRun(SvgPicture& picture, const Items& items, const char* what, const Add& add) {
+    for (std::size_t k = 0; k < items.size();) {
+        PathText path;
+        const std::size_t run = items[k].run;
+        const Pen& pen = items[k].pen;
+        for (; k < items.size() && items[k].run == run; ++k)
+            add(path, items[k]);
+        picture.path(path, pen, kindOf(run, what));
+    }
+}
+
+void writePanel(SvgPicture& picture, const ProfilePanel& panel, double crossHalf, std::size_t most) {
+    for (const DrawnBand& band : panel.bands)
+        picture.band(band, "band run-0", most);
+    writeByRun(picture, panel.targets, "target", [](PathText& path, const ProfileStroke& target) {
+        path.line(target.stroke.from, target.stroke.to);
+    });
+    for (const ProfileCurve& curve : panel.curves)
+        writeCurve(picture, curve, most);
+    writeByRun(picture, panel.observed, "observed",
+               [&](PathText& path, const ProfileMark& mark) { path.cross(mark.centre, crossHalf); });
+}
+
+// Commands of a drawing one after another; strokes of one pen are one element.
+class CommandWriter {
+  public:
+    explicit CommandWriter(SvgPicture& picture) : m_picture(picture) {}
+
+    void operator()(const DrawnLine& line) {
+        use(line.pen);
+        m_path.line(line.from, line.to);
+    }
+    void operator()(const DrawnRun& run) {
+        use(run.pen);
+        m_path.line(run.points);
+        m_picture.count(run.points.size());
+    }
+    void operator()(const DrawnMarker& marker) {
+        use(marker.pen);
+        m_path.cross(marker.centre, marker.half);
+    }
+    void operator()(const DrawnBand& band) {
+        flush();
+        m_picture.band(band, "", band.above.size());
+    }
+    // Texts lie above everything else.
+    void operator()(const DrawnText& text) { m_texts.push_back(&text); }
+
+    void flush() {
+        m_picture.path(m_path, m_pen);
+        m_path.clear();
+    }
+    void writeTexts() { m_picture.texts(m_texts); }
+
+  private:
+    void use(const Pen& pen) {
+        if (pen == m_pen) return;
+        flush();
+        m_pen = pen;
+    }
+
+    SvgPicture& m_picture;
+    Pen m_pen;
+    PathText m_path;
+    std::vector<const DrawnText*> m_texts;
+};
+
+// All but what belongs to runs.
+Drawing frameOf(const ProfileLayout& layout) {
+    ProfileLayout frame = layout;
+    for (ProfilePanel& panel : frame.panels) {
+        panel.bands.clear();
+        panel.curves.clear();
+        panel.targets.clear();
+        panel.observed.clear();
+    }
+    Drawing drawing;
+    paint(frame, drawing);
+    return drawing;
+}
+
+} // namespace
+
+std::size_t writeProfilePicture(PageHtml& html, const ProfileLayout& layout, const PictureWords& words,
+                                std::size_t mostVertices) {
+    SvgPicture picture(html);
+    picture.begin(layout.width, layout.height, words);
+    const Drawing frame = frameOf(layout);
+    CommandWriter commands(picture);
+    for (const DrawnCommand& command : frame.commands)
+        std::visit(commands, command);
+    commands.flush();
+    for (const ProfilePanel& panel : layout.panels)
+        writePanel(picture, panel, layout.markHalf, mostVertices);
+    commands.writeTexts();
+    picture.end();
+    return picture.vertices();
+}
+
+void writePicture(PageHtml& html, const Drawing& drawing, const PictureWords& words) {
+    SvgPicture picture(html);
+    picture.begin(drawing.width, drawing.height, words);
+    CommandWriter commands(picture);
+    for (const DrawnCommand& command : drawing.commands)
+        std::visit(commands, command);
+    commands.flush();
+    commands.writeTexts();
+    picture.end();
+}
+
+std::vector<DrawnPoint> thinned(const std::vector<DrawnPoint>& points, std::size_t most) {
+    if (points.size() <= std::max<std::size_t>(most, 2)) return points;
+    if (most < 6) return {points.front(), points.back()};
+    const std::size_t stretches = most / 4;
+    std::vector<DrawnPoint> some;
+    for (std::size_t s = 0; s < stretches; ++s) {
+        const auto begin = points.begin() + static_cast<std::ptrdiff_t>(s * points.size() / stretches);
+        const auto end = points.begin() + static_cast<std::ptrdiff_t>((s + 1) * points.size() / stretches);
+        auto [lowest, highest] =
+            std::minmax_element(begin, end, [](const auto& a, const auto& b) { return a.y < b.y; });
+        std::array kept = {begin, lowest, highest, end - 1};
+        std::ranges::sort(kept);
+        for (std::size_t k = 0; k < kept.size(); ++k)
+            if (k == 0 || kept[k] != kept[k - 1]) some.push_back(*kept[k]);
+    }
+    return some;
+}
+
+namespace {
+
+constexpr double unseen = 1.5; // twips, a tenth of a pixel
+
+// How far a point lies from the line between two others.
+double distanceFrom(const DrawnPoint& from, const DrawnPoint& to, const DrawnPoint& point) {
+    const double right = to.x - from.x, down = to.y - from.y, length = std::hypot(right, down);
+    if (length == 0) return std::hypot(point.x - from.x, point.y - from.y);
+    const double along = ((point.x - from.x) * right + (point.y - from.y) * down) / (length * length);
+    const double nearest = std::clamp(along, 0.0, 1.0);
+    return std::hypot(point.x - from.x - nearest * right, point.y - from.y - nearest * down);
+}
+
+} // namespace
+
+std::vector<DrawnPoint> simplified(const std::vector<DrawnPoint>& points) {
+    if (points.size() < 3) return points;
+    std::vector<bool> isKept(points.size(), false);
+    isKept.front() = isKept.back() = true;
+    std::vector<std::pair<std::size_t, std::size_t>> open = {{0, points.size() - 1}};
+    while (!open.empty()) {
+        const auto [first, last] = open.back();
+        open.pop_back();
+        double farthest = unseen;
+        std::size_t middle = first;
+        for (std::size_t k = first + 1; k < last; ++k) {
+            const double distance = distanceFrom(points[first], points[last], points[k]);
+            if (distance > farthest) farthest = distance, middle = k;
+        }
+        if (middle == first) continue;
+        isKept[middle] = true;
+        open.emplace_back(first, middle);
+        open.emplace_back(middle, last);
+    }
+    std::vector<DrawnPoint> some;
+    for (std::size_t k = 0; k < points.size(); ++k)
+        if (isKept[k]) some.push_back(points[k]);
+    return some;
+}
+
+std::string hexOf(const Rgb& colour) {
+    std::string text = "#";
+    for (const unsigned part : {colour.red, colour.green, colour.blue}) {
+        text += "0123456789abcdef"[part >> 4U];
+        text += "0123456789abcdef"[part & 15U];
+    }
+    return text;
+}
+
+std::string dashesOf(Dash dash) {
+    switch (dash) {
+    case Dash::dash: return "7 4";
+    case Dash::dot: return "2 3";
+    case Dash::dashDot: return "8 3 2 3";
+    case Dash::dashDotDot: return "8 3 2 3 2 3";
+    case Dash::solid: break;
+    }
+    return "";
+}
+
+namespace {
+
+std::vector<std::pair<Rgb, Rgb>> themedColours() {
+    const PanelLook light = panelLook(Theme::light), dark = panelLook(Theme::dark);
+    std::vector<std::pair<Rgb, Rgb>> pairs;
+    for (const auto part : {&PanelLook::grid, &PanelLook::axis, &PanelLook::text, &PanelLook::quietText,
+                            &PanelLook::accent, &PanelLook::pass, &PanelLook::unsure, &PanelLook::fail,
+                            &PanelLook::target, &PanelLook::plot, &PanelLook::background}) {
+        const bool isKnown =
+            std::ranges::any_of(pairs, [&](const auto& pair) { return pair.first == light.*part; });
+        if (!isKnown) pairs.emplace_back(light.*part, dark.*part);
+    }
+    return pairs;
+}
+
+std::string runRules(std::size_t runs, Theme theme) {
+    std::string rules;
+    for (std::size_t run = 0; run < runs; ++run) {
+        const RunStyle style = runStyle(run, theme);
+        const std::string dashes = dashesOf(style.dash), number = std::to_string(run);
+        rules += ".line.run-" + number + "{stroke:" + hexOf(style.colour) +
+                 (dashes.empty() ? "" : ";stroke-dasharray:" + dashes) + "}\n.band.run-" + number +
+                 "{stroke:none;fill:" + hexOf(style.colour) + "}\n";
+    }
+    return rules;
+}
+
+} // namespace
+
+std::string pictureStyle(std::size_t runs) {
+    std::string style = runRules(runs, Theme::light);
+    style += "@media screen and (prefers-color-scheme:dark){\n" + runRules(runs, Theme::dark);
+    for (const auto& [light, dark] : themedColours()) {
+        style += ".picture [stroke=\"" + hexOf(light) + "\"]{stroke:" + hexOf(dark) + "}\n";
+        style += ".picture [fill=\"" + hexOf(light) + "\"]{fill:" + hexOf(dark) + "}\n";
+    }
+    return style + "}\n";
+}
+
+} // namespace korvel

@@ -1,0 +1,39 @@
+// Pictures of the page: vector graphics that look alike with and without the page's style, so that they can
+// be taken out of it.
+#pragma once
+
+#include "panels/ProfileLayout.h"
+#include "publish/PageHtml.h"
+
+#include <cstddef>
+#include <string>
+
+namespace korvel {
+
+struct PictureWords {
+    std::string id;    // unique on the page; the file is named by it
+    std::string title; // UTF-8
+    std::string description;
+};
+
+// Of each curve no more points than `mostVertices`, a run of it at least two. Returns how many were written.
+std::size_t writeProfilePicture(PageHtml& html, const ProfileLayout& layout, const PictureWords& words,
+                                std::size_t mostVertices);
+
+// Any drawing in twips.
+void writePicture(PageHtml& html, const Drawing& drawing, const PictureWords& words);
+
+// What the colours of pictures are where the reader's desktop is dark, and the lines of runs.
+std::string pictureStyle(std::size_t runs);
+
+std::string hexOf(const Rgb& colour); // "#0072b2"
+// Lengths of strokes and gaps in pixels; "" for a solid line.
+std::string dashesOf(Dash dash);
+
+// Of the points some, so that the line looks the same: of stretches of equal count the first, the lowest, the
+// highest and the last.
+std::vector<DrawnPoint> thinned(const std::vector<DrawnPoint>& points, std::size_t most);
+// Without those that lie on the line between others, to a tenth of a pixel.
+std::vector<DrawnPoint> simplified(const std::vector<DrawnPoint>& points);
+
+} // namespace korvel

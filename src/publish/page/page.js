@@ -1,0 +1,509 @@
+"use strict";
+(() => {
+const byId = id => document.getElementById(id);
+const all = (selector, from = document) => [...from.querySelectorAll(selector)];
+const dataOf = id => JSON.parse(byId(id).textContent);
+const setup = dataOf("setup");
+const dark = matchMedia("(prefers-color-scheme: dark)");
+const svgSpace = "http://www.w3.org/2000/svg";
+
+// make("p", {class: "note"}, "text", child ...): texts are always texts.
+function make(name, attributes = {}, ...children) {
+  const element = document.createElement(name);
+  for (const [key, value] of Object.entries(attributes)) element.setAttribute(key, value);
+  element.append(...children);
+  return element;
+}
+
+function swatch(run) {
+  const svg = document.createElementNS(svgSpace, "svg");
+  for (const [key, value] of Object.entries({class: "swatch", viewBox: "0 0 28 8", width: 28, height: 8, "aria-hidden": "true"}))
+    svg.setAttribute(key, value);
+  const path = document.createElementNS(svgSpace, "path");
+  path.setAttribute("d", "M1 4H27");
+  path.setAttribute("class", "line run-" + run);
+  svg.append(path);
+  return svg;
+}
+
+// About four figures, as in the tables.
+function shown(value) {
+  const size = Math.abs(value);
+  if (size === 0) return "0";
+  if (size >= 1e9 || size < 1e-5) return value.toExponential(3);
+  const magnitude = Math.floor(Math.log10(size));
+  return value.toFixed(magnitude >= 3 ? 0 : 3 - magnitude);
+}
+
+function save(name, type, text) {
+  const link = make("a", {href: URL.createObjectURL(new Blob([text], {type})), download: name});
+  document.body.append(link);
+  link.click();
+  link.remove();
+  setTimeout(() => URL.revokeObjectURL(link.href), 60000);
+}
+
+const fileName = (id, ending) => {
+  const title = document.title.replace(/[^A-Za-z0-9]+/g, "-").replace(/^-+|-+$/g, "").slice(0, 40);
+  return (title ? title + "-" : "") + id + ending;
+};
+
+// --- Tables: sorting, and taken as CSV -------------------------------------------------------------------
+
+const exact = cell => cell.dataset.v ?? cell.textContent.trim();
+const isNumber = cell => !cell.classList.contains("t") && !cell.classList.contains("v") && Boolean(cell.closest(".data"));
+
+function csvText(cell) {
+  let text = exact(cell);
+  if (!isNumber(cell) && /^[=+\-@\t\r]/.test(text)) text = "'" + text;
+  return /[",\r\n]/.test(text) ? '"' + text.replaceAll('"', '""') + '"' : text;
+}
+
+function csvOf(table) {
+  const heading = [...table.tHead.rows[0].cells].map(cell => cell.dataset.name ?? cell.textContent);
+  const rows = [...table.tBodies[0].rows].map(row => [...row.cells].map(csvText).join(","));
+  return [heading.map(name => /[",]/.test(name) ? '"' + name.replaceAll('"', '""') + '"' : name).join(","), ...rows].join("\r\n") + "\r\n";
+}
+
+const order = new Intl.Collator("en", {numeric: true}).compare;
+
+// What has no value stands below, whichever way.
+function compareCells(a, b, way) {
+  const [x, y] = [exact(a), exact(b)];
+  if (x === "" || y === "") return x === y ? 0 : x === "" ? 1 : -1;
+  return way * (isNumber(a) && isNumber(b) ? Number(x) - Number(y) : order(x, y));
+}
+
+function sortBy(table, column) {
+  const header = table.tHead.rows[0].cells[column];
+  const way = header.getAttribute("aria-sort") === "ascending" ? -1 : 1;
+  for (const cell of table.tHead.rows[0].cells) cell.removeAttribute("aria-sort");
+  header.setAttribute("aria-sort", way > 0 ? "ascending" : "descending");
+  const rows = [...table.tBodies[0].rows];
+  rows.sort((a, b) => compareCells(a.cells[column], b.cells[column], way));
+  table.tBodies[0].append(...rows);
+}
+
+function equipTable(table) {
+  [...table.tHead.rows[0].cells].forEach((cell, column) => {
+    const button = make("button", {type: "button"}, ...cell.childNodes);
+    cell.append(button);
+    button.addEventListener("click", () => sortBy(table, column));
+  });
+  const button = make("button", {type: "button", class: "act"}, "Save as CSV");
+  button.setAttribute("aria-label", "Save as CSV: " + (table.caption?.textContent ?? table.id));
+  button.addEventListener("click", () => save(fileName(table.id, ".csv"), "text/csv;charset=utf-8", csvOf(table)));
+  const frame = table.closest(".table");
+  frame.after(make("p", {class: "save"}, button));
+}
+
+// --- Pictures: taken as SVG -------------------------------------------------------------------------------
+
+function svgOf(picture) {
+  const copy = picture.cloneNode(true);
+  setup.runs.forEach((run, k) => {
+    if (hidden.has(k)) all(".run-" + k, copy).forEach(element => element.remove());
+  });
+  const box = copy.getAttribute("viewBox").split(" ");
+  copy.setAttribute("width", box[2]);
+  copy.setAttribute("height", box[3]);
+  return '<?xml version="1.0" encoding="UTF-8"?>\n' + new XMLSerializer().serializeToString(copy) + "\n";
+}
+
+function saveButton(picture, number = "") {
+  const title = picture.querySelector("title").textContent;
+  const button = make("button", {type: "button", class: "act"}, "Save picture" + number);
+  button.setAttribute("aria-label", "Save picture" + number + ": " + title);
+  button.addEventListener("click", () => save(fileName(picture.id, ".svg"), "image/svg+xml", svgOf(picture)));
+  return button;
+}
+
+// --- Rivers: panels with one cursor -----------------------------------------------------------------------
+
+const hidden = new Set();         // runs
+const shownSeries = new Set();    // by place in the setup
+let statistic = "judged";
+const rivers = [];
+
+const colourOf = run => dark.matches ? setup.runs[run].dark : setup.runs[run].light;
+const ink = name => getComputedStyle(document.documentElement).getPropertyValue(name).trim();
+
+class River {
+  constructor(section) {
+    this.section = section;
+    this.readout = section.querySelector(".readout");
+    this.plots = [];
+    this.place = -1;
+  }
+
+  // Built when it comes near what is seen.
+  build() {
+    if (this.data) return;
+    this.data = dataOf(this.section.id + "-data");
+    const km = this.data.km;
+    if (km.length < 2) return;
+    this.whole = [Math.min(0, km[0]), Math.max(km[km.length - 1], km[0] + 1e-6)];
+    this.range = this.whole;
+    this.names = new Map(this.data.names);
+    this.live = make("div", {class: "live"});
+    this.section.querySelector(".pictures").before(this.live);
+    this.section.classList.add("is-live");
+    this.buildReadout();
+    this.panels = setup.series.map((series, k) => this.buildPanel(series, k));
+    this.moveTo(0);
+  }
+
+  buildReadout() {
+    this.slider = make("input", {type: "range", min: 0, max: this.data.km.length - 1, value: 0, step: 1});
+    this.slider.addEventListener("input", () => this.moveTo(Number(this.slider.value)));
+    this.slider.addEventListener("keydown", event => this.jump(event));
+    this.text = make("output", {class: "place"});
+    this.readout.append(make("label", {}, "Place", this.slider), this.text);
+    for (const [words, act] of [["Zoom in", () => this.zoom(0.5)], ["Zoom out", () => this.zoom(2)], ["All", () => this.show(this.whole)]]) {
+      const button = make("button", {type: "button", class: "act"}, words);
+      button.setAttribute("aria-label", words + ": " + this.section.querySelector("h3").textContent);
+      button.addEventListener("click", act);
+      this.readout.append(button);
+    }
+    const pictures = all("svg.picture", this.section);
+    pictures.forEach((picture, k) => this.readout.append(saveButton(picture, pictures.length > 1 ? " " + (k + 1) : "")));
+  }
+
+  // With Ctrl to the next feature that has a name.
+  jump(event) {
+    if (!event.ctrlKey || !["ArrowLeft", "ArrowRight"].includes(event.key)) return;
+    event.preventDefault();
+    const step = event.key === "ArrowRight" ? 1 : -1;
+    let k = this.place + step;
+    while (k >= 0 && k < this.data.km.length && !this.names.has(k)) k += step;
+    if (k >= 0 && k < this.data.km.length) this.moveTo(k);
+  }
+
+  buildPanel(series, k) {
+    const plot = make("div", {class: "plot"});
+    const values = make("div", {class: "values"});
+    const note = make("small", {class: "quiet"});
+    const figure = make("section", {class: "panel"}, make("h4", {}, make("bdi", {}, series.title), note), values, plot);
+    figure.setAttribute("aria-label", series.title);
+    figure.dataset.series = series.name;
+    figure.hidden = !shownSeries.has(k);
+    this.live.append(figure);
+    const panel = {k, series, figure, plot, values, note, runs: this.data.series[k]};
+    plot.setAttribute("role", "img");
+    plot.setAttribute("aria-label", series.title + " over the distance; the slider above reads its values");
+    if (!figure.hidden) this.draw(panel);
+    return panel;
+  }
+
+  // Which statistic a panel shows of a run: its prefix in the data.
+  prefix(panel, run) {
+    return statistic === "judged" && panel.runs[run].j ? "j" : "m";
+  }
+
+  column(panel, run, part = "") {
+    return panel.runs[run][this.prefix(panel, run) + part];
+  }
+
+  draw(panel) {
+    panel.uplot?.destroy();
+    const isOther = statistic === "judged" && panel.series.other;
+    panel.note.textContent = isOther ? panel.series.other : "mean";
+    const band = !hidden.has(0) && this.column(panel, 0, "l");
+    // A value that a run lacks is joined over, so it is undefined.
+    const joined = values => values.map(value => value ?? undefined);
+    const data = [this.data.km, ...setup.runs.map((_, run) => joined(this.column(panel, run)))];
+    const series = [{}, ...setup.runs.map((run, k) => ({
+      show: !hidden.has(k), stroke: () => colourOf(k), width: 1.75, dash: run.dash ? run.dash.split(" ").map(Number) : undefined,
+      points: {show: false}}))];
+    let bands;
+    if (band) {
+      data.push(joined(this.column(panel, 0, "h")), joined(band));
+      series.push({stroke: "transparent", points: {show: false}}, {stroke: "transparent", points: {show: false}});
+      bands = [{series: [data.length - 2, data.length - 1], fill: () => colourOf(0) + "26"}];
+    }
+    const axis = {stroke: () => ink("--axis"), grid: {stroke: () => ink("--grid"), width: 1}, ticks: {show: false}, font: "11px system-ui,sans-serif"};
+    panel.uplot = new uPlot({
+      width: Math.max(200, panel.plot.clientWidth), height: 150, series, bands, legend: {show: false},
+      padding: [8, 10, 0, 0],
+      scales: {x: {time: false, range: () => this.range}, y: {range: (_, low, high) => this.valueRange(panel, low, high)}},
+      axes: [{...axis, size: 26, values: (_, splits) => splits.map((km, k) => Number(km.toPrecision(6)) + (k === splits.length - 1 ? " km" : ""))}, {...axis, size: 48, values: (_, splits) => splits.map(value => String(Number(value.toPrecision(6))))}],
+      cursor: {y: false, drag: {x: true, y: false, setScale: false}, points: {size: 6},
+        dataIdx: (_, run, closest) => this.moving ? this.place : closest},
+      hooks: {
+        setCursor: [u => this.follow(u)],
+        setSelect: [u => u.select.width > 4 && this.show([u.posToVal(u.select.left, "x"), u.posToVal(u.select.left + u.select.width, "x")])],
+        drawClear: [u => this.drawBoundaries(u)],
+        draw: [u => this.drawMarks(u, panel)],
+      },
+    }, data, panel.plot);
+    panel.uplot.over.addEventListener("dblclick", () => this.show(this.whole));
+  }
+
+  // What is seen of targets and samples counts, too.
+  valueRange(panel, low, high) {
+    let top = high ?? 1, bottom = Math.min(0, low ?? 0);
+    const isSeen = k => this.data.km[k] >= this.range[0] && this.data.km[k] <= this.range[1];
+    setup.runs.forEach((_, run) => {
+      if (hidden.has(run)) return;
+      for (const [, from, to, target] of this.targets(panel, run))
+        if (to >= this.range[0] && from <= this.range[1] && this.isJudgedShown(panel)) top = Math.max(top, target);
+      for (const [k, value] of this.column(panel, run, "o"))
+        if (isSeen(k)) top = Math.max(top, value);
+    });
+    if (top <= bottom) top = bottom + 1;
+    return [bottom, top + 0.06 * (top - bottom)];
+  }
+
+  // A target is one of the judged statistic.
+  isJudgedShown(panel) {
+    return statistic === "judged" || !panel.series.other;
+  }
+
+  // Stretches of equal target: [place, from km, to km, target].
+  targets(panel, run) {
+    const changes = panel.runs[run].t ?? [], km = this.data.km;
+    return changes.flatMap(([k, target], i) =>
+      target === null ? [] : [[k, km[k], i + 1 < changes.length ? km[changes[i + 1][0]] : km[km.length - 1], target]]);
+  }
+
+  // Calls `act` with the canvas, cut to where curves are.
+  within(u, act) {
+    const {left, top, width, height} = u.bbox, draw = u.ctx;
+    draw.save();
+    draw.beginPath();
+    draw.rect(left, top, width, height);
+    draw.clip();
+    act(draw);
+    draw.restore();
+  }
+
+  // Between reaches.
+  drawBoundaries(u) {
+    this.within(u, draw => {
+      draw.lineWidth = devicePixelRatio;
+      draw.strokeStyle = ink("--axis");
+      draw.globalAlpha = 0.5;
+      draw.setLineDash([2 * devicePixelRatio, 3 * devicePixelRatio]);
+      draw.beginPath();
+      for (const [km] of this.data.reaches.slice(1)) {
+        const x = Math.round(u.valToPos(km, "x", true)) + 0.5;
+        draw.moveTo(x, u.bbox.top);
+        draw.lineTo(x, u.bbox.top + u.bbox.height);
+      }
+      draw.stroke();
+    });
+  }
+
+  drawMarks(u, panel) {
+    const x = km => u.valToPos(km, "x", true), y = value => u.valToPos(value, "y", true);
+    this.within(u, draw => {
+      if (this.isJudgedShown(panel)) this.drawTargets(draw, panel, x, y);
+      setup.runs.forEach((_, run) => this.drawObserved(draw, panel, run, x, y));
+    });
+  }
+
+  // Those of a run only where they differ from the base's.
+  isLikeBase(panel, run, part) {
+    return run > 0 && !hidden.has(0) && JSON.stringify(panel.runs[run][part]) === JSON.stringify(panel.runs[0][part]);
+  }
+
+  drawTargets(draw, panel, x, y) {
+    setup.runs.forEach((_, run) => {
+      if (hidden.has(run) || this.isLikeBase(panel, run, "t")) return;
+      draw.strokeStyle = run === 0 ? ink("--target") : colourOf(run);
+      draw.lineWidth = 1.5 * devicePixelRatio;
+      draw.setLineDash([6 * devicePixelRatio, 3 * devicePixelRatio]);
+      draw.beginPath();
+      for (const [, from, to, target] of this.targets(panel, run)) {
+        draw.moveTo(x(from), y(target));
+        draw.lineTo(x(to), y(target));
+      }
+      draw.stroke();
+      draw.setLineDash([]);
+    });
+  }
+
+  drawObserved(draw, panel, run, x, y) {
+    if (hidden.has(run) || this.isLikeBase(panel, run, this.prefix(panel, run) + "o")) return;
+    const half = 3.5 * devicePixelRatio;
+    draw.strokeStyle = run === 0 ? ink("--ink") : colourOf(run);
+    draw.lineWidth = 1.25 * devicePixelRatio;
+    draw.beginPath();
+    for (const [k, value] of this.column(panel, run, "o")) {
+      const [px, py] = [x(this.data.km[k]), y(value)];
+      draw.moveTo(px - half, py - half);
+      draw.lineTo(px + half, py + half);
+      draw.moveTo(px - half, py + half);
+      draw.lineTo(px + half, py - half);
+    }
+    draw.stroke();
+  }
+
+  // The pointer in one panel moves the cursor of all.
+  follow(u) {
+    if (!this.moving && u.cursor.left >= 0 && u.cursor.idx !== null) this.moveTo(u.cursor.idx, u);
+  }
+
+  moveTo(place, from = null) {
+    if (place === this.place && from) return;
+    this.place = place;
+    this.moving = true;
+    for (const panel of this.panels) {
+      if (panel.figure.hidden || !panel.uplot) continue;
+      if (panel.uplot !== from) panel.uplot.setCursor({left: panel.uplot.valToPos(this.data.km[place], "x"), top: 10});
+      this.showValues(panel);
+    }
+    this.moving = false;
+    this.slider.value = place;
+    const words = this.placeWords();
+    this.text.replaceChildren(make("bdi", {}, words));
+    this.slider.setAttribute("aria-valuetext", [words, ...this.spoken()].join("; "));
+  }
+
+  reachAt(place) {
+    return this.data.reaches.findLast(reach => reach[2] <= place) ?? this.data.reaches[0];
+  }
+
+  placeWords() {
+    const name = this.names.get(this.place);
+    return [this.data.km[this.place].toFixed(2) + " km", ...(name ? [name] : []), this.reachAt(this.place)[1]].join(" \u00b7 ");
+  }
+
+  valueWords(panel, run) {
+    const value = this.column(panel, run)[this.place];
+    if (value === null || value === undefined) return "none";
+    const [low, high] = ["l", "h"].map(part => this.column(panel, run, part)?.[this.place]);
+    const base = run > 0 ? this.column(panel, 0)[this.place] : null;
+    let words = shown(value);
+    if (run === 0 && typeof low === "number") words += " (" + shown(low) + " to " + shown(high) + ")";
+    if (base) words += " (" + (value > base ? "+" : "") + (100 * (value - base) / base).toFixed(1) + " %)";
+    return words;
+  }
+
+  showValues(panel) {
+    panel.values.replaceChildren(...setup.runs.flatMap((_, run) => hidden.has(run) ? [] :
+      [make("span", {"data-run": run}, swatch(run), this.valueWords(panel, run))]));
+  }
+
+  spoken() {
+    return this.panels.filter(panel => !panel.figure.hidden).map(panel => panel.series.title + " " +
+      setup.runs.flatMap((run, k) => hidden.has(k) ? [] : [run.name + " " + this.valueWords(panel, k)]).join(", "));
+  }
+
+  show(range) {
+    const [low, high] = this.whole;
+    const least = (high - low) / 500;
+    let [from, to] = [Math.max(low, range[0]), Math.min(high, range[1])];
+    if (to - from < least) to = Math.min(high, from + least);
+    this.range = [from, to];
+    for (const panel of this.panels) {
+      if (!panel.uplot) continue;
+      panel.uplot.setSelect({left: 0, top: 0, width: 0, height: 0}, false);
+      panel.uplot.setScale("x", {min: from, max: to});
+    }
+    this.moveTo(this.place);
+  }
+
+  zoom(factor) {
+    const middle = this.data.km[this.place], half = (this.range[1] - this.range[0]) * factor / 2;
+    const centre = Math.min(Math.max(middle, this.whole[0] + half), Math.max(this.whole[1] - half, this.whole[0]));
+    this.show([centre - half, centre + half]);
+  }
+
+  redraw() {
+    if (!this.panels) return;
+    for (const panel of this.panels) {
+      panel.figure.hidden = !shownSeries.has(panel.k);
+      if (!panel.figure.hidden) this.draw(panel);
+    }
+    const place = this.place;
+    this.place = -1;
+    this.moveTo(place);
+  }
+
+  resize() {
+    for (const panel of this.panels ?? [])
+      if (panel.uplot && !panel.figure.hidden && panel.plot.clientWidth > 0)
+        panel.uplot.setSize({width: panel.plot.clientWidth, height: 150});
+  }
+}
+
+// --- What is shown ------------------------------------------------------------------------------------------
+
+const redrawAll = () => rivers.forEach(river => river.redraw());
+
+function box(type, name, words, checked, change, sign) {
+  const input = make("input", {type, name});
+  input.checked = checked;
+  input.addEventListener("change", () => change(input.checked));
+  const label = make("label", {}, input);
+  if (sign) label.append(sign);
+  label.append(make("bdi", {}, words));
+  return label;
+}
+
+function group(words, ...boxes) {
+  return make("fieldset", {}, make("legend", {}, words), ...boxes);
+}
+
+function toggle(set, member, isIn) {
+  isIn ? set.add(member) : set.delete(member);
+}
+
+function hideRun(run, isShown) {
+  toggle(hidden, run, !isShown);
+  all("svg.picture .run-" + run).forEach(element => isShown ? element.removeAttribute("display") : element.setAttribute("display", "none"));
+  redrawAll();
+}
+
+function buildTools() {
+  const tools = byId("tools");
+  if (!tools) return;
+  if (setup.runs.length > 1)
+    tools.append(group("Runs", ...setup.runs.map((run, k) => box("checkbox", "run", run.name, true, on => hideRun(k, on), swatch(k)))));
+  const loads = setup.series.some(series => series.kind !== "load");
+  setup.series.forEach((series, k) => (series.kind !== "load" || !loads) && shownSeries.add(k));
+  tools.append(group("Series", ...setup.series.map((series, k) =>
+    box("checkbox", "series", series.title, shownSeries.has(k), on => { toggle(shownSeries, k, on); redrawAll(); }))));
+  if (setup.series.some(series => series.other)) {
+    const choose = which => () => { statistic = which; redrawAll(); };
+    tools.append(group("Values", box("radio", "statistic", "judged statistic", true, choose("judged")), box("radio", "statistic", "mean", false, choose("mean"))));
+  }
+}
+
+function buildChoice() {
+  const place = byId("choose-sources"), choices = all(".choice");
+  if (!place || choices.length < 2) return;
+  const select = make("select", {}, ...choices.map((choice, k) => make("option", {value: k}, choice.dataset.choice)));
+  const show = () => choices.forEach((choice, k) => { choice.hidden = k !== Number(select.value); });
+  select.addEventListener("change", show);
+  place.append(make("label", {class: "choose"}, "Determinand", select));
+  show();
+}
+
+function whenNear(elements, act) {
+  const watch = new IntersectionObserver(entries => {
+    for (const entry of entries) {
+      if (!entry.isIntersecting) continue;
+      watch.unobserve(entry.target);
+      act(entry.target);
+    }
+  }, {rootMargin: "800px"});
+  elements.forEach(element => watch.observe(element));
+}
+
+all("table[id]").forEach(equipTable);
+buildTools();
+buildChoice();
+all("#network svg.picture").forEach(picture => picture.after(make("p", {class: "save"}, saveButton(picture))));
+const sections = all(".river");
+sections.forEach(section => rivers.push(new River(section)));
+whenNear(sections, section => rivers[sections.indexOf(section)].build());
+dark.addEventListener("change", redrawAll);
+let resizing;
+addEventListener("resize", () => {
+  clearTimeout(resizing);
+  resizing = setTimeout(() => rivers.forEach(river => river.resize()), 100);
+});
+document.documentElement.dataset.ready = "yes";
+})();
