@@ -12,6 +12,7 @@ if [[ ${1:-run} == test ]]; then
         cups git util-linux lintian appstream desktop-file-utils libxml2-utils shared-mime-info mmdebstrap slurm-wlm
         munge sqlite3 libreoffice-calc-nogui)
     optional+=(g++-mingw-w64-x86-64 wine wine64) # the tests of a Windows engine are skipped without them
+    optional+=(chromium chromium-driver)         # those of the published page, too
 elif [[ ${1:-run} == tidy ]]; then
     packages+=(libgtest-dev libgmock-dev clang clang-tidy)
 fi

@@ -22,10 +22,11 @@ extern const Command fitCommand;
 extern const Command sourcesCommand;
 extern const Command networkCommand;
 extern const Command checkCommand;
+extern const Command publishCommand;
 
 inline const Command* const commandList[] = {
     &infoCommand,    &csvCommand,     &reportCommand, &graphCommand,   &listingCommand,    &runModelCommand,
     &batchCommand,   &runsCommand,    &tableCommand,  &changesCommand, &complianceCommand, &fitCommand,
-    &sourcesCommand, &networkCommand, &checkCommand,  &helpPageCommand};
+    &sourcesCommand, &networkCommand, &checkCommand,  &publishCommand, &helpPageCommand};
 
 } // namespace korvel
