@@ -2,9 +2,9 @@
 
 #include "basic/DiskNames.h"
 #include "basic/RunTimeError.h"
+#include "basic/Sha256.h"
 #include "basic/Text.h"
 #include "many/PrivateFolder.h"
-#include "basic/Sha256.h"
 
 #include <array>
 #include <filesystem>
