@@ -26,7 +26,9 @@ constexpr std::array<const char*, 10> runCaptions = {
 const std::string productAndVersion = std::string(productName) + " " + productVersion;
 const std::string designCaption = productAndVersion + " ... " + productReleaseDate;
 
-constexpr double titleFontSize = 30; // points
+constexpr double titleFontSize = 30;  // points
+constexpr double titleWidth = 5600;   // twips, as designed
+constexpr double creditsHeight = 780; // twips above the bottom
 
 // The logo: a river's profile, falling from the source to the sea.
 constexpr int logoCount = 7;
@@ -56,10 +58,10 @@ std::array<QAction*, 10> frmStart::runItems() {
 ControlArray<QLabel> frmStart::korvelLabels() {
     ControlArray<QLabel> labels("lblKorvel");
     const Look look{.fontSize = titleFontSize, .bold = true, .align = Qt::AlignCenter};
-    labels.add(0, label("lblKorvel_0", productAndVersion, at(2030, 3130, 5600, 900), look));
-    labels.add(1, label("lblKorvel_1", productAndVersion, at(2000, 3100, 5600, 900), look));
-    labels[0].setStyleSheet("color: #d5dde2");
-    labels[1].setStyleSheet("color: #0b3c5d");
+    labels.add(0, label("lblKorvel_0", productAndVersion, at(2030, 3130, titleWidth, 900), look));
+    labels.add(1, label("lblKorvel_1", productAndVersion, at(2000, 3100, titleWidth, 900), look));
+    setTextColour(labels[0], {213, 221, 226});
+    setTextColour(labels[1], {11, 60, 93});
     return labels;
 }
 
@@ -77,10 +79,12 @@ frmStart::frmStart(Platform& doors)
     : Form(doors, "frmStart", designCaption),
       m_dataFiles(doors, {[&doors] { SaveSettings(doors); }, [this] { refresh(); }}) {
     client().setObjectName("client");
-    client().setStyleSheet("#client { background: white }");
-    lblEditWarning.setStyleSheet("color: #7a4a00");
-    for (QFrame* line : {&lineAddress_0, &lineAddress_1})
-        line->setStyleSheet("background: #c4d3da; border: none");
+    setBackground(client(), {255, 255, 255});
+    setTextColour(lblEditWarning, {122, 74, 0});
+    for (QFrame* line : {&lineAddress_0, &lineAddress_1}) {
+        line->setFrameStyle(QFrame::NoFrame);
+        setBackground(*line, {196, 211, 218});
+    }
     frameCD.hide();
     connectMenus();
 }
@@ -115,6 +119,7 @@ void frmStart::load() {
     scaleLogo();
     centreFrames();
     widenTexts();
+    keepRoom();
     m_graph = std::make_unique<frmSimgraph>(doors());
     m_graphData = std::make_unique<frmGraphData>(doors(), *m_graph);
     m_reports = std::make_unique<frmReports>(doors());
@@ -136,8 +141,20 @@ void frmStart::scaleLogo() {
         setControlPlace(*control, scaled.place);
         setFontSize(*control, scaled.fontSize, true);
     }
+    // A label is as wide as the larger factor makes it, on a tall screen wider than that; its text stays in
+    // the middle of the form.
+    for (const auto& [index, control] : lblKorvel) {
+        const int beyond = control->width() - pixels(titleWidth * GLOBAL.ScaleX);
+        control->setContentsMargins(0, 0, qMax(0, beyond), 0);
+    }
     for (const auto& [index, control] : shpLogo)
         setControlPlace(*control, scaledLogoShape(controlPlace(*control), factors));
+}
+
+// The texts keep the width that they have at the start, and the credits stay below all else.
+void frmStart::keepRoom() {
+    const QPoint corner = lblNextStep.geometry().bottomRight();
+    client().setMinimumSize(corner.x() + 1, corner.y() + 1 + pixels(creditsHeight));
 }
 
 void frmStart::centreFrames() {
@@ -248,7 +265,7 @@ void frmStart::onResize() {
     const auto keepAbove = [bottom](QWidget& control, double twipsAboveBottom) {
         control.move(control.x(), bottom - pixels(twipsAboveBottom));
     };
-    keepAbove(lineAddress_0, 780);
+    keepAbove(lineAddress_0, creditsHeight);
     keepAbove(lblAddress_0, 720);
     keepAbove(lblAddress_1, 420);
     keepAbove(lineAddress_1, 90);

@@ -35,6 +35,7 @@ class frmStart : public Form {
   private:
     void fitToWorkArea(Form& form);
     void scaleLogo();
+    void keepRoom();
     void centreFrames();
     void widenTexts();
     void connectMenus();

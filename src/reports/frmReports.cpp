@@ -50,7 +50,7 @@ std::string fitHint(int determinands) {
 } // namespace
 
 frmReports::frmReports(Platform& services)
-    : Form(services, "frmReports", "Korvel Reports"),
+    : Form(services, "frmReports", "Korvel Reports", Scaling::follows),
       lblExplain(label("lblExplain", explanation, at(180, 120, 6240, 1470),
                        {.in = &frameExplain, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true})) {
     CDFilename.objectName = "CDFilename";
@@ -59,6 +59,7 @@ frmReports::frmReports(Platform& services)
     connectLists();
     addListMenus();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    keepRoomForControls();
     for (QFrame* overlay : {&frameExplain, &frameProgress}) {
         overlay->setFrameStyle(QFrame::Box | QFrame::Plain);
         overlay->setLineWidth(2);

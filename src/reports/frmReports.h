@@ -65,11 +65,11 @@ class frmReports : public Form {
     QFrame& frameOptions = frame("frameOptions", at(6390, 75, 2970, 2610));
     ControlArray<QCheckBox> Check = checkBoxes();
     ControlArray<QLabel> Label = labels();
-    QLabel& lblNextStep = label("lblNextStep", "", at(6390, 2850, 2970, 1050),
+    QLabel& lblNextStep = label("lblNextStep", "", at(6390, 2850, 2970, 1035),
                                 {.bold = true, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
     QLabel& lblDone = label("lblDone", "", at(6390, 3900, 2970, 1170),
                             {.align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
-    QLabel& lblFit = label("lblFit", "", at(4800, 5775, 4560, 270), {.align = Qt::AlignCenter});
+    QLabel& lblFit = label("lblFit", "", at(4800, 5775, 4560, 255), {.align = Qt::AlignCenter});
     QFrame& frameExplain = frame("frameExplain", at(1500, 1500, 6600, 2250));
     QLabel& lblExplain;
     ControlArray<QPushButton> cmdView = viewButtons();

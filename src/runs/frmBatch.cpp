@@ -62,7 +62,7 @@ ControlArray<QLabel> frmBatch::labels() {
 }
 
 frmBatch::frmBatch(Platform& doors)
-    : Form(doors, "frmBatch", "Batch Run Data"),
+    : Form(doors, "frmBatch", "Batch Run Data", Scaling::follows),
       m_batch(doors,
               [this] {
                   refresh();
@@ -74,11 +74,12 @@ frmBatch::frmBatch(Platform& doors)
       })) {
     lblBatch[0].setBuddy(&txtBatch);
     lblBatch[1].setBuddy(&lstSelectedFiles);
-    lblBatch[10].setStyleSheet("color: #14663a");
+    setTextColour(lblBatch[10], {20, 102, 58});
     connectList();
     connectRun();
     arrangeTabOrder();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    keepRoomForControls();
     setOuterPlace(placeIn(doors.machine.workArea()));
     refresh();
 }

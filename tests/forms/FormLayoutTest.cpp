@@ -43,8 +43,8 @@ std::vector<QWidget*> controlsOf(const QWidget& parent) {
 }
 
 QSize roomOf(const QLabel& label) {
-    const int border = 2 * (label.margin() + label.frameWidth());
-    return label.size() - QSize(border, border);
+    const int border = 2 * label.margin();
+    return label.contentsRect().size() - QSize(border, border);
 }
 
 // Where a button's style puts its text.
@@ -88,7 +88,12 @@ void expectWholeLines(const QListWidget& list) {
     EXPECT_GE(inside, 3 * list.sizeHintForRow(0)) << nameOf(list);
 }
 
+bool isTitle(const QWidget& control) {
+    return control.objectName().startsWith("lblKorvel");
+}
+
 void expectInsideItsParent(const QWidget& control) {
+    if (isTitle(control)) return; // its size is given; where its text stands is looked at apart
     const QRect room = control.parentWidget()->rect();
     const QRect place = control.geometry();
     EXPECT_TRUE(room.contains(place))
@@ -98,7 +103,7 @@ void expectInsideItsParent(const QWidget& control) {
 
 // The name on the main form stands on its own shadow.
 bool mayOverlap(const QWidget& a, const QWidget& b) {
-    return a.objectName().startsWith("lblKorvel") && b.objectName().startsWith("lblKorvel");
+    return isTitle(a) && isTitle(b);
 }
 
 void expectNoOverlaps(const std::vector<QWidget*>& controls) {
@@ -128,6 +133,25 @@ void expectLaidOut(QWidget& form, std::size_t leastControls = 5) {
         expectAccessible(*control);
     }
     expectNoOverlaps(controls);
+}
+
+// Made as small as it can be, a form still shows everything, and a desktop holds it.
+void expectLaidOutWhenSmall(QWidget& form, const Desktop& desktop, std::size_t leastControls = 5) {
+    const QSize least = form.minimumSizeHint().expandedTo(form.minimumSize());
+    EXPECT_LE(least.width(), desktop.width) << nameOf(form);
+    EXPECT_LE(least.height() + titleBarHeight, desktop.height) << nameOf(form);
+    form.resize(1, 1);
+    passEvents();
+    expectLaidOut(form, leastControls);
+}
+
+// What is shown of a label's text lies on the form.
+void expectTextOnTheForm(const QLabel& label) {
+    const QRect text = label.style()->itemTextRect(label.fontMetrics(), label.contentsRect(),
+                                                   static_cast<int>(label.alignment()), true, label.text());
+    const QRect place = text.translated(label.mapTo(label.window(), QPoint(0, 0)));
+    EXPECT_TRUE(label.window()->rect().contains(place))
+        << nameOf(label) << " from " << place.left() << " to " << place.right();
 }
 
 // Of a group of option buttons, only the chosen one is a stop.
@@ -193,7 +217,8 @@ class FormLayout : public CleanGlobals, public testing::WithParamInterface<Deskt
 };
 
 constexpr Desktop desktops[] = {
-    {"Design640x452", 640, 452}, {"Laptop", 1366, 768}, {"FullHd", 1920, 1080}, {"Small", 960, 540}};
+    {"Design640x452", 640, 452}, {"Laptop", 1366, 768},       {"FullHd", 1920, 1080}, {"Small", 960, 540},
+    {"Portrait", 1080, 1920},    {"SmallPortrait", 540, 960}, {"FourK", 3840, 2160}};
 
 INSTANTIATE_TEST_SUITE_P(Desktops, FormLayout, testing::ValuesIn(desktops),
                          [](const auto& desktop) { return desktop.param.name; });
@@ -203,7 +228,10 @@ INSTANTIATE_TEST_SUITE_P(Desktops, FormLayout, testing::ValuesIn(desktops),
 TEST_P(FormLayout, MainForm) {
     startMainForm();
     showFramed(*start);
+    for (const char* const name : {"lblKorvel_0", "lblKorvel_1"})
+        expectTextOnTheForm(control<QLabel>(*start, name));
     expectLaidOut(*start);
+    expectLaidOutWhenSmall(*start, GetParam());
 }
 
 TEST_P(FormLayout, MainFormShowingProgress) {
@@ -223,6 +251,7 @@ TEST_P(FormLayout, SetUpForm) {
     expectLaidOut(form);
     loadResults(form);
     expectLaidOut(form);
+    expectLaidOutWhenSmall(form, GetParam());
 }
 
 TEST_P(FormLayout, SetUpFormWhileItWaits) {
@@ -248,6 +277,7 @@ TEST_P(FormLayout, GraphForm) {
     showFramed(form);
     expectLaidOut(form);
     expectTabReachesEverything(form, control<QWidget>(form, "Cmd_1"));
+    expectLaidOutWhenSmall(form, GetParam());
 }
 
 TEST_P(FormLayout, GraphFormWhileTwoAreCompared) {
@@ -271,6 +301,7 @@ TEST_P(FormLayout, EngineWindow) {
     form.resize(GetParam().width, GetParam().height);
     showFramed(form);
     expectLaidOut(form);
+    expectLaidOutWhenSmall(form, GetParam());
 }
 
 TEST_P(FormLayout, ReportForm) {
@@ -278,6 +309,7 @@ TEST_P(FormLayout, ReportForm) {
     QWidget& form = formNamed("frmReports");
     showFramed(form);
     expectLaidOut(form);
+    expectLaidOutWhenSmall(form, GetParam());
 }
 
 TEST_P(FormLayout, BatchForm) {
@@ -286,6 +318,7 @@ TEST_P(FormLayout, BatchForm) {
     QWidget& form = formNamed("frmBatch");
     showFramed(form);
     expectLaidOut(form);
+    expectLaidOutWhenSmall(form, GetParam());
 }
 
 TEST_P(FormLayout, HelpForm) {
@@ -295,6 +328,7 @@ TEST_P(FormLayout, HelpForm) {
     form.load();
     showFramed(form);
     expectLaidOut(form, 2);
+    expectLaidOutWhenSmall(form, GetParam(), 2);
 }
 
 TEST_P(FormLayout, ListingForm) {
@@ -304,6 +338,7 @@ TEST_P(FormLayout, ListingForm) {
         showFramed(form);
         expectLaidOut(form);
         expectTabReachesEverything(form, control<QWidget>(form, "txtFind"));
+        expectLaidOutWhenSmall(form, GetParam());
     });
     form.view(platform.pathOf("A.OUT"));
 }

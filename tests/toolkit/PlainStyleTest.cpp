@@ -7,6 +7,8 @@
 
 #include <memory>
 
+#include <QCheckBox>
+
 namespace korvel {
 
 namespace {
@@ -25,6 +27,24 @@ TEST(PlainStyle, PaintsTheExtensionIconItself) {
     EXPECT_EQ(qAlpha(image.pixel(2, 16)), 0);
     for (const int x : {8 + 6, 17 + 6})
         EXPECT_GT(qAlpha(image.pixel(x, 16)), 200) << x;
+}
+
+TEST(PlainStyle, LetsBoxesAndCirclesGrowWithTheirText) {
+    const PlainStyle style;
+    QCheckBox box;
+    for (const auto mark : {QStyle::PM_IndicatorWidth, QStyle::PM_IndicatorHeight,
+                            QStyle::PM_ExclusiveIndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight}) {
+        box.setFont(QFont("Arial", 8));
+        const int small = style.pixelMetric(mark, nullptr, &box);
+        EXPECT_EQ(small, style.QProxyStyle::pixelMetric(mark, nullptr, &box)) << "never below Fusion's";
+        box.setFont(QFont("Arial", 19));
+        const int large = style.pixelMetric(mark, nullptr, &box);
+        EXPECT_GT(large, small + 3);
+        EXPECT_LT(large, box.fontMetrics().height());
+        EXPECT_EQ(style.pixelMetric(mark, nullptr, nullptr), small);
+    }
+    EXPECT_EQ(style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &box),
+              style.QProxyStyle::pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &box));
 }
 
 TEST(PlainStyle, LeavesTheOtherIconsToFusion) {

@@ -20,6 +20,8 @@ namespace korvel {
 namespace {
 
 constexpr double readoutSize = 7; // points
+constexpr int leastColumns = 3;   // of the width of that with the buttons
+constexpr int leastReadout = 100; // pixels
 
 BoxLine::Sample sampleOf(CurveRole role) {
     switch (role) {
@@ -45,7 +47,7 @@ BoxLine boxLine(const ReadoutLine& line) {
 } // namespace
 
 frmSimgraph::frmSimgraph(Platform& doors)
-    : Form(doors, "frmSimgraph", "Korvel Graphical Results"),
+    : Form(doors, "frmSimgraph", "Korvel Graphical Results", Scaling::follows),
       m_primitives(m_drawing, GraphForm::graph, doors.screenMetrics, doors.paper.metrics()) {
     picGraph.setAccessibleName("Graph");
     Label.hide();
@@ -60,6 +62,7 @@ frmSimgraph::frmSimgraph(Platform& doors)
     connectPictureMenu();
     connectPointer();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    client().setMinimumSize(leastColumns * Shape2.width(), cmdMore.geometry().bottom() + leastReadout);
     QFont narrow = Label.font();
     narrow.setFamily("Arial Narrow");
     Label.setFont(narrow);

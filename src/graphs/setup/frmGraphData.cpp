@@ -30,7 +30,9 @@ constexpr int firstPercentileOption = 3;
 } // namespace
 
 frmGraphData::frmGraphData(Platform& doors, frmSimgraph& graph)
-    : Form(doors, "frmGraphData", "Korvel Graphical Results"), CDFilename(resultsDialog()), m_graph(graph) {
+    : Form(doors, "frmGraphData", "Korvel Graphical Results", Scaling::follows),
+      CDFilename(resultsDialog()),
+      m_graph(graph) {
     for (int option = 0; option < firstPercentileOption; ++option)
         m_plotTypeGroup.addButton(&optPlotType[option], option);
     for (int option = firstPercentileOption; option < firstPercentileOption + statistics::levels; ++option)
@@ -48,6 +50,7 @@ frmGraphData::frmGraphData(Platform& doors, frmSimgraph& graph)
     setToolTips();
     arrangeTabOrder();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    keepRoomForControls();
     refresh();
 }
 

@@ -39,8 +39,8 @@ void showWholeLines(QListWidget& list) {
 
 } // namespace
 
-Form::Form(Platform& services, const char* name, const std::string& caption)
-    : m_services(services), m_handlers(services.windows), m_client(new QWidget(this)) {
+Form::Form(Platform& services, const char* name, const std::string& caption, Scaling scaling)
+    : m_services(services), m_handlers(services.windows), m_client(new QWidget(this)), m_scaling(scaling) {
     setObjectName(name);
     setWindowTitle(shown(caption));
     setCentralWidget(m_client);
@@ -89,7 +89,7 @@ Control& Form::added(Control* control, const std::string& name, const std::strin
     layout.height = place.height;
     layout.fontSize = look.fontSize;
     m_placed.push_back({control, layout, look.bold});
-    apply(m_placed.back());
+    if (m_scaling == Scaling::none) apply(m_placed.back());
     return *control;
 }
 
@@ -193,6 +193,13 @@ void Form::ScaleFormControls(double scaleX, double scaleY) {
     }
 }
 
+void Form::keepRoomForControls() {
+    QRect room(0, 0, 1, 1);
+    for (const Placed& placed : m_placed)
+        if (placed.control->parentWidget() == m_client) room |= placed.control->geometry();
+    m_client->setMinimumSize(room.right() + 1, room.bottom() + 1);
+}
+
 Place Form::controlPlace(const QWidget& control) const {
     for (const Placed& placed : m_placed)
         if (placed.control == &control)
@@ -215,6 +222,12 @@ void Form::setBackground(QWidget& control, Rgb colour) {
     QPalette palette = control.palette();
     palette.setColor(QPalette::Window, QColor(colour.red, colour.green, colour.blue));
     control.setAutoFillBackground(true);
+    control.setPalette(palette);
+}
+
+void Form::setTextColour(QWidget& control, Rgb colour) {
+    QPalette palette = control.palette();
+    palette.setColor(QPalette::WindowText, QColor(colour.red, colour.green, colour.blue));
     control.setPalette(palette);
 }
 

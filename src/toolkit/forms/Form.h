@@ -39,9 +39,13 @@ struct Look {
     bool wraps = false;
 };
 
+// Whether a form's controls stay as they are built or wait for ScaleFormControls, so that nothing is laid out
+// twice.
+enum class Scaling { none, follows };
+
 class Form : public QMainWindow, public ShownForm {
   public:
-    Form(Platform& services, const char* name, const std::string& caption);
+    Form(Platform& services, const char* name, const std::string& caption, Scaling scaling = Scaling::none);
 
     std::string formName() const override { return objectName().toStdString(); }
     void activate() final;
@@ -90,9 +94,12 @@ class Form : public QMainWindow, public ShownForm {
 
     // Rescales every control in place and returns to whole lines in the lists.
     void ScaleFormControls(double scaleX, double scaleY);
+    // The window can't be made smaller than it takes to show all controls where they are.
+    void keepRoomForControls();
     Place controlPlace(const QWidget& control) const;
     void setControlPlace(QWidget& control, const Place& place);
     static void setBackground(QWidget& control, Rgb colour);
+    static void setTextColour(QWidget& control, Rgb colour);
     static void setFontSize(QWidget& control, double points, bool bold);
 
     template <typename Sender, typename Signal, typename Action>
@@ -140,6 +147,7 @@ class Form : public QMainWindow, public ShownForm {
     QWidget* m_client;
     std::vector<Placed> m_placed;
     Place m_outer;
+    Scaling m_scaling;
     bool m_fitted = false;
     bool m_activated = false;
 };

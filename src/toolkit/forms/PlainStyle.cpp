@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPixmap>
+#include <QWidget>
 
 namespace korvel {
 
@@ -20,12 +21,25 @@ QIcon furtherOn() {
     return picture;
 }
 
+bool isMark(QStyle::PixelMetric which) {
+    return which == QStyle::PM_IndicatorWidth || which == QStyle::PM_IndicatorHeight ||
+           which == QStyle::PM_ExclusiveIndicatorWidth || which == QStyle::PM_ExclusiveIndicatorHeight;
+}
+
+constexpr double shareOfLine = 0.65; // a mark's, of the height of a line beside it
+
 } // namespace
 
 QIcon PlainStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                const QWidget* widget) const {
     if (which == SP_ToolBarHorizontalExtensionButton) return furtherOn();
     return QProxyStyle::standardIcon(which, option, widget);
+}
+
+int PlainStyle::pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const {
+    const int size = QProxyStyle::pixelMetric(which, option, widget);
+    if (!isMark(which) || widget == nullptr) return size;
+    return qMax(size, qRound(widget->fontMetrics().height() * shareOfLine));
 }
 
 } // namespace korvel

@@ -1,6 +1,7 @@
-// The look of the forms: Fusion, but for one icon. Each menu bar asks for that of its extension button when
-// it is made, shown or not, and Fusion's comes from a file, for which Qt loads the libraries of all image
-// formats: an eighth of the time that the program takes to start. So it is painted here.
+// The look of the forms: Fusion, with boxes and circles that grow with their text, and but for one icon. Each
+// menu bar asks for that of its extension button when it is made, shown or not, and Fusion's comes from a
+// file, for which Qt loads the libraries of all image formats: an eighth of the time that the program takes
+// to start. So it is painted here.
 #pragma once
 
 #include <QIcon>
@@ -14,6 +15,7 @@ class PlainStyle : public QProxyStyle {
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                        const QWidget* widget) const override;
+    int pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const override;
 };
 
 } // namespace korvel
