@@ -93,7 +93,7 @@ int runChanges(CommandCall& call) {
     taken.request.statistic = statisticTyped(line.value("--statistic").value_or("mean"));
     taken.request.interpolated = line.has("--interpolated");
     const std::vector<std::string> files = studyFiles(line, {2, MaxRuns});
-    const OutputChoice output = outputChoice(line, files);
+    const OutputChoice output = outputChoice(call.platform.files, line, files);
     taken.study = takeStudy(call, files);
     const StudyRun& base = taken.study.base();
     taken.request.series = seriesChosen(line.value("--series"), base.results());

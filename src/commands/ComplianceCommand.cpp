@@ -164,7 +164,7 @@ int runCompliance(CommandCall& call) {
     taken.request.deterioration = givenPercent(line);
     const bool inTurn = namesPlan(line) && taken.by == "determinand";
     const std::vector<std::string> files = studyFiles(line, inTurn ? AnyPlan : FileCount{});
-    const OutputChoice output = outputChoice(line, files);
+    const OutputChoice output = outputChoice(call.platform.files, line, files);
     std::optional<RunsInTurn> planned;
     if (inTurn)
         take(taken, planned.emplace(call, files));

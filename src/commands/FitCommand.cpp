@@ -84,7 +84,7 @@ int runFit(CommandCall& call) {
     taken.by = chosenWord(line, "--by", {"whole", "river", "reach", "point"});
     taken.request.statistics = statisticsChosen(line.value("--statistics"));
     const std::vector<std::string> files = studyFiles(line, {});
-    const OutputChoice output = outputChoice(line, files);
+    const OutputChoice output = outputChoice(call.platform.files, line, files);
     taken.study = takeStudy(call, files);
     const StudyRun& base = taken.study.base();
     taken.request.series = givenSeries(line, base.results());

@@ -151,7 +151,7 @@ int runSources(CommandCall& call) {
     if (!determinand) throw UsageError("no determinand given");
     const std::optional<TypedPlace> typed = typedPlace(line);
     const std::vector<std::string> files = studyFiles(line, {});
-    const OutputChoice output = outputChoice(line, files);
+    const OutputChoice output = outputChoice(call.platform.files, line, files);
     taken.study = takeStudy(call, files);
     const StudyRun& base = taken.study.base();
     const int number = *determinand == "Flow" ? 0 : determinandNamed(*determinand, base.results());

@@ -5,6 +5,7 @@
 #include "commands/ProgressLine.h"
 #include "commands/TerminalText.h"
 #include "many/FinishedRuns.h"
+#include "platform/OwnInput.h"
 #include "toolkit/process/StopSignals.h"
 
 #include <algorithm>
@@ -34,12 +35,6 @@ void expectCount(std::size_t files, std::size_t least, std::size_t most) {
     if (files > most)
         throw UsageError(std::to_string(files) + " results files given, " + std::to_string(most) +
                          (most == 1 ? " is taken" : " are taken at most"));
-}
-
-// Whether both names lead to one file, by links too.
-bool isSameFile(const std::string& a, const std::string& b) {
-    std::error_code isMissing;
-    return a == b || std::filesystem::equivalent(hostPathOf(a), hostPathOf(b), isMissing);
 }
 
 const TableFormat* formatGiven(const std::string& name, TableUse use) {
@@ -143,7 +138,8 @@ RefusedCall refusedRun(const StudyRun& run, const std::string& title, const std:
     return {{run.name + ": " + words, title, Icon::exclamation, Buttons::ok}};
 }
 
-OutputChoice outputChoice(const CommandLine& line, const std::vector<std::string>& files, TableUse use) {
+OutputChoice outputChoice(Files& service, const CommandLine& line, const std::vector<std::string>& files,
+                          TableUse use) {
     OutputChoice choice;
     const std::string typed = line.value("--output").value_or("");
     const auto format = line.value("--format");
@@ -151,10 +147,7 @@ OutputChoice outputChoice(const CommandLine& line, const std::vector<std::string
     if (typed.empty() && needsFile(*choice.format))
         throw UsageError("--format " + std::string(choice.format->name) + " needs --output");
     choice.file = modelNameOfTyped(typed);
-    const auto isOutput = [&](const std::string& file) { return isSameFile(file, choice.file); };
-    if (!choice.file.empty() && std::ranges::any_of(files, isOutput))
-        throw RefusedCall{
-            {"The output would replace the input.", "File name", Icon::exclamation, Buttons::ok}};
+    if (replacesInput(service, choice.file, files)) throw RefusedCall{outputWouldReplaceInput()};
     return choice;
 }
 

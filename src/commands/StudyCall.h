@@ -46,7 +46,7 @@ struct OutputChoice {
 // By --format and --output, before anything is read. Without either, text or else CSV. UsageError for a
 // format that the command doesn't have or that lacks its file; RefusedCall for an output that leads to an
 // input.
-OutputChoice outputChoice(const CommandLine& line, const std::vector<std::string>& files,
+OutputChoice outputChoice(Files& service, const CommandLine& line, const std::vector<std::string>& files,
                           TableUse use = TableUse::analysis);
 
 // The lines on --format and --output in a command's help.

@@ -78,7 +78,7 @@ int runTable(CommandCall& call) {
     request.statistics = statisticsChosen(line.value("--statistics"));
     request.interpolated = line.has("--interpolated");
     const std::vector<std::string> files = studyFiles(line, AnyPlan);
-    const OutputChoice output = outputChoice(line, files, TableUse::allValues);
+    const OutputChoice output = outputChoice(call.platform.files, line, files, TableUse::allValues);
     const TableRuns runs = takeRuns(call, line, files);
     request.series = seriesChosen(line.value("--series"), runs.base().results());
     request.reaches = reachesChosen(line.value("--reaches").value_or("all"), runs.base().reaches());
