@@ -10,7 +10,7 @@ namespace korvel {
 
 namespace {
 
-constexpr std::size_t longestLine = 10000;
+constexpr std::size_t longestLine = 1000;
 
 struct Shown {
     std::vector<std::string> lines;

@@ -55,10 +55,37 @@ TEST(EngineOutput, TellsTheFileInHandOnlyFromItsOwnLines) {
     EXPECT_EQ(output.fileInHand(), "File 12 of 30: ALDER.DAT");
 }
 
-TEST(EngineOutput, BreaksALineThatNeverEnds) {
+TEST(EngineOutput, BreaksALongLine) {
     EngineOutput output;
-    EXPECT_EQ(output.feed(std::string(25000, 'x')).size(), 2U);
-    EXPECT_EQ(output.openLine().size(), 5000U);
+    EXPECT_EQ(output.feed(std::string(2500, 'x')), Lines(2, std::string(1000, 'x')));
+    EXPECT_EQ(output.openLine(), std::string(500, 'x'));
+    EXPECT_EQ(output.feed("y\n"), Lines{std::string(500, 'x') + "y"});
+}
+
+TEST(EngineOutput, ShowsTheBeginningOfALineThatDoesNotEnd) {
+    const std::string note = "[ The rest of this line is not shown. ]";
+    Lines expected(10, std::string(1000, 'x'));
+    expected.push_back(note);
+    EngineOutput output;
+    EXPECT_EQ(output.feed(std::string(25000, 'x')), expected);
+    EXPECT_EQ(output.openLine(), "");
+    EXPECT_EQ(output.feed("more\nnext\n"), Lines{"next"});
+    EXPECT_EQ(output.feed(std::string(9999, 'x')).size(), 9u) << "counted anew";
+    EXPECT_EQ(output.openLine().size(), 999u);
+}
+
+TEST(EngineOutput, AddsNothingToALineThatEndsWithAPiece) {
+    EngineOutput output;
+    EXPECT_EQ(output.feed(std::string(2000, 'x') + "\n\n").size(), 3u) << "two pieces and an empty line";
+    EXPECT_EQ(output.feed(std::string(10000, 'x') + "\nnext\n").back(), "next");
+    EXPECT_EQ(output.feed(std::string(10000, 'x') + "\n").back(), std::string(1000, 'x')) << "all is shown";
+}
+
+TEST(EngineOutput, BeginsALineAnewHoweverLongItWas) {
+    EngineOutput output;
+    output.feed(std::string(20000, 'x'));
+    EXPECT_EQ(output.feed("\rFile 2 of 5: B.DAT\n"), Lines{"File 2 of 5: B.DAT"});
+    EXPECT_EQ(output.fileInHand(), "File 2 of 5: B.DAT");
 }
 
 } // namespace korvel
