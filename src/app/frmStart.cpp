@@ -3,10 +3,13 @@
 #include "app/DisplayLevel.h"
 #include "app/Settings.h"
 #include "app/StartUp.h"
+#include "basic/DiskNames.h"
+#include "basic/ModelName.h"
 #include "basic/Product.h"
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
+#include "platform/StartTurn.h"
 #include "runs/RunModel.h"
 
 #include <QMenuBar>
@@ -172,8 +175,9 @@ void frmStart::widenTexts() {
         place.width = width - 2 * margin;
         setControlPlace(control, place);
     };
-    for (QWidget* control : std::initializer_list<QWidget*>{&lblEditWarning, &lblAddress_0, &lblAddress_1,
-                                                            &lineAddress_0, &lineAddress_1, &lblNextStep})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&lblEditWarning, &lblEngine, &lblAddress_0, &lblAddress_1,
+                                         &lineAddress_0, &lineAddress_1, &lblNextStep})
         widen(*control, 240);
     Place next = controlPlace(lblNextStep);
     next.top *= GLOBAL.ScaleY;
@@ -282,6 +286,18 @@ void frmStart::refresh() {
     showMarks(displayLevelMarks(state.displayLevel));
     showProgressFrame(state);
     lblNextStep.setText(shown(nextStep()));
+    showEnginesPlace();
+}
+
+// Until a run has been started from the application folder: whoever has an engine of his own has to know.
+void frmStart::showEnginesPlace() {
+    const std::string folder = doors().machine.applicationFolder();
+    lblEngine.setVisible(!doors().files.exists(inFolder(folder, RunControlFileName)));
+    if (lblEngine.isHidden()) return;
+    const std::string text = std::string("Runs use ") + EngineFileName + " in " +
+                             shownUtf8(hostPathOf(folder)) + ". Put your own engine in its place.";
+    lblEngine.setText(lblEngine.fontMetrics().elidedText(shown(text), Qt::ElideMiddle, lblEngine.width()));
+    lblEngine.setToolTip(shown(text));
 }
 
 void frmStart::showMarks(const DisplayLevelMarks& marks) {

@@ -51,6 +51,7 @@ class frmStart : public Form {
     void setDisplayLevel(int level);
     void refresh();
     void showMarks(const DisplayLevelMarks& marks);
+    void showEnginesPlace();
     void showProgressFrame(const MainFormState& state);
 
     // The menu bar, in its order. Kept so: the blanks space the items apart.
@@ -99,6 +100,7 @@ class frmStart : public Form {
     QFrame& lineAddress_1 = frame("lineAddress_1", at(240, 6030, 9000, 15));
     ControlArray<QLabel> lblKorvel = korvelLabels();
     ControlArray<Shape> shpLogo = logoShapes();
+    QLabel& lblEngine = label("lblEngine", "", at(240, 640, 9000, 270), {.fontSize = 9});
     QLabel& lblNextStep = label("lblNextStep", "", at(600, 4300, 8400, 900),
                                 {.fontSize = 12, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
 

@@ -124,7 +124,17 @@ def check_version(program):
     check(f'<release version="{version}" date="{day}"/>' in metainfo, "the metainfo names another release")
 
 
+def check_libraries(program):
+    """The print system is loaded by the first thing that is printed, so the package has to name its library itself."""
+    needed = run("readelf", "-d", program).stdout
+    check("libQt6Widgets" in needed and "libcups" not in needed, f"the program is linked to {needed}")
+    package = (SOURCE / "packaging/Package.cmake").read_text()
+    depends = re.search(r'CPACK_DEBIAN_PACKAGE_DEPENDS "(.*)"', package)[1].split(", ")
+    check("libcups2" in depends, f"the package depends on {depends} alone")
+
+
 check_documents(BUILD / "app/korvel")
+check_libraries(BUILD / "app/korvel")
 check_version(BUILD / "app/korvel")
 with tempfile.TemporaryDirectory() as folder:
     check_installed(pathlib.Path(folder))

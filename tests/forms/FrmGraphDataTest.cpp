@@ -104,6 +104,25 @@ class FrmGraphData : public CleanGlobals {
         return captions;
     }
 
+    // The main series that the graph draws of BOD when the plot type is chosen: as the key names them, and no
+    // more than there are lines of.
+    Lines meansOf(QRadioButton& plotType) {
+        chooseMode1();
+        click(plotType);
+        Lines named;
+        platform.willActOn("frmSimgraph", [&](ShownForm&) {
+            for (const std::string& text : textsOf(graph.drawing()))
+                if (text.starts_with("Mean values")) named.push_back(text);
+            const std::size_t lines = runsOfColour(graph.drawing(), colours::lightBlue).size() +
+                                      runsOfColour(graph.drawing(), colours::lightGreen).size();
+            EXPECT_EQ(lines, named.size());
+        });
+        choose(form, "mnuPlot");
+        platform.takeTranscript();
+        return named;
+    }
+    Lines comparison() { return meansOf(option(2)); }
+
     FakePlatform platform;
     frmSimgraph graph{platform};
     frmGraphData form{platform, graph};
@@ -517,6 +536,39 @@ TEST_F(FrmGraphData, PlotsInTheGraphFormAndKeepsItsState) {
     EXPECT_FALSE(GLOBAL.returnedFromGraph) << "cleared as the form is activated again";
     EXPECT_EQ(combo(2).currentIndex(), 2);
     EXPECT_EQ(selectedLines(dets), (Lines{"BOD (Conc)"}));
+}
+
+TEST_F(FrmGraphData, ComparesWithTheSecondDataSetOnlyWhileItIsValid) {
+    showLoaded();
+    load("mnuDataFile2", "B.SGR");
+    EXPECT_EQ(comparison(), (Lines{"Mean values for Set 1", "Mean values for Set 2"}));
+    load("mnuDataFile1", "A.SGR");
+    EXPECT_EQ(comparison(), Lines{"Mean values for Set 1"}) << "the old second run belongs to another river";
+    load("mnuDataFile2", "B.SGR");
+    EXPECT_EQ(comparison().size(), 2u) << "loaded anew";
+}
+
+TEST_F(FrmGraphData, PlotsNothingOfASecondDataSetThatWasInvalidated) {
+    showLoaded();
+    load("mnuDataFile2", "B.SGR");
+    load("mnuDataFile1", "A.SGR");
+    EXPECT_EQ(meansOf(option(1)), Lines{});
+}
+
+TEST_F(FrmGraphData, ComparesWithNothingOfAnAbandonedSecondDataSet) {
+    showLoaded();
+    std::string other = longRiver();
+    // The last point of another reach: most values are read by then.
+    const std::size_t line = other.rfind('\n', other.rfind("Gauge")) + 1;
+    other[other.find('8', line)] = '7';
+    platform.putFile("OTHER.SGR", other);
+    platform.willChoose(platform.pathOf("OTHER.SGR"));
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuDataFile2");
+    EXPECT_NE(platform.takeTranscript().find("2nd data set has different reach or feature data."),
+              std::string::npos);
+    EXPECT_EQ(comparison(), Lines{"Mean values for Set 1"});
+    EXPECT_EQ(meansOf(option(1)), Lines{});
 }
 
 TEST_F(FrmGraphData, HandsItsChoicesToTheGraph) {

@@ -1,6 +1,7 @@
 // The main form, from its menu items to the questions it asks and the files it writes.
 #include "app/frmStart.h"
 
+#include "basic/DiskNames.h"
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 #include "forms/GraphForms.h"
@@ -345,6 +346,18 @@ TEST_F(FrmStart, MakesThreeFormsAtStartAndTheOthersWhenTheyAreUsedFirst) {
     choose(*form, "mnuBatch");
     EXPECT_EQ(&formNamed("frmBatch"), batch) << "the same one again";
     platform.takeTranscript();
+}
+
+TEST_F(FrmStart, SaysWhereTheEngineLiesUntilARunWasStarted) {
+    start();
+    showActive(*form);
+    auto& told = control<QLabel>(*form, "lblEngine");
+    EXPECT_TRUE(told.isVisible());
+    EXPECT_EQ(told.toolTip().toStdString(), "Runs use korvelf157.exe in " + hostPathOf(platform.folder()) +
+                                                ". Put your own engine in its place.");
+    platform.putFile("RUNDAT.TMP", "");
+    static_cast<ShownForm&>(*form).activate();
+    EXPECT_FALSE(told.isVisible());
 }
 
 TEST_F(FrmStart, BatchRunIsModelessAndLeavesTheEditWarning) {
