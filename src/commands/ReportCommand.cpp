@@ -1,6 +1,7 @@
 #include "commands/CommandList.h"
 #include "commands/ReportCall.h"
 #include "reports/ReportColumns.h"
+#include "tables/TableFormats.h"
 
 namespace korvel {
 
@@ -8,13 +9,16 @@ namespace {
 
 const std::string help =
     std::string("Usage: korvel report FILE.SGR [OPTION]...\n\n"
-                "Writes the report of a results file as ruled pages, a PDF document.\n\n") +
+                "Writes the report of a results file as ruled pages, a PDF document, or as a workbook.\n\n") +
     selectionHelp() +
-    "  --output FILE         the file to write; RIVER-report.pdf beside RIVER.SGR by default\n";
+    "  --output FILE         the file to write, a workbook where it ends in .xlsx; RIVER-report.pdf beside\n"
+    "                        RIVER.SGR by default\n";
 
 int runReport(CommandCall& call) {
     const auto report = takeReportCall(call, OutputMode::print);
     if (!report) return exitStatus::failed;
+    if (formatOfExtension(report->outputFile) == &workbookFormat())
+        return makeReport(call, *report, OutputMode::workbook);
     const ColumnVerdict verdict = verdictOn(CountCols(report->selection));
     if (verdict.fit != PageFit::tooWide) return makeReport(call, *report, OutputMode::print);
     call.dialogs.show(
@@ -24,6 +28,6 @@ int runReport(CommandCall& call) {
 
 } // namespace
 
-const Command reportCommand = {"report", "a report as a PDF document", help.c_str(), runReport};
+const Command reportCommand = {"report", "a report as a PDF document or a workbook", help.c_str(), runReport};
 
 } // namespace korvel

@@ -5,6 +5,7 @@
 #include "platform/Printing.h"
 #include "reports/Listing.h"
 #include "reports/PrintedReport.h"
+#include "reports/ReportSheet.h"
 #include "reports/SpreadsheetReport.h"
 
 namespace korvel {
@@ -33,7 +34,7 @@ OutputResult printReport(Platform& platform, const OutputRequest& request, const
 }
 
 // Nothing where another program holds the file, which the user has been told.
-std::unique_ptr<NewFile> createSpreadsheet(Platform& platform, const std::string& name) {
+std::unique_ptr<NewFile> createFile(Platform& platform, const std::string& name) {
     try {
         return platform.files.create(name);
     } catch (const RunTimeError& error) {
@@ -44,16 +45,25 @@ std::unique_ptr<NewFile> createSpreadsheet(Platform& platform, const std::string
     }
 }
 
-OutputResult saveSpreadsheet(Platform& platform, const OutputRequest& request,
-                             const ReportProgress& progress) {
+ReportEnd writeFile(NewFile& file, OutputMode mode, const OutputRequest& request,
+                    const ReportProgress& progress) {
+    if (mode == OutputMode::spreadsheet)
+        return writeSpreadsheet(file, request.results, request.selection, progress);
+    OutputBytes bytes([&](std::string_view part) { file.write(part); });
+    const ReportEnd end = writeReportWorkbook(bytes, request.results, request.selection, progress);
+    bytes.flush();
+    return end;
+}
+
+OutputResult saveFile(Platform& platform, OutputMode mode, const OutputRequest& request,
+                      const ReportProgress& progress) {
     if (replacesInput(platform.files, request.outputFile, {request.resultsFile})) {
         platform.dialogs.show(outputWouldReplaceInput());
         return {OutputEnd::failed, ""};
     }
-    const auto file = createSpreadsheet(platform, request.outputFile);
+    const auto file = createFile(platform, request.outputFile);
     if (!file) return {OutputEnd::failed, ""};
-    if (writeSpreadsheet(*file, request.results, request.selection, progress) == ReportEnd::cancelled)
-        return {OutputEnd::cancelled, ""};
+    if (writeFile(*file, mode, request, progress) == ReportEnd::cancelled) return {OutputEnd::cancelled, ""};
     file->commit();
     return {OutputEnd::done, request.outputFile};
 }
@@ -81,8 +91,12 @@ OutputResult withFailuresShown(Platform& platform, Work work) {
 } // namespace
 
 std::string reportFile(OutputMode mode, const std::string& resultsFile) {
-    return mode == OutputMode::print ? besideResults(resultsFile, "-report.pdf")
-                                     : spreadsheetFileName(resultsFile);
+    switch (mode) {
+    case OutputMode::print: return besideResults(resultsFile, "-report.pdf");
+    case OutputMode::workbook: return besideResults(resultsFile, "-report.xlsx");
+    case OutputMode::spreadsheet: break;
+    }
+    return spreadsheetFileName(resultsFile);
 }
 
 OutputRequest outputRequest(OutputMode mode, const ResultsDataSet& results, const ReportSelection& selection,
@@ -94,7 +108,7 @@ OutputResult Output(Platform& platform, OutputMode mode, const OutputRequest& re
                     const ReportProgress& progress) {
     return withFailuresShown(platform, [&] {
         return mode == OutputMode::print ? printReport(platform, request, progress)
-                                         : saveSpreadsheet(platform, request, progress);
+                                         : saveFile(platform, mode, request, progress);
     });
 }
 

@@ -1,5 +1,5 @@
-// Output: the report on paper or as a spreadsheet file, with the messages that may come of it. PrintFile: a
-// text file of the engine on paper.
+// Output: the report on paper, as a spreadsheet file or as a workbook, with the messages that may come of it.
+// PrintFile: a text file of the engine on paper.
 #pragma once
 
 #include "platform/Platform.h"
@@ -11,7 +11,7 @@
 
 namespace korvel {
 
-enum class OutputMode { print, spreadsheet };
+enum class OutputMode { print, spreadsheet, workbook };
 enum class OutputEnd { done, cancelled, failed };
 
 // How an output ended; when it is done, the model name of the file made, "" where a printer took it.
@@ -25,7 +25,7 @@ struct OutputRequest {
     const ResultsDataSet& results;
     const ReportSelection& selection;
     std::string resultsFile; // model name; other names are made from it
-    std::string outputFile;  // of the spreadsheet, or of the PDF where there is no printer
+    std::string outputFile;  // of the spreadsheet or workbook, or of the PDF where there is no printer
 };
 
 // The file that a report of these results makes where the user named none.

@@ -7,10 +7,13 @@
 #include "global/GLOBAL.h"
 #include "reports/ReportColumns.h"
 #include "results/LoadResultsFile.h"
+#include "tables/TableFormats.h"
 #include "toolkit/forms/ListFilling.h"
 
 #include <QScopeGuard>
 #include <QSignalBlocker>
+
+#include <array>
 
 namespace korvel {
 
@@ -25,6 +28,20 @@ constexpr const char* explanation =
     "filename.SUM: a report on sources and sinks of pollution\n";
 
 constexpr int viewButton = 0;
+constexpr const char* workbookTitle = "Save as workbook";
+
+struct OutputWords {
+    const char* doing;
+    const char* made;
+};
+
+const OutputWords& wordsOf(OutputMode mode) {
+    static constexpr std::array<OutputWords, 3> words = {
+        {{"Printing ...", "The report"},
+         {"Writing to spreadsheet file ...", "The spreadsheet file"},
+         {"Writing the workbook ...", "The workbook"}}};
+    return words.at(static_cast<std::size_t>(mode));
+}
 
 void split(const std::vector<ListEntry>& list, std::vector<std::string>& texts, std::vector<bool>& selected) {
     for (const ListEntry& entry : list) {
@@ -58,6 +75,7 @@ frmReports::frmReports(Platform& services)
     connectChoices();
     connectLists();
     addListMenus();
+    addWorkbookItem();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
     keepRoomForControls();
     for (QFrame* overlay : {&frameExplain, &frameProgress}) {
@@ -129,6 +147,16 @@ void frmReports::addListMenu(QListWidget& list, ReportBox all,
     }
 }
 
+// In the menu of the form, and last in those of its lists.
+void frmReports::addWorkbookItem() {
+    mnuWorkbook.setObjectName("mnuWorkbook");
+    onClick(mnuWorkbook, [this] { saveWorkbook(); });
+    for (QWidget* const place : std::initializer_list<QWidget*>{&client(), &lstReaches, &lstDets}) {
+        place->setContextMenuPolicy(Qt::ActionsContextMenu);
+        place->addAction(&mnuWorkbook);
+    }
+}
+
 void frmReports::onActivate() {
     centreFrames();
     if (!GLOBAL.reportResultsPending) return takeOverResults();
@@ -196,15 +224,41 @@ std::optional<std::string> frmReports::askForFile() {
 }
 
 void frmReports::produce(OutputMode mode) {
-    m_done.clear();
-    setBusy(mode == OutputMode::print ? "Printing ..." : "Writing to spreadsheet file ...");
-    const auto idleAgain = qScopeGuard([this] { setIdle(); });
     const ReportSelection selection = m_choices.selection();
+    produce(mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]));
+}
+
+void frmReports::produce(OutputMode mode, const OutputRequest& request) {
+    const OutputWords& words = wordsOf(mode);
+    m_done.clear();
+    setBusy(words.doing);
+    const auto idleAgain = qScopeGuard([this] { setIdle(); });
     const OutputResult made =
-        Output(m_quietServices, mode, outputRequest(mode, RESULTS, selection, GLOBAL.fileNames[0]),
-               [this](double share) { return showProgress(share); });
-    if (made == OutputEnd::done)
-        m_done.tell(mode == OutputMode::print ? "The report" : "The spreadsheet file", made.file);
+        Output(m_quietServices, mode, request, [this](double share) { return showProgress(share); });
+    if (made == OutputEnd::done) m_done.tell(words.made, made.file);
+}
+
+void frmReports::saveWorkbook() {
+    const TableFormat& format = workbookFormat();
+    FileDialogSettings dialog;
+    dialog.objectName = CDFilename.objectName;
+    dialog.title = workbookTitle;
+    dialog.filter = tableFilter(format);
+    dialog.initialFolder = folderOf(GLOBAL.fileNames[0]);
+    dialog.overwritePrompt = true;
+    dialog.defaultExtension = format.extension.substr(1);
+    const std::optional<ChosenFile> chosen = services().dialogs.chooseFile(FileDialogKind::save, dialog);
+    if (!chosen) return;
+    services().files.setCurrentFolder(services().machine.applicationFolder());
+    if (chosen->refusal) {
+        services().dialogs.show(refusedName(*chosen));
+    } else if (formatOfExtension(chosen->name) != &format) {
+        services().dialogs.show({"The workbook's name must end in " + std::string(format.extension) + ".",
+                                 workbookTitle, Icon::exclamation, Buttons::ok});
+    } else {
+        const ReportSelection selection = m_choices.selection();
+        produce(OutputMode::workbook, {RESULTS, selection, GLOBAL.fileNames[0], chosen->name});
+    }
 }
 
 // Input may pass here, so that Esc can cancel; all else is switched off meanwhile.
@@ -230,6 +284,7 @@ void frmReports::setBusy(const std::string& doing) {
     Progress.setValue(0);
     frameProgress.show();
     menuBar()->setEnabled(false);
+    mnuWorkbook.setEnabled(false);
     for (QWidget* control :
          std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
         control->setEnabled(false);
@@ -241,6 +296,7 @@ void frmReports::setIdle() {
     m_busy = false;
     frameProgress.hide();
     menuBar()->setEnabled(true);
+    mnuWorkbook.setEnabled(m_loaded);
     for (QWidget* control :
          std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
         control->setEnabled(true);
@@ -298,6 +354,7 @@ void frmReports::showVerdict() {
     lblFit.setText(tooWide ? shown(fitHint(determinandsThatFit(selection))) : QString());
     mnuPrint.setEnabled(m_loaded && !tooWide);
     mnuSpreadsheet.setEnabled(m_loaded);
+    mnuWorkbook.setEnabled(m_loaded);
     lblNextStep.setText(shown(nextStep()));
 }
 

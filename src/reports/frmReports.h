@@ -40,6 +40,9 @@ class frmReports : public Form {
     void loadResults();
     void takeOverResults();
     void produce(OutputMode mode);
+    void produce(OutputMode mode, const OutputRequest& request);
+    void saveWorkbook();
+    void addWorkbookItem();
     bool showProgress(double share);
     void showExplanation();
     void chooseOutputFile(int button);
@@ -58,6 +61,7 @@ class frmReports : public Form {
     QAction& mnuPrint = menuItem("mnuPrint", "&Print tabular output");
     QAction& mnuSpreadsheet = menuItem("mnuSpreadsheet", "&Spreadsheet file");
     QAction& mnuViewOutputFile = menuItem("mnuViewOutputFile", "&View/print Korvel output file");
+    QAction mnuWorkbook{"Save as &workbook...", this};
     QAction& mnuExit = menuItem("mnuExit", "Exit");
 
     QListWidget& lstReaches = listBox("lstReaches", "REACHES", at(150, 1320, 3000, 3750));

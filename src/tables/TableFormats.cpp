@@ -51,6 +51,15 @@ std::span<const TableFormat> tableFormats() {
     return formats;
 }
 
+const TableFormat& workbookFormat() {
+    return *formatNamed("xlsx");
+}
+
+std::string tableFilter(const TableFormat& format) {
+    const std::string pattern = "*" + std::string(format.extension);
+    return std::string(format.title) + " (" + pattern + ")|" + pattern;
+}
+
 bool needsFile(const TableFormat& format) {
     return format.kind == asFile || format.kind == database;
 }

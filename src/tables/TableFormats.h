@@ -42,7 +42,9 @@ struct TableFormat {
 };
 
 std::span<const TableFormat> tableFormats();
-bool needsFile(const TableFormat& format); // the standard output is none
+const TableFormat& workbookFormat();
+std::string tableFilter(const TableFormat& format); // of a file dialog: "Workbook (*.xlsx)|*.xlsx"
+bool needsFile(const TableFormat& format);          // the standard output is none
 bool isFormatFor(TableUse use, const TableFormat& format);
 std::string formatNames(TableUse use);                       // "text, csv, json or xlsx"
 const TableFormat* formatNamed(std::string_view name);       // null for none

@@ -223,7 +223,7 @@ class WorkbookWriting {
 
 // The first sheet is written last, when everything is known.
 void WorkbookWriting::write(OutputBytes& out) {
-    const bool tells = !m_content.taken.title.empty();
+    const bool tells = !m_content.taken.facts.empty();
     lxw_worksheet* const first = tells ? m_workbook.add("About") : nullptr;
     for (const Sheet& sheet : m_content.sheets)
         writeSheet(sheet, m_workbook.add(sheet.name));

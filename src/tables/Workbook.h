@@ -12,7 +12,7 @@
 namespace korvel {
 
 struct WorkbookContent {
-    Taken taken; // on a first sheet of its own; there is none without a title
+    Taken taken; // on a first sheet of its own; there is none without facts
     std::vector<Sheet> sheets;
 };
 

@@ -223,4 +223,15 @@ TEST_F(ReportCommands, RefuseToReplaceTheirInputBeforeItIsRead) {
     EXPECT_EQ(fake.fileText("broken.csv"), "no results");
 }
 
+TEST_F(ReportCommands, ReportIsAWorkbookByTheNameOfItsFile) {
+    for (const char* const name : {"R.xlsx", "R.XLSX"}) {
+        EXPECT_EQ(run({"report", hostPath("river.sgr"), "--output", hostPath(name)}), 0) << errors;
+        EXPECT_TRUE(fake.fileText(name).starts_with("PK"));
+    }
+    EXPECT_EQ(run({"report", hostPath("river.sgr"), "--statistics", "mean,90,95,99", "--limits", "--observed",
+                   "--targets", "--output", hostPath("wide.xlsx")}),
+              0)
+        << "a sheet is never too narrow: " << errors;
+}
+
 } // namespace korvel

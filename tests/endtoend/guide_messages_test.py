@@ -12,7 +12,7 @@ SOURCE = pathlib.Path(sys.argv[1])
 CHAPTER = SOURCE / "docs/guide/troubleshooting.md"
 TOKEN = re.compile(r'//[^\n]*|(?:"(?:[^"\\\n]|\\.)*"\s*)+|\'(?:[^\'\\\n]|\\.)+\'')
 PIECE = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
-OPENING = re.compile(r"\b(?:RunTimeError|missing|refusedUnless|Refusal)\s*\(")
+OPENING = re.compile(r"\b(?:RunTimeError|TableRefused|missing|refusedUnless|Refusal)\s*\(")
 # Words are handed on from here as they stand.
 PLAIN_WORDS = ("basic/DiskNames.cpp", "basic/RunTimeError.cpp", "many/Plan.cpp", "many/CsvRecords.cpp", "many/RowRun.cpp",
                "many/ResultsCheck.cpp", "many/Slurm.cpp", "many/ClusterRun.cpp", "toolkit/process/EngineProcess.cpp")

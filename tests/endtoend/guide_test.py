@@ -3,7 +3,8 @@
 guide_test.py SOURCE BUILD [--update]
 
 In a fence ```console a line "$ korvel ..." is run, in order, in a folder with the samples; the lines up to the next one are
-what it prints, where "..." stands for any lines. --update writes what was printed into the chapters.
+what it prints, where "..." stands for any lines. Other programs than korvel are run where they are installed. The lines of a
+fence ```python are run at the chapter's end. --update writes what was printed into the chapters.
 """
 
 import os
@@ -20,10 +21,18 @@ UPDATE = "--update" in sys.argv[3:]
 FENCE = re.compile(r"(?<=```console\n).*?(?=^```$)", re.DOTALL | re.MULTILINE)
 
 
+PYTHON = re.compile(r"(?<=```python\n).*?(?=^```$)", re.DOTALL | re.MULTILINE)
+missing = set()
+
+
+def program_of(name):
+    return str(BUILD / "app/korvel") if name == "korvel" else shutil.which(name)
+
+
 def run(command, folder):
     words = shlex.split(command)
     environment = {"PATH": os.environ["PATH"], "HOME": str(folder), "LC_ALL": "C.UTF-8"}
-    result = subprocess.run([str(BUILD / "app" / words[0]), *words[1:]], cwd=folder, env=environment,
+    result = subprocess.run([program_of(words[0]), *words[1:]], cwd=folder, env=environment,
                             capture_output=True, text=True, timeout=120)
     return result.returncode, result.stdout + result.stderr
 
@@ -47,6 +56,10 @@ def matches(shown, printed):
 def check_block(block, folder, chapter, failures):
     written = ""
     for command, shown in steps(block):
+        if not program_of(command.split()[0]):
+            missing.add(command.split()[0])
+            written += "\n".join([f"$ {command}", *shown]) + "\n"
+            continue
         status, printed = run(command, folder)
         if status != 0:
             failures.append(f"{chapter}: {command} ends with {status}: {printed}")
@@ -57,10 +70,18 @@ def check_block(block, folder, chapter, failures):
     return written
 
 
+def check_python(lines, folder, chapter, failures):
+    done = subprocess.run([sys.executable, "-c", lines], cwd=folder, capture_output=True, text=True, timeout=120)
+    if done.returncode != 0 or not done.stdout.strip():
+        failures.append(f"{chapter}: Python says {done.stdout}{done.stderr}")
+
+
 def check_chapter(path, folder, failures):
     text = path.read_text(encoding="utf-8")
     count = len(re.findall(r"^\$ korvel ", text, re.MULTILINE))
     updated = FENCE.sub(lambda match: check_block(match[0], folder, path.name, failures), text)
+    for lines in PYTHON.findall(text):
+        check_python(lines, folder, path.name, failures)
     if UPDATE:
         path.write_text(updated, encoding="utf-8")
     return count
@@ -74,7 +95,7 @@ def main():
             for sample in (SOURCE / "samples").glob("*.DAT"):
                 shutil.copy(sample, folder)
             count += check_chapter(chapter, folder, failures)
-    print("\n".join(failures))
+    print("\n".join([*failures, *(f"Skipped: {name} is not installed" for name in sorted(missing))]))
     print(f"{count} commands, {len(failures)} failures")
     return 1 if failures or count == 0 else 0
 

@@ -85,6 +85,8 @@ TEST_F(Faults, AFullDiskKeepsTheOldFileOfEveryWriter) {
     } writers[] = {
         {"R.csv", report("csv", disk + "/R.csv"), trapped},
         {"R.pdf", report("report", disk + "/R.pdf"), trapped},
+        {"R.xlsx", report("report", disk + "/R.xlsx"), trapped},
+        {"T.xlsx", {"fit", results(), "--output", disk + "/T.xlsx"}, untrapped},
         {"L.pdf", {"listing", korvel.data("ALDER.OUT"), "--output", disk + "/L.pdf"}, trapped},
         {"G.png", graph(disk + "/G.png"), untrapped},
         {"G.svg", graph(disk + "/G.svg"), untrapped},

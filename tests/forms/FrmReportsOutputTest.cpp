@@ -69,6 +69,33 @@ TEST_F(FrmReportsOutput, WritesTheSpreadsheetFileThatTheChoicesAskFor) {
     EXPECT_EQ(platform.fileText("RIVER.csv"), coreSheet(selection));
 }
 
+TEST_F(FrmReportsOutput, SavesAWorkbookFromItsContextMenus) {
+    const std::string dialog = "save dialog \"Save as workbook\" filter \"Workbook (*.xlsx)|*.xlsx\" folder "
+                               "\"{app}\\\" overwritePrompt yes -> ";
+    EXPECT_FALSE(enabled("mnuWorkbook")) << "nothing is loaded";
+    open();
+    for (QWidget* const place :
+         std::initializer_list<QWidget*>{form.centralWidget(), &reaches(), &determinands()})
+        EXPECT_EQ(place->actions().last()->objectName(), "mnuWorkbook");
+    platform.takeTranscript();
+    platform.willChoose(platform.pathOf("My report.xlsx"));
+    choose(form, "mnuWorkbook");
+    EXPECT_EQ(platform.takeTranscript(), dialog + "{app}\\My report.xlsx\ncurrent folder {app}\n");
+    EXPECT_TRUE(platform.fileText("My report.xlsx").starts_with("PK"));
+    EXPECT_TRUE(textOf("lblDone").starts_with("The workbook was written to My report.xlsx."));
+
+    platform.willCancel();
+    choose(form, "mnuWorkbook");
+    platform.willChoose(platform.pathOf("report.csv"));
+    platform.willAnswer(Answer::ok);
+    platform.takeTranscript();
+    choose(form, "mnuWorkbook");
+    EXPECT_EQ(platform.takeTranscript(), dialog +
+                                             "{app}\\report.csv\ncurrent folder {app}\nbox [exclamation] "
+                                             "Save as workbook: The workbook's name must end in "
+                                             ".xlsx. -> ok\n");
+}
+
 TEST_F(FrmReportsOutput, PrintsTheReport) {
     open();
     platform.takeTranscript();

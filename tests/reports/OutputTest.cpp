@@ -33,6 +33,12 @@ TEST_F(ReportOutput, WritesTheSpreadsheetBesideTheResults) {
     EXPECT_EQ(platform.takeTranscript(), "");
 }
 
+TEST_F(ReportOutput, WritesAWorkbookBesideTheResults) {
+    EXPECT_EQ(output(OutputMode::workbook), OutputEnd::done);
+    EXPECT_EQ(files(), std::vector<std::string>{"RIVER-report.xlsx"});
+    EXPECT_TRUE(platform.fileText("RIVER-report.xlsx").starts_with("PK"));
+}
+
 TEST_F(ReportOutput, ReplacesTheSpreadsheetWhole) {
     platform.putFile("RIVER.csv", std::string(100000, 'x'));
     EXPECT_EQ(output(OutputMode::spreadsheet), OutputEnd::done);

@@ -102,9 +102,11 @@ TEST(Workbook, IsTheSameForTheSameContent) {
 }
 
 TEST(Workbook, HasAFirstSheetWhereThereIsSomethingToTell) {
+    EXPECT_EQ(partsOf(workbook({{"Samples", {{"Run", "a"}}}, {sheetOf(tableSample())}}))
+                  .count("xl/worksheets/sheet2.xml"),
+              1U);
     EXPECT_EQ(
-        partsOf(workbook({{"Samples", {}}, {sheetOf(tableSample())}})).count("xl/worksheets/sheet2.xml"), 1U);
-    EXPECT_EQ(partsOf(workbook({{}, {sheetOf(tableSample())}})).count("xl/worksheets/sheet2.xml"), 0U);
+        partsOf(workbook({{"Samples", {}}, {sheetOf(tableSample())}})).count("xl/worksheets/sheet2.xml"), 0U);
 }
 
 TEST(Workbook, DrawsALineForEachTextOfTheFirstColumn) {
