@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <sqlite3.h>
 #include <string_view>
@@ -83,7 +84,8 @@ std::optional<std::int64_t> Database::Statement::run(std::span<const Cell> value
 void Database::Statement::bind(int place, const Cell& value) {
     sqlite3_stmt* const statement = m_statement.get();
     if (const auto* const number = std::get_if<double>(&value)) {
-        check(sqlite3_bind_double(statement, place, *number));
+        check(std::isfinite(*number) ? sqlite3_bind_double(statement, place, *number)
+                                     : sqlite3_bind_null(statement, place)); // beyond a double's range
     } else if (const auto* const whole = std::get_if<int>(&value)) {
         check(sqlite3_bind_int(statement, place, *whole));
     } else if (const auto* const text = std::get_if<std::string_view>(&value)) {

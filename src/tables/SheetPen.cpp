@@ -13,7 +13,7 @@ namespace korvel {
 namespace {
 
 constexpr double widestColumn = 50; // characters
-constexpr double roomForFilter = 3; // its button, beside the heading
+constexpr double roomForFilter = 4; // its button, beside the heading
 constexpr lxw_color_t headingColour = 0xDDEBF7;
 
 void check(lxw_error error) {
@@ -32,7 +32,8 @@ bool isPlace(const std::string& heading) {
 } // namespace
 
 SheetLooks::SheetLooks(lxw_workbook* workbook)
-    : heading(workbook_add_format(workbook)),
+    : text(workbook_add_format(workbook)),
+      heading(workbook_add_format(workbook)),
       title(workbook_add_format(workbook)),
       label(workbook_add_format(workbook)),
       wrapped(workbook_add_format(workbook)) {
@@ -47,6 +48,8 @@ SheetLooks::SheetLooks(lxw_workbook* workbook)
     format_set_bottom(heading, LXW_BORDER_THIN);
     format_set_font_size(title, titleSize);
     format_set_text_wrap(wrapped);
+    for (lxw_format* const indented : {text, heading}) // apart from the numbers of the column before
+        format_set_indent(indented, 1);
     for (lxw_format* const top : {label, wrapped})
         format_set_align(top, LXW_ALIGN_VERTICAL_TOP);
 }
@@ -116,8 +119,8 @@ void SheetPen::putText(const std::string& text) {
     if (text.empty()) return;
     ColumnState& state = column();
     if (static_cast<double>(text.size()) > state.width)
-        state.width = std::max(state.width, static_cast<double>(shownLength(text)) + 1);
-    check(worksheet_write_string(m_sheet, m_row, columnNumber(m_column), text.c_str(), nullptr));
+        state.width = std::max(state.width, static_cast<double>(shownLength(text)) + 2);
+    check(worksheet_write_string(m_sheet, m_row, columnNumber(m_column), text.c_str(), m_looks.text));
 }
 
 void SheetPen::putNumber(double value) {

@@ -20,7 +20,7 @@ struct SheetLooks {
     explicit SheetLooks(lxw_workbook* workbook);
 
     std::array<lxw_format*, numberLooks.size()> numbers{};
-    lxw_format *heading = nullptr, *title = nullptr, *label = nullptr, *wrapped = nullptr;
+    lxw_format *text = nullptr, *heading = nullptr, *title = nullptr, *label = nullptr, *wrapped = nullptr;
 };
 
 class SheetPen {

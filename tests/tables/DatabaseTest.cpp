@@ -6,6 +6,7 @@
 #include <array>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <limits>
 #include <sqlite3.h>
 
 namespace korvel {
@@ -79,8 +80,9 @@ TEST_F(Databases, HoldCellsOfEveryKind) {
     write(adding("", Nothing()));
     write(adding("=1", 7));
     write(adding("x", true));
-    EXPECT_EQ(ask("SELECT size FROM things"), "1.5;NULL;7.0;1.0;");
-    EXPECT_EQ(ask("SELECT typeof(name) FROM things"), "text;text;text;text;");
+    write(adding("beyond", std::numeric_limits<double>::infinity()));
+    EXPECT_EQ(ask("SELECT size FROM things"), "1.5;NULL;7.0;1.0;NULL;");
+    EXPECT_EQ(ask("SELECT typeof(name) FROM things"), "text;text;text;text;text;");
     EXPECT_EQ(ask("SELECT name FROM things WHERE name LIKE '=%'"), "=1;");
 }
 
