@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -79,7 +80,9 @@ class CsvRows : public RowTaker {
         char* write(char* into, double number) {
             if (length == 0 || std::bit_cast<std::uint64_t>(number) != bits) {
                 bits = std::bit_cast<std::uint64_t>(number);
-                length = static_cast<std::size_t>(writeShortest(text.data(), number) - text.data());
+                const char* const end =
+                    std::isfinite(number) ? writeShortest(text.data(), number) : text.data();
+                length = static_cast<std::size_t>(end - text.data());
             }
             std::memcpy(into, text.data(), longestNumber);
             return into + length;
@@ -92,7 +95,10 @@ class CsvRows : public RowTaker {
     static void append(OutputBytes&, Nothing) {}
     static void append(OutputBytes& out, bool value) { out.append(value ? "true" : "false"); }
     static void append(OutputBytes& out, int value) { out.appendNumber(value); }
-    static void append(OutputBytes& out, double value) { out.appendNumber(value); }
+    // What went beyond a double's range is no number.
+    static void append(OutputBytes& out, double value) {
+        if (std::isfinite(value)) out.appendNumber(value);
+    }
     static void append(OutputBytes& out, std::string_view value) { out.append(csvText(value)); }
     static void append(OutputBytes& out, std::span<const std::string> names) {
         out.append(csvText(joined(names)));

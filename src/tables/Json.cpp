@@ -2,6 +2,8 @@
 
 #include "basic/Text.h"
 
+#include <cmath>
+
 namespace korvel {
 
 namespace {
@@ -18,6 +20,7 @@ void appendValue(OutputBytes& out, int value) {
     out.appendNumber(value);
 }
 void appendValue(OutputBytes& out, double value) {
+    if (!std::isfinite(value)) return appendValue(out, Nothing()); // what went beyond a double's range
     out.appendNumber(value);
 }
 void appendValue(OutputBytes& out, std::string_view value) {

@@ -23,6 +23,7 @@ std::string shown(double value, std::chars_format format, int precision) {
 
 std::string shownNumber(double value) {
     const double size = std::abs(value);
+    if (!std::isfinite(size)) return "-"; // beyond a double's range
     if (size == 0) return "0";
     if (size >= 1e9 || size < 1e-5) return shown(value, std::chars_format::scientific, 3);
     const int magnitude = static_cast<int>(std::floor(std::log10(size)));

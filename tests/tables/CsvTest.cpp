@@ -71,4 +71,15 @@ TEST(OutputBytes, PassOnWhateverIsWritten) {
     EXPECT_TRUE(text == expected);
 }
 
+TEST(Csv, TellsNoNumberBeyondTheRangeOfDoubles) {
+    EXPECT_EQ(written([](OutputBytes& out) { writeCsv(tableBeyondRange(), out); }), "a,b,c\r\n,,1\r\n");
+    Table inParts = tableBeyondRange();
+    inParts.rows = [](RowTaker& taker) {
+        const ReadyCells none = taker.ready(1, std::array<Cell, 1>{tooLarge});
+        for (const double value : {-tooLarge, -tooLarge, 2.0})
+            taker.row(taker.ready(0, std::array<Cell, 1>{-tooLarge}), none, std::array<Cell, 1>{value});
+    };
+    EXPECT_EQ(written([&](OutputBytes& out) { writeCsv(inParts, out); }), "a,b,c\r\n,,\r\n,,\r\n,,2\r\n");
+}
+
 } // namespace korvel

@@ -44,4 +44,9 @@ TEST(JsonWriter, SetsCommasByItself) {
               "{\"a\":1,\"b\":[2.5,null,[]],\"c\":{}}");
 }
 
+TEST(Json, TellsNoNumberBeyondTheRangeOfDoubles) {
+    EXPECT_EQ(written([](OutputBytes& out) { writeJson(tableBeyondRange(), out); }),
+              "[\n{\"a\":null,\"b\":null,\"c\":1}]\n");
+}
+
 } // namespace korvel

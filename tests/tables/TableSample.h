@@ -5,6 +5,7 @@
 #include "tables/Table.h"
 
 #include <array>
+#include <limits>
 
 namespace korvel {
 
@@ -36,6 +37,14 @@ inline Table tableInParts() {
                   std::array<Cell, 4>{Nothing(), Nothing(), Nothing(), std::span<const std::string>()});
     };
     return table;
+}
+
+inline constexpr double tooLarge = std::numeric_limits<double>::infinity();
+
+inline Table tableBeyondRange() {
+    return {"rows", {{"a"}, {"b"}, {"c"}}, [](RowTaker& taker) {
+                taker.row(std::array<Cell, 3>{tooLarge, tooLarge - tooLarge, 1.0});
+            }};
 }
 
 inline TableReport reportSample() {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace korvel {
 
 TEST(PeopleNumbers, HaveAboutFourFigures) {
@@ -22,6 +24,11 @@ TEST(PeopleNumbers, HaveAboutFourFigures) {
     EXPECT_EQ(shownKm(3.36), "3.36 km");
     EXPECT_EQ(counted(1, "reach", "reaches"), "1 reach");
     EXPECT_EQ(counted(0, "reach", "reaches"), "0 reaches");
+}
+
+TEST(PeopleNumbers, AreNoneBeyondTheRangeOfDoubles) {
+    EXPECT_EQ(shownNumber(std::numeric_limits<double>::infinity()), "-");
+    EXPECT_EQ(shownNumber(std::numeric_limits<double>::quiet_NaN()), "-");
 }
 
 TEST(Controls, AreShownWithCarets) {
