@@ -10,8 +10,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 ValueRows valueRows(const TableScope& scope) {
-    MatchedRuns matched;
-    return {scope, matched};
+    return ValueRows(scope);
 }
 
 Lines linesOf(const RowSource& rows) {
@@ -67,16 +66,16 @@ TEST(ValueRows, HoldTheStatisticAskedFor) {
     EXPECT_EQ(linesOf(valueRows(scope)).back(), "5|Reach 5|10.1|0.1|Works||3|9.500");
 }
 
-TEST(ValueRows, PutAPointWithoutPartnerBehindTheOneBeforeItInItsRun) {
+TEST(ValueRows, PutAPointWithoutPartnerWhereItStandsOnTheWay) {
     const ResultsFileBuilder base = oneReach({{1, 10}, {2, 20}, {3, 30}});
     const ResultsFileBuilder more = oneReach({{0.5, 5}, {1, 11}, {2.5, 25}, {3, 31}});
     const ResultsFileBuilder third = oneReach({{2, 22}, {2.5, 26}, {2.7, 27}});
     Lines found;
     for (const std::string& line : linesOf(valueRows(scopeOfFiles({base, more, third}))))
         found.push_back(line.substr(line.find("P||10|") + 6));
-    // Of the second run 0.5 and 2.5 have no partner in the base; the third run's 2.5 is the second's.
+    // 0.5 and 2.5 of the second run have no partner in the base; the third run's 2.5 is the second's.
     EXPECT_EQ(found,
-              (Lines{"|5.000|", "10.00|11.00|", "|25.00|26.00", "||27.00", "20.00||22.00", "30.00|31.00|"}));
+              (Lines{"|5.000|", "10.00|11.00|", "20.00||22.00", "|25.00|26.00", "||27.00", "30.00|31.00|"}));
 }
 
 TEST(ValueRows, TakeTwoPointsOfOnePlaceForTwo) {

@@ -3,6 +3,7 @@
 #include "basic/Numbers.h"
 #include "tables/PeopleNumbers.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace korvel {
@@ -44,54 +45,24 @@ std::string valueText(const SeriesValues& values, int point) {
     return text;
 }
 
+Study withBase(const TableScope& scope) {
+    std::vector<StudyRun> runs = {scope.base};
+    for (const StudyRun& run : scope.runs)
+        if (!isBase(scope, run)) runs.push_back(run);
+    return Study(std::move(runs));
+}
+
 } // namespace
 
-ValueRows::ValueRows(const TableScope& scope, MatchedRuns& matched)
+ValueRows::ValueRows(const TableScope& scope)
     : RowSource("values", columnsOfPoints()),
-      m_runs{scope.base},
+      m_study(withBase(scope)),
+      m_path(studyPath(m_study, scope.path)),
       m_statistic(scope.statistic),
       m_interpolated(scope.interpolated) {
-    for (const StudyRun& run : scope.runs) {
-        if (isBase(scope, run)) continue;
-        m_runs.push_back(run);
-        m_changes.push_back(matched.between(scope.base, run));
-    }
-    MergedPoints merged(m_runs.size(), scope.base.results().pointCount);
-    for (const int place : scope.path)
-        addReach(place, merged);
+    for (std::size_t place = 0; place < m_path.places.size(); ++place)
+        if (m_interpolated || !m_path.places[place].interpolated) m_rows.push_back(place);
     addValueColumns(scope);
-}
-
-void ValueRows::addReach(int place, MergedPoints& merged) {
-    const RunFile& base = *m_runs.front().file;
-    const int number = base.reaches.number(place);
-    double above = 0;
-    if (!m_reaches.empty())
-        above = m_reaches.back().above + base.results.reachLengths[m_reaches.back().number];
-    m_reaches.push_back({number, base.reachName(number), above, rowCount(), rowCount()});
-    merged.beginReach(base.reaches.pointsOf(place));
-    for (std::size_t run = 1; run < m_runs.size(); ++run) {
-        const RunFile& file = *m_runs[run].file;
-        merged.addRun(run, file, file.reaches.pointsOf(file.reaches.placeOf(number)),
-                      m_changes[run - 1]->match().ofRun);
-    }
-    takeRows(merged);
-    m_reaches.back().endRow = rowCount();
-}
-
-void ValueRows::takeRows(const MergedPoints& merged) {
-    for (const int row : merged.rowsInOrder()) {
-        const std::size_t run = merged.firstRun(row);
-        const int point = merged.point(row, run);
-        if (!isListed(m_runs[run], point)) continue;
-        m_rows.push_back({run, point, m_reaches.size() - 1});
-        for (std::size_t each = 0; each < m_runs.size(); ++each)
-            m_points.push_back(merged.point(row, each));
-    }
-}
-
-bool ValueRows::isListed(const StudyRun& run, int point) const {
-    return m_interpolated || run.results().pointFeatureType[point] != InterpolatedPointType;
 }
 
 void ValueRows::addValueColumns(const TableScope& scope) {
@@ -113,7 +84,7 @@ const ValueRows::ValueColumn* ValueRows::valueColumn(int column) const {
 }
 
 int ValueRows::pointOf(int row, const ValueColumn& column) const {
-    return m_points[static_cast<std::size_t>(row) * m_runs.size() + column.run];
+    return m_path.pointOf[column.run][m_rows[static_cast<std::size_t>(row)]];
 }
 
 Cell ValueRows::cell(int row, int column) const {
@@ -121,13 +92,13 @@ Cell ValueRows::cell(int row, int column) const {
         const int point = pointOf(row, *values);
         return point == 0 ? Cell(Nothing()) : Cell(values->values.value[SeriesValues::at(point)]);
     }
-    const Row& at = rowAt(row);
-    const ResultsDataSet& results = resultsOf(at);
-    const PathReach& reach = m_reaches[at.reach];
+    const PathPlace& at = placeAt(row);
+    const ResultsDataSet& results = resultsAt(row);
+    const PathReach& reach = m_path.reaches[at.reach];
     switch (column) {
     case reachColumn: return reach.number;
     case nameColumn: return std::string_view(reach.name);
-    case pathColumn: return roundedSum(reach.above + results.pointDistance[at.point]);
+    case pathColumn: return roundedSum(at.km);
     case distanceColumn: return results.pointDistance[at.point];
     case featureColumn: return std::string_view(results.pointLabel[at.point]);
     case sideColumn: return std::string_view(results.pointSide[at.point]);
@@ -140,7 +111,7 @@ std::string ValueRows::note(int row, int column) const {
     const int point = column_ == nullptr ? 0 : pointOf(row, *column_);
     if (point == 0) return {};
     const SeriesValues& values = column_->values;
-    const StudyRun& run = m_runs[column_->run];
+    const StudyRun& run = m_study.runs()[column_->run];
     std::string text = run.results().seriesNames[column_->series] + ", " + std::string(nameOf(m_statistic)) +
                        ", " + run.name + ": " + valueText(values, point);
     if (values.hasTarget(point)) text += ", target " + shortestNumber(values.target[SeriesValues::at(point)]);
@@ -149,8 +120,12 @@ std::string ValueRows::note(int row, int column) const {
     return text;
 }
 
+ExplorePlace ValueRows::explorePlace(int row) const {
+    return placeOf(resultsAt(row), placeAt(row).point);
+}
+
 std::optional<ExplorePlace> ValueRows::place(int row, int) const {
-    return placeOf(resultsOf(rowAt(row)), rowAt(row).point);
+    return explorePlace(row);
 }
 
 std::optional<int> ValueRows::series(int, int column) const {
@@ -158,18 +133,24 @@ std::optional<int> ValueRows::series(int, int column) const {
     return values == nullptr ? std::nullopt : std::optional(values->series);
 }
 
+// Rows never go back along the way.
 std::vector<int> ValueRows::rowsAt(const ExplorePlace& place) const {
     std::vector<int> rows;
-    for (const PathReach& reach : m_reaches) {
+    for (const PathReach& reach : m_path.reaches) {
         if (reach.number != place.reach) continue;
-        for (int row = reach.firstRow; row < reach.endRow; ++row)
-            if (this->place(row, 0) == place) rows.push_back(row);
+        const double km = reach.from + place.distance;
+        const auto kmOf = [&](std::size_t each) { return m_path.places[each].km; };
+        const auto there = std::ranges::equal_range(m_rows, km, {}, kmOf);
+        for (auto each = there.begin(); each != there.end(); ++each) {
+            const int row = static_cast<int>(each - m_rows.begin());
+            if (explorePlace(row) == place) rows.push_back(row);
+        }
     }
     return rows;
 }
 
 std::string ValueRows::whyEmpty() const {
-    if (m_reaches.empty()) return "Choose a path to see its values.";
+    if (m_path.reaches.empty()) return "Choose a path to see its values.";
     return m_interpolated ? "No points on this path."
                           : "No features on this path; show the points between them to see values.";
 }

@@ -196,7 +196,7 @@ void ExploreTables::bringUpToDate() {
 std::shared_ptr<const RowSource> ExploreTables::rowsOf(Tab tab) {
     const TableScope scope = scopeOf(m_state);
     switch (tab) {
-    case values: return std::make_shared<ValueRows>(scope, *m_matched);
+    case values: return std::make_shared<ValueRows>(scope);
     case changes: return std::make_shared<ChangeRows>(scope, *m_matched);
     case compliance: return std::make_shared<ComplianceRows>(scope, m_matched);
     case fit: return std::make_shared<FitRows>(scope, static_cast<FitBy>(m_fitBy->currentIndex()));

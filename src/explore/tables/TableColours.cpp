@@ -1,30 +1,36 @@
 #include "explore/tables/TableColours.h"
 
+#include "panels/PanelLook.h"
+
 namespace korvel {
+
+namespace {
+
+QColor colour(Rgb rgb) {
+    return {rgb.red, rgb.green, rgb.blue};
+}
+
+} // namespace
 
 bool isDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
 }
 
+// As in the panels; on a light ground darker than lines are, since these are words.
 TableColours tableColours(const QPalette& palette) {
-    const QColor ink = palette.color(QPalette::Text);
-    QColor faint = ink;
+    const bool dark = isDark(palette);
+    const PanelLook look = panelLook(dark ? Theme::dark : Theme::light);
+    const auto ofWords = [&](Rgb rgb) { return dark ? colour(rgb) : colour(rgb).darker(130); };
+    QColor faint = palette.color(QPalette::Text), bar = colour(look.accent);
     faint.setAlphaF(0.15F);
-    if (isDark(palette))
-        return {QColor(0x4d, 0xc9, 0xa0),
-                QColor(0xf0, 0xb4, 0x3c),
-                QColor(0xff, 0x8a, 0x5c),
-                QColor(0x3d, 0x6f, 0x99),
-                ink,
-                faint,
-                QColor(0x56, 0xb4, 0xe9)};
-    return {QColor(0x00, 0x6e, 0x50),
-            QColor(0x8a, 0x5a, 0x00),
-            QColor(0xb3, 0x3c, 0x00),
-            QColor(0x9c, 0xc8, 0xe6),
-            ink,
+    bar.setAlphaF(0.4F);
+    return {ofWords(look.pass),
+            ofWords(look.unsure),
+            ofWords(look.fail),
+            bar,
+            palette.color(QPalette::Text),
             faint,
-            QColor(0x00, 0x72, 0xb2)};
+            colour(look.accent)};
 }
 
 QColor colourOf(std::string_view verdict, const TableColours& colours) {
