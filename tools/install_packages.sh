@@ -5,7 +5,7 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev libxlsxwriter-dev libsqlite3-dev nlohmann-json3-dev fonts-liberation
-    python3)
+    python3 cmark-gfm)
 optional=()
 if [[ ${1:-run} == test ]]; then
     packages+=(libgtest-dev libgmock-dev clang-format xvfb openbox xdotool x11-utils imagemagick poppler-utils

@@ -79,7 +79,7 @@ picture() {
         before=$now
         sleep 0.3
     done
-    convert "$work/now.png" -strip -define png:compression-level=9 "$pictures/$1.png"
+    convert "$work/now.png" -strip -dither None -colors 64 -define png:compression-level=9 "PNG8:$pictures/$1.png"
     echo "$pictures/$1.png"
 }
 
@@ -109,7 +109,7 @@ for file in ALDER2.DAT ALDER.DAT; do
     # R stands for two items in turn; after another letter it is the first one's.
     press alt+o Escape Escape alt+r 0
     choose_file "Open KORVEL data file ..." "$file"
-    await "KORVEL model run: Finished"
+    await "KORVEL model run: Finished - $file, run type 0"
     [[ $file == ALDER2.DAT ]] || picture engine-window
     press alt+c
     await_gone "KORVEL model run"
@@ -149,3 +149,20 @@ choose_whole_river
 press alt+p
 await "Korvel Graphical Results" 2
 picture comparison
+press alt+e
+await "Korvel Graphical Results"
+press alt+e
+await KORVEL
+
+press alt+o Escape Escape alt+r Escape alt+r Return
+await "Korvel Reports"
+picture report-form
+press alt+F4
+await KORVEL
+
+press alt+b
+await "Batch Run Data"
+press space
+choose_file "Select ONE data file for inclusion in Batch Run" ALDER.DAT
+await "Batch Run Data"
+picture batch-form

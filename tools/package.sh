@@ -76,6 +76,7 @@ inside grep -q '^application/x-korvel-results=.*korvel.desktop' /usr/share/appli
 inside grep -q 'application/x-korvel-results:\*.sgr' /usr/share/mime/globs2
 inside su user -c 'cd && cp /usr/share/doc/korvel/examples/ALDER.DAT . && korvel run ALDER.DAT --wait | tail -n 1 &&
     korvel info ALDER.SGR | head -n 1'
+inside grep -q '<title>The KORVEL guide</title>' /usr/share/doc/korvel/guide.html
 echo "A window, for two seconds"
 status=0
 inside su user -c 'QT_QPA_PLATFORM=offscreen timeout 2 korvel ~/ALDER.SGR' >/dev/null 2>&1 || status=$?

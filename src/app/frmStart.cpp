@@ -9,10 +9,13 @@
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
+#include "platform/Guide.h"
 #include "platform/StartTurn.h"
 #include "runs/RunModel.h"
 
 #include <QMenuBar>
+
+#include <algorithm>
 
 namespace korvel {
 
@@ -32,6 +35,7 @@ const std::string designCaption = productAndVersion + " ... " + productReleaseDa
 constexpr double titleFontSize = 30;  // points
 constexpr double titleWidth = 5600;   // twips, as designed
 constexpr double creditsHeight = 780; // twips above the bottom
+constexpr double guideFromMiddle = 1220, belowNextStep = 15;
 
 // The logo: a river's profile, falling from the source to the sea.
 constexpr int logoCount = 7;
@@ -103,6 +107,7 @@ void frmStart::connectMenus() {
     onClick(mnuGraphs, [this] { showGraphs(); });
     onClick(mnuBatch, [this] { showBatch(); });
     onClick(mnuPrinterSetup, [this] { choosePrinter(); });
+    on(cmdGuide, &QPushButton::clicked, [this] { OpenGuide(this->doors()); });
     onClick(mnuDisplayFull, [this] { setDisplayLevel(0); });
     onClick(mnuSuppressInterpolated, [this] { setDisplayLevel(1); });
     onClick(mnuSuppressFeatures, [this] { setDisplayLevel(2); });
@@ -156,8 +161,8 @@ void frmStart::scaleLogo() {
 
 // The texts keep the width that they have at the start, and the credits stay below all else.
 void frmStart::keepRoom() {
-    const QPoint corner = lblNextStep.geometry().bottomRight();
-    client().setMinimumSize(corner.x() + 1, corner.y() + 1 + pixels(creditsHeight));
+    const QRect texts = lblNextStep.geometry().united(cmdGuide.geometry());
+    client().setMinimumSize(texts.right() + 1, texts.bottom() + 1 + pixels(creditsHeight));
 }
 
 void frmStart::centreFrames() {
@@ -180,8 +185,13 @@ void frmStart::widenTexts() {
                                          &lineAddress_0, &lineAddress_1, &lblNextStep})
         widen(*control, 240);
     Place next = controlPlace(lblNextStep);
-    next.top *= GLOBAL.ScaleY;
+    const Place title = controlPlace(lblKorvel[0]); // on a wide screen taller than its room
+    next.top = std::max(next.top * GLOBAL.ScaleY, title.top + title.height);
     setControlPlace(lblNextStep, next);
+    Place guide = controlPlace(cmdGuide);
+    guide.left = width / 2 + guideFromMiddle;
+    guide.top = next.top + next.height + belowNextStep;
+    setControlPlace(cmdGuide, guide);
 }
 
 void frmStart::onActivate() {

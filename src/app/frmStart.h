@@ -101,8 +101,9 @@ class frmStart : public Form {
     ControlArray<QLabel> lblKorvel = korvelLabels();
     ControlArray<Shape> shpLogo = logoShapes();
     QLabel& lblEngine = label("lblEngine", "", at(240, 640, 9000, 270), {.fontSize = 9});
-    QLabel& lblNextStep = label("lblNextStep", "", at(600, 4300, 8400, 900),
+    QLabel& lblNextStep = label("lblNextStep", "", at(600, 4050, 8400, 870),
                                 {.fontSize = 12, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
+    QPushButton& cmdGuide = button("cmdGuide", "G&uide", at(6020, 4925, 900, 285), {.fontSize = 10});
 
     std::array<QAction*, 10> runItems();
     ControlArray<QLabel> korvelLabels();

@@ -27,6 +27,8 @@ class ConsoleMachine : public Machine {
     }
     void openFile(const std::string& file) override { m_machine.openFile(file); }
     void showFolder(const std::string& folder) override { m_machine.showFolder(folder); }
+    std::string guideFile() override { return m_machine.guideFile(); }
+    bool openGuide(const std::string& guide) override { return m_machine.openGuide(guide); }
 
     // Of the engine; 0 for one that was not waited for. Nothing where none was started.
     std::optional<int> engineStatus() const { return m_engineStatus; }

@@ -52,6 +52,10 @@ class Machine {
     // Opens a file, or shows a folder, with the desktop's program for it.
     virtual void openFile(const std::string& file) = 0;
     virtual void showFolder(const std::string& folder) = 0;
+    // The guide's host path; "" where it isn't installed.
+    virtual std::string guideFile() = 0;
+    // False where the desktop has no program for it.
+    virtual bool openGuide(const std::string& guide) = 0;
 };
 
 } // namespace korvel

@@ -4,6 +4,7 @@
 #include "basic/ModelName.h"
 #include "drawing/paint/Shown.h"
 #include "global/GLOBAL.h"
+#include "platform/Guide.h"
 #include "reports/CodePage437.h"
 #include "reports/Output.h"
 
@@ -31,6 +32,7 @@ QString listingText(ByteSource& file) {
 frmListing::frmListing(Platform& services)
     : Form(services, "frmListing", "Korvel output file"), txtListing(*new QPlainTextEdit(&client())) {
     layOut();
+    setHelp([this] { OpenGuide(this->services()); });
     on(cmdNext, &QPushButton::clicked, [this] { find(Direction::forward); });
     on(txtFind, &QLineEdit::returnPressed, [this] { find(Direction::forward); });
     on(cmdPrevious, &QPushButton::clicked, [this] { find(Direction::backward); });

@@ -3,6 +3,7 @@
 #include "basic/DiskNames.h"
 #include "basic/ModelName.h"
 #include "drawing/paint/Shown.h"
+#include "platform/Guide.h"
 #include "runs/RunControlFile.h"
 
 #include <QFontDatabase>
@@ -37,6 +38,7 @@ frmEngine::frmEngine(Platform& doors, StartedRun run, StartTurn turn)
       m_run(std::move(run)),
       m_turn(std::move(turn)) {
     layOut();
+    setHelp([this] { OpenGuide(this->doors()); });
     cmdOpenFolder.setVisible(!m_run.dataFiles.empty());
     on(cmdOpenFolder, &QPushButton::clicked,
        [this] { this->doors().machine.showFolder(folderOf(m_run.dataFiles.front())); });

@@ -1,5 +1,5 @@
-"""Holds the guide's chapter on messages against the program's sources: every message that the program can show stands in the
-chapter, and every one that stands there is the program's.
+"""Holds the guide against the program's sources: every message that the program can show stands in the chapter on messages, every
+one that stands there is the program's, and so is every caption that a chapter shows in bold letters.
 
 guide_messages_test.py SOURCE
 """
@@ -9,7 +9,9 @@ import re
 import sys
 
 SOURCE = pathlib.Path(sys.argv[1])
-CHAPTER = SOURCE / "docs/guide/troubleshooting.md"
+GUIDE = SOURCE / "docs/guide"
+CHAPTER = GUIDE / "troubleshooting.md"
+WITH_CAPTIONS = "first-run graphs compare reports batches printing".split()
 TOKEN = re.compile(r'//[^\n]*|(?:"(?:[^"\\\n]|\\.)*"\s*)+|\'(?:[^\'\\\n]|\\.)+\'')
 PIECE = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
 OPENING = re.compile(r"\b(?:RunTimeError|TableRefused|missing|refusedUnless|Refusal)\s*\(")
@@ -77,6 +79,12 @@ def told_messages(chapter):
     return [" ".join(row.split()) for row in rows if row not in ("message", "words")]
 
 
+def captions(chapter):
+    """What stands in bold letters, but for sentences."""
+    bold = re.findall(r"\*\*(.+?)\*\*", " ".join(chapter.split()))
+    return [text for text in bold if not text.endswith(".") or text.endswith("...")]
+
+
 def main():
     sources = sorted([*(SOURCE / "src").rglob("*.cpp"), *(SOURCE / "src").rglob("*.h")])
     every = {text for path in sources for text in literals(path.read_text(encoding="utf-8"))}
@@ -91,6 +99,11 @@ def main():
         pieces = [piece.strip() for piece in row.split("...") if piece.strip()]
         if not pieces or not all(any(piece in text for text in every) for piece in pieces):
             failures.append(f"no message of the program: {row}")
+    shown = {text.replace("&", "") for text in every}
+    for name in WITH_CAPTIONS:
+        for caption in captions((GUIDE / f"{name}.md").read_text(encoding="utf-8")):
+            if not any(caption in text for text in shown):
+                failures.append(f"{name}.md: no caption of the program: {caption}")
     print("\n".join(failures))
     print(f"{count} messages of the program, {len(told)} told, {len(failures)} failures")
     return 1 if failures or count < 50 or len(told) < 50 else 0

@@ -83,7 +83,8 @@ def check_installed(prefix):
     installed = run("cmake", "--install", BUILD, "--prefix", prefix)
     check(installed.returncode == 0, installed.stderr)
     for file in ["bin/korvel", "lib/korvel/korvel", "lib/korvel/korvelf157.exe", "lib/korvel/KORDAT4.TXT",
-                 "lib/korvel/KORDAT10.TXT", "share/man/man1/korvel.1.gz", "share/bash-completion/completions/korvel"]:
+                 "lib/korvel/KORDAT10.TXT", "share/man/man1/korvel.1.gz", "share/bash-completion/completions/korvel",
+                 "share/doc/korvel/guide.html"]:
         check((prefix / file).exists(), f"{file} is not installed")
     version = run(prefix / "bin/korvel", "--version")
     check(version.returncode == 0 and version.stdout.startswith("korvel "), f"--version prints {version}")

@@ -81,6 +81,9 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     // What the user does while a long piece of work lets events pass.
     std::function<void()> onPassEvents;
 
+    std::string guide = "/share/guide.html";
+    bool opensGuide = true;
+
     WorkArea desktop;
     Date day{5, 11, 2026};
     StartedRun startedRun;    // what the engine's window was started with last
@@ -123,6 +126,11 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
                   StartTurn turn) override;
     void openFile(const std::string& file) override { note("open " + file); }
     void showFolder(const std::string& folder) override { note("show folder " + folder); }
+    std::string guideFile() override { return guide; }
+    bool openGuide(const std::string& file) override {
+        note("guide " + file);
+        return opensGuide;
+    }
 
     void showModal(ShownForm& form) override;
     void showModeless(ShownForm& form) override;

@@ -6,6 +6,7 @@
 #include "forms/FormDriver.h"
 
 #include <QElapsedTimer>
+#include <QTest>
 #include <QTimer>
 
 #include <csignal>
@@ -55,6 +56,16 @@ TEST_F(FrmEngine, ShowsOutputAndThatTheEngineHasFinished) {
     EXPECT_TRUE(control<QLabel>(form, "lblTime").text().startsWith("Time taken: "));
     EXPECT_EQ(control<QLabel>(form, "lblNext").text(),
               "Close this window and choose Graphs or Reports in KORVEL to study the results.");
+}
+
+TEST_F(FrmEngine, OpensTheGuideWithF1) {
+    putEngine("#!/bin/sh\n");
+    show();
+    form.activateWindow();
+    ASSERT_TRUE(waitForState("Finished"));
+    QTest::keyClick(&form, Qt::Key_F1);
+    passEvents();
+    EXPECT_NE(platform.takeTranscript().find("guide /share/guide.html"), std::string::npos);
 }
 
 TEST_F(FrmEngine, ShowsOutputAsItComes) {

@@ -56,6 +56,13 @@ TEST_F(FrmListing, ShowsTheFileModallyInItsOwnCharacters) {
     });
 }
 
+TEST_F(FrmListing, OpensTheGuideWithF1) {
+    view(river, [&] {
+        key(Qt::Key_F1);
+        EXPECT_NE(platform.takeTranscript().find("guide /share/guide.html"), std::string::npos);
+    });
+}
+
 TEST_F(FrmListing, ZoomsWithKeysAndTheWheel) {
     view(river, [&] {
         const auto size = [&] { return text().font().pointSize(); };

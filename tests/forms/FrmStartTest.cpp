@@ -137,6 +137,13 @@ TEST_F(FrmStart, HasAllItsControls) {
     EXPECT_FALSE(shows("frameProgress"));
 }
 
+TEST_F(FrmStart, OpensTheGuide) {
+    showActive(start());
+    platform.takeTranscript();
+    click(control<QPushButton>(*form, "cmdGuide"));
+    EXPECT_EQ(platform.takeTranscript(), "guide /share/guide.html\n");
+}
+
 TEST_F(FrmStart, ShowsTheEditWarningAtStart) {
     start();
     EXPECT_TRUE(shows("lblEditWarning"));

@@ -41,6 +41,8 @@ class MemoryPlatform : private Dialogs, private Files, private Machine, private 
     }
     void openFile(const std::string&) override {}
     void showFolder(const std::string&) override {}
+    std::string guideFile() override { return ""; }
+    bool openGuide(const std::string&) override { return false; }
 
     void showModal(ShownForm&) override {}
     void showModeless(ShownForm&) override {}

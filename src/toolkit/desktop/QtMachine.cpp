@@ -5,6 +5,7 @@
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "drawing/paint/Twips.h"
+#include "platform/Guide.h"
 #include "toolkit/process/EngineProcess.h"
 #include "toolkit/process/EngineStart.h"
 #include "toolkit/process/EngineWindowCall.h"
@@ -13,6 +14,7 @@
 #include <QDate>
 #include <QDesktopServices>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
@@ -89,6 +91,18 @@ void QtMachine::showFolder(const std::string& folder) {
 
 void QtMachine::openFile(const std::string& file) {
     QDesktopServices::openUrl(QUrl::fromLocalFile(pathShown(file)));
+}
+
+std::string QtMachine::guideFile() {
+    for (const std::string& place : guidePlaces(QCoreApplication::applicationDirPath().toStdString())) {
+        const QFileInfo file(QString::fromStdString(place));
+        if (file.isFile()) return file.canonicalFilePath().toStdString();
+    }
+    return "";
+}
+
+bool QtMachine::openGuide(const std::string& guide) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(guide)));
 }
 
 } // namespace korvel

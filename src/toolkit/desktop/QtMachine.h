@@ -22,6 +22,8 @@ class QtMachine : public Machine {
                   StartTurn turn) override;
     void openFile(const std::string& file) override;
     void showFolder(const std::string& folder) override;
+    std::string guideFile() override;
+    bool openGuide(const std::string& guide) override;
 
   private:
     std::string hostFolder() { return hostPathOf(applicationFolder()); }
