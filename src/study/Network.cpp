@@ -71,7 +71,7 @@ void NetworkMaking::findCircles() {
             std::vector<int> circle{place};
             for (int next = m_network.next[at(place)]; next != place; next = m_network.next[at(next)])
                 circle.push_back(next);
-            std::ranges::rotate(circle, std::ranges::min_element(circle));
+            std::rotate(circle.begin(), std::ranges::min_element(circle), circle.end());
             m_network.circles.push_back(std::move(circle));
         }
         for (place = start; place >= 0 && states[at(place)] == State::onThisWay;
