@@ -377,6 +377,10 @@ TEST(ExploreTables, AreReachedByKeysAndNamedForScreenReaders) {
     EXPECT_FALSE(view.hasFocus()); // Tab leaves the table
     EXPECT_EQ(view.currentIndex(), view.rows().index(0, 0));
     EXPECT_EQ(view.rows().headerData(bodColumn, Qt::Horizontal, Qt::AccessibleTextRole), "BOD (Conc) a.sgr");
+    EXPECT_EQ(view.rows().index(0, bodColumn).data(Qt::AccessibleDescriptionRole),
+              "BOD (Conc), mean, a.sgr: 5.000 (4.500 to 6.000), target 4, observed 4.000");
+    tables.open(sourcesTab);
+    EXPECT_EQ(control<QComboBox>(tables.widget, "cboSourcesOf").accessibleDescription(), "Sources of");
 }
 
 } // namespace korvel

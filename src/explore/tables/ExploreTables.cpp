@@ -82,6 +82,7 @@ QComboBox& ExploreTables::choiceBox(const char* name, const QString& accessibleN
     auto* box = new QComboBox(this);
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);
+    box->setAccessibleDescription(accessibleName); // as a name screen readers are told the choice itself
     box->addItems(choices);
     return *box;
 }

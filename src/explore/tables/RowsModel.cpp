@@ -111,7 +111,8 @@ QVariant RowsModel::dataOf(int row, int column, int role) const {
     switch (role) {
     case Qt::DisplayRole: return textOf(row, column);
     case Qt::AccessibleTextRole: return shown(shownCell(m_source->cell(row, column), look).text);
-    case Qt::ToolTipRole: return shown(m_source->note(row, column));
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole: return shown(m_source->note(row, column));
     case Qt::TextAlignmentRole: return QVariant(alignmentOf(look));
     case lookRole: return static_cast<int>(look);
     case decimalsRole: return shownCell(m_source->cell(row, column), look).decimals;
