@@ -166,3 +166,5 @@ press space
 choose_file "Select ONE data file for inclusion in Batch Run" ALDER.DAT
 await "Batch Run Data"
 picture batch-form
+
+python3 -B "$root/tools/page_pictures.py" "$app" "$pictures"
