@@ -17,7 +17,7 @@ namespace {
 
 constexpr double twipsPerPixel = 15;
 constexpr double pictureWidth = 540; // pixels
-constexpr double panelHeight = 84;
+constexpr double panelHeight = 110;
 constexpr double frameHeight = 150; // of the axis, the names and the key
 constexpr std::size_t panelsOfOnePicture = 6;
 
@@ -155,9 +155,10 @@ class RiverWriter {
         m_html.open("h3", {{"id", id + "-h"}}).name(river.name).close().line();
         m_html.element("p", factsOf(river), {{"class", "quiet"}}).line();
         m_html.element("div", "", {{"class", "readout"}}).line();
-        m_html.open("div", {{"class", "pictures"}}).line();
+        const std::vector<std::vector<int>> pictures = seriesOfPictures(m_study);
+        m_html.open("div", {{"class", pictures.size() > 1 ? "pictures two" : "pictures"}}).line();
         std::size_t number = 0;
-        for (const std::vector<int>& series : seriesOfPictures(m_study))
+        for (const std::vector<int>& series : pictures)
             writePicture(dataOf(m_study, runs, path, series), river, id + "-" + std::to_string(++number));
         m_html.closeLine();
         writeNumbers(*path, id);

@@ -8,6 +8,7 @@ import io
 import os
 import pathlib
 import re
+import resource
 import shutil
 import subprocess
 import sys
@@ -340,6 +341,26 @@ def check_print(page, folder):
     check(not any("Save as CSV" in text for text in pages), "no buttons are printed")
 
 
+def check_failures(folder):
+    """A page is whole or not there; no old one is lost."""
+    old = folder / "old.html"
+    old.write_text("old")
+    before = sorted(folder.iterdir())
+    cases = {"a full disk": (["publish", *RUNS, "--output", "old.html"], lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (100_000, 100_000))),
+             "an output that is an input": (["publish", *RUNS, "--output", RUNS[1]], None),
+             "a file that is none": (["publish", RUNS[0], "missing.SGR", "--output", "old.html"], None),
+             "a folder that is not there": (["publish", *RUNS, "--output", "nowhere/old.html"], None)}
+    inputs = [(folder / run).read_bytes() for run in RUNS]
+    for what, (arguments, prepare) in cases.items():
+        result = subprocess.run([BUILD / "app/korvel", *arguments], cwd=folder, capture_output=True, text=True, timeout=60,
+                                preexec_fn=prepare, env={"PATH": os.environ["PATH"], "HOME": str(folder)})
+        equal(result.returncode, 1, f"status for {what}")
+        check(result.stderr.startswith("["), f"{what} is told: {result.stderr}")
+        equal(old.read_text(), "old", f"the old page after {what}")
+        equal(sorted(folder.iterdir()), before, f"nothing is left behind by {what}")
+    equal([(folder / run).read_bytes() for run in RUNS], inputs, "the results are as they were")
+
+
 HOSTILE = "</script><img src=x onerror=alert(1)>'&\u202e\u05d0\u05d1"
 
 
@@ -378,6 +399,7 @@ def main():
         make_pages(folder)
         rows = table_rows(folder)
         path = folder / "page.html"
+        timed("failures", check_failures, folder)
         with browser.Browser() as page:
             timed("first picture", check_first_picture, page, path)
             timed("cursor", check_cursor, page, rows)

@@ -361,7 +361,7 @@ class River {
   }
 
   reachAt(place) {
-    return this.data.reaches.findLast(reach => reach[2] <= place) ?? this.data.reaches[0];
+    return this.data.reaches.filter(reach => reach[2] <= place).pop() ?? this.data.reaches[0];
   }
 
   placeWords() {
