@@ -80,7 +80,8 @@ class frmStart : public Form {
         menuItem("mnuSuppressReaches", "Suppress reaches", &mnuREsultDisplayOptions);
     QAction& mnuHelp = menuItem("mnuHelp", "Online &Manual");
 
-    // Place and caption of each control, in the designer's order.
+    // Place and caption of each control, in the designer's order. Texts have the letters of the menus, since
+    // each further size takes its time at the start.
     QFrame& frameCD = frame("frameCD", at(1560, 600, 6500, 4800));
     QFrame& frameProgress = frame("frameProgress", at(2400, 2600, 4800, 1260));
     QProgressBar& Progress = progressBar("Progress", at(240, 780, 4320, 270), {.in = &frameProgress});
@@ -91,18 +92,18 @@ class frmStart : public Form {
                                    "WARNING: If you have modified and saved data using the Edit Text "
                                    "facility, you need to 'Open' the file "
                                    "again without clicking 'Save' beforehand.",
-                                   at(240, 150, 9000, 480), {.fontSize = 9, .wraps = true});
+                                   at(240, 150, 9000, 480), {.fontSize = 10, .wraps = true});
     QLabel& lblAddress_0 = label("lblAddress_0", "KORVEL  \u2013  river water quality for whole catchments",
-                                 at(240, 5400, 9000, 270), {.fontSize = 9});
+                                 at(240, 5400, 9000, 270), {.fontSize = 10});
     QLabel& lblAddress_1 = label("lblAddress_1", "Free and open source software, under the MIT licence",
-                                 at(240, 5700, 9000, 270), {.fontSize = 9});
+                                 at(240, 5700, 9000, 270), {.fontSize = 10});
     QFrame& lineAddress_0 = frame("lineAddress_0", at(240, 5340, 9000, 15));
     QFrame& lineAddress_1 = frame("lineAddress_1", at(240, 6030, 9000, 15));
     ControlArray<QLabel> lblKorvel = korvelLabels();
     ControlArray<Shape> shpLogo = logoShapes();
-    QLabel& lblEngine = label("lblEngine", "", at(240, 640, 9000, 270), {.fontSize = 9});
+    QLabel& lblEngine = label("lblEngine", "", at(240, 640, 9000, 270), {.fontSize = 10});
     QLabel& lblNextStep = label("lblNextStep", "", at(600, 4050, 8400, 870),
-                                {.fontSize = 12, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
+                                {.fontSize = 10, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
     QPushButton& cmdGuide = button("cmdGuide", "G&uide", at(6020, 4925, 900, 285), {.fontSize = 10});
 
     std::array<QAction*, 10> runItems();
