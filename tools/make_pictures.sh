@@ -148,6 +148,7 @@ press_times 6 Tab
 choose_whole_river
 press alt+p
 await "Korvel Graphical Results" 2
+press_times 40 ctrl+Right # the values at a point, beside the graph
 picture comparison
 press alt+e
 await "Korvel Graphical Results"
