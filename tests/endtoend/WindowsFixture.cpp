@@ -17,8 +17,18 @@ void WindowsFixture::TearDown() {
 }
 
 void WindowsFixture::startWithoutWaiting(const std::vector<std::string>& arguments) {
+    std::vector<std::string> settings = screen.settings();
+    settings.insert(settings.end(), further.begin(), further.end());
     m_program = std::make_unique<BackgroundProgram>(korvel.korvel(arguments),
-                                                    Surroundings{korvel.dataFolder(), screen.settings()});
+                                                    Surroundings{korvel.dataFolder(), settings});
+}
+
+void WindowsFixture::endKorvel() {
+    m_program.reset();
+    waitFor([this] {
+        if (!screen.windows().empty()) screen.closeFront();
+        return screen.windows().empty();
+    });
 }
 
 void WindowsFixture::startKorvel(const std::vector<std::string>& arguments) {

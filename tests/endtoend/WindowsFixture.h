@@ -23,6 +23,7 @@ class WindowsFixture : public testing::Test {
     void startWithoutWaiting(const std::vector<std::string>& arguments = {});
     int waitForEnd() { return m_program->waitForEnd(); }
     bool running() { return m_program->running(); }
+    void endKorvel(); // with all of its windows
 
     void openRunMenu() const;
     void chooseRun(int runType, const std::string& dataFile);
@@ -35,7 +36,8 @@ class WindowsFixture : public testing::Test {
     const LeftPrograms left;
     const Installation korvel;
     const Desktop screen;
-    std::string designTitle; // of the main form
+    std::string designTitle;          // of the main form
+    std::vector<std::string> further; // settings of the next start
 
   private:
     std::unique_ptr<BackgroundProgram> m_program;
