@@ -13,6 +13,7 @@ if [[ ${1:-run} == test ]]; then
         munge sqlite3 libreoffice-calc-nogui)
     optional+=(g++-mingw-w64-x86-64 wine wine64) # the tests of a Windows engine are skipped without them
     optional+=(chromium chromium-driver)         # those of the published page, too
+    optional+=(at-spi2-core gir1.2-atspi-2.0 python3-gi dbus-daemon) # that of what screen readers are told, too
 elif [[ ${1:-run} == tidy ]]; then
     packages+=(libgtest-dev libgmock-dev clang clang-tidy)
 fi
