@@ -17,6 +17,7 @@ namespace {
 constexpr double twipsPerPixel = 15;
 constexpr double twipsPerPoint = 20;
 constexpr std::size_t longestPictureText = 60; // characters
+constexpr std::size_t verticesOfMark = 4;      // of a cross; a stroke has fewer
 
 // A place in pixels, to a tenth.
 void appendPlace(std::string& text, double twips) {
@@ -210,15 +211,21 @@ void writeCurve(SvgPicture& picture, const ProfileCurve& curve, std::size_t most
     picture.path(path, curve.pen, kindOf(curve.run, "line"));
 }
 
-// Strokes or marks of one run at a time.
+// Strokes or marks of one run at a time; of very many every so many, so that they have no more vertices than
+// a curve.
 template <typename Items, typename Add>
-void writeByRun(SvgPicture& picture, const Items& items, const char* what, const Add& add) {
+void writeByRun(SvgPicture& picture, const Items& items, const char* what, std::size_t most, const Add& add) {
+    const std::size_t taken = std::max<std::size_t>(1, most / verticesOfMark);
+    const std::size_t step = (items.size() + taken - 1) / taken;
     for (std::size_t k = 0; k < items.size();) {
         PathText path;
         const std::size_t run = items[k].run;
         const Pen& pen = items[k].pen;
-        for (; k < items.size() && items[k].run == run; ++k)
+        for (; k < items.size() && items[k].run == run; ++k) {
+            if (step > 1 && k % step != 0) continue;
             add(path, items[k]);
+            picture.count(verticesOfMark);
+        }
         picture.path(path, pen, kindOf(run, what));
     }
 }
@@ -226,12 +233,12 @@ void writeByRun(SvgPicture& picture, const Items& items, const char* what, const
 void writePanel(SvgPicture& picture, const ProfilePanel& panel, double crossHalf, std::size_t most) {
     for (const DrawnBand& band : panel.bands)
         picture.band(band, "band run-0", most);
-    writeByRun(picture, panel.targets, "target", [](PathText& path, const ProfileStroke& target) {
+    writeByRun(picture, panel.targets, "target", most, [](PathText& path, const ProfileStroke& target) {
         path.line(target.stroke.from, target.stroke.to);
     });
     for (const ProfileCurve& curve : panel.curves)
         writeCurve(picture, curve, most);
-    writeByRun(picture, panel.observed, "observed",
+    writeByRun(picture, panel.observed, "observed", most,
                [&](PathText& path, const ProfileMark& mark) { path.cross(mark.centre, crossHalf); });
 }
 

@@ -44,11 +44,11 @@ std::vector<std::size_t> longestRivers(const std::vector<River>& rivers, std::si
     return order;
 }
 
-// Mean and judged statistic, each with two limits.
+// Mean and judged statistic, each with two limits and a sample, and a target.
 std::size_t valuesOfPlace(const PageStudy& study) {
     std::size_t values = 0;
     for (const int series : study.request().series)
-        values += study.base().results().kindOf(series) == SeriesKind::concentration ? 6 : 3;
+        values += study.base().results().kindOf(series) == SeriesKind::concentration ? 9 : 4;
     return std::max<std::size_t>(1, values * study.runs().size());
 }
 
@@ -61,9 +61,9 @@ RiverPlan planRivers(const PageStudy& study, const PageLimits& limits) {
     for (const std::size_t river : plan.rivers)
         plan.placesInAll += pointsOf(study, study.network().rivers[river]);
     plan.mostPlaces = limits.values / valuesOfPlace(study);
-    // The base's band has two edges.
+    // The base's band has two edges; targets and samples count as a curve each.
     const std::size_t curves =
-        std::max<std::size_t>(1, plan.rivers.size()) * series * (study.runs().size() + 2);
+        std::max<std::size_t>(1, plan.rivers.size()) * series * (study.runs().size() + 4);
     plan.verticesOfCurve = limits.vertices / curves;
     return plan;
 }

@@ -105,12 +105,12 @@ TEST(PageThinning, StaysWithinTheLimits) {
     const Study study = studyOf({millRiver(), millRiver(3)});
     const PageRequest request = requestOf(study);
     const PageStudy judged(study, request);
-    // Flow and load have three values a run, a concentration six.
+    // Flow and load have four values a run, a concentration nine.
     const RiverPlan plan = planRivers(judged, {.values = 240, .vertices = 600, .panels = 2});
-    EXPECT_EQ(plan.mostPlaces, 10U);
+    EXPECT_EQ(plan.mostPlaces, 7U);
     EXPECT_EQ(plan.placesInAll, 5U);
     EXPECT_EQ(plan.rivers.size(), 1U);
-    EXPECT_EQ(plan.verticesOfCurve, 600U / (3 * 4));
+    EXPECT_EQ(plan.verticesOfCurve, 600U / (3 * 6));
 }
 
 } // namespace
