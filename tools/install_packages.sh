@@ -8,7 +8,7 @@ packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libcups2-dev 
     python3 cmark-gfm)
 optional=()
 if [[ ${1:-run} == test ]]; then
-    packages+=(libgtest-dev libgmock-dev clang-format xvfb openbox xdotool x11-utils imagemagick poppler-utils
+    packages+=(libgtest-dev libgmock-dev clang-format xvfb openbox xdotool x11-utils imagemagick poppler-utils qpdf
         cups git locales util-linux lintian appstream desktop-file-utils libxml2-utils shared-mime-info mmdebstrap slurm-wlm
         munge sqlite3 libreoffice-calc-nogui)
     optional+=(g++-mingw-w64-x86-64 wine wine64) # the tests of a Windows engine are skipped without them

@@ -4,8 +4,10 @@
 #include "drawing/Drawing.h"
 #include "drawing/TextMetrics.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace korvel {
 
@@ -16,11 +18,35 @@ enum class Orientation { portrait, landscape };
 inline constexpr double printableShortSide = 8.26 / 1.043;
 inline constexpr double printableLongSide = 11.69 / 1.09;
 
+// A place on a page that leads to another page. Shares of the page's drawing, from its top left.
+struct PageLink {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+    std::size_t page = 0; // from 0
+};
+
+struct Bookmark {
+    std::string title; // UTF-8
+    std::size_t page = 0;
+    int level = 0; // 0 outermost
+};
+
+// How a reader finds his way in a document.
+struct DocumentOutline {
+    std::string language; // "en"
+    std::vector<Bookmark> bookmarks;
+    std::vector<std::vector<PageLink>> links; // by page
+};
+
 struct PrintRequest {
     std::string title; // of the job, as the print system shows it
     Orientation orientation = Orientation::portrait;
     // Model name of the PDF file made where no printer was chosen and the system has none.
     std::string fallbackFile;
+    // Of a document in a file; all of its pages are made then.
+    std::shared_ptr<const DocumentOutline> outline = {};
 };
 
 // A job is made page by page. Dropped without finish(), nothing is printed and no file is left.

@@ -15,11 +15,15 @@ namespace {
 constexpr int dotsPerInch = 300;
 constexpr double pointsPerInch = 72;
 
+QPageLayout sheetOf(Orientation orientation) {
+    const bool landscape = orientation == Orientation::landscape;
+    return {QPageSize(QPageSize::A4), landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+            QMarginsF()};
+}
+
 void prepare(QPdfWriter& writer, const PdfJobSettings& settings) {
-    const bool landscape = settings.orientation == Orientation::landscape;
     writer.setResolution(dotsPerInch);
-    writer.setPageLayout(
-        {QPageSize(QPageSize::A4), landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()});
+    writer.setPageLayout(sheetOf(settings.orientation));
     writer.setTitle(shown(settings.title));
     writer.setCreator(productName);
 }
@@ -58,7 +62,11 @@ void PdfJob::page(const Drawing& drawing) {
     ++m_pages;
     if (!m_settings.pages.isEmpty() && !m_settings.pages.contains(m_pages)) return;
     beginPage();
-    paintOnPage(drawing, m_painter, placeIn(printableArea(), drawing), m_fonts);
+    const QRectF points = sheetPlace(m_settings.orientation).drawing;
+    constexpr double dots = dotsPerInch / pointsPerInch;
+    const QRectF area(points.left() * dots, points.top() * dots, points.width() * dots,
+                      points.height() * dots);
+    paintOnPage(drawing, m_painter, placeIn(area, drawing), m_fonts);
     m_device.throwFailure();
 }
 
@@ -77,13 +85,12 @@ void PdfJob::beginPage() {
     if (!begun) throw RunTimeError(errors::printerError);
 }
 
-QRectF PdfJob::printableArea() const {
-    const bool landscape = m_settings.orientation == Orientation::landscape;
-    const double width = landscape ? printableLongSide : printableShortSide;
-    const double height = landscape ? printableShortSide : printableLongSide;
-    const QSizeF sheet = m_writer.pageLayout().fullRect(QPageLayout::Point).size() / pointsPerInch;
-    return {(sheet.width() - width) / 2 * dotsPerInch, (sheet.height() - height) / 2 * dotsPerInch,
-            width * dotsPerInch, height * dotsPerInch};
+SheetPlace sheetPlace(Orientation orientation) {
+    const bool landscape = orientation == Orientation::landscape;
+    const double width = (landscape ? printableLongSide : printableShortSide) * pointsPerInch;
+    const double height = (landscape ? printableShortSide : printableLongSide) * pointsPerInch;
+    const QSizeF sheet = sheetOf(orientation).fullRect(QPageLayout::Point).size();
+    return {{(sheet.width() - width) / 2, (sheet.height() - height) / 2, width, height}, sheet.height()};
 }
 
 } // namespace korvel

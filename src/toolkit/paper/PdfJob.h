@@ -3,6 +3,7 @@
 
 #include "drawing/paint/GlyphFonts.h"
 #include "platform/Paper.h"
+#include "toolkit/paper/PdfOutline.h"
 #include "toolkit/paper/PdfTarget.h"
 
 #include <QIODevice>
@@ -20,7 +21,11 @@ struct PdfJobSettings {
     QPageRanges pages;     // of the document that are made; empty: all
     std::string toTell;    // what finish() returns
     std::string file = {}; // model name; "" for a print system
+    std::shared_ptr<const DocumentOutline> outline = {};
 };
+
+// Where drawings of the printable area's proportions stand on their sheets.
+SheetPlace sheetPlace(Orientation orientation);
 
 // The writer's way out: a failure of the target is kept until the job can throw it.
 class TargetDevice : public QIODevice {
@@ -47,7 +52,6 @@ class PdfJob : public PrintJob {
 
   private:
     void beginPage();
-    QRectF printableArea() const;
 
     PdfJobSettings m_settings;
     std::unique_ptr<PdfTarget> m_target;

@@ -3,6 +3,7 @@
 #include "basic/ModelName.h"
 #include "drawing/paint/Shown.h"
 #include "toolkit/paper/PdfJob.h"
+#include "toolkit/paper/PdfOutline.h"
 
 #include <QFile>
 
@@ -11,12 +12,17 @@ namespace korvel {
 namespace {
 
 PdfJobSettings settingsOf(const PrintRequest& request) {
-    return {request.title, request.orientation, {}, "", ""};
+    return {request.title, request.orientation, {}, "", "", request.outline};
 }
 
 std::unique_ptr<PrintJob> jobToFile(PdfJobSettings settings, const std::string& file, Files& files) {
     settings.file = file;
-    return std::make_unique<PdfJob>(std::move(settings), std::make_unique<FileTarget>(files, file));
+    std::unique_ptr<PdfTarget> target = std::make_unique<FileTarget>(files, file);
+    if (settings.outline) {
+        const SheetPlace place = sheetPlace(settings.orientation);
+        target = std::make_unique<OutlinedTarget>(std::move(target), settings.outline, place);
+    }
+    return std::make_unique<PdfJob>(std::move(settings), std::move(target));
 }
 
 std::unique_ptr<PrintJob> jobToFallbackFile(const PrintRequest& request, Files& files) {
