@@ -4,7 +4,7 @@ _korvel() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command='' word options='' formats=''
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
-            info|csv|report|graph|listing|run|batch|runs|table|changes|compliance|fit|sources|network|check|publish|help-page) command=$word; break ;;
+            info|csv|report|graph|listing|run|batch|runs|table|changes|compliance|fit|sources|network|check|publish|atlas|help-page) command=$word; break ;;
         esac
     done
     case $command in
@@ -25,6 +25,7 @@ _korvel() {
         network) options='--format --help' ;;
         check) options='--all --format --help' ;;
         publish) options='--help --low-is-bad --output --series --title' ;;
+        atlas) options='--help --low-is-bad --output --series --title' ;;
         help-page) options='--help' ;;
     esac
     case $command in
@@ -44,7 +45,7 @@ _korvel() {
     if [[ $current == -* ]]; then
         COMPREPLY=($(compgen -W "$options" -- "$current"))
     elif [[ -z $command ]]; then
-        COMPREPLY=($(compgen -W 'info csv report graph listing run batch runs table changes compliance fit sources network check publish help-page' -- "$current") $(compgen -f -- "$current"))
+        COMPREPLY=($(compgen -W 'info csv report graph listing run batch runs table changes compliance fit sources network check publish atlas help-page' -- "$current") $(compgen -f -- "$current"))
     else
         COMPREPLY=($(compgen -f -- "$current"))
     fi

@@ -23,10 +23,11 @@ extern const Command sourcesCommand;
 extern const Command networkCommand;
 extern const Command checkCommand;
 extern const Command publishCommand;
+extern const Command atlasCommand;
 
 inline const Command* const commandList[] = {
     &infoCommand,    &csvCommand,     &reportCommand, &graphCommand,   &listingCommand,    &runModelCommand,
     &batchCommand,   &runsCommand,    &tableCommand,  &changesCommand, &complianceCommand, &fitCommand,
-    &sourcesCommand, &networkCommand, &checkCommand,  &publishCommand, &helpPageCommand};
+    &sourcesCommand, &networkCommand, &checkCommand,  &publishCommand, &atlasCommand,      &helpPageCommand};
 
 } // namespace korvel

@@ -74,7 +74,8 @@ class NetworkMaking {
         return std::max(0.0, m_run.results.reachLengths[m_run.reaches.number(place)]);
     }
     double xOf(double toMouth) const { return m_layout.distance.scale.place(toMouth); }
-    double bottomRow() const { return 1.5 * m_measures.line; }
+    bool isByValue() const { return m_view.colours == NetworkColours::byValue; }
+    double bottomRow() const { return (isByValue() ? 2.1 : 1.5) * m_measures.line; }
 
     void tell(const std::string& text) {
         m_layout.texts.push_back(
@@ -90,9 +91,21 @@ class NetworkMaking {
     // --- the key under the picture
 
     void addKey() {
-        const double middle = m_layout.height - 0.8 * m_measures.line;
+        const double middle = m_layout.height - (isByValue() ? 1.4 : 0.8) * m_measures.line;
         if (m_view.colours == NetworkColours::byVerdict) addVerdictKey(middle);
-        if (m_view.colours == NetworkColours::byValue) addColourBar(middle);
+        if (isByValue()) addColourBar(middle);
+        if (m_view.colours != NetworkColours::plain) addWidthNote(middle);
+    }
+
+    // Where there is room beside the key.
+    void addWidthNote(double middle) {
+        const double right = m_layout.width - m_measures.pad, top = middle - m_measures.line / 2;
+        const DrawnText note = textAt({right, top}, TextAlign::right, "wider lines: more flow", m_look.font,
+                                      m_look.quietText, m_metrics);
+        double used = m_layout.bar.area.right;
+        for (const NetworkKeyEntry& entry : m_layout.key)
+            used = std::max(used, entry.text.corner.x + entry.text.width);
+        if (used + 4 * m_measures.letter < note.corner.x) m_layout.texts.push_back(note);
     }
 
     void addVerdictKey(double middle) {
@@ -133,9 +146,8 @@ class NetworkMaking {
             valueAxis(range, ScaleKind::linear, AxisBegin::atZero, {left, right, m_measures.kmRoom()});
         double free = 0;
         for (const AxisTick& tick : m_layout.bar.values.ticks) {
-            const DrawnText text =
-                textAt({tick.place, middle + 0.15 * m_measures.line - 0.1 * m_measures.line},
-                       TextAlign::centre, tick.text, m_look.font, m_look.quietText, m_metrics);
+            const DrawnText text = textAt({tick.place, middle + 0.2 * m_measures.line}, TextAlign::centre,
+                                          tick.text, m_look.font, m_look.quietText, m_metrics);
             if (text.corner.x < free || text.corner.x + text.width > m_layout.width) continue;
             m_layout.texts.push_back(text);
             free = text.corner.x + text.width + m_measures.letter;
@@ -177,7 +189,7 @@ class NetworkMaking {
         const int count = lanes.empty() ? 1 : *std::ranges::max_element(lanes) + 1;
         const double top = 0.3 * m_measures.pad;
         const double spacing =
-            std::min((m_layout.axisY - 0.5 * m_measures.line - top) / count, 4.5 * m_measures.line);
+            std::min((m_layout.axisY - 0.5 * m_measures.line - top) / count, 8 * m_measures.line);
         const double spare = m_layout.axisY - 0.5 * m_measures.line - top - spacing * count;
         for (const int lane : lanes)
             m_riverY.push_back(top + spare / 2 + spacing * (lane + 0.7));
@@ -196,7 +208,7 @@ class NetworkMaking {
             reach.to = xOf(m_network.toMouth[at(place)]);
             reach.y = yOf(place);
             const double share = largest > 0 ? flows[at(place)] / largest : 0;
-            reach.pen = penOf(place, (share >= large ? 5 : share >= middling ? 3 : 1.5) * m_look.hairline);
+            reach.pen = penOf(place, (share >= large ? 6 : share >= middling ? 4 : 2) * m_look.hairline);
             if (m_view.colours == NetworkColours::byVerdict) reach.verdict = verdictOf(place);
             m_layout.reaches.push_back(reach);
         }
@@ -298,7 +310,7 @@ class NetworkMaking {
         const DrawnText text = textAt({0, 0}, TextAlign::left, fittedText(name, most, m_look.font, m_metrics),
                                       m_look.font, m_look.text, m_metrics);
         if (text.text.empty()) return;
-        const double above = y - text.height - 0.12 * m_measures.line, below = y + 0.12 * m_measures.line;
+        const double above = y - text.height - 0.3 * m_measures.line, below = y + 0.3 * m_measures.line;
         const double middle = (from + to - text.width) / 2;
         for (const DrawnPoint corner :
              {DrawnPoint{from, above}, DrawnPoint{middle, above}, DrawnPoint{to - text.width, above},

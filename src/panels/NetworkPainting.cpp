@@ -53,8 +53,7 @@ class NetworkPainting {
     }
 
     void paintFeature(DrawnPoint at) {
-        const double half = 0.35 * m_layout.symbolHalf;
-        line({at.x, at.y - 2 * half}, {at.x, at.y + 2 * half}, hair(m_look.text));
+        line({at.x, at.y}, {at.x, at.y + 0.75 * m_layout.symbolHalf}, hair(m_look.quietText));
     }
 
     // A failing reach always has its symbol, others where it has room.

@@ -163,6 +163,30 @@ TEST_F(Commands, GraphOfAMissingFileLeavesNothingBehind) {
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
+TEST_F(Commands, AtlasLeadsToItsPartsAndStandsUpToACheck) {
+    korvel.putResults("ALDER.SGR");
+    korvel.putResults("ALDER2.SGR");
+    const Outcome outcome = korvel.runKorvel(
+        {"atlas", korvel.data("ALDER.SGR"), korvel.data("ALDER2.SGR"), "--title", "Both runs"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const std::string file = korvel.data("ALDER-atlas.pdf");
+    const Outcome check = runProgram({"qpdf", "--check", file});
+    EXPECT_EQ(check.status, 0) << check.out << check.err;
+    const std::string outlines = runProgram({"qpdf", "--json", "--json-key=outlines", file}).out;
+    for (const char* title :
+         {"Contents", "River Alder", "Targets by reach, ALDER2.SGR", "Changes from ALDER.SGR"})
+        EXPECT_NE(outlines.find(title), std::string::npos) << title;
+    const std::string facts = runProgram({"pdfinfo", file}).out;
+    EXPECT_NE(facts.find("Both runs"), std::string::npos) << facts;
+    const std::string text = runProgram({"pdftotext", "-layout", file, "-"}).out;
+    const long pages = std::ranges::count(text, '\f');
+    EXPECT_GT(pages, 10);
+    for (const long page : {1L, 2L, pages})
+        EXPECT_NE(text.find(std::to_string(page) + " of " + std::to_string(pages)), std::string::npos)
+            << page;
+    EXPECT_NE(text.find("14 reaches are judged"), std::string::npos);
+}
+
 TEST_F(Commands, RunStartsTheEngineAndWaitsForIt) {
     korvel.putSample("ALDER.DAT");
     const Outcome outcome = korvel.runKorvel({"run", korvel.data("ALDER.DAT"), "--type", "0", "--wait"});

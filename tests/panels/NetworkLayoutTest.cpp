@@ -203,6 +203,10 @@ TEST(NetworkLayout, ColoursByValueWithAScale) {
     EXPECT_EQ(layout.reaches[0].pen.colour, valueColour(0.25, Theme::light));
     EXPECT_EQ(layout.reaches[2].pen.dash, Dash::dot); // has no value
     EXPECT_LT(layout.bar.area.left, layout.bar.area.right);
+    for (const DrawnText& text : layout.texts) {
+        EXPECT_LE(text.corner.y + text.height, layout.height) << text.text;
+        EXPECT_LE(text.corner.x + text.width, layout.width) << text.text;
+    }
 }
 
 TEST(NetworkLayout, KeepsNamesApartAndInside) {

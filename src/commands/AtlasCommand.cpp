@@ -1,0 +1,74 @@
+#include "analysis/Judging.h"
+#include "basic/ModelName.h"
+#include "basic/Text.h"
+#include "commands/CommandList.h"
+#include "commands/ProgressLine.h"
+#include "commands/StudyCall.h"
+#include "commands/StudyLists.h"
+#include "platform/Printing.h"
+#include "publish/Atlas.h"
+
+namespace korvel {
+
+namespace {
+
+const char* const help =
+    "Usage: korvel atlas FILE.SGR... [OPTION]...\n\n"
+    "Writes a PDF document to be handed on: the network with its verdicts, each river's profiles, which\n"
+    "targets are met and what has changed. The first file is the base of the others.\n"
+    "A plan (.csv) in place of the files stands for its finished runs.\n\n"
+    "  --title TITLE        the document's title; the base's own where not given\n"
+    "  --series LIST        positions from 0 (the flow) or names; all where not given\n"
+    "  --low-is-bad NAMES   determinands that are bad when low, or none; dissolved oxygen where not\n"
+    "                       given\n"
+    "  --output FILE        the file to write; RIVER-atlas.pdf beside RIVER.SGR, the first file, where\n"
+    "                       not given\n\n"
+    "Concentrations are shown by the statistic that they are judged by, flow and loads by the mean.\n";
+
+std::string outputOf(const CommandLine& line, const std::string& first) {
+    if (const auto typed = line.value("--output")) return modelNameOfTyped(*typed);
+    return besideResults(first, "-atlas.pdf");
+}
+
+std::set<int> givenLowIsBad(const CommandLine& line, const ResultsDataSet& results) {
+    const auto names = line.value("--low-is-bad");
+    if (!names) return lowBadByName(results);
+    return *names == "none" ? std::set<int>() : determinandsNamed(*names, results);
+}
+
+void write(CommandCall& call, const std::string& output, Study study, AtlasRequest request) {
+    ProgressLine line(call.errors, "Writing");
+    Paper& paper = call.platform.paper;
+    const Atlas atlas(std::move(study), std::move(request), paper.metrics());
+    const auto job = paper.begin({atlas.title(), Orientation::landscape, output, atlas.outline()});
+    for (std::size_t page = 0; page < atlas.pageCount(); ++page) {
+        job->page(atlas.page(page));
+        if (call.console.errorsAreShown)
+            line.show(static_cast<double>(page + 1) / static_cast<double>(atlas.pageCount()));
+    }
+    job->finish();
+}
+
+int runAtlas(CommandCall& call) {
+    using Kind = CommandOption::Kind;
+    const CommandLine line(call.arguments, {{"--title", Kind::withValue},
+                                            {"--series", Kind::withValue},
+                                            {"--low-is-bad", Kind::withValue},
+                                            {"--output", Kind::withValue}});
+    const std::vector<std::string> files = studyFiles(line, {});
+    const std::string output = outputOf(line, files.front());
+    refuseOwnInput(call.platform.files, output, files);
+    Study study = takeStudy(call, files);
+    AtlasRequest request;
+    request.title = line.value("--title").value_or("");
+    request.series = seriesChosen(line.value("--series"), study.base().results());
+    request.lowIsBad = givenLowIsBad(line, study.base().results());
+    write(call, output, std::move(study), std::move(request));
+    return exitStatus::done;
+}
+
+} // namespace
+
+const Command atlasCommand = {"atlas", "a PDF document of the whole catchment", help, runAtlas};
+
+} // namespace korvel

@@ -1,0 +1,47 @@
+// Tables on the pages of an atlas.
+#pragma once
+
+#include "publish/AtlasSheet.h"
+#include "tables/Table.h"
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+struct AtlasColumn {
+    std::string name; // of the table's column, with its group: "worst_ratio"
+    std::string heading;
+};
+
+struct AtlasTable {
+    std::string title;
+    std::string note; // under the title, "" for nothing
+    std::vector<std::string> headings;
+    std::vector<bool> textColumns;              // which stand to the left
+    std::vector<std::vector<std::string>> rows; // UTF-8
+};
+
+// Rows of a table for pages: the columns wanted, numbers rounded. Rows whose cells in the columns `oneOf` are
+// all empty are left out.
+struct TableWish {
+    std::vector<AtlasColumn> columns;
+    std::vector<std::string> oneOf = {};
+    std::string leftOut = {};                   // what a note says of those: "without any change"
+    std::size_t most = 5000;                    // rows; a note tells of more
+    std::map<int, std::string> reachNames = {}; // shown behind their numbers
+};
+AtlasTable atlasTable(const Table& table, const TableWish& wish);
+
+// From which row to which on a page.
+struct TablePart {
+    std::size_t from = 0;
+    std::size_t to = 0;
+};
+std::vector<TablePart> tableParts(const AtlasTable& table, const TextMetrics& metrics);
+
+void paintTable(const AtlasTable& table, const TablePart& part, AtlasSheet& sheet);
+
+} // namespace korvel

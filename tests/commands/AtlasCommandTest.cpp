@@ -1,0 +1,99 @@
+#include "commands/Commands.h"
+#include "fakes/FakePlatform.h"
+#include "fakes/ResultsFileBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace korvel {
+
+namespace {
+
+class AtlasCommand : public testing::Test {
+  protected:
+    static ResultsFileBuilder river() {
+        ResultsFileBuilder file;
+        file.title("The Mill").determinand(1, "BOD", 1).determinand(1, "DO", 1).reach(1, "Mill", 4, 0);
+        file.point(1, 1, "Weir", 2).point(1, 3, "Mouth", 2);
+        return file;
+    }
+
+    int run(const std::vector<std::string>& arguments) {
+        std::ostringstream outStream, errorStream;
+        const int status = runCommand(arguments, fake.platform(), outStream, errorStream, {});
+        out = outStream.str();
+        errors = errorStream.str();
+        return status;
+    }
+    // All texts of what was printed last.
+    std::string printedWords() {
+        std::string words;
+        for (const Drawing& page : fake.printed().back().pages)
+            for (const DrawnCommand& command : page.commands)
+                if (const auto* text = std::get_if<DrawnText>(&command)) words += text->text + "\n";
+        return words;
+    }
+    bool printed(const std::string& part) { return printedWords().find(part) != std::string::npos; }
+
+    FakePlatform fake;
+    std::string out, errors;
+    std::string a, b;
+
+    AtlasCommand() {
+        fake.putFile("a.sgr", river().text());
+        fake.putFile("b.sgr", river().text());
+        a = hostPathOf(fake.pathOf("a.sgr"));
+        b = hostPathOf(fake.pathOf("b.sgr"));
+    }
+};
+
+} // namespace
+
+TEST_F(AtlasCommand, PrintsADocumentBesideTheFirstFile) {
+    EXPECT_EQ(run({"atlas", a, b}), 0) << errors;
+    EXPECT_EQ(out + errors, "");
+    ASSERT_EQ(fake.printed().size(), 1U);
+    const auto& job = fake.printed().back();
+    EXPECT_TRUE(job.finished);
+    EXPECT_EQ(job.request.fallbackFile, fake.pathOf("a-atlas.pdf"));
+    EXPECT_EQ(job.request.title, "The Mill");
+    EXPECT_EQ(job.request.orientation, Orientation::landscape);
+    ASSERT_TRUE(job.request.outline);
+    EXPECT_EQ(job.request.outline->links.size(), job.pages.size());
+    EXPECT_TRUE(printed("Changes from a.sgr to b.sgr"));
+}
+
+TEST_F(AtlasCommand, TakesTitleSeriesBadSideAndOutput) {
+    const std::string file = hostPathOf(fake.pathOf("own.pdf"));
+    EXPECT_EQ(run({"atlas", a, "--title", "Own", "--series", "Flow,BOD (Conc)", "--low-is-bad", "BOD",
+                   "--output", file}),
+              0)
+        << errors;
+    EXPECT_EQ(fake.printed().back().request.fallbackFile, fake.pathOf("own.pdf"));
+    EXPECT_EQ(fake.printed().back().request.title, "Own");
+    EXPECT_TRUE(printed("BOD (Conc), mean"));
+    EXPECT_FALSE(printed("DO (Conc), mean"));
+    EXPECT_TRUE(printed("BOD by the mean, low is bad; DO by the mean."));
+    EXPECT_EQ(run({"atlas", a, "--low-is-bad", "none"}), 0);
+    EXPECT_FALSE(printed("low is bad"));
+}
+
+TEST_F(AtlasCommand, RefusesWhatCannotBe) {
+    EXPECT_EQ(run({"atlas", a, "--output", a}), 1);
+    EXPECT_NE(errors.find("The output would replace the input."), std::string::npos) << errors;
+    EXPECT_EQ(run({"atlas"}), 2);
+    EXPECT_EQ(run({"atlas", a, "--series", "nothing"}), 2);
+    EXPECT_EQ(run({"atlas", a, "--low-is-bad", "nothing"}), 2);
+    EXPECT_EQ(run({"atlas", hostPathOf(fake.pathOf("none.sgr"))}), 1);
+    EXPECT_TRUE(fake.printed().empty());
+}
+
+TEST_F(AtlasCommand, FailsWithItsPaper) {
+    fake.willFailPrinting(PrintStep::page);
+    EXPECT_EQ(run({"atlas", a}), 1);
+    EXPECT_NE(errors.find("482"), std::string::npos) << errors;
+    EXPECT_FALSE(fake.printed().back().finished);
+}
+
+} // namespace korvel
