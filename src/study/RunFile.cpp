@@ -1,7 +1,6 @@
 #include "study/RunFile.h"
 
 #include "basic/Text.h"
-#include "results/DataSetReading.h"
 #include "results/ResultsReader.h"
 
 #include <new>
@@ -37,15 +36,22 @@ ReadRun readRun(Files& files, const std::string& file, const RunProgress& progre
 
 std::vector<ReadRun> readRuns(Files& files, const std::vector<std::string>& names,
                               const RunProgress& progress) {
-    DataSetReading reading(files, names);
+    RunReading reading(files, names);
     for (bool isDone = !progress; !isDone;) {
         isDone = reading.waitFor(betweenTellings);
         progress(reading.share());
     }
-    std::vector<ReadDataSet> read = reading.take();
+    return reading.take();
+}
+
+RunReading::RunReading(Files& files, std::vector<std::string> names)
+    : m_names(std::move(names)), m_reading(files, m_names) {}
+
+std::vector<ReadRun> RunReading::take() {
+    std::vector<ReadDataSet> read = m_reading.take();
     std::vector<ReadRun> runs;
-    for (std::size_t k = 0; k < names.size(); ++k)
-        runs.push_back(runOf(names[k], std::move(read[k])));
+    for (std::size_t k = 0; k < m_names.size(); ++k)
+        runs.push_back(runOf(m_names[k], std::move(read[k])));
     return runs;
 }
 
