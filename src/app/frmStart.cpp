@@ -11,8 +11,11 @@
 #include "global/GLOBAL.h"
 #include "platform/Guide.h"
 #include "platform/StartTurn.h"
+#include "results/ResultsDataSet.h"
 #include "runs/RunModel.h"
+#include "toolkit/forms/DroppedFiles.h"
 
+#include <QDragEnterEvent>
 #include <QMenuBar>
 
 #include <algorithm>
@@ -93,7 +96,13 @@ frmStart::frmStart(Platform& doors)
         setBackground(*line, {196, 211, 218});
     }
     frameCD.hide();
+    m_exploreDialog.objectName = "cdExplore";
+    m_exploreDialog.title = "Explore results";
+    m_exploreDialog.filter = "Korvel graph files (*.SGR)|*.SGR";
+    tip(cmdExplore, "Look down any river, with several runs side by side (Ctrl+E)");
+    setAcceptDrops(true);
     connectMenus();
+    on(cmdExplore, &QPushButton::clicked, [this] { explore(); });
 }
 
 void frmStart::connectMenus() {
@@ -135,6 +144,9 @@ void frmStart::load() {
         fitToWorkArea(*form);
     for (Form* form : std::initializer_list<Form*>{this, m_graphData.get(), m_reports.get(), m_graph.get()})
         form->setHelp([this] { showHelp(); });
+    setExplore([this] { explore(); });
+    for (Form* form : std::initializer_list<Form*>{m_graphData.get(), m_reports.get(), m_graph.get()})
+        form->setExplore([this] { exploreLoaded(); });
     refresh();
 }
 
@@ -192,6 +204,10 @@ void frmStart::widenTexts() {
     guide.left = width / 2 + guideFromMiddle;
     guide.top = next.top + next.height + belowNextStep;
     setControlPlace(cmdGuide, guide);
+    Place explore = controlPlace(cmdExplore);
+    explore.left = (width - explore.width) / 2;
+    explore.top = guide.top;
+    setControlPlace(cmdExplore, explore);
 }
 
 void frmStart::onActivate() {
@@ -266,6 +282,38 @@ void frmStart::choosePrinter() {
     } catch (const RunTimeError&) {
         // Kept so: whatever goes wrong here, a cancel included, changes nothing.
     }
+}
+
+// The last run's results; where there are none, the user says which.
+void frmStart::explore() {
+    if (!GLOBAL.fileNames[0].empty() && doors().files.exists(GLOBAL.fileNames[0]))
+        return doors().machine.startExplorer({GLOBAL.fileNames[0]});
+    m_exploreDialog.initialFolder = GLOBAL.LastFolder;
+    const auto chosen = doors().dialogs.chooseFile(FileDialogKind::open, m_exploreDialog);
+    if (!chosen) return;
+    doors().files.setCurrentFolder(doors().machine.applicationFolder());
+    if (chosen->refusal)
+        doors().dialogs.show(refusedName(*chosen));
+    else
+        doors().machine.startExplorer({chosen->name});
+}
+
+// What the form in front shows; asks as the main form does where nothing is loaded.
+void frmStart::exploreLoaded() {
+    if (!RESULTS.slotLoaded[0]) return explore();
+    std::vector<std::string> files{GLOBAL.fileNames[0]};
+    if (RESULTS.slotLoaded[1]) files.push_back(GLOBAL.fileNames[1]);
+    doors().machine.startExplorer(files);
+}
+
+// Results files that are dropped on the form.
+void frmStart::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedFiles(*event->mimeData(), ".SGR").empty()) event->acceptProposedAction();
+}
+
+void frmStart::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    handlers().run([&] { doors().machine.startExplorer(droppedFiles(*event->mimeData(), ".SGR")); });
 }
 
 void frmStart::setDisplayLevel(int level) {

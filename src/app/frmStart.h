@@ -31,6 +31,8 @@ class frmStart : public Form {
     void onActivate() override;
     bool onClose() override;
     void onResize() override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     void fitToWorkArea(Form& form);
@@ -48,6 +50,8 @@ class frmStart : public Form {
     void loadHelp();
     void showHelp();
     void choosePrinter();
+    void explore();
+    void exploreLoaded();
     void setDisplayLevel(int level);
     void refresh();
     void showMarks(const DisplayLevelMarks& marks);
@@ -104,6 +108,8 @@ class frmStart : public Form {
     QLabel& lblEngine = label("lblEngine", "", at(240, 640, 9000, 270), {.fontSize = 10});
     QLabel& lblNextStep = label("lblNextStep", "", at(600, 4050, 8400, 870),
                                 {.fontSize = 10, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
+    QPushButton& cmdExplore =
+        button("cmdExplore", "&Explore results", at(3700, 4925, 2200, 285), {.fontSize = 10});
     QPushButton& cmdGuide = button("cmdGuide", "G&uide", at(6020, 4925, 900, 285), {.fontSize = 10});
 
     std::array<QAction*, 10> runItems();
@@ -117,6 +123,7 @@ class frmStart : public Form {
     std::unique_ptr<frmBatch> m_batch; // made when it is shown first
     std::unique_ptr<frmHelp> m_help;   // likewise
     std::string m_openOnStart;
+    FileDialogSettings m_exploreDialog;
 };
 
 } // namespace korvel

@@ -25,6 +25,7 @@ class ConsoleMachine : public Machine {
                   StartTurn turn) override {
         return m_machine.runEngine(program, onOutput, std::move(turn));
     }
+    void startExplorer(const std::vector<std::string>& files) override { m_machine.startExplorer(files); }
     void openFile(const std::string& file) override { m_machine.openFile(file); }
     void showFolder(const std::string& folder) override { m_machine.showFolder(folder); }
     std::string guideFile() override { return m_machine.guideFile(); }

@@ -49,6 +49,9 @@ class Machine {
     // Waits for it, hands on what it says as it comes, and returns its exit status.
     virtual int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
                           StartTurn turn) = 0;
+    // Starts the Explorer on these results files, and returns: a process of its own, so that any number can
+    // stand beside this one. 53 where it can't be started.
+    virtual void startExplorer(const std::vector<std::string>& files) = 0;
     // Opens a file, or shows a folder, with the desktop's program for it.
     virtual void openFile(const std::string& file) = 0;
     virtual void showFolder(const std::string& folder) = 0;

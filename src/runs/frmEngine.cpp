@@ -2,8 +2,10 @@
 
 #include "basic/DiskNames.h"
 #include "basic/ModelName.h"
+#include "basic/Text.h"
 #include "drawing/paint/Shown.h"
 #include "platform/Guide.h"
+#include "runs/DataFileName.h"
 #include "runs/RunControlFile.h"
 
 #include <QFontDatabase>
@@ -20,6 +22,7 @@ namespace {
 
 constexpr int mostLines = 200000;
 constexpr int tickMilliseconds = 200;
+constexpr std::size_t mostExplored = 12;
 const char* const windowCaption = "KORVEL model run";
 
 // "4.2 s", from a minute on "3 min 07 s".
@@ -42,6 +45,8 @@ frmEngine::frmEngine(Platform& doors, StartedRun run, StartTurn turn)
     cmdOpenFolder.setVisible(!m_run.dataFiles.empty());
     on(cmdOpenFolder, &QPushButton::clicked,
        [this] { this->doors().machine.showFolder(folderOf(m_run.dataFiles.front())); });
+    cmdExplore.hide();
+    on(cmdExplore, &QPushButton::clicked, [this] { this->doors().machine.startExplorer(resultsFiles()); });
     on(cmdStop, &QPushButton::clicked, [this] { askedToStop(); });
     on(cmdClose, &QPushButton::clicked, [this] { close(); });
     on(m_tick, &QTimer::timeout, [this] { refresh(); });
@@ -67,6 +72,7 @@ void frmEngine::layOut() {
     head->addWidget(&lblTime);
     auto* foot = new QHBoxLayout;
     foot->addWidget(&lblNext, 1);
+    foot->addWidget(&cmdExplore);
     foot->addWidget(&cmdOpenFolder);
     foot->addWidget(&cmdStop);
     foot->addWidget(&cmdClose);
@@ -153,6 +159,15 @@ bool frmEngine::onClose() {
     return wantsToStop(); // the engine ends with the window
 }
 
+// As many as stand side by side.
+std::vector<std::string> frmEngine::resultsFiles() const {
+    std::vector<std::string> files;
+    for (const std::string& dataFile : m_run.dataFiles)
+        if (files.size() < mostExplored)
+            files.push_back(resultsFileName(folderOf(dataFile), withoutLast(fileOf(dataFile), 4)));
+    return files;
+}
+
 std::string frmEngine::stateText() const {
     switch (m_state) {
     case State::running: return "Running";
@@ -182,6 +197,7 @@ void frmEngine::refresh() {
     lblTime.setText(shown("Time taken: " + timeTaken(running ? m_clock.elapsed() : m_milliseconds)));
     lblFile.setText(shown(m_output.fileInHand()));
     cmdStop.setEnabled(running);
+    cmdExplore.setVisible(m_state == State::finished && !m_run.dataFiles.empty());
     lblNext.setText(m_state == State::finished
                         ? "Close this window and choose Graphs or Reports in KORVEL to study the results."
                         : QString());

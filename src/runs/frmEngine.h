@@ -33,6 +33,7 @@ class frmEngine : public Form {
     void askedToStop();
     bool wantsToStop();
     void refresh();
+    std::vector<std::string> resultsFiles() const;
     std::string stateText() const;
     std::string titleText() const;
 
@@ -41,6 +42,7 @@ class frmEngine : public Form {
     QLabel& lblFile = label("lblFile", "", {}, {.fontSize = 11});
     QPlainTextEdit& txtOutput;
     QLabel& lblNext = label("lblNext", "", {}, {.fontSize = 11, .wraps = true});
+    QPushButton& cmdExplore = button("cmdExplore", "&Explore the results", {}, {.fontSize = 11});
     QPushButton& cmdOpenFolder = button("cmdOpenFolder", "Open results &folder", {}, {.fontSize = 11});
     QPushButton& cmdStop = button("cmdStop", "&Stop the model", {}, {.fontSize = 11});
     QPushButton& cmdClose = button("cmdClose", "&Close", {}, {.fontSize = 11});

@@ -201,6 +201,13 @@ void FakePlatform::startEngine(const std::string& program, const StartedRun& run
     noteEngine("start engine", program);
 }
 
+void FakePlatform::startExplorer(const std::vector<std::string>& files) {
+    std::string line = "explore";
+    for (const std::string& file : files)
+        line += " " + file;
+    note(line);
+}
+
 void FakePlatform::startEngineAlone(const std::string& program, StartTurn) {
     noteEngine("start engine alone", program);
 }

@@ -124,6 +124,7 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     void startEngineAlone(const std::string& program, StartTurn turn) override;
     int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
                   StartTurn turn) override;
+    void startExplorer(const std::vector<std::string>& files) override;
     void openFile(const std::string& file) override { note("open " + file); }
     void showFolder(const std::string& folder) override { note("show folder " + folder); }
     std::string guideFile() override { return guide; }

@@ -161,6 +161,27 @@ TEST_F(FrmEngine, OpensTheResultsFolder) {
     EXPECT_EQ(platform.takeTranscript(), "show folder Z:\\DATA\\\n");
 }
 
+TEST_F(FrmEngine, ExploresTheResultsOnceTheyAreThere) {
+    putEngine("#!/bin/sh\nexit 0\n");
+    frmEngine window(platform, {0, {"Z:\\DATA\\A.DAT", "Z:\\DATA\\B.DAT"}});
+    window.show();
+    auto& explore = control<QPushButton>(window, "cmdExplore");
+    EXPECT_FALSE(explore.isVisible());
+    static_cast<ShownForm&>(window).activate();
+    ASSERT_TRUE(waitFor([&] { return explore.isVisible(); }));
+    explore.click();
+    EXPECT_EQ(platform.takeTranscript(), "explore Z:\\DATA\\A.SGR Z:\\DATA\\B.SGR\n");
+}
+
+TEST_F(FrmEngine, ExploresNothingOfAnEngineThatFailed) {
+    putEngine("#!/bin/sh\nexit 3\n");
+    frmEngine window(platform, {0, {"Z:\\DATA\\A.DAT"}});
+    window.show();
+    static_cast<ShownForm&>(window).activate();
+    ASSERT_TRUE(waitFor([&] { return control<QLabel>(window, "lblState").text() == "Failed (status 3)"; }));
+    EXPECT_FALSE(control<QPushButton>(window, "cmdExplore").isVisible());
+}
+
 TEST_F(FrmEngine, StopsWhatTheEngineHasStarted) {
     putEngine("#!/bin/sh\nsetsid sleep 61 &\necho $! > left\nwait\n");
     show();

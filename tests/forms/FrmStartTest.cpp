@@ -6,12 +6,15 @@
 #include "forms/FormDriver.h"
 #include "forms/GraphForms.h"
 #include "global/GLOBAL.h"
+#include "results/ResultsDataSet.h"
 
 #include <QLabel>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QRegularExpression>
 #include <QTableWidget>
 #include <QTest>
+#include <QUrl>
 
 #include <set>
 
@@ -409,6 +412,57 @@ TEST_F(FrmStart, F1OpensHelpInEveryGivenForm) {
         pressF1(dynamic_cast<ShownForm&>(formNamed(name)));
         EXPECT_NE(platform.takeTranscript().find("show modal frmHelp"), std::string::npos) << name;
     }
+}
+
+TEST_F(FrmStart, ExploresTheLastRunsResultsElseAsks) {
+    start();
+    platform.putFile("OTHER.SGR", "results");
+    platform.willChoose(platform.pathOf("OTHER.SGR"));
+    control<QPushButton>(*form, "cmdExplore").click();
+    EXPECT_NE(platform.takeTranscript().find("explore {app}\\OTHER.SGR\n"), std::string::npos);
+    GLOBAL.fileNames[0] = platform.pathOf("RUN.SGR");
+    platform.willCancel(); // the run has left nothing yet
+    control<QPushButton>(*form, "cmdExplore").click();
+    EXPECT_EQ(platform.takeTranscript().find("explore {app}"), std::string::npos);
+    platform.putFile("RUN.SGR", "results");
+    showActive(*form);
+    QTest::keyClick(form.get(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(platform.takeTranscript(), "explore {app}\\RUN.SGR\n");
+    platform.expectDone();
+}
+
+TEST_F(FrmStart, CtrlEExploresWhatIsLoadedInEveryFormOfResults) {
+    start();
+    GLOBAL.fileNames[0] = "Z:\\A.SGR";
+    GLOBAL.fileNames[1] = "Z:\\B.SGR";
+    RESULTS.slotLoaded[0] = RESULTS.slotLoaded[1] = true;
+    for (const char* const name : {"frmGraphData", "frmReports", "frmSimgraph"}) {
+        QWidget& shown = formNamed(name);
+        showActive(shown);
+        QTest::keyClick(&shown, Qt::Key_E, Qt::ControlModifier);
+        EXPECT_EQ(platform.takeTranscript(), "explore Z:\\A.SGR Z:\\B.SGR\n") << name;
+        shown.hide();
+        RESULTS.slotLoaded[1] = true;
+    }
+    RESULTS.slotLoaded[0] = RESULTS.slotLoaded[1] = false;
+}
+
+TEST_F(FrmStart, ExploresResultsFilesThatAreDroppedOnIt) {
+    start();
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile("/data/A.sgr"), QUrl::fromLocalFile("/data/notes.txt")});
+    QDragEnterEvent over({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form.get(), &over);
+    EXPECT_TRUE(over.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form.get(), &drop);
+    EXPECT_EQ(platform.takeTranscript(), "explore Z:\\data\\A.sgr\n");
+    QMimeData others;
+    others.setUrls({QUrl::fromLocalFile("/data/notes.txt")});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &others, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(form.get(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
 }
 
 TEST_F(FrmStart, MakesTheProgressFrameReadyAsItHidesTheEditWarning) {

@@ -39,6 +39,7 @@ class MemoryPlatform : private Dialogs, private Files, private Machine, private 
     int runEngine(const std::string&, const std::function<void(std::string_view)>&, StartTurn) override {
         return 0;
     }
+    void startExplorer(const std::vector<std::string>&) override {}
     void openFile(const std::string&) override {}
     void showFolder(const std::string&) override {}
     std::string guideFile() override { return ""; }

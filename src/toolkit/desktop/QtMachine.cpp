@@ -85,6 +85,15 @@ int QtMachine::runEngine(const std::string& program, const std::function<void(st
     return korvel::runEngine(enginePath(program), hostFolder(), onOutput, std::move(turn));
 }
 
+// The Explorer keeps to the current folder of whoever started it; the files are named in full.
+void QtMachine::startExplorer(const std::vector<std::string>& files) {
+    QStringList arguments{"--application-folder", pathShown(applicationFolder()), "explore", "--"};
+    for (const std::string& file : files)
+        arguments << pathShown(file);
+    if (!QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments))
+        throw RunTimeError(errors::fileNotFound);
+}
+
 void QtMachine::showFolder(const std::string& folder) {
     QDesktopServices::openUrl(QUrl::fromLocalFile(pathShown(folder)));
 }

@@ -20,6 +20,7 @@ class QtMachine : public Machine {
     void startEngineAlone(const std::string& program, StartTurn turn) override;
     int runEngine(const std::string& program, const std::function<void(std::string_view)>& onOutput,
                   StartTurn turn) override;
+    void startExplorer(const std::vector<std::string>& files) override;
     void openFile(const std::string& file) override;
     void showFolder(const std::string& folder) override;
     std::string guideFile() override;

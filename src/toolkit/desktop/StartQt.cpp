@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QPalette>
 
 namespace korvel {
@@ -31,6 +32,11 @@ void settleBeforeQt() {
 void settleForNoDisplay() {
     settleBeforeQt();
     qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+void settleExplorerLook() {
+    QApplication::setStyle(new PlainStyle);
+    QApplication::setFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
 }
 
 void settleLook() {

@@ -13,4 +13,7 @@ void settleForNoDisplay();
 // Style and colours, once the application object exists.
 void settleLook();
 
+// The same for the Explorer, whose text is as large as the desktop says and whose colours are its own.
+void settleExplorerLook();
+
 } // namespace korvel

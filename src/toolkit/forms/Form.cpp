@@ -54,8 +54,16 @@ void Form::activate() {
 }
 
 void Form::setHelp(std::function<void()> help) {
-    onShortcut(QKeySequence(Qt::Key_F1), [this, help = std::move(help)] {
-        if (!isBusy()) help();
+    onShortcutUnlessBusy(QKeySequence(Qt::Key_F1), std::move(help));
+}
+
+void Form::setExplore(std::function<void()> explore) {
+    onShortcutUnlessBusy(QKeySequence(Qt::CTRL | Qt::Key_E), std::move(explore));
+}
+
+void Form::onShortcutUnlessBusy(const QKeySequence& keys, std::function<void()> action) {
+    onShortcut(keys, [this, action = std::move(action)] {
+        if (!isBusy()) action();
     });
 }
 

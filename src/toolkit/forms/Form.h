@@ -58,6 +58,8 @@ class Form : public QMainWindow, public ShownForm {
 
     // What F1 does; nothing while the form is busy.
     void setHelp(std::function<void()> help);
+    // The same for Ctrl+E.
+    void setExplore(std::function<void()> explore);
 
     // Called when the form has closed.
     std::function<void()> closed;
@@ -129,6 +131,7 @@ class Form : public QMainWindow, public ShownForm {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void onShortcutUnlessBusy(const QKeySequence& keys, std::function<void()> action);
     struct Placed {
         QWidget* control;
         ControlLayout layout;
