@@ -45,7 +45,7 @@ _korvel() {
     if [[ $current == -* ]]; then
         COMPREPLY=($(compgen -W "$options" -- "$current"))
     elif [[ -z $command ]]; then
-        COMPREPLY=($(compgen -W 'info csv report graph listing run batch runs table changes compliance fit sources network check publish atlas help-page' -- "$current") $(compgen -f -- "$current"))
+        COMPREPLY=($(compgen -W 'info csv report graph listing run batch runs table changes compliance fit sources network check publish atlas explore help-page' -- "$current") $(compgen -f -- "$current"))
     else
         COMPREPLY=($(compgen -f -- "$current"))
     fi

@@ -7,6 +7,7 @@
 #include "commands/TerminalText.h"
 #include "drawing/paint/QtTextMetrics.h"
 #include "drawing/paint/Twips.h"
+#include "explore/frmExplore.h"
 #include "platform/ApplicationFolder.h"
 #include "platform/DiskFiles.h"
 #include "runs/frmEngine.h"
@@ -91,6 +92,20 @@ int showEngineWindow(Doors& doors, const std::vector<std::string>& arguments) {
     return QApplication::exec();
 }
 
+int showExplorer(const std::function<std::string()>& findFolder, const std::vector<std::string>& files) {
+    static int argumentCount = 1;
+    static char name[] = "korvel";
+    static char* arguments[] = {name, nullptr};
+    QApplication application(argumentCount, arguments);
+    settleExplorerLook();
+    Doors doors(findFolder);
+    ExploreMemory memory;
+    frmExplore window(doors.platform, memory, files);
+    const EndSignals endSignals([](int signal) { QApplication::exit(endedBySignal + signal); });
+    doors.windows.showModeless(window);
+    return QApplication::exec();
+}
+
 bool isSet(const char* variable) {
     const char* const value = std::getenv(variable);
     return value && *value;
@@ -114,7 +129,8 @@ int runForConsole(const std::vector<std::string>& arguments, const std::function
     Doors doors(findFolder);
     CommandPaper paper(doors.files);
     Platform platform{doors.dialogs, doors.files, doors.machine, doors.windows, paper, doors.metrics};
-    return runCommand(arguments, platform, std::cout, std::cerr, consoleTraits());
+    return runCommand(arguments, platform, std::cout, std::cerr, consoleTraits(),
+                      [&](const std::vector<std::string>& files) { return showExplorer(findFolder, files); });
 }
 
 int runWindows(int argc, char** argv, const std::vector<std::string>& arguments,

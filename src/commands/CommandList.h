@@ -24,10 +24,12 @@ extern const Command networkCommand;
 extern const Command checkCommand;
 extern const Command publishCommand;
 extern const Command atlasCommand;
+extern const Command exploreCommand;
 
 inline const Command* const commandList[] = {
-    &infoCommand,    &csvCommand,     &reportCommand, &graphCommand,   &listingCommand,    &runModelCommand,
-    &batchCommand,   &runsCommand,    &tableCommand,  &changesCommand, &complianceCommand, &fitCommand,
-    &sourcesCommand, &networkCommand, &checkCommand,  &publishCommand, &atlasCommand,      &helpPageCommand};
+    &infoCommand,       &csvCommand,   &reportCommand,  &graphCommand,   &listingCommand,
+    &runModelCommand,   &batchCommand, &runsCommand,    &tableCommand,   &changesCommand,
+    &complianceCommand, &fitCommand,   &sourcesCommand, &networkCommand, &checkCommand,
+    &publishCommand,    &atlasCommand, &exploreCommand, &helpPageCommand};
 
 } // namespace korvel

@@ -4,6 +4,7 @@
 #include "basic/RunTimeError.h"
 #include "commands/CommandLine.h"
 #include "commands/CommandList.h"
+#include "explore/StudyFile.h"
 
 #include <algorithm>
 #include <iomanip>
@@ -76,6 +77,7 @@ ProgramArguments takeProgramOptions(const std::vector<std::string>& arguments) {
         taken.applicationFolder = separate ? taken.rest[1] : first.substr(option.size() + 1);
         taken.rest.erase(taken.rest.begin(), taken.rest.begin() + (separate ? 2 : 1));
     }
+    if (!taken.rest.empty() && isStudyFile(taken.rest[0])) taken.rest.insert(taken.rest.begin(), "explore");
     return taken;
 }
 
@@ -84,12 +86,12 @@ bool isForCommands(const std::vector<std::string>& arguments) {
 }
 
 bool paintsOnTerminal(const std::string& command) {
-    const auto plain = {"info", "csv", "report", "graph", "listing", "run", "batch", "help-page"};
+    const auto plain = {"info", "csv", "report", "graph", "listing", "run", "batch", "explore", "help-page"};
     return std::ranges::find(plain, command) == plain.end();
 }
 
 int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,
-               std::ostream& errors, const ConsoleTraits& traits) {
+               std::ostream& errors, const ConsoleTraits& traits, const ShowExplorer& showExplorer) {
     std::string caller = "korvel";
     ConsoleDialogs dialogs(errors);
     Platform console = withDialogs(platform, dialogs);
@@ -100,7 +102,7 @@ int runCommand(const std::vector<std::string>& arguments, const Platform& platfo
         if (!command && !rest[0].starts_with('-')) throw UsageError("no command '" + rest[0] + "'");
         if (!command) return checked(out, runOption(rest[0], out));
         caller += " " + rest[0];
-        CommandCall call{{rest.begin() + 1, rest.end()}, console, dialogs, out, errors, traits};
+        CommandCall call{{rest.begin() + 1, rest.end()}, console, dialogs, out, errors, traits, showExplorer};
         return checked(out, runNamed(*command, call));
     } catch (const UsageError& error) {
         return reportUsage(errors, caller, error);

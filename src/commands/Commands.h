@@ -4,6 +4,7 @@
 #include "commands/ConsoleDialogs.h"
 #include "platform/Platform.h"
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -24,6 +25,10 @@ struct ConsoleTraits {
     bool errorsAreShown = false;  // they go to a terminal, so that progress may
 };
 
+// Shows the Explorer on these files (model names) until it is closed: results files, or one study file. The
+// exit status.
+using ShowExplorer = std::function<int(const std::vector<std::string>& files)>;
+
 // One call of a command: its own arguments, and what it works with.
 struct CommandCall {
     std::vector<std::string> arguments;
@@ -32,6 +37,7 @@ struct CommandCall {
     std::ostream& out;
     std::ostream& errors;
     ConsoleTraits console = {};
+    ShowExplorer showExplorer = {}; // the one thing that needs a display
 };
 
 struct Command {
@@ -47,7 +53,7 @@ struct ProgramArguments {
     std::vector<std::string> rest;
 };
 
-// Throws UsageError (see CommandLine.h).
+// A study file in place of a command is one for the Explorer. Throws UsageError (see CommandLine.h).
 ProgramArguments takeProgramOptions(const std::vector<std::string>& arguments);
 
 // Whether the arguments, without the program's own options, are for runCommand: they begin with a command's
@@ -60,6 +66,7 @@ bool paintsOnTerminal(const std::string& command);
 // Runs the command that the arguments begin with and returns the exit status. The platform's own dialogs are
 // not used. A failure that nothing trapped is reported like a message.
 int runCommand(const std::vector<std::string>& arguments, const Platform& platform, std::ostream& out,
-               std::ostream& errors, const ConsoleTraits& console = {});
+               std::ostream& errors, const ConsoleTraits& console = {},
+               const ShowExplorer& showExplorer = {});
 
 } // namespace korvel

@@ -170,6 +170,18 @@ void takeLowIsBad(ExploreState& state, const std::vector<std::string>& names) {
     state.lowIsBad = std::move(numbers);
 }
 
+// The runs that could be read stand in the file's order.
+void takeHidden(ExploreState& state, const std::vector<StudyFileRun>& runs) {
+    state.hidden.clear();
+    std::size_t run = 0;
+    for (const StudyFileRun& saved : runs) {
+        if (run == state.study->runs().size()) return;
+        if (hostPathOf(state.study->runs()[run].file->file) != saved.file) continue;
+        if (saved.isHidden) state.hidden.insert(run);
+        ++run;
+    }
+}
+
 } // namespace
 
 ReadStudyFile readStudyFile(const std::string& text, const std::string& folder) {
@@ -244,6 +256,7 @@ void showAs(ExploreState& state, const StudyFile& study) {
     state.observed = study.observed;
     state.interpolated = study.interpolated;
     if (state.isEmpty()) return;
+    takeHidden(state, study.runs);
     takeSeries(state, study.series);
     if (study.lowIsBad) takeLowIsBad(state, *study.lowIsBad);
     const PathEnds ends{study.from, study.to};

@@ -111,6 +111,14 @@ TEST(Commands, TakeTheApplicationFolderBeforeTheCommand) {
     EXPECT_EQ(takeProgramOptions({"a.sgr"}).applicationFolder, std::nullopt);
 }
 
+TEST(Commands, LeaveAStudyToTheExplorer) {
+    using Words = std::vector<std::string>;
+    EXPECT_EQ(takeProgramOptions({"river.korvel-study"}).rest, (Words{"explore", "river.korvel-study"}));
+    EXPECT_EQ(takeProgramOptions({"--application-folder", "f", "R.KORVEL-STUDY"}).rest,
+              (Words{"explore", "R.KORVEL-STUDY"}));
+    EXPECT_EQ(takeProgramOptions({"river.sgr"}).rest, (Words{"river.sgr"}));
+}
+
 TEST(Commands, LeaveFilesToTheWindows) {
     EXPECT_TRUE(isForCommands({"info"}));
     EXPECT_TRUE(isForCommands({"--help"}));

@@ -147,4 +147,37 @@ TEST_F(PlanCommands, TellWhatIsWrongWithThePlan) {
 
 } // namespace
 
+TEST_F(PlanCommands, ExploreTheFirstTwelveFinishedRuns) {
+    for (int k = 1; k <= 14; ++k)
+        addRun(k);
+    fake.putFile("p.csv", m_plan);
+    fake.putFile("p.runs.jsonl", m_record);
+    std::ostringstream outStream, errorStream;
+    std::vector<std::string> shown;
+    const ShowExplorer show = [&](const std::vector<std::string>& files) { return shown = files, 0; };
+    EXPECT_EQ(runCommand({"explore", path("p.csv")}, fake.platform(), outStream, errorStream, {}, show), 0);
+    ASSERT_EQ(shown.size(), 12u) << errorStream.str();
+    EXPECT_EQ(shown.back(), fake.pathOf("R12.SGR"));
+}
+
+TEST_F(PlanCommands, ExploreResultsFilesOrOneStudyOrNothing) {
+    std::ostringstream outStream, errorStream;
+    std::vector<std::string> shown;
+    const ShowExplorer show = [&](const std::vector<std::string>& files) { return shown = files, 0; };
+    const auto explore = [&](std::vector<std::string> files) {
+        shown.clear();
+        files.insert(files.begin(), "explore");
+        return runCommand(files, fake.platform(), outStream, errorStream, {}, show);
+    };
+    EXPECT_EQ(explore({}), 0);
+    EXPECT_TRUE(shown.empty());
+    EXPECT_EQ(explore({"/r/b.sgr", "/r/a.sgr"}), 0);
+    EXPECT_EQ(shown, (std::vector<std::string>{"Z:\\r\\b.sgr", "Z:\\r\\a.sgr"}));
+    EXPECT_EQ(explore({"/r/x.Korvel-Study"}), 0);
+    EXPECT_EQ(shown, (std::vector<std::string>{"Z:\\r\\x.Korvel-Study"}));
+    EXPECT_EQ(explore({"/r/x.korvel-study", "/r/a.sgr"}), 2);
+    EXPECT_EQ(explore(std::vector<std::string>(13, "/r/a.sgr")), 2);
+    EXPECT_EQ(explore({"--points"}), 2);
+}
+
 } // namespace korvel

@@ -106,7 +106,6 @@ TEST(StudyFile, ShowsWhatWasShown) {
 
     ExploreState again = stateOf("ab");
     showAs(again, study);
-    again.hidden = {1};
     EXPECT_EQ(studyFileOf(again, "{}"), study);
 }
 
@@ -121,6 +120,15 @@ TEST(StudyFile, LeavesOutWhatTheRunsDoNotHave) {
     EXPECT_EQ(state.from, 1);
     EXPECT_EQ(state.visible, std::nullopt);
     EXPECT_EQ(state.series, (std::vector<int>{0, 1, 2, 3}));
+}
+
+TEST(StudyFile, HidesTheRightRunsWhereOneIsMissing) {
+    StudyFile study;
+    study.runs = {
+        {"/data/a.sgr", true}, {"/data/lost.sgr", true}, {"/data/b.sgr", false}, {"/data/c.sgr", true}};
+    ExploreState state = stateOf("abc");
+    showAs(state, study);
+    EXPECT_EQ(lettersOf(state), "AbC");
 }
 
 TEST(StudyFile, IsKnownByItsExtension) {

@@ -1,0 +1,177 @@
+#include "explore/window/HandingOn.h"
+
+#include "basic/ModelName.h"
+#include "basic/RunTimeError.h"
+#include "basic/Text.h"
+#include "drawing/paint/PictureFile.h"
+#include "drawing/paint/Twips.h"
+#include "platform/OwnInput.h"
+#include "platform/Printing.h"
+#include "tables/TableFormats.h"
+#include "toolkit/paper/PdfPaper.h"
+#include "toolkit/paper/PrintPreview.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QSpinBox>
+
+namespace korvel {
+
+namespace {
+
+constexpr int screenDots = 96; // of an inch, at a device pixel a pixel
+constexpr int leastSide = 200, mostSide = 10000;
+constexpr double twipsOfInch = 1440;
+
+QSpinBox* numberBox(const char* name, int least, int most, int value, const char* unit) {
+    auto* box = new QSpinBox;
+    box->setObjectName(name);
+    box->setRange(least, most);
+    box->setValue(value);
+    box->setSuffix(unit);
+    return box;
+}
+
+bool isForOneTable(const TableFormat& format) {
+    return format.write && format.kind != TableFormatKind::forPeople;
+}
+
+std::string tableFilter() {
+    std::string filter;
+    for (const TableFormat& format : tableFormats()) {
+        if (!isForOneTable(format)) continue;
+        const std::string extension(format.extension);
+        filter +=
+            (filter.empty() ? "" : "|") + std::string(format.title) + " (*" + extension + ")|*" + extension;
+    }
+    return filter;
+}
+
+} // namespace
+
+HandingOn::HandingOn(Platform& services, HandedOn what, QWidget& window)
+    : m_services(services), m_what(std::move(what)), m_window(window) {
+    askSize = [this](PictureSize size) { return askForSize(size); };
+}
+
+std::optional<std::string> HandingOn::chooseFile(const std::string& title, const std::string& filter,
+                                                 const std::string& extension) {
+    FileDialogSettings dialog;
+    dialog.objectName = "cdExport";
+    dialog.title = title;
+    dialog.filter = filter;
+    dialog.initialFolder = folderOf(m_what.base());
+    dialog.overwritePrompt = true;
+    dialog.defaultExtension = extension;
+    const auto chosen = m_services.dialogs.chooseFile(FileDialogKind::save, dialog);
+    if (!chosen) return {};
+    if (chosen->refusal)
+        m_services.dialogs.show(refusedName(*chosen));
+    else if (replacesInput(m_services.files, chosen->name, m_what.inputs()))
+        m_services.dialogs.show(outputWouldReplaceInput());
+    else
+        return chosen->name;
+    return {};
+}
+
+bool HandingOn::tell(const std::string& file, const std::function<void()>& write) {
+    try {
+        write();
+        return true;
+    } catch (const RunTimeError& error) {
+        m_services.dialogs.show({fileOf(file) + " can't be written: " + error.description + ".", "Export",
+                                 Icon::exclamation, Buttons::ok});
+    } catch (const TableRefused& refused) {
+        m_services.dialogs.show({refused.what(), "Export", Icon::exclamation, Buttons::ok});
+    }
+    return false;
+}
+
+std::optional<PictureSize> HandingOn::askForSize(PictureSize size) {
+    QDialog dialog(&m_window);
+    dialog.setObjectName("dlgPicture");
+    dialog.setWindowTitle("Size of the picture");
+    auto* width = numberBox("txtWidth", leastSide, mostSide, size.pixels.width(), " pixels");
+    auto* height = numberBox("txtHeight", leastSide, mostSide, size.pixels.height(), " pixels");
+    auto* dots = numberBox("txtResolution", screenDots, 600, size.dotsPerInch, " dots an inch");
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto* rows = new QFormLayout(&dialog);
+    rows->addRow("&Width", width);
+    rows->addRow("&Height", height);
+    rows->addRow("&Resolution", dots);
+    rows->addRow(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return PictureSize{{width->value(), height->value()}, dots->value()};
+}
+
+void HandingOn::savePicture() {
+    const auto size = askSize(m_size);
+    if (!size) return;
+    m_size = *size;
+    const auto file = chooseFile("Save picture", pictureFilter(), "png");
+    if (file) tell(*file, [&] { writePicture(*file, *size); });
+}
+
+// More dots an inch make texts and lines larger in pixels: the picture stays the same on paper.
+void HandingOn::writePicture(const std::string& file, PictureSize size) {
+    const PictureFormat* const format = pictureFormatOf(file);
+    if (!format) {
+        m_services.dialogs.show(
+            {"The picture's name must end in " + pictureExtensions(PictureChoice::ofDialog, "or") + ".",
+             "Save picture", Icon::exclamation, Buttons::ok});
+        return;
+    }
+    const double dotsPerPixel = size.dotsPerInch / static_cast<double>(screenDots);
+    const double twipsPerDot = twipsPerPixel / dotsPerPixel;
+    const Drawing drawing =
+        m_what.picture(size.pixels.width() * twipsPerDot, size.pixels.height() * twipsPerDot, Theme::paper);
+    m_services.files.writeWhole(file, format->bytes(drawing, dotsPerPixel));
+}
+
+void HandingOn::copyPicture() {
+    const Drawing drawing =
+        m_what.picture(m_window.width() * twipsPerPixel, m_window.height() * twipsPerPixel, Theme::paper);
+    QApplication::clipboard()->setImage(pictureOf(drawing, m_window.devicePixelRatioF()));
+}
+
+void HandingOn::print() {
+    const Drawing page =
+        m_what.picture(printableLongSide * twipsOfInch, printableShortSide * twipsOfInch, Theme::paper);
+    if (!showPrintPreview({page}, Orientation::landscape, m_services.dialogs, m_window)) return;
+    const std::string beside = besideResults(m_what.base(), "-profile.pdf");
+    try {
+        const auto job = m_services.paper.begin({"KORVEL Explorer", Orientation::landscape, beside});
+        job->page(page);
+        finishPrinting(m_services, *job);
+    } catch (const RunTimeError& error) {
+        if (error.number != errors::printerError) throw;
+        m_services.dialogs.show(printerRefused());
+    }
+}
+
+void HandingOn::saveTable() {
+    const auto file = chooseFile("Save table " + m_what.tableName(), tableFilter(), "csv");
+    if (file) tell(*file, [&] { writeTable(*file); });
+}
+
+void HandingOn::writeTable(const std::string& file) {
+    const auto table = m_what.table();
+    if (!table) return;
+    const TableFormat* format = formatOfExtension(file);
+    if (!format || !isForOneTable(*format)) format = formatNamed("csv");
+    TableContent content;
+    content.alone = table;
+    content.alone->name = m_what.tableName();
+    const auto target = m_services.files.create(file);
+    OutputBytes bytes([&](std::string_view text) { target->write(text); });
+    format->write(content, {}, bytes);
+    bytes.flush();
+    target->commit();
+}
+
+} // namespace korvel

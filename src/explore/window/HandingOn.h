@@ -1,0 +1,61 @@
+// What leaves the Explorer: the picture as a file, on the clipboard or on paper, the table in front as a
+// file.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "panels/RunStyle.h"
+#include "platform/Platform.h"
+#include "tables/Table.h"
+
+#include <QSize>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QWidget;
+
+namespace korvel {
+
+struct PictureSize {
+    QSize pixels = {1600, 900};
+    int dotsPerInch = 96; // 96: a pixel a dot
+};
+
+// What is handed on, made when it is asked for.
+struct HandedOn {
+    std::function<Drawing(double width, double height, Theme theme)> picture; // twips
+    std::function<std::optional<Table>()> table;
+    std::function<std::string()> tableName; // "Values"
+    std::function<std::string()> base;      // model name of the first run
+    std::function<std::vector<std::string>()> inputs;
+};
+
+class HandingOn {
+  public:
+    HandingOn(Platform& services, HandedOn what, QWidget& window);
+
+    void savePicture();
+    void copyPicture();
+    void print();
+    void saveTable();
+
+    // How the size of a picture is asked for; nothing where the user cancels.
+    std::function<std::optional<PictureSize>(PictureSize)> askSize;
+
+  private:
+    std::optional<std::string> chooseFile(const std::string& title, const std::string& filter,
+                                          const std::string& extension);
+    void writePicture(const std::string& file, PictureSize size);
+    void writeTable(const std::string& file);
+    bool tell(const std::string& file, const std::function<void()>& write);
+    std::optional<PictureSize> askForSize(PictureSize size);
+
+    Platform& m_services;
+    HandedOn m_what;
+    QWidget& m_window;
+    PictureSize m_size;
+};
+
+} // namespace korvel

@@ -1,0 +1,153 @@
+#include "explore/window/SidePanel.h"
+
+#include "drawing/paint/Shown.h"
+#include "explore/ExploreState.h"
+#include "explore/Scene.h"
+#include "explore/window/Icons.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace korvel {
+
+namespace {
+
+constexpr int margin = 12; // pixels
+constexpr int between = 6;
+constexpr int betweenParts = 14;
+
+} // namespace
+
+SidePanel::SidePanel(Handlers& handlers, QWidget* parent)
+    : QWidget(parent),
+      m_handlers(handlers),
+      m_runs(new RunsList(handlers, this)),
+      m_add(new QToolButton(this)),
+      m_series(new QListWidget(this)) {
+    makeSeries();
+    m_add->setObjectName("cmdAddRun");
+    m_add->setText("Add ...");
+    m_add->setToolTip("Add results files to the runs (Ctrl+O)");
+    m_add->setAutoRaise(true);
+    connect(m_add, &QToolButton::clicked, this, handlers.guarded([this] { onAddRun(); }));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(between);
+    column->addWidget(makeHeading("Runs", m_add));
+    column->addWidget(m_runs, 1);
+    column->addSpacing(betweenParts);
+    column->addWidget(makeHeading("Series"));
+    column->addWidget(m_series, 2);
+    column->addSpacing(betweenParts);
+    column->addWidget(makeHeading("Show"));
+    makeSwitches();
+    auto* switches = new QGridLayout;
+    switches->setVerticalSpacing(between);
+    for (int k = 0; k < static_cast<int>(m_switches.size()); ++k)
+        switches->addWidget(m_switches[static_cast<std::size_t>(k)].box, k / 2, k % 2);
+    column->addLayout(switches);
+}
+
+QWidget* SidePanel::makeHeading(const QString& text, QWidget* beside) {
+    auto* row = new QWidget(this);
+    auto* heading = new QLabel(text, row);
+    QFont font = heading->font();
+    font.setBold(true);
+    heading->setFont(font);
+    auto* across = new QHBoxLayout(row);
+    across->setContentsMargins(0, 0, 0, 0);
+    across->addWidget(heading, 1);
+    if (beside) across->addWidget(beside);
+    return row;
+}
+
+void SidePanel::makeSeries() {
+    m_series->setObjectName("lstSeries");
+    m_series->setAccessibleName("Series");
+    m_series->setFrameShape(QFrame::NoFrame);
+    m_series->setSpacing(1);
+    m_series->viewport()->setAutoFillBackground(false);
+    m_series->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_series->setToolTip("Ticked series are drawn; the context menu tells which are bad when they are low");
+    connect(m_series, &QWidget::customContextMenuRequested, this,
+            m_handlers.guarded([this](QPoint at) { showSeriesMenu(at); }));
+    connect(m_series, &QListWidget::itemChanged, this,
+            m_handlers.guarded([this] { onSeries(chosenSeries()); }));
+}
+
+void SidePanel::makeSwitches() {
+    const auto add = [this](const char* name, const char* caption, bool ExploreState::*what) {
+        auto* box = new QCheckBox(caption, this);
+        box->setObjectName(name);
+        connect(box, &QCheckBox::toggled, this,
+                m_handlers.guarded([this, what](bool isOn) { onSwitched(what, isOn); }));
+        m_switches.push_back({box, what});
+    };
+    add("chkLimits", "&Limits", &ExploreState::limits);
+    add("chkTargets", "&Targets", &ExploreState::targets);
+    add("chkObserved", "&Observed", &ExploreState::observed);
+    add("chkInterpolated", "&Interpolated", &ExploreState::interpolated);
+}
+
+void SidePanel::showSeriesMenu(QPoint at) {
+    const int determinand = m_series->currentRow(); // the flow is the first line, the concentrations follow
+    if (determinand < 1 || determinand > m_determinands) return;
+    QMenu menu(m_series);
+    QAction* low = menu.addAction("A low value is &bad");
+    low->setCheckable(true);
+    low->setChecked(m_lowIsBad.contains(determinand));
+    connect(low, &QAction::toggled, this,
+            m_handlers.guarded([this, determinand](bool isOn) { onLowIsBad(determinand, isOn); }));
+    menu.exec(m_series->viewport()->mapToGlobal(at));
+}
+
+std::vector<int> SidePanel::chosenSeries() const {
+    std::vector<int> chosen;
+    for (int series = 0; series < m_series->count(); ++series)
+        if (m_series->item(series)->checkState() == Qt::Checked) chosen.push_back(series);
+    return chosen;
+}
+
+void SidePanel::show(const ExploreState& state, const std::vector<ListedRun>& runs, Theme theme) {
+    m_runs->show(runs, theme);
+    showSeries(state);
+    for (const Switch& each : m_switches) {
+        const QSignalBlocker quiet(each.box);
+        each.box->setChecked(state.*each.what);
+    }
+}
+
+void SidePanel::showSeries(const ExploreState& state) {
+    const QSignalBlocker quiet(m_series);
+    m_lowIsBad = lowIsBadOf(state);
+    m_determinands = state.isEmpty() ? 0 : state.study->base().results().determinandCount;
+    const int count = state.isEmpty() ? 0 : 2 * state.study->base().results().determinandCount + 1;
+    while (m_series->count() > count)
+        delete m_series->takeItem(m_series->count() - 1);
+    while (m_series->count() < count)
+        m_series->addItem(QString());
+    for (int series = 0; series < count; ++series) {
+        QListWidgetItem& line = *m_series->item(series);
+        line.setText(shown(state.study->base().results().seriesNames[series]));
+        const bool isChosen = std::ranges::find(state.series, series) != state.series.end();
+        line.setCheckState(isChosen ? Qt::Checked : Qt::Unchecked);
+    }
+}
+
+void SidePanel::showCurrentSeries(int series) {
+    for (int line = 0; line < m_series->count(); ++line) {
+        QFont font = m_series->item(line)->font();
+        if (font.bold() == (line == series)) continue;
+        const QSignalBlocker quiet(m_series);
+        font.setBold(line == series);
+        m_series->item(line)->setFont(font);
+    }
+}
+
+} // namespace korvel

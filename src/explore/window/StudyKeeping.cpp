@@ -1,0 +1,90 @@
+#include "explore/window/StudyKeeping.h"
+
+#include "basic/DiskNames.h"
+#include "basic/ModelName.h"
+#include "basic/RunTimeError.h"
+#include "basic/Text.h"
+
+namespace korvel {
+
+namespace {
+
+const char* const extension = ".korvel-study";
+
+std::string hostFolderOf(const std::string& file) {
+    return hostPathOf(withoutLast(folderOf(file), 1));
+}
+
+} // namespace
+
+StudyKeeping::StudyKeeping(Platform& services, ExploreMemory& memory, const ExploreState& state)
+    : m_services(services), m_memory(memory), m_state(state) {
+    m_dialog.objectName = "cdStudy";
+    m_dialog.title = "Save study";
+    m_dialog.filter = "Studies (*.korvel-study)|*.korvel-study";
+    m_dialog.overwritePrompt = true;
+    m_dialog.defaultExtension = "korvel-study";
+}
+
+std::optional<StudyFile> StudyKeeping::read(const std::string& file) {
+    std::string problem;
+    try {
+        ReadStudyFile read = readStudyFile(m_services.files.readAll(file), hostFolderOf(file));
+        if (read.study) return std::move(read.study);
+        problem = read.problem;
+    } catch (const RunTimeError& error) {
+        problem = error.description;
+    }
+    m_services.dialogs.show(
+        {fileOf(file) + " can't be opened: " + problem + ".", "Open study", Icon::exclamation, Buttons::ok});
+    return {};
+}
+
+void StudyKeeping::wasOpened(const std::string& file, const StudyFile& study) {
+    m_file = file;
+    m_saved = studyFileOf(m_state, study.origin);
+    m_memory.noteStudy(hostPathOf(file));
+}
+
+void StudyKeeping::save() {
+    m_file.empty() ? saveAs() : (void)write(m_file);
+}
+
+void StudyKeeping::saveAs() {
+    if (!m_state.isEmpty()) m_dialog.initialFolder = folderOf(m_state.study->base().file->file);
+    const auto chosen = m_services.dialogs.chooseFile(FileDialogKind::save, m_dialog);
+    if (!chosen) return;
+    if (chosen->refusal) return (void)m_services.dialogs.show(refusedName(*chosen));
+    write(isStudyFile(chosen->name) ? chosen->name : chosen->name + extension);
+}
+
+bool StudyKeeping::write(const std::string& file) {
+    const StudyFile study = studyFileOf(m_state, m_saved.origin);
+    try {
+        m_services.files.writeWhole(file, studyFileText(study, hostFolderOf(file)));
+    } catch (const RunTimeError& error) {
+        m_services.dialogs.show({fileOf(file) + " can't be written: " + error.description + ".", "Save study",
+                                 Icon::exclamation, Buttons::ok});
+        return false;
+    }
+    wasOpened(file, study);
+    return true;
+}
+
+void StudyKeeping::forget() {
+    m_file.clear();
+    m_saved = {};
+}
+
+bool StudyKeeping::isChanged() const {
+    return !m_file.empty() && studyFileOf(m_state, m_saved.origin) != m_saved;
+}
+
+bool StudyKeeping::mayClose() {
+    if (!isChanged()) return true;
+    const Message question{"Do you wish to save the changes to " + fileOf(m_file) + "?", "Study",
+                           Icon::question, Buttons::yesNo};
+    return m_services.dialogs.show(question) == Answer::no || write(m_file);
+}
+
+} // namespace korvel

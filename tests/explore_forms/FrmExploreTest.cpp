@@ -1,0 +1,411 @@
+// The Explorer's real controls, by what a user does.
+#include "explore/frmExplore.h"
+
+#include "basic/DiskNames.h"
+#include "fakes/FakePlatform.h"
+#include "fakes/ResultsFileBuilder.h"
+#include "forms/FormDriver.h"
+
+#include <QDialog>
+#include <QFile>
+#include <QMimeData>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace korvel {
+
+namespace {
+
+// Two heads run into a lower reach; points every 2 km, a works on the upper reach.
+std::string river(double bod = 5, const std::string& determinand = "BOD") {
+    ResultsFileBuilder file;
+    file.determinand(1, determinand).determinand(2, "Ammonia");
+    file.reach(1, "Upper", 10, 3).reach(2, "Side", 6, 3).reach(3, "Lower", 8, 0);
+    const auto point = [&](int reach, double distance, const std::string& label, int type) {
+        file.point(reach, distance, label, type);
+        file.set(ValueField::meanValue, 0, reach == 2 ? 1 : 3);
+        file.set(ValueField::meanValue, 1, bod + distance);
+    };
+    for (double distance = 0; distance <= 10; distance += 2)
+        point(1, distance, distance == 4 ? "Mill works" : "P" + std::to_string(distance),
+              distance == 4 ? 3 : 0);
+    point(2, 0, "Side head", 10);
+    point(3, 0, "Bridge", 0);
+    point(3, 8, "Mouth", 0);
+    return file.text();
+}
+
+class FrmExplore : public testing::Test {
+  protected:
+    FrmExplore() {
+        platform.putFile("a.sgr", river());
+        platform.putFile("b.sgr", river(2));
+    }
+
+    void show(const std::vector<std::string>& files) { showRuns(files, static_cast<int>(files.size())); }
+    void showRuns(const std::vector<std::string>& files, int expectedRuns) {
+        std::vector<std::string> names;
+        for (const std::string& file : files)
+            names.push_back(platform.pathOf(file));
+        form = std::make_unique<frmExplore>(platform, memory, names);
+        form->resize(1200, 700);
+        showActive(*form);
+        form->activate();
+        ASSERT_TRUE(waitFor([&] { return runCount() == expectedRuns; }));
+        passEvents();
+    }
+    QListWidget& runs() { return control<QListWidget>(*form, "lstRuns"); }
+    int runCount() { return runs().count(); }
+    std::string runText(int run) { return runs().item(run)->text().toStdString(); }
+    QWidget& profile() { return control<QWidget>(*form, "picProfile"); }
+    std::string readout() { return control<QLabel>(*form, "lblReadout").text().toStdString(); }
+    QComboBox& combo(const char* name) { return control<QComboBox>(*form, name); }
+    std::vector<std::string> choices(const char* name) {
+        std::vector<std::string> texts;
+        for (int item = 0; item < combo(name).count(); ++item)
+            texts.push_back(combo(name).itemText(item).toStdString());
+        return texts;
+    }
+    void choose(const char* name, const std::string& text) {
+        const int item = combo(name).findText(QString::fromStdString(text));
+        ASSERT_GE(item, 0) << text;
+        combo(name).setCurrentIndex(item);
+        emit combo(name).activated(item);
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        profile().setFocus();
+        QTest::keyClick(&profile(), key, keys);
+    }
+    // What the core says of the same place.
+    std::string expectedReadout() {
+        ExploreScene scene;
+        scene.show(form->state());
+        const auto place = scene.placeOf(form->state().cursor.value());
+        return cursorText(scene.readout(place.value()), scene.view().kind, 0);
+    }
+
+    QTemporaryDir folder;
+    FakePlatform platform;
+    ExploreMemory memory{folder.filePath("memory.ini")};
+    std::unique_ptr<frmExplore> form;
+};
+
+} // namespace
+
+TEST_F(FrmExplore, OpensRunsSideBySideAndTheRiverToTheMouth) {
+    show({"a.sgr", "b.sgr"});
+    EXPECT_EQ(runText(0), "a.sgr  (base)");
+    EXPECT_EQ(runText(1), "b.sgr");
+    EXPECT_EQ(combo("cboFrom").currentText(), "Upper  (1)");
+    EXPECT_EQ(combo("cboTo").currentText(), "Lower  (3)");
+    EXPECT_EQ(form->windowTitle(), "a.sgr and 1 more - KORVEL Explorer");
+    EXPECT_TRUE(profile().isVisible());
+    EXPECT_TRUE(profile().hasFocus());
+}
+
+TEST_F(FrmExplore, ReadsValuesUnderTheCursorByKeys) {
+    show({"a.sgr", "b.sgr"});
+    press(Qt::Key_Home);
+    EXPECT_EQ(form->state().cursor, (ExplorePlace{1, 0, ""}));
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    EXPECT_EQ(form->state().cursor, (ExplorePlace{1, 4, ""}));
+    EXPECT_EQ(readout(), expectedReadout());
+    EXPECT_NE(readout().find("Mill works"), std::string::npos) << readout();
+    press(Qt::Key_PageDown);
+    EXPECT_NE(readout().find("BOD (Conc) mean 9"), std::string::npos) << readout();
+    EXPECT_NE(readout().find("b.sgr 6"), std::string::npos) << readout();
+    press(Qt::Key_End);
+    EXPECT_EQ(form->state().cursor, (ExplorePlace{3, 8, ""}));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(readout(), "");
+}
+
+TEST_F(FrmExplore, HoldsTheCursorWhereItIsClicked) {
+    show({"a.sgr"});
+    QTest::mouseMove(&profile(), profile().rect().center() + QPoint(30, 0));
+    passEvents();
+    QTest::mouseClick(&profile(), Qt::LeftButton, {}, profile().rect().center());
+    ASSERT_TRUE(form->state().cursor);
+    EXPECT_TRUE(form->state().cursorPinned);
+    const std::string held = readout();
+    QTest::mouseMove(&profile(), profile().rect().center() + QPoint(200, 0));
+    EXPECT_EQ(readout(), held);
+}
+
+TEST_F(FrmExplore, ChoosesAnotherWay) {
+    show({"a.sgr"});
+    EXPECT_EQ(choices("cboTo"), (std::vector<std::string>{"Upper  (1)", "Lower  (3)"}));
+    choose("cboFrom", "Side  (2)");
+    EXPECT_EQ(form->state().from, 2);
+    EXPECT_EQ(form->state().to, 3);
+    EXPECT_EQ(choices("cboTo"), (std::vector<std::string>{"Side  (2)", "Lower  (3)"}));
+    choose("cboTo", "Side  (2)");
+    EXPECT_EQ(form->state().to, 2);
+}
+
+TEST_F(FrmExplore, ChoosesViewStatisticAndScale) {
+    show({"a.sgr", "b.sgr"});
+    EXPECT_EQ(choices("cboView"), (std::vector<std::string>{"Values", "Change", "Ratio"}));
+    EXPECT_EQ(choices("cboStatistic"), (std::vector<std::string>{"mean", "90", "95", "99"}));
+    choose("cboView", "Change");
+    choose("cboStatistic", "95");
+    EXPECT_EQ(form->state().view, ExploreView::change);
+    EXPECT_EQ(form->state().statistic, Statistic::p95);
+    EXPECT_FALSE(control<QCheckBox>(*form, "chkLogarithmic").isEnabled()) << "changes are linear";
+    choose("cboView", "Ratio");
+    EXPECT_FALSE(combo("cboStatistic").isEnabled()) << "a ratio has the judged statistic";
+    choose("cboView", "Values");
+    control<QCheckBox>(*form, "chkLogarithmic").click();
+    EXPECT_EQ(form->state().scale, ScaleKind::logarithmic);
+    EXPECT_FALSE(control<QCheckBox>(*form, "chkFromZero").isEnabled());
+    control<QCheckBox>(*form, "chkLimits").click();
+    EXPECT_FALSE(form->state().limits);
+}
+
+TEST_F(FrmExplore, DrawsTheSeriesThatAreTicked) {
+    show({"a.sgr"});
+    auto& series = control<QListWidget>(*form, "lstSeries");
+    EXPECT_EQ(series.count(), 5);
+    EXPECT_EQ(form->state().series, (std::vector<int>{0, 1, 2}));
+    series.item(1)->setCheckState(Qt::Unchecked);
+    series.item(4)->setCheckState(Qt::Checked);
+    EXPECT_EQ(form->state().series, (std::vector<int>{0, 2, 4}));
+}
+
+TEST_F(FrmExplore, HidesOrdersAndRemovesRunsByKeys) {
+    show({"a.sgr", "b.sgr"});
+    runs().item(1)->setCheckState(Qt::Unchecked);
+    EXPECT_FALSE(form->state().isShown(1));
+    runs().setCurrentRow(1);
+    QTest::keyClick(&runs(), Qt::Key_B, Qt::ControlModifier);
+    EXPECT_EQ(runText(0), "b.sgr  (base)");
+    EXPECT_EQ(runs().currentRow(), 0);
+    EXPECT_FALSE(form->state().isShown(0));
+    QTest::keyClick(&runs(), Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(runText(0), "a.sgr  (base)");
+    QTest::keyClick(&runs(), Qt::Key_Delete);
+    EXPECT_EQ(runCount(), 1);
+    QTest::keyClick(&runs(), Qt::Key_Delete);
+    EXPECT_TRUE(form->state().isEmpty());
+    EXPECT_TRUE(control<QWidget>(*form, "pageEmpty").isVisible());
+}
+
+TEST_F(FrmExplore, RefusesARunThatCanNotStandWithTheOthers) {
+    show({"a.sgr"});
+    platform.putFile("z.sgr", river(5, "Zinc"));
+    platform.takeTranscript();
+    platform.willChoose(platform.pathOf("z.sgr"));
+    platform.willAnswer(Answer::ok);
+    control<QToolButton>(*form, "cmdAddRun").click();
+    std::string transcript;
+    EXPECT_TRUE(waitFor([&] {
+        transcript += platform.takeTranscript();
+        return transcript.find("a.sgr and z.sgr differ in determinand 1") != std::string::npos;
+    })) << transcript;
+    EXPECT_EQ(runCount(), 1);
+    platform.expectDone();
+}
+
+TEST_F(FrmExplore, MovesAboutWithTheWheelAndGoesBack) {
+    show({"a.sgr"});
+    const auto turn = [&](int angle, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        const QPointF at = profile().rect().center();
+        QWheelEvent event(at, profile().mapToGlobal(at), {}, {0, angle}, Qt::NoButton, keys,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&profile(), &event);
+    };
+    turn(120);
+    const auto zoomed = form->state().visible;
+    ASSERT_TRUE(zoomed);
+    EXPECT_NEAR(zoomed->to - zoomed->from, 18 / 1.25, 1e-9);
+    turn(-120, Qt::ShiftModifier);
+    ASSERT_TRUE(form->state().visible);
+    EXPECT_GT(form->state().visible->from, zoomed->from);
+    EXPECT_NEAR(form->state().visible->to - form->state().visible->from, 18 / 1.25, 1e-9);
+    control<QAction>(*form, "actGoBack").trigger();
+    EXPECT_EQ(form->state().visible, std::nullopt);
+    control<QAction>(*form, "actZoomIn").trigger();
+    EXPECT_TRUE(form->state().visible);
+    QTest::mouseDClick(&profile(), Qt::LeftButton, {}, profile().rect().center());
+    EXPECT_EQ(form->state().visible, std::nullopt);
+}
+
+TEST_F(FrmExplore, ZoomsToABoxThatIsDrawnWithShift) {
+    show({"a.sgr"});
+    const QPoint middle = profile().rect().center();
+    QTest::mousePress(&profile(), Qt::LeftButton, Qt::ShiftModifier, middle);
+    QTest::mouseMove(&profile(), middle + QPoint(150, 0));
+    QTest::mouseRelease(&profile(), Qt::LeftButton, Qt::ShiftModifier, middle + QPoint(150, 0));
+    ASSERT_TRUE(form->state().visible);
+    EXPECT_GT(form->state().visible->from, 7);
+    EXPECT_LT(form->state().visible->to, 14);
+}
+
+TEST_F(FrmExplore, GoesFromARowOfATableToItsPlace) {
+    show({"a.sgr"});
+    auto& table = control<QTableView>(*form, "tblValues");
+    ASSERT_TRUE(waitFor([&] { return table.model()->rowCount() > 3; }));
+    table.setCurrentIndex(table.model()->index(2, 0));
+    ASSERT_TRUE(form->state().cursor);
+    EXPECT_TRUE(form->state().cursorPinned);
+    EXPECT_EQ(form->state().cursor->distance, 4);
+}
+
+TEST_F(FrmExplore, ReadsAFileAgainThatHasChangedAndSettled) {
+    show({"a.sgr", "b.sgr"});
+    press(Qt::Key_Home);
+    press(Qt::Key_PageDown);
+    EXPECT_NE(readout().find("BOD (Conc) mean 5"), std::string::npos) << readout();
+    platform.putFile("a.sgr", river(8));
+    ASSERT_TRUE(waitFor([&] { return runText(0).find("read again at") != std::string::npos; })) << runText(0);
+    EXPECT_NE(readout().find("BOD (Conc) mean 8"), std::string::npos) << readout();
+    EXPECT_EQ(form->state().cursor, (ExplorePlace{1, 0, ""}));
+}
+
+TEST_F(FrmExplore, KeepsTheValuesOfAFileThatVanished) {
+    show({"a.sgr"});
+    std::filesystem::remove(hostPathOf(platform.pathOf("a.sgr")));
+    ASSERT_TRUE(waitFor([&] { return runText(0).find("gone; its values are kept") != std::string::npos; }));
+    press(Qt::Key_Home);
+    EXPECT_NE(readout(), "");
+}
+
+TEST_F(FrmExplore, TellsOfAChangedFileThatCanNotBeReadAndKeepsItsValues) {
+    show({"a.sgr"});
+    platform.putFile("a.sgr", "nothing of the kind");
+    ASSERT_TRUE(waitFor([&] { return runText(0).find("but can't be read") != std::string::npos; }));
+    press(Qt::Key_Home);
+    EXPECT_NE(readout(), "");
+}
+
+TEST_F(FrmExplore, SaysWhatToDoWithoutRunsAndOpensWhatWasOpenedLately) {
+    memory.noteFile(hostPathOf(platform.pathOf("b.sgr")));
+    show({});
+    EXPECT_TRUE(control<QWidget>(*form, "pageEmpty").isVisible());
+    auto& recent = control<QListWidget>(*form, "lstRecent");
+    ASSERT_EQ(recent.count(), 1);
+    emit recent.itemActivated(recent.item(0));
+    EXPECT_TRUE(waitFor([&] { return runCount() == 1; }));
+}
+
+TEST_F(FrmExplore, RemembersFilesAndItsPlace) {
+    show({"a.sgr", "b.sgr"});
+    EXPECT_EQ(memory.recentFiles(), (std::vector<std::string>{hostPathOf(platform.pathOf("b.sgr")),
+                                                              hostPathOf(platform.pathOf("a.sgr"))}));
+    form->close();
+    EXPECT_FALSE(memory.place("window").isEmpty());
+}
+
+TEST_F(FrmExplore, TakesFilesThatAreDroppedOnIt) {
+    show({"a.sgr"});
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(QFile::decodeName(hostPathOf(platform.pathOf("b.sgr")).c_str()))});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form.get(), &drop);
+    EXPECT_TRUE(waitFor([&] { return runCount() == 2; }));
+}
+
+TEST_F(FrmExplore, LooksDownTheRiverThatIsClickedInTheNetwork) {
+    show({"a.sgr"});
+    auto& network = control<QWidget>(*form, "picNetwork");
+    ASSERT_TRUE(network.isVisible());
+    bool sideWasChosen = false;
+    for (int y = 4; y < network.height() && !sideWasChosen; y += 4)
+        for (int x = 4; x < network.width() && !sideWasChosen; x += 8) {
+            QTest::mouseClick(&network, Qt::LeftButton, {}, {x, y});
+            sideWasChosen = form->state().from == 2;
+        }
+    ASSERT_TRUE(sideWasChosen);
+    EXPECT_EQ(form->state().to, 2);
+    EXPECT_EQ(combo("cboFrom").currentText(), "Side  (2)");
+}
+
+TEST_F(FrmExplore, SavesAStudyAndOpensItAgainAsItWas) {
+    show({"a.sgr", "b.sgr"});
+    choose("cboFrom", "Side  (2)");
+    choose("cboView", "Change");
+    runs().item(1)->setCheckState(Qt::Unchecked);
+    platform.willChoose(platform.pathOf("kept"));
+    control<QAction>(*form, "actSaveStudy").trigger();
+    EXPECT_EQ(form->windowTitle(), "kept.korvel-study - KORVEL Explorer");
+    EXPECT_NE(platform.fileText("kept.korvel-study").find("\"a.sgr\""), std::string::npos);
+    const ExploreState saved = form->state();
+    form->close(); // asks nothing: nothing has changed since
+    showRuns({"kept.korvel-study"}, 2);
+    EXPECT_EQ(form->state().from, 2);
+    EXPECT_EQ(form->state().view, ExploreView::change);
+    EXPECT_EQ(form->state().hidden, saved.hidden);
+    EXPECT_EQ(memory.recentStudies().size(), 1u);
+    choose("cboView", "Ratio");
+    platform.willAnswer(Answer::yes);
+    form->close();
+    EXPECT_NE(platform.fileText("kept.korvel-study").find("\"ratio\""), std::string::npos);
+    platform.expectDone();
+}
+
+TEST_F(FrmExplore, OpensAStudyWithoutTheRunThatIsMissingAndSaysWhich) {
+    platform.putFile("s.korvel-study",
+                     R"({"korvel_study": 1, "runs": [{"file": "a.sgr"}, {"file": "lost.sgr"}]})");
+    platform.willAnswer(Answer::ok);
+    showRuns({"s.korvel-study"}, 1);
+    EXPECT_NE(platform.takeTranscript().find("lost.sgr"), std::string::npos);
+    platform.expectDone();
+}
+
+TEST_F(FrmExplore, TellsTheLineOfABrokenStudyAndShowsNothing) {
+    platform.putFile("s.korvel-study", "{\n\"korvel_study\": 1,\n\"view\": 7}");
+    platform.willAnswer(Answer::ok);
+    showRuns({"s.korvel-study"}, 0);
+    EXPECT_NE(platform.takeTranscript().find("s.korvel-study can't be opened: line 3:"), std::string::npos);
+    EXPECT_TRUE(form->state().isEmpty());
+}
+
+TEST_F(FrmExplore, SavesThePictureAndTheTableInFront) {
+    show({"a.sgr"});
+    for (const char* name : {"p.svg", "p.pdf"}) {
+        QTimer::singleShot(100, [] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dialog->accept();
+        });
+        platform.willChoose(platform.pathOf(name));
+        control<QAction>(*form, "actSavePicture").trigger();
+        EXPECT_GT(platform.fileText(name).size(), 2000u) << name;
+    }
+    platform.willChoose(platform.pathOf("t.csv"));
+    control<QAction>(*form, "actSaveTable").trigger();
+    EXPECT_NE(platform.fileText("t.csv").find("Mill works"), std::string::npos);
+    platform.willChoose(platform.pathOf("a.sgr"));
+    platform.willAnswer(Answer::ok);
+    control<QAction>(*form, "actSaveTable").trigger();
+    EXPECT_EQ(platform.fileText("a.sgr"), river()) << "a table never replaces a run";
+    platform.expectDone();
+}
+
+TEST_F(FrmExplore, PrintsThePictureOnTheOneRoadForPaper) {
+    show({"a.sgr"});
+    QTimer::singleShot(200, [] {
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dialog->accept();
+    });
+    control<QAction>(*form, "actPrint").trigger();
+    ASSERT_EQ(platform.printed().size(), 1u);
+    EXPECT_TRUE(platform.printed().front().finished);
+    EXPECT_GT(platform.printed().front().pages.at(0).commands.size(), 20u);
+}
+
+TEST_F(FrmExplore, HasANameForEveryControl) {
+    show({"a.sgr"});
+    for (const char* name :
+         {"picProfile", "lstRuns", "lstSeries", "cboFrom", "cboTo", "cboView", "cboStatistic"})
+        EXPECT_NE(control<QWidget>(*form, name).accessibleName(), "") << name;
+}
+
+} // namespace korvel
