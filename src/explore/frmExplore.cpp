@@ -28,8 +28,8 @@ const char* const windowCaption = "KORVEL Explorer";
 constexpr int sideWidth = 250; // pixels, at first
 constexpr int progressWidth = 160;
 constexpr int networkShare = 130, pictureShare = 420, tableShare = 180;
-constexpr int cursorRest = 40; // milliseconds
-constexpr QPoint colouringPlace = {8, 6};
+constexpr int runsOfALine = 4;         // in the readout
+constexpr int cursorRest = 40;         // milliseconds
 constexpr double shareOfScreen = 0.85; // of a window that is not maximised any more
 
 // Studies first.
@@ -121,6 +121,8 @@ void frmExplore::makeStatusLine() {
     lblReadout->setTextFormat(Qt::PlainText);
     lblReadout->setContentsMargins(8, 4, 8, 4);
     lblReadout->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblReadout->setWordWrap(true);
+    lblReadout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // no text widens the window
     m_progressText = new QLabel(this);
     m_progress = new QProgressBar(this);
     m_progress->setObjectName("Progress");
@@ -192,12 +194,12 @@ void frmExplore::connectTables() {
 }
 
 void frmExplore::connectNetwork() {
-    m_colouring = new QComboBox(m_network);
+    m_colouring = new QComboBox(m_side);
     m_colouring->setObjectName("cboColouring");
     m_colouring->setAccessibleName("Colours of the network");
     m_colouring->setToolTip("What the colours of the rivers tell, of the run that is chosen in the list");
     m_colouring->addItems({"Verdict", "Value", "Plain"});
-    m_colouring->move(colouringPlace);
+    m_side->addChoice("Rivers by", *m_colouring);
     on(*m_colouring, &QComboBox::activated, [this] { refreshNetwork(); });
     on(m_side->runs(), &QListWidget::currentRowChanged, [this] { refreshNetwork(); });
     m_network->onRiver = [this](int reach) {
@@ -391,8 +393,18 @@ void frmExplore::refresh() {
     m_pages->setCurrentWidget(m_state.isEmpty() ? static_cast<QWidget*>(m_empty) : m_parts);
     m_dock->setVisible(!m_state.isEmpty());
     if (m_state.isEmpty()) m_empty->show(recentOf(m_memory));
+    giveReadoutRoom();
     refreshPictures();
     refreshCursor();
+}
+
+// As many lines as the values of all runs may need, so that nothing moves while the cursor does.
+void frmExplore::giveReadoutRoom() {
+    const auto runs = static_cast<int>(m_state.shownRuns().size());
+    const int lines = 1 + runs / runsOfALine;
+    const QMargins margins = lblReadout->contentsMargins();
+    lblReadout->setFixedHeight(lines * lblReadout->fontMetrics().lineSpacing() + margins.top() +
+                               margins.bottom());
 }
 
 void frmExplore::refreshPictures() {
@@ -403,7 +415,6 @@ void frmExplore::refreshPictures() {
 }
 
 void frmExplore::refreshNetwork() {
-    m_colouring->setVisible(!m_state.isEmpty());
     if (m_state.isEmpty()) return;
     constexpr std::array colourings = {NetworkColours::byVerdict, NetworkColours::byValue,
                                        NetworkColours::plain};
@@ -435,7 +446,6 @@ void frmExplore::told(Changed changed) {
 void frmExplore::showTheme() {
     m_theme = desktopTheme();
     QApplication::setPalette(paletteOf(m_theme));
-    m_bar->paintIcons();
     m_profile->setTheme(m_theme);
     m_network->setTheme(m_theme);
     m_side->show(m_state, listedRuns(), m_theme);

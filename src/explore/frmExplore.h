@@ -62,6 +62,7 @@ class frmExplore : public Form {
     // What is shown is a function of the state.
     void refresh();
     void refreshCursor();
+    void giveReadoutRoom();
     void refreshPictures();
     void refreshNetwork();
     void told(Changed changed);

@@ -39,12 +39,12 @@ class PlanCommands : public testing::Test {
         addRow(base);
         fake.putFile(base + ".SGR", river(k, determinand));
     }
-    int run(std::vector<std::string> arguments) {
+    int run(std::vector<std::string> arguments, const ShowExplorer& showExplorer = {}) {
         fake.putFile("p.csv", m_plan);
         fake.putFile("p.runs.jsonl", m_record);
         arguments.insert(arguments.begin() + 1, path("p.csv"));
         std::ostringstream outStream, errorStream;
-        const int status = runCommand(arguments, fake.platform(), outStream, errorStream);
+        const int status = runCommand(arguments, fake.platform(), outStream, errorStream, {}, showExplorer);
         out = outStream.str();
         errors = errorStream.str();
         return status;
@@ -150,13 +150,10 @@ TEST_F(PlanCommands, TellWhatIsWrongWithThePlan) {
 TEST_F(PlanCommands, ExploreTheFirstTwelveFinishedRuns) {
     for (int k = 1; k <= 14; ++k)
         addRun(k);
-    fake.putFile("p.csv", m_plan);
-    fake.putFile("p.runs.jsonl", m_record);
-    std::ostringstream outStream, errorStream;
     std::vector<std::string> shown;
     const ShowExplorer show = [&](const std::vector<std::string>& files) { return shown = files, 0; };
-    EXPECT_EQ(runCommand({"explore", path("p.csv")}, fake.platform(), outStream, errorStream, {}, show), 0);
-    ASSERT_EQ(shown.size(), 12u) << errorStream.str();
+    EXPECT_EQ(run({"explore"}, show), 0);
+    ASSERT_EQ(shown.size(), 12u) << errors;
     EXPECT_EQ(shown.back(), fake.pathOf("R12.SGR"));
 }
 

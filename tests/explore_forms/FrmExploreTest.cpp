@@ -401,6 +401,22 @@ TEST_F(FrmExplore, PrintsThePictureOnTheOneRoadForPaper) {
     EXPECT_GT(platform.printed().front().pages.at(0).commands.size(), 20u);
 }
 
+TEST_F(FrmExplore, KeepsItsWidthWhateverTheReadoutSays) {
+    std::vector<std::string> files;
+    for (char letter = 'a'; letter <= 'l'; ++letter) {
+        files.push_back(std::string(40, letter) + ".sgr");
+        platform.putFile(files.back(), river(letter));
+    }
+    show(files);
+    form->resize(1000, 700);
+    press(Qt::Key_Home);
+    press(Qt::Key_PageDown);
+    passEvents();
+    EXPECT_NE(readout().find(files.back()), std::string::npos) << readout();
+    EXPECT_LE(form->minimumSizeHint().width(), 1000);
+    EXPECT_EQ(form->width(), 1000);
+}
+
 TEST_F(FrmExplore, HasANameForEveryControl) {
     show({"a.sgr"});
     for (const char* name :

@@ -70,7 +70,7 @@ ExploreBar::ExploreBar(Handlers& handlers, QWidget* parent)
     m_export = addMenuButton("cmdExport", new QAction("Export", this), m_exportMenu);
     m_export->setPopupMode(QToolButton::InstantPopup);
     m_export->setToolTip("Hand on the picture or the table in front");
-    paintIcons();
+    setIcons();
 }
 
 QToolButton* ExploreBar::addMenuButton(const char* name, QAction* action, QMenu* menu) {
@@ -173,14 +173,13 @@ void ExploreBar::addMoves() {
     m_goBack = addTool("actGoBack", "Back", "What was seen before (Alt+Left)", QKeySequence("Alt+Left"));
 }
 
-void ExploreBar::paintIcons() {
-    const QPalette colours = parentWidget() ? parentWidget()->palette() : palette();
-    m_open->setIcon(iconOf(Picture::open, colours));
-    m_zoomIn->setIcon(iconOf(Picture::zoomIn, colours));
-    m_zoomOut->setIcon(iconOf(Picture::zoomOut, colours));
-    m_showAll->setIcon(iconOf(Picture::showAll, colours));
-    m_goBack->setIcon(iconOf(Picture::goBack, colours));
-    m_export->defaultAction()->setIcon(iconOf(Picture::share, colours));
+void ExploreBar::setIcons() {
+    m_open->setIcon(iconOf(Picture::open));
+    m_zoomIn->setIcon(iconOf(Picture::zoomIn));
+    m_zoomOut->setIcon(iconOf(Picture::zoomOut));
+    m_showAll->setIcon(iconOf(Picture::showAll));
+    m_goBack->setIcon(iconOf(Picture::goBack));
+    m_export->defaultAction()->setIcon(iconOf(Picture::share));
 }
 
 void ExploreBar::showWays(const ExploreState& state) {

@@ -41,8 +41,6 @@ class ExploreBar : public QToolBar {
 
     void show(const ExploreState& state);
     using QWidget::show;
-    // Icons in the colour of the text around them.
-    void paintIcons();
 
   private:
     QAction* addTool(const char* name, const char* caption, const char* tip, const QKeySequence& keys);
@@ -54,6 +52,7 @@ class ExploreBar : public QToolBar {
     void addWays();
     void addLooks();
     void addMoves();
+    void setIcons();
     QToolButton* addMenuButton(const char* name, QAction* action, QMenu* menu);
     void showWays(const ExploreState& state);
 

@@ -1,7 +1,9 @@
 #include "explore/window/Icons.h"
 
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPalette>
 #include <QSvgRenderer>
 
 #include <array>
@@ -32,14 +34,14 @@ QByteArray svgOf(Picture picture, const QColor& colour) {
         .toUtf8();
 }
 
-// Painted at whatever size is asked for, sharp on every screen.
+// Painted at whatever size is asked for, sharp on every screen, in the colours that the program has then.
 class PictureEngine : public QIconEngine {
   public:
-    PictureEngine(Picture picture, QPalette palette) : m_picture(picture), m_palette(std::move(palette)) {}
+    explicit PictureEngine(Picture picture) : m_picture(picture) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        QSvgRenderer svg(svgOf(m_picture, m_palette.color(group, QPalette::ButtonText)));
+        QSvgRenderer svg(svgOf(m_picture, QGuiApplication::palette().color(group, QPalette::ButtonText)));
         painter->setRenderHint(QPainter::Antialiasing);
         svg.render(painter, QRectF(rect));
     }
@@ -54,7 +56,6 @@ class PictureEngine : public QIconEngine {
 
   private:
     Picture m_picture;
-    QPalette m_palette;
 };
 
 constexpr Qt::PenStyle penStyle(Dash dash) {
@@ -94,8 +95,8 @@ class SwatchEngine : public QIconEngine {
 
 } // namespace
 
-QIcon iconOf(Picture picture, const QPalette& palette) {
-    return QIcon(new PictureEngine(picture, palette));
+QIcon iconOf(Picture picture) {
+    return QIcon(new PictureEngine(picture));
 }
 
 QIcon swatchOf(std::size_t run, Theme theme) {

@@ -4,13 +4,12 @@
 #include "panels/RunStyle.h"
 
 #include <QIcon>
-#include <QPalette>
 
 namespace korvel {
 
 enum class Picture { open, save, zoomIn, zoomOut, showAll, goBack, share, remove, makeBase, up, down };
 
-QIcon iconOf(Picture picture, const QPalette& palette);
+QIcon iconOf(Picture picture);
 
 // A line in a run's colour and dash, as its curves have.
 QIcon swatchOf(std::size_t run, Theme theme);

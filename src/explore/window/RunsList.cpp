@@ -108,7 +108,7 @@ void RunsList::keyPressEvent(QKeyEvent* event) {
 void RunsList::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
     const auto add = [&](const char* caption, Picture picture, Deed deed) {
-        QAction* action = menu.addAction(iconOf(picture, palette()), caption);
+        QAction* action = menu.addAction(iconOf(picture), caption);
         action->setEnabled(canDo(deed));
         connect(action, &QAction::triggered, this, m_handlers.guarded([this, deed] { act(deed); }));
     };

@@ -27,6 +27,7 @@ constexpr int betweenParts = 14;
 SidePanel::SidePanel(Handlers& handlers, QWidget* parent)
     : QWidget(parent),
       m_handlers(handlers),
+      m_switchRows(new QGridLayout),
       m_runs(new RunsList(handlers, this)),
       m_add(new QToolButton(this)),
       m_series(new QListWidget(this)) {
@@ -47,11 +48,18 @@ SidePanel::SidePanel(Handlers& handlers, QWidget* parent)
     column->addSpacing(betweenParts);
     column->addWidget(makeHeading("Show"));
     makeSwitches();
-    auto* switches = new QGridLayout;
-    switches->setVerticalSpacing(between);
+    m_switchRows->setVerticalSpacing(between);
     for (int k = 0; k < static_cast<int>(m_switches.size()); ++k)
-        switches->addWidget(m_switches[static_cast<std::size_t>(k)].box, k / 2, k % 2);
-    column->addLayout(switches);
+        m_switchRows->addWidget(m_switches[static_cast<std::size_t>(k)].box, k / 2, k % 2);
+    column->addLayout(m_switchRows);
+}
+
+void SidePanel::addChoice(const QString& caption, QComboBox& box) {
+    auto* label = new QLabel(caption, this);
+    label->setBuddy(&box);
+    const int row = m_switchRows->rowCount();
+    m_switchRows->addWidget(label, row, 0);
+    m_switchRows->addWidget(&box, row, 1);
 }
 
 QWidget* SidePanel::makeHeading(const QString& text, QWidget* beside) {

@@ -4,6 +4,7 @@
 #include "explore/window/RunsList.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QListWidget>
 #include <QToolButton>
 
@@ -11,6 +12,8 @@
 #include <set>
 #include <string>
 #include <vector>
+
+class QGridLayout;
 
 namespace korvel {
 
@@ -21,6 +24,9 @@ class SidePanel : public QWidget {
     SidePanel(Handlers& handlers, QWidget* parent = nullptr);
 
     RunsList& runs() { return *m_runs; }
+    // A further choice at the bottom.
+    void addChoice(const QString& caption, QComboBox& box);
+
     std::function<void()> onAddRun;
     std::function<void(std::vector<int>)> onSeries;
     // One of limits, targets, observed values and interpolated points was switched.
@@ -48,6 +54,7 @@ class SidePanel : public QWidget {
     void showSeriesMenu(QPoint at);
 
     Handlers& m_handlers;
+    QGridLayout* m_switchRows;
     RunsList* m_runs;
     QToolButton* m_add;
     QListWidget* m_series;
