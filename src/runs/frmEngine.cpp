@@ -45,6 +45,9 @@ frmEngine::frmEngine(Platform& doors, StartedRun run, StartTurn turn)
     cmdOpenFolder.setVisible(!m_run.dataFiles.empty());
     on(cmdOpenFolder, &QPushButton::clicked,
        [this] { this->doors().machine.showFolder(folderOf(m_run.dataFiles.front())); });
+    QSizePolicy keepsItsRoom = cmdExplore.sizePolicy();
+    keepsItsRoom.setRetainSizeWhenHidden(true);
+    cmdExplore.setSizePolicy(keepsItsRoom);
     cmdExplore.hide();
     on(cmdExplore, &QPushButton::clicked, [this] { this->doors().machine.startExplorer(resultsFiles()); });
     on(cmdStop, &QPushButton::clicked, [this] { askedToStop(); });
