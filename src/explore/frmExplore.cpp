@@ -6,6 +6,8 @@
 #include "drawing/paint/Twips.h"
 #include "explore/PathChoice.h"
 #include "explore/RunList.h"
+#include "explore/Scene.h"
+#include "platform/Guide.h"
 #include "study/SeriesValues.h"
 #include "toolkit/forms/DroppedFiles.h"
 
@@ -64,6 +66,7 @@ frmExplore::frmExplore(Platform& services, ExploreMemory& memory, std::vector<st
     connectTables();
     connectNetwork();
     connectHandingOn();
+    setHelp([this] { OpenGuide(this->services()); });
     showTheme();
     if (!restoreGeometry(m_memory.place("window"))) takeScreen();
     restoreState(m_memory.place("parts"));
@@ -227,6 +230,8 @@ HandedOn frmExplore::handedOn() {
                 files.push_back(run.file->file);
         return files;
     };
+    handed.study = [this] { return m_state.study; };
+    handed.lowIsBad = [this] { return lowIsBadOf(m_state); };
     return handed;
 }
 
@@ -248,10 +253,12 @@ void frmExplore::connectHandingOn() {
     add("actSavePicture", "Save &picture ...", {}, [this] { m_handing.savePicture(); });
     add("actCopyPicture", "&Copy picture", QKeySequence("Ctrl+Shift+C"), [this] { m_handing.copyPicture(); });
     add("actSaveTable", "Save &table in front ...", {}, [this] { m_handing.saveTable(); });
+    add("actSavePage", "Save pa&ge for browsers ...", {}, [this] { m_handing.savePage(); });
+    add("actSaveAtlas", "Save &atlas ...", {}, [this] { m_handing.saveAtlas(); });
     add("actPrint", "P&rint ...", QKeySequence::Print, [this] { m_handing.print(); });
     menu.addSeparator();
     add("actSaveStudy", "&Save study", QKeySequence::Save, [this] { m_keeping.save(), refresh(); });
-    add("actSaveStudyAs", "Save study &as ...", QKeySequence("Ctrl+Shift+S"),
+    add("actSaveStudyAs", "Sa&ve study as ...", QKeySequence("Ctrl+Shift+S"),
         [this] { m_keeping.saveAs(), refresh(); });
 }
 

@@ -171,7 +171,7 @@ class NetworkMaking {
         for (const AxisTick& tick : m_layout.distance.ticks) {
             const std::string text = tick.value == 0 ? tick.text + " km to the mouth" : tick.text;
             const double width = m_metrics.measure(text, m_look.font).width;
-            const double x = std::min(tick.place, m_layout.width - width / 2 - 0.1 * m_measures.line);
+            const double x = std::min(tick.place, m_layout.width - width / 2 - 0.5 * m_measures.line);
             if (x + width / 2 > free || x - width / 2 < 0) continue;
             addText({x, m_layout.axisY + 0.3 * m_measures.line}, TextAlign::centre, text);
             free = x - width / 2 - m_measures.letter;

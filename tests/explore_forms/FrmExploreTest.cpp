@@ -390,6 +390,31 @@ TEST_F(FrmExplore, SavesThePictureAndTheTableInFront) {
     platform.expectDone();
 }
 
+TEST_F(FrmExplore, OpensTheGuideWithF1) {
+    show({"a.sgr"});
+    form->activateWindow();
+    press(Qt::Key_F1);
+    passEvents();
+    EXPECT_NE(platform.takeTranscript().find("guide /share/guide.html"), std::string::npos);
+}
+
+TEST_F(FrmExplore, HandsAllRunsOnAsAPageAndAsAnAtlas) {
+    show({"a.sgr"});
+    platform.willChoose(platform.pathOf("river.html"));
+    control<QAction>(*form, "actSavePage").trigger();
+    EXPECT_EQ(platform.fileText("river.html").rfind("<!DOCTYPE html>", 0), 0u);
+    EXPECT_NE(platform.fileText("river.html").find("a.sgr"), std::string::npos);
+    platform.willChoose(platform.pathOf("river.pdf"));
+    control<QAction>(*form, "actSaveAtlas").trigger();
+    EXPECT_EQ(platform.fileText("river.pdf").rfind("%PDF-", 0), 0u);
+    EXPECT_NE(platform.fileText("river.pdf").find("/Outlines"), std::string::npos);
+    platform.willChoose(platform.pathOf("a.sgr"));
+    platform.willAnswer(Answer::ok);
+    control<QAction>(*form, "actSavePage").trigger();
+    EXPECT_EQ(platform.fileText("a.sgr"), river()) << "a page never replaces a run";
+    platform.expectDone();
+}
+
 TEST_F(FrmExplore, PrintsThePictureOnTheOneRoadForPaper) {
     show({"a.sgr"});
     QTimer::singleShot(200, [] {

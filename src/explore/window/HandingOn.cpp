@@ -7,6 +7,8 @@
 #include "drawing/paint/Twips.h"
 #include "platform/OwnInput.h"
 #include "platform/Printing.h"
+#include "publish/Atlas.h"
+#include "publish/Page.h"
 #include "tables/TableFormats.h"
 #include "toolkit/paper/PdfPaper.h"
 #include "toolkit/paper/PrintPreview.h"
@@ -16,7 +18,10 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QProgressDialog>
 #include <QSpinBox>
+
+#include <numeric>
 
 namespace korvel {
 
@@ -33,6 +38,31 @@ QSpinBox* numberBox(const char* name, int least, int most, int value, const char
     box->setValue(value);
     box->setSuffix(unit);
     return box;
+}
+
+// What takes long can be given up.
+class WritingProgress {
+  public:
+    WritingProgress(const char* words, QWidget& window) : m_dialog(words, "Cancel", 0, steps, &window) {
+        m_dialog.setObjectName("dlgWriting");
+        m_dialog.setWindowModality(Qt::WindowModal);
+        m_dialog.setMinimumDuration(500); // milliseconds
+    }
+    bool goesOn(double share) {
+        m_dialog.setValue(static_cast<int>(share * (steps - 1)));
+        return !m_dialog.wasCanceled();
+    }
+
+  private:
+    static constexpr int steps = 1000;
+    QProgressDialog m_dialog;
+};
+
+// As the commands have it where no series are named.
+std::vector<int> allSeries(const ResultsDataSet& results) {
+    std::vector<int> series(static_cast<std::size_t>(2 * results.determinandCount + 1));
+    std::iota(series.begin(), series.end(), 0);
+    return series;
 }
 
 bool isForOneTable(const TableFormat& format) {
@@ -84,6 +114,10 @@ bool HandingOn::tell(const std::string& file, const std::function<void()>& write
     } catch (const RunTimeError& error) {
         m_services.dialogs.show({fileOf(file) + " can't be written: " + error.description + ".", "Export",
                                  Icon::exclamation, Buttons::ok});
+    } catch (const PageCancelled&) {
+        return false;
+    } catch (const PageRefused& refused) {
+        m_services.dialogs.show({refused.what(), "Export", Icon::exclamation, Buttons::ok});
     } catch (const TableRefused& refused) {
         m_services.dialogs.show({refused.what(), "Export", Icon::exclamation, Buttons::ok});
     }
@@ -172,6 +206,43 @@ void HandingOn::writeTable(const std::string& file) {
     format->write(content, {}, bytes);
     bytes.flush();
     target->commit();
+}
+
+void HandingOn::savePage() {
+    const auto file = chooseFile("Save page", "Page for browsers (*.html)|*.html", "html");
+    if (file) tell(*file, [&] { writePageTo(*file); });
+}
+
+void HandingOn::writePageTo(const std::string& file) {
+    const auto study = m_what.study(); // stays, whatever is read anew meanwhile
+    WritingProgress progress("Writing the page", m_window);
+    PageRequest request;
+    request.series = allSeries(study->base().results());
+    request.lowIsBad = m_what.lowIsBad();
+    request.progress = [&](double share) { return progress.goesOn(share); };
+    const auto target = m_services.files.create(file);
+    OutputBytes bytes([&](std::string_view text) { target->write(text); });
+    writePage(*study, request, bytes);
+    bytes.flush();
+    target->commit();
+}
+
+void HandingOn::saveAtlas() {
+    const auto file = chooseFile("Save atlas", "PDF document (*.pdf)|*.pdf", "pdf");
+    if (file) tell(*file, [&] { writeAtlasTo(*file); });
+}
+
+void HandingOn::writeAtlasTo(const std::string& file) {
+    const auto study = m_what.study();
+    WritingProgress progress("Writing the atlas", m_window);
+    PdfFilePaper paper(m_services.files, file);
+    const Atlas atlas(*study, {"", allSeries(study->base().results()), m_what.lowIsBad()}, paper.metrics());
+    const auto job = paper.begin({atlas.title(), Orientation::landscape, file, atlas.outline()});
+    for (std::size_t page = 0; page < atlas.pageCount(); ++page) {
+        if (!progress.goesOn(static_cast<double>(page) / static_cast<double>(atlas.pageCount()))) return;
+        job->page(atlas.page(page));
+    }
+    job->finish();
 }
 
 } // namespace korvel

@@ -1,16 +1,19 @@
 // What leaves the Explorer: the picture as a file, on the clipboard or on paper, the table in front as a
-// file.
+// file, all runs as a page or an atlas.
 #pragma once
 
 #include "drawing/Drawing.h"
 #include "panels/RunStyle.h"
 #include "platform/Platform.h"
+#include "study/Study.h"
 #include "tables/Table.h"
 
 #include <QSize>
 
 #include <functional>
+#include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -30,6 +33,8 @@ struct HandedOn {
     std::function<std::string()> tableName; // "Values"
     std::function<std::string()> base;      // model name of the first run
     std::function<std::vector<std::string>()> inputs;
+    std::function<std::shared_ptr<const Study>()> study;
+    std::function<std::set<int>()> lowIsBad; // determinands by number
 };
 
 class HandingOn {
@@ -40,6 +45,8 @@ class HandingOn {
     void copyPicture();
     void print();
     void saveTable();
+    void savePage();
+    void saveAtlas();
 
     // How the size of a picture is asked for; nothing where the user cancels.
     std::function<std::optional<PictureSize>(PictureSize)> askSize;
@@ -49,6 +56,8 @@ class HandingOn {
                                           const std::string& extension);
     void writePicture(const std::string& file, PictureSize size);
     void writeTable(const std::string& file);
+    void writePageTo(const std::string& file);
+    void writeAtlasTo(const std::string& file);
     bool tell(const std::string& file, const std::function<void()>& write);
     std::optional<PictureSize> askForSize(PictureSize size);
 
