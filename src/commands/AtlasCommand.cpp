@@ -1,4 +1,3 @@
-#include "analysis/Judging.h"
 #include "basic/ModelName.h"
 #include "basic/Text.h"
 #include "commands/CommandList.h"
@@ -30,12 +29,6 @@ std::string outputOf(const CommandLine& line, const std::string& first) {
     return besideResults(first, "-atlas.pdf");
 }
 
-std::set<int> givenLowIsBad(const CommandLine& line, const ResultsDataSet& results) {
-    const auto names = line.value("--low-is-bad");
-    if (!names) return lowBadByName(results);
-    return *names == "none" ? std::set<int>() : determinandsNamed(*names, results);
-}
-
 void write(CommandCall& call, const std::string& output, Study study, AtlasRequest request) {
     ProgressLine line(call.errors, "Writing");
     Paper& paper = call.platform.paper;
@@ -62,7 +55,7 @@ int runAtlas(CommandCall& call) {
     AtlasRequest request;
     request.title = line.value("--title").value_or("");
     request.series = seriesChosen(line.value("--series"), study.base().results());
-    request.lowIsBad = givenLowIsBad(line, study.base().results());
+    request.lowIsBad = lowIsBadChosen(line.value("--low-is-bad"), study.base().results());
     write(call, output, std::move(study), std::move(request));
     return exitStatus::done;
 }

@@ -131,12 +131,6 @@ double givenPercent(const CommandLine& line) {
     return percent;
 }
 
-std::set<int> givenLowIsBad(const CommandLine& line, const ResultsDataSet& results) {
-    const auto names = line.value("--low-is-bad");
-    if (!names) return lowBadByName(results);
-    return *names == "none" ? std::set<int>() : determinandsNamed(*names, results);
-}
-
 void take(Call& call, const Study& study) {
     call.base = study.base();
     call.runs = sequenceOf(study);
@@ -172,7 +166,7 @@ int runCompliance(CommandCall& call) {
         take(taken, takeStudy(call, files));
     const StudyRun& base = taken.base;
     taken.request.determinands = determinandsChosen(line.value("--determinands"), base.results());
-    taken.request.lowIsBad = givenLowIsBad(line, base.results());
+    taken.request.lowIsBad = lowIsBadChosen(line.value("--low-is-bad"), base.results());
     taken.request.reaches = reachesChosen(line.value("--reaches").value_or("all"), base.reaches());
     if (taken.by == "river") riverNetwork(base); // refused before anything is written
     deliver(call, output,

@@ -1,4 +1,3 @@
-#include "analysis/Judging.h"
 #include "basic/ModelName.h"
 #include "basic/Text.h"
 #include "commands/CommandList.h"
@@ -27,12 +26,6 @@ const char* const help =
 std::string outputOf(const CommandLine& line, const std::string& first) {
     if (const auto typed = line.value("--output")) return modelNameOfTyped(*typed);
     return besideResults(first, ".html");
-}
-
-std::set<int> givenLowIsBad(const CommandLine& line, const ResultsDataSet& results) {
-    const auto names = line.value("--low-is-bad");
-    if (!names) return lowBadByName(results);
-    return *names == "none" ? std::set<int>() : determinandsNamed(*names, results);
 }
 
 void write(CommandCall& call, const std::string& output, const Study& study, PageRequest& request) {
@@ -67,7 +60,7 @@ int runPublish(CommandCall& call) {
     PageRequest request;
     request.title = line.value("--title").value_or("");
     request.series = seriesChosen(line.value("--series"), base);
-    request.lowIsBad = givenLowIsBad(line, base);
+    request.lowIsBad = lowIsBadChosen(line.value("--low-is-bad"), base);
     write(call, output, study, request);
     return exitStatus::done;
 }

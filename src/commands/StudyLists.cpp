@@ -1,5 +1,6 @@
 #include "commands/StudyLists.h"
 
+#include "analysis/Judging.h"
 #include "basic/Text.h"
 #include "commands/CommandLine.h"
 #include "commands/Words.h"
@@ -91,6 +92,11 @@ std::set<int> determinandsChosen(const std::optional<std::string>& list, const R
     for (int d = 1; d <= results.determinandCount; ++d)
         all.insert(d);
     return all;
+}
+
+std::set<int> lowIsBadChosen(const std::optional<std::string>& list, const ResultsDataSet& results) {
+    if (!list) return lowBadByName(results);
+    return *list == "none" ? std::set<int>() : determinandsNamed(*list, results);
 }
 
 int determinandNamed(const std::string& typed, const ResultsDataSet& results) {

@@ -28,6 +28,8 @@ std::vector<int> seriesChosen(const std::optional<std::string>& list, const Resu
 // By exact name, or by number from 1.
 std::set<int> determinandsNamed(const std::string& list, const ResultsDataSet& results);
 std::set<int> determinandsChosen(const std::optional<std::string>& list, const ResultsDataSet& results);
+// Those whose bad side is low: "none", or as above; where no list is given those whose names say so.
+std::set<int> lowIsBadChosen(const std::optional<std::string>& list, const ResultsDataSet& results);
 // One that is no part of a list, so that its name may hold commas.
 int determinandNamed(const std::string& typed, const ResultsDataSet& results);
 
