@@ -76,6 +76,7 @@ frmReports::frmReports(Platform& services)
     connectLists();
     addListMenus();
     addWorkbookItem();
+    arrangeTabOrder();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
     keepRoomForControls();
     for (QFrame* overlay : {&frameExplain, &frameProgress}) {
@@ -118,6 +119,20 @@ void frmReports::connectLists() {
     on(lstDets, &QListWidget::itemClicked, chooseDeterminands);
     on(lstReaches, &QListWidget::itemSelectionChanged, chooseReaches);
     on(lstReaches, &QListWidget::itemClicked, chooseReaches);
+}
+
+// As the eye goes: each list below its box, then the options.
+void frmReports::arrangeTabOrder() {
+    setTabOrder(&Check[static_cast<int>(ReportBox::allReaches)], &lstReaches);
+    setTabOrder(&lstReaches, &Check[static_cast<int>(ReportBox::allDeterminands)]);
+    setTabOrder(&Check[static_cast<int>(ReportBox::allDeterminands)], &lstDets);
+    QWidget* previous = &lstDets;
+    for (const auto& [index, box] : Check) {
+        if (box->parentWidget() != &frameOptions) continue;
+        setTabOrder(previous, box);
+        previous = box;
+    }
+    lstReaches.setFocus();
 }
 
 void frmReports::addListMenus() {

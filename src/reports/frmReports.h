@@ -30,6 +30,7 @@ class frmReports : public Form {
     void connectMenus();
     void connectChoices();
     void connectLists();
+    void arrangeTabOrder();
     void addListMenus();
     void addListMenu(QListWidget& list, ReportBox all,
                      void (ReportChoices::*choose)(const std::vector<bool>&),

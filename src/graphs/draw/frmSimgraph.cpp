@@ -61,6 +61,9 @@ frmSimgraph::frmSimgraph(Platform& doors)
     connectKeys();
     connectPictureMenu();
     connectPointer();
+    setTabOrder(&Cmd[3], &Cmd[1]); // as they stand, from the top
+    setTabOrder(&Cmd[1], &Cmd[2]);
+    Cmd[1].setFocus();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
     client().setMinimumSize(leastColumns * Shape2.width(), cmdMore.geometry().bottom() + leastReadout);
     QFont narrow = Label.font();

@@ -1,0 +1,219 @@
+// Every form for those who use no mouse, listen to a screen reader, or see little contrast.
+#include "app/frmStart.h"
+#include "help/frmHelp.h"
+#include "reports/frmListing.h"
+#include "runs/frmEngine.h"
+
+#include "fakes/FakePlatform.h"
+#include "forms/FormDriver.h"
+#include "forms/GraphForms.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <memory>
+#include <utility>
+
+namespace korvel {
+
+namespace {
+
+constexpr double leastContrast = 4.5;
+constexpr std::size_t mostStops = 60;
+
+std::string nameOf(const QWidget& control) {
+    return control.objectName().toStdString();
+}
+
+QRect placeInWindow(const QWidget& control) {
+    return {control.mapTo(control.window(), QPoint(0, 0)), control.size()};
+}
+
+// Where Tab leads from the first stop on, once round.
+std::vector<QWidget*> tabRound(QWidget& form) {
+    if (QApplication::focusWidget() == nullptr || QApplication::focusWidget()->window() != &form)
+        QTest::keyClick(&form, Qt::Key_Tab);
+    std::vector<QWidget*> stops;
+    while (stops.size() < mostStops) {
+        QWidget* const stop = QApplication::focusWidget();
+        if (stop == nullptr || std::ranges::count(stops, stop) > 0) break;
+        stops.push_back(stop);
+        QTest::keyClick(stop, Qt::Key_Tab);
+        passEvents();
+    }
+    return stops;
+}
+
+// Never back up in a column, nor back to the left in a row.
+bool followsTheEye(const QRect& from, const QRect& to) {
+    const bool sameColumn = from.left() <= to.right() && to.left() <= from.right();
+    const bool sameRow = from.top() <= to.bottom() && to.top() <= from.bottom();
+    return !(sameColumn && to.bottom() < from.top()) && !(sameRow && to.right() < from.left());
+}
+
+bool isStop(const QWidget& control) {
+    if (const auto* option = qobject_cast<const QRadioButton*>(&control))
+        if (!option->isChecked()) return false; // the keys of arrows lead there
+    return (control.focusPolicy() & Qt::TabFocus) != 0 && control.isVisible() && control.isEnabled() &&
+           !control.objectName().isEmpty() && !control.objectName().startsWith("qt_");
+}
+
+double luminance(QRgb colour) {
+    const auto part = [](int value) {
+        const double share = value / 255.0;
+        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(qRed(colour)) + 0.7152 * part(qGreen(colour)) + 0.0722 * part(qBlue(colour));
+}
+
+double contrast(QRgb one, QRgb other) {
+    const double a = luminance(one), b = luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+// Of its words as they are painted: between the most frequent colour and the one farthest from it, borders
+// left out.
+double paintedContrast(QWidget& control) {
+    constexpr int border = 4;
+    const QImage all = control.window()->grab().toImage();
+    const QImage image = all.copy(placeInWindow(control).adjusted(border, border, -border, -border));
+    std::map<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[image.pixel(x, y)];
+    const auto byCount = [](const auto& a, const auto& b) { return a.second < b.second; };
+    const QRgb ground = std::ranges::max_element(counts, byCount)->first;
+    double most = 1;
+    for (const auto& [colour, count] : counts)
+        most = std::max(most, contrast(ground, colour));
+    return most;
+}
+
+std::string wordsOf(const QWidget& control) {
+    if (const auto* label = qobject_cast<const QLabel*>(&control)) return label->text().toStdString();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
+        return button->text().toStdString();
+    return "";
+}
+
+class Access : public CleanGlobals, public testing::WithParamInterface<const char*> {
+  protected:
+    Access() {
+        platform.desktop = {0, 0, 1366 * 15.0, 768 * 15.0};
+        platform.putFile("MISC.TXT", "C:\\OLD\r\n\r\nFalse\r\n");
+        platform.putFile("A.SGR", longRiver());
+        platform.putFile("A.OUT", "line 1\r\nline 2\r\n");
+        platform.putFile("KORDAT4.TXT", "1\r\n2\r\n3\r\nThe data file\r\nends here\r\n");
+    }
+
+    // As its user has it in front, with results where it shows some.
+    void withForm(const std::function<void(QWidget&)>& look) {
+        const std::string name = GetParam();
+        main = std::make_unique<frmStart>(platform);
+        main->load();
+        if (name == "frmEngine")
+            return showOwn<frmEngine>(look, platform, StartedRun{.dataFiles = {"Z:\\RIVER.DAT"}});
+        if (name == "frmHelp") return showHelp(look);
+        if (name == "frmListing") return showListing(look);
+        if (name == "frmBatch") choose(*main, "mnuBatch");
+        QWidget& form = formNamed(name);
+        if (name == "frmGraphData" || name == "frmReports") {
+            platform.willChoose(platform.pathOf("A.SGR"));
+            choose(form, name == "frmReports" ? "mnuOpen" : "mnuDataFile1");
+        }
+        showActive(form);
+        look(form);
+    }
+
+    FakePlatform platform;
+    std::unique_ptr<frmStart> main;
+
+  private:
+    template <typename FormType, typename... Arguments>
+    void showOwn(const std::function<void(QWidget&)>& look, Arguments&&... arguments) {
+        FormType form(std::forward<Arguments>(arguments)...);
+        form.resize(1366, 768);
+        showActive(form);
+        look(form);
+    }
+    void showHelp(const std::function<void(QWidget&)>& look) {
+        GLOBAL.helpPage = "4";
+        frmHelp form(platform);
+        form.load();
+        showActive(form);
+        look(form);
+    }
+    void showListing(const std::function<void(QWidget&)>& look) {
+        frmListing form(platform);
+        platform.willActOn("frmListing", [&](ShownForm&) {
+            showActive(form);
+            look(form);
+        });
+        form.view(platform.pathOf("A.OUT"));
+    }
+};
+
+constexpr const char* forms[] = {"frmStart", "frmGraphData", "frmSimgraph", "frmReports",
+                                 "frmBatch", "frmEngine",    "frmListing",  "frmHelp"};
+
+INSTANTIATE_TEST_SUITE_P(Forms, Access, testing::ValuesIn(forms),
+                         [](const auto& form) { return form.param; });
+
+} // namespace
+
+TEST_P(Access, TabReachesEverythingAsTheEyeGoes) {
+    withForm([](QWidget& form) {
+        const std::vector<QWidget*> stops = tabRound(form);
+        ASSERT_FALSE(stops.empty());
+        for (QWidget* control : form.findChildren<QWidget*>())
+            if (isStop(*control)) {
+                EXPECT_EQ(std::ranges::count(stops, control), 1)
+                    << nameOf(*control) << " is out of Tab's reach";
+            }
+        std::string back; // once, where the round begins anew
+        int jumps = 0;
+        for (std::size_t k = 0; k < stops.size(); ++k) {
+            const QWidget &from = *stops[k], &to = *stops[(k + 1) % stops.size()];
+            if (followsTheEye(placeInWindow(from), placeInWindow(to))) continue;
+            ++jumps;
+            back += nameOf(from) + " leads back to " + nameOf(to) + "; ";
+        }
+        EXPECT_LE(jumps, 1) << back;
+    });
+}
+
+TEST_P(Access, EveryStopTellsNameAndRole) {
+    withForm([](QWidget& form) {
+        for (QWidget* control : form.findChildren<QWidget*>()) {
+            if (!isStop(*control)) continue;
+            const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
+            ASSERT_NE(spoken, nullptr) << nameOf(*control);
+            EXPECT_FALSE(spoken->text(QAccessible::Name).trimmed().isEmpty()) << nameOf(*control);
+            EXPECT_NE(spoken->role(), QAccessible::NoRole) << nameOf(*control);
+        }
+    });
+}
+
+TEST_P(Access, WordsStandOutFromTheirGround) {
+    withForm([](QWidget& form) {
+        for (QWidget* control : form.findChildren<QWidget*>()) {
+            const bool isShadow = control->objectName() == "lblKorvel_0"; // of the same words
+            if (!control->isVisible() || !control->isEnabled() || isShadow || wordsOf(*control).empty())
+                continue;
+            EXPECT_GE(paintedContrast(*control), leastContrast)
+                << nameOf(*control) << ": " << wordsOf(*control);
+        }
+    });
+}
+
+} // namespace korvel
