@@ -12,7 +12,7 @@ import tempfile
 
 SOURCE, BUILD = map(pathlib.Path, sys.argv[1:3])
 COMMANDS = ("info csv report graph listing run batch runs "
-           "table changes compliance fit sources network check publish help-page").split()
+           "table changes compliance fit sources network check publish atlas explore help-page").split()
 OPTION = re.compile(r"--[a-z][a-z-]*")
 FORMAT = re.compile(r"\.(?:png|svg|pdf|bmp|csv|json|txt|xlsx|sqlite)\b")
 failures = []

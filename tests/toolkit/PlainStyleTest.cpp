@@ -1,7 +1,9 @@
 #include "toolkit/forms/PlainStyle.h"
 
 #include <QImage>
+#include <QPainter>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 #include <gtest/gtest.h>
 
@@ -45,6 +47,29 @@ TEST(PlainStyle, LetsBoxesAndCirclesGrowWithTheirText) {
     }
     EXPECT_EQ(style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &box),
               style.QProxyStyle::pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &box));
+}
+
+// How far the outline of an empty box stands out from the ground around it.
+int outlineStandsOut(const QPalette& palette) {
+    PlainStyle style;
+    QImage image(24, 24, QImage::Format_RGB32);
+    const QColor ground = palette.color(QPalette::Window);
+    image.fill(ground);
+    QPainter painter(&image);
+    QStyleOptionButton option;
+    option.rect = QRect(4, 4, 14, 14);
+    option.palette = palette;
+    option.state = QStyle::State_Enabled | QStyle::State_Off;
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter, nullptr);
+    painter.end();
+    return qAbs(qGray(image.pixel(10, 4)) - qGray(ground.rgb()));
+}
+
+TEST(PlainStyle, LetsEmptyBoxesBeSeenOnAnyGround) {
+    EXPECT_GT(outlineStandsOut(QPalette(QColor(0xee, 0xf1, 0xf2), QColor(0xf7, 0xf8, 0xf9))), 40);
+    QPalette dark(QColor(0x2d, 0x34, 0x38), QColor(0x22, 0x27, 0x2a));
+    dark.setColor(QPalette::PlaceholderText, QColor(0x7d, 0x88, 0x8d));
+    EXPECT_GT(outlineStandsOut(dark), 80);
 }
 
 TEST(PlainStyle, LeavesTheOtherIconsToFusion) {

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPixmap>
+#include <QStyleOption>
 #include <QWidget>
 
 namespace korvel {
@@ -26,6 +27,7 @@ bool isMark(QStyle::PixelMetric which) {
            which == QStyle::PM_ExclusiveIndicatorWidth || which == QStyle::PM_ExclusiveIndicatorHeight;
 }
 
+constexpr int darkest = 127;         // lightness, of a ground that counts as dark
 constexpr double shareOfLine = 0.65; // a mark's, of the height of a line beside it
 
 } // namespace
@@ -34,6 +36,19 @@ QIcon PlainStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                const QWidget* widget) const {
     if (which == SP_ToolBarHorizontalExtensionButton) return furtherOn();
     return QProxyStyle::standardIcon(which, option, widget);
+}
+
+// Fusion's outlines are darker than the ground: on a dark one an empty box could not be seen.
+void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool isBox = element == PE_IndicatorCheckBox || element == PE_FrameLineEdit;
+    if (!isBox || option->palette.color(QPalette::Window).lightness() > darkest) return;
+    painter->save();
+    painter->setPen(option->palette.color(QPalette::PlaceholderText));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
 }
 
 int PlainStyle::pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const {

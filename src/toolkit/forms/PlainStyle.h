@@ -15,6 +15,8 @@ class PlainStyle : public QProxyStyle {
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                        const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
     int pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const override;
 };
 
