@@ -8,9 +8,11 @@
 #include "global/GLOBAL.h"
 #include "results/ResultsDataSet.h"
 
+#include <QKeySequence>
 #include <QLabel>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTableWidget>
 #include <QTest>
@@ -102,6 +104,18 @@ TEST_F(FrmStart, HasItsMenusInOrder) {
               "    mnuSuppressFeatures|Suppress features\n"
               "    mnuSuppressReaches|Suppress reaches\n"
               "mnuHelp|Online &Manual\n");
+}
+
+TEST_F(FrmStart, HasButtonsThatTakeNoKeyOfItsMenus) {
+    start();
+    std::set<QKeySequence> keys;
+    for (const QAction* item : form->menuBar()->actions())
+        keys.insert(QKeySequence::mnemonic(item->text()));
+    for (const char* name : {"cmdExplore", "cmdGuide"}) {
+        const QKeySequence key = QKeySequence::mnemonic(control<QPushButton>(*form, name).text());
+        EXPECT_FALSE(key.isEmpty()) << name;
+        EXPECT_TRUE(keys.insert(key).second) << name << " shares " << key.toString().toStdString();
+    }
 }
 
 TEST_F(FrmStart, NamesItsSubmenusLikeTheirItems) {

@@ -49,7 +49,7 @@ class Guide(unittest.TestCase):
         return self.do(self.printed([], "korvel runs holcombe.csv\n"))
 
     def test_every_block_is_tried_here(self):
-        self.assertEqual(len(blocks()), 8)
+        self.assertEqual(len(blocks()), 9)
 
     def test_ten_steps_are_run_and_read_as_one_table(self):
         self.assertEqual(len(self.printed([], "STEP$bod").splitlines()), 5)
@@ -60,6 +60,10 @@ class Guide(unittest.TestCase):
         rows = (self.plans.folder / "holcombe-table.csv").read_text().splitlines()
         self.assertEqual(len({row.split(",")[0] for row in rows[1:]}), 10)
         self.assertIn("BOD", self.do(self.printed([], "korvel compliance")))
+        self.do(self.printed([], "korvel publish"))
+        page = (self.plans.folder / "holcombe.html").read_text()
+        self.assertIn("Holcombe STW in ten steps", page)
+        self.assertIn("STEP10", page)
         self.assertEqual(self.do(self.printed([], "--resume\n")), "10 kept.\n")
 
     def test_the_same_goes_to_a_cluster(self):
