@@ -4,7 +4,7 @@ _korvel() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command='' word options='' formats=''
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
-            info|csv|report|graph|listing|run|batch|runs|table|changes|compliance|fit|sources|network|check|publish|atlas|help-page) command=$word; break ;;
+            info|csv|report|graph|listing|run|batch|runs|table|changes|compliance|fit|sources|network|check|publish|atlas|explore|help-page) command=$word; break ;;
         esac
     done
     case $command in
@@ -26,6 +26,7 @@ _korvel() {
         check) options='--all --format --help' ;;
         publish) options='--help --low-is-bad --output --series --title' ;;
         atlas) options='--help --low-is-bad --output --series --title' ;;
+        explore) options='--help' ;;
         help-page) options='--help' ;;
     esac
     case $command in
