@@ -52,8 +52,9 @@ TEST(ValueRows, LeaveInterpolatedPointsOutUnlessAskedFor) {
 TEST(ValueRows, GroupTheRunsBySeries) {
     TableScope scope = scopeOfFiles({twoReaches(), twoReaches()});
     scope.series = {0, 1};
+    const auto rows = valueRows(scope);
     Lines names;
-    for (const ShownColumn& column : valueRows(scope).columns())
+    for (const ShownColumn& column : rows.columns())
         if (!column.column.group.empty()) names.push_back(column.column.flatName());
     EXPECT_EQ(names, (Lines{"Flow_a.sgr", "Flow_b.sgr", "BOD (Conc)_a.sgr", "BOD (Conc)_b.sgr"}));
 }
