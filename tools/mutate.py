@@ -44,7 +44,8 @@ PROGRAMS = {
     "src/platform": ["platform_tests", "reports_tests"],
 }
 # Windows, callers run as programs of their own, and what another system compiles.
-WITHOUT_CORE = ("src/toolkit/", "src/drawing/paint/", "src/commands/", "engine/windows/")
+WITHOUT_CORE = ("src/toolkit/", "src/drawing/paint/", "src/commands/", "src/explore/tables/", "src/explore/window/",
+                "engine/windows/")
 
 
 def is_core(name):
