@@ -53,8 +53,14 @@ show fit "${first[0]}" --statistics mean
 show check "${first[0]}"
 show table "${first[@]:0:2}" --output table.csv
 
+# What is handed on: a page for any browser, a PDF document, a workbook.
+show publish "${first[@]:0:2}" --output page.html
+show atlas "${first[@]:0:2}" --output atlas.pdf
+if [[ ${#first[@]} -gt 1 ]]; then show changes "${first[@]:0:2}" --output changes.xlsx; fi
+
 echo
 echo "Pictures, pages and files are in $tour:"
-for file in profile.png reaches.png comparison.pdf report.pdf report.csv listing.pdf table.csv; do
+for file in profile.png reaches.png comparison.pdf report.pdf report.csv listing.pdf table.csv page.html \
+    atlas.pdf changes.xlsx; do
     [[ ! -e $file ]] || echo "  $tour/$file"
 done
