@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <fstream>
 
+using namespace korvel;
+
 int main(int argc, char** argv) {
     if (argc != 3) return 2;
     const std::string folder = argv[1];
