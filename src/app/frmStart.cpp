@@ -35,10 +35,10 @@ constexpr std::array<const char*, 10> runCaptions = {
 const std::string productAndVersion = std::string(productName) + " " + productVersion;
 const std::string designCaption = productAndVersion + " ... " + productReleaseDate;
 
-constexpr double titleFontSize = 30;  // points
-constexpr double titleWidth = 5600;   // twips, as designed
-constexpr double creditsHeight = 780; // twips above the bottom
-constexpr double guideFromMiddle = 1220, belowNextStep = 15;
+constexpr double titleFontSize = 30;                       // points
+constexpr double titleWidth = 5600;                        // twips, as designed
+constexpr double creditsHeight = 780;                      // twips above the bottom
+constexpr double betweenButtons = 120, belowNextStep = 15; // twips, of the two below the guidance
 
 // The logo: a river's profile, falling from the source to the sea.
 constexpr int logoCount = 7;
@@ -200,14 +200,12 @@ void frmStart::widenTexts() {
     const Place title = controlPlace(lblKorvel[0]); // on a wide screen taller than its room
     next.top = std::max(next.top * GLOBAL.ScaleY, title.top + title.height);
     setControlPlace(lblNextStep, next);
-    Place guide = controlPlace(cmdGuide);
-    guide.left = width / 2 + guideFromMiddle;
-    guide.top = next.top + next.height + belowNextStep;
-    setControlPlace(cmdGuide, guide);
-    Place explore = controlPlace(cmdExplore);
-    explore.left = (width - explore.width) / 2;
-    explore.top = guide.top;
+    Place explore = controlPlace(cmdExplore), guide = controlPlace(cmdGuide);
+    explore.left = (width - explore.width - betweenButtons - guide.width) / 2;
+    explore.top = guide.top = next.top + next.height + belowNextStep;
+    guide.left = explore.left + explore.width + betweenButtons;
     setControlPlace(cmdExplore, explore);
+    setControlPlace(cmdGuide, guide);
 }
 
 void frmStart::onActivate() {

@@ -109,8 +109,8 @@ class frmStart : public Form {
     QLabel& lblNextStep = label("lblNextStep", "", at(600, 4050, 8400, 870),
                                 {.fontSize = 10, .align = Qt::AlignHCenter | Qt::AlignTop, .wraps = true});
     QPushButton& cmdExplore =
-        button("cmdExplore", "E&xplore results", at(3700, 4925, 2200, 285), {.fontSize = 10});
-    QPushButton& cmdGuide = button("cmdGuide", "G&uide", at(6020, 4925, 900, 285), {.fontSize = 10});
+        button("cmdExplore", "E&xplore results", at(3190, 4925, 2200, 285), {.fontSize = 10});
+    QPushButton& cmdGuide = button("cmdGuide", "G&uide", at(5510, 4925, 900, 285), {.fontSize = 10});
 
     std::array<QAction*, 10> runItems();
     ControlArray<QLabel> korvelLabels();

@@ -118,6 +118,17 @@ TEST_F(FrmStart, HasButtonsThatTakeNoKeyOfItsMenus) {
     }
 }
 
+TEST_F(FrmStart, HasItsTwoButtonsInTheMiddle) {
+    for (const QSize& desktop : {QSize(1366, 768), QSize(1920, 1080), QSize(1080, 1920)}) {
+        startOn(desktop.width(), desktop.height());
+        const QRect explore = placeOf("cmdExplore"), guide = placeOf("cmdGuide");
+        EXPECT_LT(explore.right(), guide.left());
+        EXPECT_EQ(explore.top(), guide.top());
+        const QRect texts = placeOf("lblNextStep");
+        EXPECT_NEAR(explore.united(guide).center().x(), texts.center().x(), 2) << desktop.width();
+    }
+}
+
 TEST_F(FrmStart, NamesItsSubmenusLikeTheirItems) {
     start();
     for (const char* name : {"mnuFile", "mnuRun", "mnuOptions", "mnuREsultDisplayOptions"})
