@@ -1,10 +1,6 @@
-#include "basic/ModelName.h"
-#include "basic/Text.h"
 #include "commands/CommandList.h"
+#include "commands/DocumentCall.h"
 #include "commands/ProgressLine.h"
-#include "commands/StudyCall.h"
-#include "commands/StudyLists.h"
-#include "platform/Printing.h"
 #include "publish/Atlas.h"
 
 namespace korvel {
@@ -24,11 +20,6 @@ const char* const help =
     "                       not given\n\n"
     "Concentrations are shown by the statistic that they are judged by, flow and loads by the mean.\n";
 
-std::string outputOf(const CommandLine& line, const std::string& first) {
-    if (const auto typed = line.value("--output")) return modelNameOfTyped(*typed);
-    return besideResults(first, "-atlas.pdf");
-}
-
 void write(CommandCall& call, const std::string& output, Study study, AtlasRequest request) {
     ProgressLine line(call.errors, "Writing");
     Paper& paper = call.platform.paper;
@@ -43,20 +34,9 @@ void write(CommandCall& call, const std::string& output, Study study, AtlasReque
 }
 
 int runAtlas(CommandCall& call) {
-    using Kind = CommandOption::Kind;
-    const CommandLine line(call.arguments, {{"--title", Kind::withValue},
-                                            {"--series", Kind::withValue},
-                                            {"--low-is-bad", Kind::withValue},
-                                            {"--output", Kind::withValue}});
-    const std::vector<std::string> files = studyFiles(line, {});
-    const std::string output = outputOf(line, files.front());
-    refuseOwnInput(call.platform.files, output, files);
-    Study study = takeStudy(call, files);
-    AtlasRequest request;
-    request.title = line.value("--title").value_or("");
-    request.series = seriesChosen(line.value("--series"), study.base().results());
-    request.lowIsBad = lowIsBadChosen(line.value("--low-is-bad"), study.base().results());
-    write(call, output, std::move(study), std::move(request));
+    DocumentCall document = documentCall(call, "-atlas.pdf");
+    write(call, document.output, std::move(document.study),
+          {document.title, document.series, document.lowIsBad});
     return exitStatus::done;
 }
 

@@ -1,10 +1,6 @@
-#include "basic/ModelName.h"
-#include "basic/Text.h"
 #include "commands/CommandList.h"
+#include "commands/DocumentCall.h"
 #include "commands/ProgressLine.h"
-#include "commands/StudyCall.h"
-#include "commands/StudyLists.h"
-#include "platform/Printing.h"
 #include "publish/Page.h"
 
 namespace korvel {
@@ -22,11 +18,6 @@ const char* const help =
     "                       given\n"
     "  --output FILE        the file to write; RIVER.html beside RIVER.SGR, the first file, where not\n"
     "                       given\n";
-
-std::string outputOf(const CommandLine& line, const std::string& first) {
-    if (const auto typed = line.value("--output")) return modelNameOfTyped(*typed);
-    return besideResults(first, ".html");
-}
 
 void write(CommandCall& call, const std::string& output, const Study& study, PageRequest& request) {
     ProgressLine line(call.errors, "Writing");
@@ -47,21 +38,9 @@ void write(CommandCall& call, const std::string& output, const Study& study, Pag
 }
 
 int runPublish(CommandCall& call) {
-    using Kind = CommandOption::Kind;
-    const CommandLine line(call.arguments, {{"--title", Kind::withValue},
-                                            {"--series", Kind::withValue},
-                                            {"--low-is-bad", Kind::withValue},
-                                            {"--output", Kind::withValue}});
-    const std::vector<std::string> files = studyFiles(line, {});
-    const std::string output = outputOf(line, files.front());
-    refuseOwnInput(call.platform.files, output, files);
-    const Study study = takeStudy(call, files);
-    const ResultsDataSet& base = study.base().results();
-    PageRequest request;
-    request.title = line.value("--title").value_or("");
-    request.series = seriesChosen(line.value("--series"), base);
-    request.lowIsBad = lowIsBadChosen(line.value("--low-is-bad"), base);
-    write(call, output, study, request);
+    const DocumentCall document = documentCall(call, ".html");
+    PageRequest request{document.title, document.series, document.lowIsBad};
+    write(call, document.output, document.study, request);
     return exitStatus::done;
 }
 
