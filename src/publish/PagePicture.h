@@ -30,10 +30,4 @@ std::string hexOf(const Rgb& colour); // "#0072b2"
 // Lengths of strokes and gaps in pixels; "" for a solid line.
 std::string dashesOf(Dash dash);
 
-// Of the points some, so that the line looks the same: of stretches of equal count the first, the lowest, the
-// highest and the last.
-std::vector<DrawnPoint> thinned(const std::vector<DrawnPoint>& points, std::size_t most);
-// Without those that lie on the line between others, to a tenth of a pixel.
-std::vector<DrawnPoint> simplified(const std::vector<DrawnPoint>& points);
-
 } // namespace korvel

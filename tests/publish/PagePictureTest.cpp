@@ -1,4 +1,6 @@
 #include "publish/PagePicture.h"
+
+#include "publish/LineThinning.h"
 #include "publish/PageMetrics.h"
 
 #include <gtest/gtest.h>
