@@ -3,9 +3,7 @@
 #include "basic/DiskNames.h"
 #include "basic/ModelName.h"
 #include "drawing/paint/Shown.h"
-#include "drawing/paint/Twips.h"
 #include "explore/PathChoice.h"
-#include "explore/RunList.h"
 #include "explore/Scene.h"
 #include "platform/Guide.h"
 #include "study/SeriesValues.h"
@@ -15,8 +13,6 @@
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QMimeData>
-#include <QStatusBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>
@@ -27,12 +23,6 @@ namespace korvel {
 namespace {
 
 const char* const windowCaption = "KORVEL Explorer";
-constexpr int sideWidth = 250; // pixels, at first
-constexpr int progressWidth = 160;
-constexpr int networkShare = 130, pictureShare = 420, tableShare = 180;
-constexpr int runsOfALine = 4;         // in the readout
-constexpr int cursorRest = 40;         // milliseconds
-constexpr double shareOfScreen = 0.85; // of a window that is not maximised any more
 
 // Studies first.
 std::vector<std::string> recentOf(const ExploreMemory& memory) {
@@ -74,147 +64,6 @@ frmExplore::frmExplore(Platform& services, ExploreMemory& memory, std::vector<st
     refresh();
 }
 
-// A size of its own first, for when it is not maximised any more.
-void frmExplore::takeScreen() {
-    const WorkArea area = services().machine.workArea();
-    resize(pixels(area.width * shareOfScreen), pixels(area.height * shareOfScreen));
-    setWindowState(Qt::WindowMaximized);
-}
-
-void frmExplore::layOut() {
-    m_bar = new ExploreBar(handlers(), this);
-    addToolBar(m_bar);
-    m_side = new SidePanel(handlers(), this);
-    m_dock = new QDockWidget("Runs and series", this);
-    m_dock->setObjectName("dockSide");
-    m_dock->setWidget(m_side);
-    m_dock->setFeatures(QDockWidget::DockWidgetMovable);
-    m_dock->setTitleBarWidget(new QWidget(m_dock)); // headings of its own say what it is
-    addDockWidget(Qt::LeftDockWidgetArea, m_dock);
-    resizeDocks({m_dock}, {sideWidth}, Qt::Horizontal);
-
-    m_profile = new ProfilePicture(
-        m_navigator, m_scene, services().screenMetrics, handlers(),
-        [this](Changed changed) { told(changed); }, this);
-    m_parts = new QSplitter(Qt::Vertical, this);
-    m_parts->setObjectName("splitPictures");
-    m_parts->setChildrenCollapsible(false);
-    m_tables = new ExploreTables(handlers(), this);
-    m_network = new NetworkPicture(services().screenMetrics, handlers(), this);
-    m_parts->addWidget(m_network);
-    m_parts->addWidget(m_profile);
-    m_parts->addWidget(m_tables);
-    m_parts->setSizes({networkShare, pictureShare, tableShare});
-    int part = 0;
-    for (const int share : {networkShare, pictureShare, tableShare})
-        m_parts->setStretchFactor(part++, share);
-    m_empty = new EmptyPage(handlers(), this);
-    m_pages = new QStackedWidget(this);
-    m_pages->addWidget(m_empty);
-    m_pages->addWidget(m_parts);
-    auto* all = new QVBoxLayout(&client());
-    all->setContentsMargins(0, 0, 0, 0);
-    all->addWidget(m_pages);
-    makeStatusLine();
-}
-
-void frmExplore::makeStatusLine() {
-    lblReadout = new QLabel(this);
-    lblReadout->setObjectName("lblReadout");
-    lblReadout->setTextFormat(Qt::PlainText);
-    lblReadout->setContentsMargins(8, 4, 8, 4);
-    lblReadout->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    lblReadout->setWordWrap(true);
-    lblReadout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // no text widens the window
-    m_progressText = new QLabel(this);
-    m_progress = new QProgressBar(this);
-    m_progress->setObjectName("Progress");
-    m_progress->setAccessibleName("Progress");
-    m_progress->setFixedWidth(progressWidth);
-    m_progress->setTextVisible(false);
-    statusBar()->setSizeGripEnabled(false);
-    statusBar()->addWidget(lblReadout, 1);
-    statusBar()->addPermanentWidget(m_progressText);
-    statusBar()->addPermanentWidget(m_progress);
-    endProgress();
-}
-
-void frmExplore::connectBar() {
-    onClick(m_bar->open(), [this] { open(); });
-    on(m_bar->openMenu(), &QMenu::aboutToShow, [this] { fillOpenMenu(); });
-    onClick(m_bar->zoomIn(), [this] { told(m_navigator.zoomAtCursor(1.5, m_clock.elapsed())); });
-    onClick(m_bar->zoomOut(), [this] { told(m_navigator.zoomAtCursor(1 / 1.5, m_clock.elapsed())); });
-    onClick(m_bar->showAll(), [this] { told(m_navigator.showAll()); });
-    onClick(m_bar->goBack(), [this] { told(m_navigator.goBack()); });
-    m_bar->onFrom = [this](int reach) {
-        choosePath(
-            withUpperEnd(*m_state.study->base().file, *m_state.network, {m_state.from, m_state.to}, reach));
-    };
-    m_bar->onTo = [this](int reach) { choosePath({m_state.from, reach}); };
-    m_bar->onView = [this](ExploreView view) { m_state.view = view, refresh(); };
-    m_bar->onStatistic = [this](Statistic statistic) { m_state.statistic = statistic, refresh(); };
-    m_bar->onScale = [this](ScaleKind scale) { m_state.scale = scale, refresh(); };
-    m_bar->onFromZero = [this](bool isOn) { m_state.fromZero = isOn, refresh(); };
-    m_empty->onOpen = [this] { open(); };
-    m_empty->onRecent = [this](const std::string& file) { openAny({modelNameOfHostPath(file)}); };
-}
-
-void frmExplore::connectSide() {
-    m_side->onAddRun = [this] { open(); };
-    m_side->onSeries = [this](std::vector<int> series) { m_state.series = std::move(series), refresh(); };
-    m_side->onLowIsBad = [this](int determinand, bool isLow) { setLowIsBad(determinand, isLow); };
-    m_side->onSwitched = [this](bool ExploreState::*what, bool isOn) { m_state.*what = isOn, refresh(); };
-    RunsList& runs = m_side->runs();
-    runs.onShown = [this](std::size_t run, bool isShown) {
-        isShown ? (void)m_state.hidden.erase(run) : (void)m_state.hidden.insert(run);
-        refresh();
-    };
-    runs.onMakeBase = [this](std::size_t run) { makeBase(m_state, run), refresh(); };
-    runs.onMove = [this](std::size_t run, std::size_t to) { moveRun(m_state, run, to), refresh(); };
-    runs.onRemove = [this](std::size_t run) {
-        removeRun(m_state, run);
-        m_runs.forgetOthers();
-        refresh();
-    };
-}
-
-void frmExplore::connectRuns() {
-    m_runs.onChanged = [this](const std::vector<std::string>& added) { runsChanged(added); };
-    m_runs.onNotes = [this] { refresh(); };
-    m_runs.onRefused = [this](const std::vector<std::string>& problems) { showProblems(problems); };
-    m_runs.onProgress = [this](double share) { tellProgress(share); };
-    m_runs.onLoaded = [this] { endProgress(); };
-}
-
-void frmExplore::connectTables() {
-    on(*m_tables, &ExploreTables::placeChosen, [this](int reach, double distance, const QString& side) {
-        goTo({reach, distance, typed(side)});
-    });
-    on(*m_tables, &ExploreTables::seriesChosen, [this](int series) { drawAlso(series); });
-    m_followCursor.setSingleShot(true);
-    m_followCursor.setInterval(cursorRest);
-    on(m_followCursor, &QTimer::timeout, [this] { m_tables->followCursor(m_state.cursor); });
-}
-
-void frmExplore::connectNetwork() {
-    m_colouring = new QComboBox(m_side);
-    m_colouring->setObjectName("cboColouring");
-    m_colouring->setAccessibleName("Colours of the network");
-    m_colouring->setToolTip("What the colours of the rivers tell, of the run that is chosen in the list");
-    m_colouring->addItems({"Verdict", "Value", "Plain"});
-    m_side->addChoice("Rivers by", *m_colouring);
-    on(*m_colouring, &QComboBox::activated, [this] { refreshNetwork(); });
-    on(m_side->runs(), &QListWidget::currentRowChanged, [this] { refreshNetwork(); });
-    m_network->onRiver = [this](int reach) {
-        choosePath(riverThrough(*m_state.study->base().file, *m_state.network, reach));
-    };
-    m_network->onSecondEnd = [this](int reach) {
-        const PathEnds ends{m_state.from, m_state.to};
-        if (const auto other = withEndAt(*m_state.study->base().file, *m_state.network, ends, reach))
-            choosePath(*other);
-    };
-}
-
 HandedOn frmExplore::handedOn() {
     HandedOn handed;
     handed.picture = [this](double width, double height, Theme theme) {
@@ -237,29 +86,6 @@ HandedOn frmExplore::handedOn() {
 
 Drawing frmExplore::picture(double width, double height, Theme theme) const {
     return m_profile->drawing(width, height, theme);
-}
-
-void frmExplore::connectHandingOn() {
-    QMenu& menu = m_bar->exportMenu();
-    const auto add = [&](const char* name, const char* caption, const QKeySequence& keys, auto action) {
-        QAction* item = menu.addAction(caption);
-        item->setObjectName(name);
-        item->setShortcut(keys);
-        addAction(item);
-        onClick(*item, [this, action] {
-            if (!m_state.isEmpty()) action();
-        });
-    };
-    add("actSavePicture", "Save &picture ...", {}, [this] { m_handing.savePicture(); });
-    add("actCopyPicture", "&Copy picture", QKeySequence("Ctrl+Shift+C"), [this] { m_handing.copyPicture(); });
-    add("actSaveTable", "Save &table in front ...", {}, [this] { m_handing.saveTable(); });
-    add("actSavePage", "Save pa&ge for browsers ...", {}, [this] { m_handing.savePage(); });
-    add("actSaveAtlas", "Save &atlas ...", {}, [this] { m_handing.saveAtlas(); });
-    add("actPrint", "P&rint ...", QKeySequence::Print, [this] { m_handing.print(); });
-    menu.addSeparator();
-    add("actSaveStudy", "&Save study", QKeySequence::Save, [this] { m_keeping.save(), refresh(); });
-    add("actSaveStudyAs", "Sa&ve study as ...", QKeySequence("Ctrl+Shift+S"),
-        [this] { m_keeping.saveAs(), refresh(); });
 }
 
 void frmExplore::onActivate() {
@@ -400,18 +226,9 @@ void frmExplore::refresh() {
     m_pages->setCurrentWidget(m_state.isEmpty() ? static_cast<QWidget*>(m_empty) : m_parts);
     m_dock->setVisible(!m_state.isEmpty());
     if (m_state.isEmpty()) m_empty->show(recentOf(m_memory));
-    giveReadoutRoom();
+    m_status->giveRoom(m_state.shownRuns().size());
     refreshPictures();
     refreshCursor();
-}
-
-// As many lines as the values of all runs may need, so that nothing moves while the cursor does.
-void frmExplore::giveReadoutRoom() {
-    const auto runs = static_cast<int>(m_state.shownRuns().size());
-    const int lines = 1 + runs / runsOfALine;
-    const QMargins margins = lblReadout->contentsMargins();
-    lblReadout->setFixedHeight(lines * lblReadout->fontMetrics().lineSpacing() + margins.top() +
-                               margins.bottom());
 }
 
 void frmExplore::refreshPictures() {
@@ -440,8 +257,7 @@ void frmExplore::refreshCursor() {
     if (place)
         text = QString::fromStdString(
             cursorText(m_scene.readout(*place), m_scene.view().kind, m_navigator.panel()));
-    lblReadout->setText(text);
-    lblReadout->setToolTip(text);
+    m_status->showReadout(text);
     if (!m_followCursor.isActive()) m_followCursor.start();
 }
 
@@ -456,18 +272,6 @@ void frmExplore::showTheme() {
     m_profile->setTheme(m_theme);
     m_network->setTheme(m_theme);
     m_side->show(m_state, listedRuns(), m_theme);
-}
-
-void frmExplore::tellProgress(double share) {
-    m_progressText->setText("Reading ...  Esc cancels");
-    m_progress->setValue(static_cast<int>(share * m_progress->maximum()));
-    m_progressText->show();
-    m_progress->show();
-}
-
-void frmExplore::endProgress() {
-    m_progressText->hide();
-    m_progress->hide();
 }
 
 bool frmExplore::onKey(int key, Qt::KeyboardModifiers) {

@@ -16,13 +16,12 @@
 #include "explore/window/OpenRuns.h"
 #include "explore/window/ProfilePicture.h"
 #include "explore/window/SidePanel.h"
+#include "explore/window/StatusLine.h"
 #include "explore/window/StudyKeeping.h"
 #include "explore/window/Theme.h"
 #include "toolkit/forms/Form.h"
 
 #include <QDockWidget>
-#include <QLabel>
-#include <QProgressBar>
 #include <QSplitter>
 #include <QStackedWidget>
 
@@ -48,7 +47,6 @@ class frmExplore : public Form {
   private:
     void layOut();
     void takeScreen();
-    void makeStatusLine();
     void connectBar();
     void connectSide();
     void connectRuns();
@@ -62,7 +60,6 @@ class frmExplore : public Form {
     // What is shown is a function of the state.
     void refresh();
     void refreshCursor();
-    void giveReadoutRoom();
     void refreshPictures();
     void refreshNetwork();
     void told(Changed changed);
@@ -81,8 +78,6 @@ class frmExplore : public Form {
     void takeRememberedLowIsBad();
     void showProblems(const std::vector<std::string>& problems);
     void runsChanged(const std::vector<std::string>& added);
-    void tellProgress(double share);
-    void endProgress();
 
     ExploreMemory& m_memory;
     std::vector<std::string> m_openOnStart;
@@ -108,9 +103,7 @@ class frmExplore : public Form {
     ProfilePicture* m_profile = nullptr;
     ExploreTables* m_tables = nullptr;
     QTimer m_followCursor; // the tables come after, when the cursor rests
-    QLabel* lblReadout = nullptr;
-    QLabel* m_progressText = nullptr;
-    QProgressBar* m_progress = nullptr;
+    StatusLine* m_status = nullptr;
     FileDialogSettings m_openDialog;
 };
 

@@ -1,100 +1,19 @@
 // The Explorer's real controls, by what a user does.
-#include "explore/frmExplore.h"
-
-#include "basic/DiskNames.h"
-#include "fakes/FakePlatform.h"
-#include "fakes/ResultsFileBuilder.h"
-#include "forms/FormDriver.h"
+#include "explore_forms/ExploreWindow.h"
 
 #include <QDialog>
 #include <QFile>
 #include <QMimeData>
-#include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 #include <QUrl>
 
 #include <filesystem>
-#include <gtest/gtest.h>
 
 namespace korvel {
 
 namespace {
 
-// Two heads run into a lower reach; points every 2 km, a works on the upper reach.
-std::string river(double bod = 5, const std::string& determinand = "BOD") {
-    ResultsFileBuilder file;
-    file.determinand(1, determinand).determinand(2, "Ammonia");
-    file.reach(1, "Upper", 10, 3).reach(2, "Side", 6, 3).reach(3, "Lower", 8, 0);
-    const auto point = [&](int reach, double distance, const std::string& label, int type) {
-        file.point(reach, distance, label, type);
-        file.set(ValueField::meanValue, 0, reach == 2 ? 1 : 3);
-        file.set(ValueField::meanValue, 1, bod + distance);
-    };
-    for (double distance = 0; distance <= 10; distance += 2)
-        point(1, distance, distance == 4 ? "Mill works" : "P" + std::to_string(distance),
-              distance == 4 ? 3 : 0);
-    point(2, 0, "Side head", 10);
-    point(3, 0, "Bridge", 0);
-    point(3, 8, "Mouth", 0);
-    return file.text();
-}
-
-class FrmExplore : public testing::Test {
-  protected:
-    FrmExplore() {
-        platform.putFile("a.sgr", river());
-        platform.putFile("b.sgr", river(2));
-    }
-
-    void show(const std::vector<std::string>& files) { showRuns(files, static_cast<int>(files.size())); }
-    void showRuns(const std::vector<std::string>& files, int expectedRuns) {
-        std::vector<std::string> names;
-        for (const std::string& file : files)
-            names.push_back(platform.pathOf(file));
-        form = std::make_unique<frmExplore>(platform, memory, names);
-        form->resize(1200, 700);
-        showActive(*form);
-        form->activate();
-        ASSERT_TRUE(waitFor([&] { return runCount() == expectedRuns; }));
-        passEvents();
-    }
-    QListWidget& runs() { return control<QListWidget>(*form, "lstRuns"); }
-    int runCount() { return runs().count(); }
-    std::string runText(int run) { return runs().item(run)->text().toStdString(); }
-    QWidget& profile() { return control<QWidget>(*form, "picProfile"); }
-    std::string readout() { return control<QLabel>(*form, "lblReadout").text().toStdString(); }
-    QComboBox& combo(const char* name) { return control<QComboBox>(*form, name); }
-    std::vector<std::string> choices(const char* name) {
-        std::vector<std::string> texts;
-        for (int item = 0; item < combo(name).count(); ++item)
-            texts.push_back(combo(name).itemText(item).toStdString());
-        return texts;
-    }
-    void choose(const char* name, const std::string& text) {
-        const int item = combo(name).findText(QString::fromStdString(text));
-        ASSERT_GE(item, 0) << text;
-        combo(name).setCurrentIndex(item);
-        emit combo(name).activated(item);
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-        profile().setFocus();
-        QTest::keyClick(&profile(), key, keys);
-    }
-    // What the core says of the same place.
-    std::string expectedReadout() {
-        ExploreScene scene;
-        scene.show(form->state());
-        const auto place = scene.placeOf(form->state().cursor.value());
-        return cursorText(scene.readout(place.value()), scene.view().kind, 0);
-    }
-
-    QTemporaryDir folder;
-    FakePlatform platform;
-    ExploreMemory memory{folder.filePath("memory.ini")};
-    std::unique_ptr<frmExplore> form;
-};
+using FrmExplore = FrmExploreWindow;
 
 } // namespace
 
@@ -107,47 +26,6 @@ TEST_F(FrmExplore, OpensRunsSideBySideAndTheRiverToTheMouth) {
     EXPECT_EQ(form->windowTitle(), "a.sgr and 1 more - KORVEL Explorer");
     EXPECT_TRUE(profile().isVisible());
     EXPECT_TRUE(profile().hasFocus());
-}
-
-TEST_F(FrmExplore, ReadsValuesUnderTheCursorByKeys) {
-    show({"a.sgr", "b.sgr"});
-    press(Qt::Key_Home);
-    EXPECT_EQ(form->state().cursor, (ExplorePlace{1, 0, ""}));
-    press(Qt::Key_Right);
-    press(Qt::Key_Right);
-    EXPECT_EQ(form->state().cursor, (ExplorePlace{1, 4, ""}));
-    EXPECT_EQ(readout(), expectedReadout());
-    EXPECT_NE(readout().find("Mill works"), std::string::npos) << readout();
-    press(Qt::Key_PageDown);
-    EXPECT_NE(readout().find("BOD (Conc) mean 9"), std::string::npos) << readout();
-    EXPECT_NE(readout().find("b.sgr 6"), std::string::npos) << readout();
-    press(Qt::Key_End);
-    EXPECT_EQ(form->state().cursor, (ExplorePlace{3, 8, ""}));
-    press(Qt::Key_Escape);
-    EXPECT_EQ(readout(), "");
-}
-
-TEST_F(FrmExplore, HoldsTheCursorWhereItIsClicked) {
-    show({"a.sgr"});
-    QTest::mouseMove(&profile(), profile().rect().center() + QPoint(30, 0));
-    passEvents();
-    QTest::mouseClick(&profile(), Qt::LeftButton, {}, profile().rect().center());
-    ASSERT_TRUE(form->state().cursor);
-    EXPECT_TRUE(form->state().cursorPinned);
-    const std::string held = readout();
-    QTest::mouseMove(&profile(), profile().rect().center() + QPoint(200, 0));
-    EXPECT_EQ(readout(), held);
-}
-
-TEST_F(FrmExplore, ChoosesAnotherWay) {
-    show({"a.sgr"});
-    EXPECT_EQ(choices("cboTo"), (std::vector<std::string>{"Upper  (1)", "Lower  (3)"}));
-    choose("cboFrom", "Side  (2)");
-    EXPECT_EQ(form->state().from, 2);
-    EXPECT_EQ(form->state().to, 3);
-    EXPECT_EQ(choices("cboTo"), (std::vector<std::string>{"Side  (2)", "Lower  (3)"}));
-    choose("cboTo", "Side  (2)");
-    EXPECT_EQ(form->state().to, 2);
 }
 
 TEST_F(FrmExplore, ChoosesViewStatisticAndScale) {
@@ -213,51 +91,6 @@ TEST_F(FrmExplore, RefusesARunThatCanNotStandWithTheOthers) {
     platform.expectDone();
 }
 
-TEST_F(FrmExplore, MovesAboutWithTheWheelAndGoesBack) {
-    show({"a.sgr"});
-    const auto turn = [&](int angle, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-        const QPointF at = profile().rect().center();
-        QWheelEvent event(at, profile().mapToGlobal(at), {}, {0, angle}, Qt::NoButton, keys,
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&profile(), &event);
-    };
-    turn(120);
-    const auto zoomed = form->state().visible;
-    ASSERT_TRUE(zoomed);
-    EXPECT_NEAR(zoomed->to - zoomed->from, 18 / 1.25, 1e-9);
-    turn(-120, Qt::ShiftModifier);
-    ASSERT_TRUE(form->state().visible);
-    EXPECT_GT(form->state().visible->from, zoomed->from);
-    EXPECT_NEAR(form->state().visible->to - form->state().visible->from, 18 / 1.25, 1e-9);
-    control<QAction>(*form, "actGoBack").trigger();
-    EXPECT_EQ(form->state().visible, std::nullopt);
-    control<QAction>(*form, "actZoomIn").trigger();
-    EXPECT_TRUE(form->state().visible);
-    QTest::mouseDClick(&profile(), Qt::LeftButton, {}, profile().rect().center());
-    EXPECT_EQ(form->state().visible, std::nullopt);
-}
-
-TEST_F(FrmExplore, ZoomsToABoxThatIsDrawnWithShift) {
-    show({"a.sgr"});
-    const QPoint middle = profile().rect().center();
-    QTest::mousePress(&profile(), Qt::LeftButton, Qt::ShiftModifier, middle);
-    QTest::mouseMove(&profile(), middle + QPoint(150, 0));
-    QTest::mouseRelease(&profile(), Qt::LeftButton, Qt::ShiftModifier, middle + QPoint(150, 0));
-    ASSERT_TRUE(form->state().visible);
-    EXPECT_GT(form->state().visible->from, 7);
-    EXPECT_LT(form->state().visible->to, 14);
-}
-
-TEST_F(FrmExplore, GoesFromARowOfATableToItsPlace) {
-    show({"a.sgr"});
-    auto& table = control<QTableView>(*form, "tblValues");
-    ASSERT_TRUE(waitFor([&] { return table.model()->rowCount() > 3; }));
-    table.setCurrentIndex(table.model()->index(2, 0));
-    ASSERT_TRUE(form->state().cursor);
-    EXPECT_TRUE(form->state().cursorPinned);
-    EXPECT_EQ(form->state().cursor->distance, 4);
-}
-
 TEST_F(FrmExplore, ReadsAFileAgainThatHasChangedAndSettled) {
     show({"a.sgr", "b.sgr"});
     press(Qt::Key_Home);
@@ -313,21 +146,6 @@ TEST_F(FrmExplore, TakesFilesThatAreDroppedOnIt) {
     QDropEvent drop({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(form.get(), &drop);
     EXPECT_TRUE(waitFor([&] { return runCount() == 2; }));
-}
-
-TEST_F(FrmExplore, LooksDownTheRiverThatIsClickedInTheNetwork) {
-    show({"a.sgr"});
-    auto& network = control<QWidget>(*form, "picNetwork");
-    ASSERT_TRUE(network.isVisible());
-    bool sideWasChosen = false;
-    for (int y = 4; y < network.height() && !sideWasChosen; y += 4)
-        for (int x = 4; x < network.width() && !sideWasChosen; x += 8) {
-            QTest::mouseClick(&network, Qt::LeftButton, {}, {x, y});
-            sideWasChosen = form->state().from == 2;
-        }
-    ASSERT_TRUE(sideWasChosen);
-    EXPECT_EQ(form->state().to, 2);
-    EXPECT_EQ(combo("cboFrom").currentText(), "Side  (2)");
 }
 
 TEST_F(FrmExplore, SavesAStudyAndOpensItAgainAsItWas) {
@@ -424,22 +242,6 @@ TEST_F(FrmExplore, PrintsThePictureOnTheOneRoadForPaper) {
     ASSERT_EQ(platform.printed().size(), 1u);
     EXPECT_TRUE(platform.printed().front().finished);
     EXPECT_GT(platform.printed().front().pages.at(0).commands.size(), 20u);
-}
-
-TEST_F(FrmExplore, KeepsItsWidthWhateverTheReadoutSays) {
-    std::vector<std::string> files;
-    for (char letter = 'a'; letter <= 'l'; ++letter) {
-        files.push_back(std::string(40, letter) + ".sgr");
-        platform.putFile(files.back(), river(letter));
-    }
-    show(files);
-    form->resize(1000, 700);
-    press(Qt::Key_Home);
-    press(Qt::Key_PageDown);
-    passEvents();
-    EXPECT_NE(readout().find(files.back()), std::string::npos) << readout();
-    EXPECT_LE(form->minimumSizeHint().width(), 1000);
-    EXPECT_EQ(form->width(), 1000);
 }
 
 TEST_F(FrmExplore, HasANameForEveryControl) {
