@@ -85,9 +85,9 @@ ControlArray<Shape> frmStart::logoShapes() {
     return shapes;
 }
 
-frmStart::frmStart(Platform& doors)
-    : Form(doors, "frmStart", designCaption),
-      m_dataFiles(doors, {[&doors] { SaveSettings(doors); }, [this] { refresh(); }}) {
+frmStart::frmStart(Platform& services)
+    : Form(services, "frmStart", designCaption),
+      m_dataFiles(services, {[&services] { SaveSettings(services); }, [this] { refresh(); }}) {
     client().setObjectName("client");
     setBackground(client(), {255, 255, 255});
     setTextColour(lblEditWarning, {122, 74, 0});
@@ -116,7 +116,7 @@ void frmStart::connectMenus() {
     onClick(mnuGraphs, [this] { showGraphs(); });
     onClick(mnuBatch, [this] { showBatch(); });
     onClick(mnuPrinterSetup, [this] { choosePrinter(); });
-    on(cmdGuide, &QPushButton::clicked, [this] { OpenGuide(this->doors()); });
+    on(cmdGuide, &QPushButton::clicked, [this] { OpenGuide(this->services()); });
     onClick(mnuDisplayFull, [this] { setDisplayLevel(0); });
     onClick(mnuSuppressInterpolated, [this] { setDisplayLevel(1); });
     onClick(mnuSuppressFeatures, [this] { setDisplayLevel(2); });
@@ -130,16 +130,16 @@ void frmStart::connectMenus() {
 }
 
 void frmStart::load() {
-    SetStartValues(doors());
+    SetStartValues(services());
     GLOBAL.mainForm.title = designCaption;
     fitToWorkArea(*this);
     scaleLogo();
     centreFrames();
     widenTexts();
     keepRoom();
-    m_graph = std::make_unique<frmSimgraph>(doors());
-    m_graphData = std::make_unique<frmGraphData>(doors(), *m_graph);
-    m_reports = std::make_unique<frmReports>(doors());
+    m_graph = std::make_unique<frmSimgraph>(services());
+    m_graphData = std::make_unique<frmGraphData>(services(), *m_graph);
+    m_reports = std::make_unique<frmReports>(services());
     for (Form* form : std::initializer_list<Form*>{m_graphData.get(), m_reports.get(), m_graph.get()})
         fitToWorkArea(*form);
     for (Form* form : std::initializer_list<Form*>{this, m_graphData.get(), m_reports.get(), m_graph.get()})
@@ -151,7 +151,7 @@ void frmStart::load() {
 }
 
 void frmStart::fitToWorkArea(Form& form) {
-    form.setOuterPlace(formPlace(doors().machine.workArea()));
+    form.setOuterPlace(formPlace(services().machine.workArea()));
 }
 
 void frmStart::scaleLogo() {
@@ -229,40 +229,40 @@ void frmStart::Exit() {
     if (GLOBAL.DataModified) {
         const Message question{"Do you wish to save the modified data, before exiting KORVEL?",
                                "Modified data", Icon::question, Buttons::yesNo};
-        if (doors().dialogs.show(question) == Answer::yes) m_dataFiles.SaveAs();
+        if (services().dialogs.show(question) == Answer::yes) m_dataFiles.SaveAs();
     }
-    doors().windows.endProgram();
+    services().windows.endProgram();
 }
 
 void frmStart::run(int runType) {
     GLOBAL.RunType = runType;
-    RunModel(doors(), m_dataFiles);
+    RunModel(services(), m_dataFiles);
     refresh();
 }
 
 void frmStart::showGraphs() {
     HideEditWarningMessage(GLOBAL.mainForm);
     refresh();
-    doors().windows.showModal(*m_graphData);
+    services().windows.showModal(*m_graphData);
 }
 
 void frmStart::showReports() {
     HideEditWarningMessage(GLOBAL.mainForm);
     refresh();
-    doors().windows.showModal(*m_reports);
+    services().windows.showModal(*m_reports);
 }
 
 void frmStart::showBatch() {
     if (!m_batch) {
-        m_batch = std::make_unique<frmBatch>(doors());
+        m_batch = std::make_unique<frmBatch>(services());
         m_batch->setHelp([this] { showHelp(); });
     }
-    doors().windows.showModeless(*m_batch);
+    services().windows.showModeless(*m_batch);
 }
 
 void frmStart::loadHelp() {
     if (!m_help) {
-        m_help = std::make_unique<frmHelp>(doors());
+        m_help = std::make_unique<frmHelp>(services());
         m_help->setHelp([this] { loadHelp(); });
     }
     GLOBAL.helpPage = "4";
@@ -271,12 +271,12 @@ void frmStart::loadHelp() {
 
 void frmStart::showHelp() {
     loadHelp();
-    doors().windows.showModal(*m_help);
+    services().windows.showModal(*m_help);
 }
 
 void frmStart::choosePrinter() {
     try {
-        doors().dialogs.choosePrinter("cdPrinterSetup");
+        services().dialogs.choosePrinter("cdPrinterSetup");
     } catch (const RunTimeError&) {
         // Kept so: whatever goes wrong here, a cancel included, changes nothing.
     }
@@ -284,16 +284,16 @@ void frmStart::choosePrinter() {
 
 // The last run's results; where there are none, the user says which.
 void frmStart::explore() {
-    if (!GLOBAL.fileNames[0].empty() && doors().files.exists(GLOBAL.fileNames[0]))
-        return doors().machine.startExplorer({GLOBAL.fileNames[0]});
+    if (!GLOBAL.fileNames[0].empty() && services().files.exists(GLOBAL.fileNames[0]))
+        return services().machine.startExplorer({GLOBAL.fileNames[0]});
     m_exploreDialog.initialFolder = GLOBAL.LastFolder;
-    const auto chosen = doors().dialogs.chooseFile(FileDialogKind::open, m_exploreDialog);
+    const auto chosen = services().dialogs.chooseFile(FileDialogKind::open, m_exploreDialog);
     if (!chosen) return;
-    doors().files.setCurrentFolder(doors().machine.applicationFolder());
+    services().files.setCurrentFolder(services().machine.applicationFolder());
     if (chosen->refusal)
-        doors().dialogs.show(refusedName(*chosen));
+        services().dialogs.show(refusedName(*chosen));
     else
-        doors().machine.startExplorer({chosen->name});
+        services().machine.startExplorer({chosen->name});
 }
 
 // What the form in front shows; asks as the main form does where nothing is loaded.
@@ -301,7 +301,7 @@ void frmStart::exploreLoaded() {
     if (!RESULTS.slotLoaded[0]) return explore();
     std::vector<std::string> files{GLOBAL.fileNames[0]};
     if (RESULTS.slotLoaded[1]) files.push_back(GLOBAL.fileNames[1]);
-    doors().machine.startExplorer(files);
+    services().machine.startExplorer(files);
 }
 
 // Results files that are dropped on the form.
@@ -311,11 +311,11 @@ void frmStart::dragEnterEvent(QDragEnterEvent* event) {
 
 void frmStart::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
-    handlers().run([&] { doors().machine.startExplorer(droppedFiles(*event->mimeData(), ".SGR")); });
+    handlers().run([&] { services().machine.startExplorer(droppedFiles(*event->mimeData(), ".SGR")); });
 }
 
 void frmStart::setDisplayLevel(int level) {
-    ChooseDisplayLevel(doors(), level);
+    ChooseDisplayLevel(services(), level);
     refresh();
 }
 
@@ -347,8 +347,8 @@ void frmStart::refresh() {
 
 // Until a run has been started from the application folder: whoever has an engine of his own has to know.
 void frmStart::showEnginesPlace() {
-    const std::string folder = doors().machine.applicationFolder();
-    lblEngine.setVisible(!doors().files.exists(inFolder(folder, RunControlFileName)));
+    const std::string folder = services().machine.applicationFolder();
+    lblEngine.setVisible(!services().files.exists(inFolder(folder, RunControlFileName)));
     if (lblEngine.isHidden()) return;
     const std::string text = std::string("Runs use ") + EngineFileName + " in " +
                              shownUtf8(hostPathOf(folder)) + ". Put your own engine in its place.";

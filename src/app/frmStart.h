@@ -19,7 +19,7 @@ namespace korvel {
 
 class frmStart : public Form {
   public:
-    explicit frmStart(Platform& doors);
+    explicit frmStart(Platform& services);
 
     // Shows the set-up form on this results file (a model name) as soon as the main form is shown.
     void openOnStart(const std::string& resultsFile) { m_openOnStart = resultsFile; }

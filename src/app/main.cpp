@@ -37,9 +37,9 @@ namespace {
 constexpr int endedBySignal = 128;    // exit status, and the signal's number
 constexpr double shareOfScreen = 0.8; // of a window that is not maximised any more
 
-// The doors to the outside world, as the running program has them.
-struct Doors {
-    explicit Doors(const std::function<std::string()>& findFolder) : machine(findFolder) {}
+// The services of the outside world, as the running program has them.
+struct Services {
+    explicit Services(const std::function<std::string()>& findFolder) : machine(findFolder) {}
 
     PrinterChoice printer;
     QtDialogs dialogs{printer};
@@ -52,25 +52,25 @@ struct Doors {
 };
 
 // The results file to open at start; "" where none is given, or one whose name can't be used.
-std::string givenResultsFile(Doors& doors, const std::vector<std::string>& arguments) {
+std::string givenResultsFile(Services& services, const std::vector<std::string>& arguments) {
     if (arguments.empty()) return "";
     try {
         return modelNameOfTyped(arguments.front());
     } catch (const RefusedName& refusal) {
-        doors.dialogs.show({refusal.what(), "File name", Icon::exclamation, Buttons::ok});
+        services.dialogs.show({refusal.what(), "File name", Icon::exclamation, Buttons::ok});
         return "";
     }
 }
 
-int showMainForm(Doors& doors, const std::vector<std::string>& arguments) {
-    frmStart start(doors.platform);
-    Handlers(doors.windows).run([&] {
-        const std::string resultsFile = givenResultsFile(doors, arguments);
-        doors.files.setCurrentFolder(doors.machine.applicationFolder());
+int showMainForm(Services& services, const std::vector<std::string>& arguments) {
+    frmStart start(services.platform);
+    Handlers(services.windows).run([&] {
+        const std::string resultsFile = givenResultsFile(services, arguments);
+        services.files.setCurrentFolder(services.machine.applicationFolder());
         if (!resultsFile.empty()) start.openOnStart(resultsFile);
         start.load();
     });
-    doors.windows.showModeless(start);
+    services.windows.showModeless(start);
     return QApplication::exec();
 }
 
@@ -83,12 +83,12 @@ void showMaximized(frmEngine& window, Machine& machine) {
 }
 
 // Asked to end by the system, the window ends with its engine.
-int showEngineWindow(Doors& doors, const std::vector<std::string>& arguments) {
+int showEngineWindow(Services& services, const std::vector<std::string>& arguments) {
     EngineWindowCall call = takeEngineWindowCall(arguments);
-    frmEngine window(doors.platform, std::move(call.run), std::move(call.turn));
+    frmEngine window(services.platform, std::move(call.run), std::move(call.turn));
     const EndSignals endSignals([](int signal) { QApplication::exit(endedBySignal + signal); });
-    showMaximized(window, doors.machine);
-    doors.windows.showModeless(window);
+    showMaximized(window, services.machine);
+    services.windows.showModeless(window);
     return QApplication::exec();
 }
 
@@ -98,11 +98,11 @@ int showExplorer(const std::function<std::string()>& findFolder, const std::vect
     static char* arguments[] = {name, nullptr};
     QApplication application(argumentCount, arguments);
     settleExplorerLook();
-    Doors doors(findFolder);
+    Services services(findFolder);
     ExploreMemory memory;
-    frmExplore window(doors.platform, memory, files);
+    frmExplore window(services.platform, memory, files);
     const EndSignals endSignals([](int signal) { QApplication::exit(endedBySignal + signal); });
-    doors.windows.showModeless(window);
+    services.windows.showModeless(window);
     return QApplication::exec();
 }
 
@@ -126,9 +126,10 @@ int runForConsole(const std::vector<std::string>& arguments, const std::function
     const OwnControls own =
         paintsOnTerminal(arguments.front()) ? OwnControls::coloursAndProgress : OwnControls::none;
     const OnTerminal out(std::cout, STDOUT_FILENO, own), errors(std::cerr, STDERR_FILENO, own);
-    Doors doors(findFolder);
-    CommandPaper paper(doors.files);
-    Platform platform{doors.dialogs, doors.files, doors.machine, doors.windows, paper, doors.metrics};
+    Services services(findFolder);
+    CommandPaper paper(services.files);
+    Platform platform{services.dialogs, services.files, services.machine,
+                      services.windows, paper,          services.metrics};
     return runCommand(arguments, platform, std::cout, std::cerr, consoleTraits(),
                       [&](const std::vector<std::string>& files) { return showExplorer(findFolder, files); });
 }
@@ -138,9 +139,9 @@ int runWindows(int argc, char** argv, const std::vector<std::string>& arguments,
     settleBeforeQt();
     QApplication application(argc, argv);
     settleLook();
-    Doors doors(findFolder);
-    if (isEngineWindowCall(arguments)) return showEngineWindow(doors, arguments);
-    return showMainForm(doors, arguments);
+    Services services(findFolder);
+    if (isEngineWindowCall(arguments)) return showEngineWindow(services, arguments);
+    return showMainForm(services, arguments);
 }
 
 int runProgram(int argc, char** argv) {

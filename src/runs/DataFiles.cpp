@@ -33,8 +33,8 @@ void takeNames(const DataFileNames& names) {
 
 } // namespace
 
-DataFiles::DataFiles(Platform& platform, MainFormServices services)
-    : m_platform(platform), m_services(std::move(services)) {
+DataFiles::DataFiles(Platform& platform, MainFormCallbacks callbacks)
+    : m_platform(platform), m_callbacks(std::move(callbacks)) {
     CDFilename.objectName = "CDFilename";
     CDFilename.nameUse = NameUse::inUpperCase;
 }
@@ -55,7 +55,7 @@ std::optional<ChosenFile> DataFiles::chooseToOpen() {
     CDFilename.initialFolder = GLOBAL.LastFolder;
     CDFilename.filter = dataFileFilter;
     CDFilename.title = "Open KORVEL data file ...";
-    m_services.showState();
+    m_callbacks.showState();
     try {
         return m_platform.dialogs.chooseFile(FileDialogKind::open, CDFilename);
     } catch (const RunTimeError& error) {
@@ -70,7 +70,7 @@ void DataFiles::takeChosenToOpen(const ChosenFile& chosen) {
     returnToApplicationFolder();
     if (!chosen.refusal) {
         GLOBAL.LastFolder = dialogFolder;
-        m_services.saveSettings();
+        m_callbacks.saveSettings();
     }
     GLOBAL.mainForm.runMenuEnabled = true;
     GLOBAL.mainForm.editTextEnabled = false;
@@ -113,7 +113,7 @@ void DataFiles::SaveAs() {
 std::optional<ChosenFile> DataFiles::chooseToSave() {
     CDFilename.filter = dataFileFilter;
     CDFilename.title = "Save KORVEL input data file";
-    m_services.showState();
+    m_callbacks.showState();
     try {
         return m_platform.dialogs.chooseFile(FileDialogKind::save, CDFilename);
     } catch (const RunTimeError&) {
@@ -144,7 +144,7 @@ void DataFiles::returnToApplicationFolder() {
 }
 
 Answer DataFiles::show(const Message& message) {
-    m_services.showState();
+    m_callbacks.showState();
     return m_platform.dialogs.show(message);
 }
 

@@ -9,14 +9,14 @@
 namespace korvel {
 
 // What the data-file procedures need of the program around them.
-struct MainFormServices {
+struct MainFormCallbacks {
     std::function<void()> saveSettings;
     std::function<void()> showState; // shows GLOBAL.mainForm; called before each question
 };
 
 class DataFiles {
   public:
-    DataFiles(Platform& platform, MainFormServices services);
+    DataFiles(Platform& platform, MainFormCallbacks callbacks);
 
     void Open();
     void Save();
@@ -31,7 +31,7 @@ class DataFiles {
     Answer show(const Message& message);
 
     Platform& m_platform;
-    MainFormServices m_services;
+    MainFormCallbacks m_callbacks;
     // The one dialog that Open and Save As share: what one sets stays set for the other.
     FileDialogSettings CDFilename;
 };

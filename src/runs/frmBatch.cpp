@@ -61,12 +61,12 @@ ControlArray<QLabel> frmBatch::labels() {
     return array;
 }
 
-frmBatch::frmBatch(Platform& doors)
-    : Form(doors, "frmBatch", "Batch Run Data", Scaling::follows),
-      m_batch(doors,
+frmBatch::frmBatch(Platform& services)
+    : Form(services, "frmBatch", "Batch Run Data", Scaling::follows),
+      m_batch(services,
               [this] {
                   refresh();
-                  this->doors().windows.updateScreen();
+                  this->services().windows.updateScreen();
               }),
       m_leaveList(onLeave(lstSelectedFiles, [this] {
           m_batch.leaveList();
@@ -80,7 +80,7 @@ frmBatch::frmBatch(Platform& doors)
     arrangeTabOrder();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
     keepRoomForControls();
-    setOuterPlace(placeIn(doors.machine.workArea()));
+    setOuterPlace(placeIn(services.machine.workArea()));
     refresh();
 }
 

@@ -10,7 +10,7 @@ namespace korvel {
 
 class frmBatch : public Form {
   public:
-    explicit frmBatch(Platform& doors);
+    explicit frmBatch(Platform& services);
 
   protected:
     bool onClose() override;

@@ -35,21 +35,21 @@ std::string timeTaken(qint64 milliseconds) {
 
 } // namespace
 
-frmEngine::frmEngine(Platform& doors, StartedRun run, StartTurn turn)
-    : Form(doors, "frmEngine", windowCaption),
+frmEngine::frmEngine(Platform& services, StartedRun run, StartTurn turn)
+    : Form(services, "frmEngine", windowCaption),
       txtOutput(*new QPlainTextEdit(&client())),
       m_run(std::move(run)),
       m_turn(std::move(turn)) {
     layOut();
-    setHelp([this] { OpenGuide(this->doors()); });
+    setHelp([this] { OpenGuide(this->services()); });
     cmdOpenFolder.setVisible(!m_run.dataFiles.empty());
     on(cmdOpenFolder, &QPushButton::clicked,
-       [this] { this->doors().machine.showFolder(folderOf(m_run.dataFiles.front())); });
+       [this] { this->services().machine.showFolder(folderOf(m_run.dataFiles.front())); });
     QSizePolicy keepsItsRoom = cmdExplore.sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true);
     cmdExplore.setSizePolicy(keepsItsRoom);
     cmdExplore.hide();
-    on(cmdExplore, &QPushButton::clicked, [this] { this->doors().machine.startExplorer(resultsFiles()); });
+    on(cmdExplore, &QPushButton::clicked, [this] { this->services().machine.startExplorer(resultsFiles()); });
     on(cmdStop, &QPushButton::clicked, [this] { askedToStop(); });
     on(cmdClose, &QPushButton::clicked, [this] { close(); });
     on(m_tick, &QTimer::timeout, [this] { refresh(); });
@@ -107,7 +107,7 @@ void frmEngine::warnOfLetters(const std::string& enginePath) {
 }
 
 void frmEngine::startEngine() {
-    const std::string folder = doors().machine.applicationFolder();
+    const std::string folder = services().machine.applicationFolder();
     warnOfLetters(hostPathOf(inFolder(folder, EngineFileName)));
     const auto problem =
         m_engine.start(hostPathOf(inFolder(folder, EngineFileName)), hostPathOf(folder), std::move(m_turn));
@@ -148,7 +148,7 @@ void frmEngine::engineFinished(int status) {
 bool frmEngine::wantsToStop() {
     const Message question{"The model is still running. Do you want to stop it?", "KORVEL", Icon::question,
                            Buttons::yesNo};
-    return doors().dialogs.show(question) == Answer::yes;
+    return services().dialogs.show(question) == Answer::yes;
 }
 
 void frmEngine::askedToStop() {

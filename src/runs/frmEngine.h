@@ -15,7 +15,7 @@ namespace korvel {
 class frmEngine : public Form {
   public:
     // Without data files where the window was called by hand.
-    explicit frmEngine(Platform& doors, StartedRun run = {}, StartTurn turn = {});
+    explicit frmEngine(Platform& services, StartedRun run = {}, StartTurn turn = {});
 
   protected:
     void onActivate() override;

@@ -57,9 +57,9 @@ class ReportCommands : public testing::Test {
     int runDrawing(const Command& command, const std::vector<std::string>& arguments) {
         std::ostringstream out, errorStream;
         ConsoleDialogs dialogs(errorStream);
-        Platform& doors = fake.platform();
-        Platform console{dialogs,       doors.files, doors.machine,
-                         doors.windows, doors.paper, doors.screenMetrics};
+        Platform& services = fake.platform();
+        Platform console{dialogs,          services.files, services.machine,
+                         services.windows, services.paper, services.screenMetrics};
         CommandCall call{arguments, console, dialogs, out, errorStream};
         const int status = command.run(call);
         errors = errorStream.str();

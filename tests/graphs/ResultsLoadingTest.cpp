@@ -24,12 +24,12 @@ class ResultsLoading : public testing::Test {
     }
     void TearDown() override { GLOBAL = {}; }
 
-    void choose(int slot) { chooseResultsFile(world, choices, dialog, slot, services); }
+    void choose(int slot) { chooseResultsFile(world, choices, dialog, slot, callbacks); }
     void chooseFile(int slot, const char* name) {
         world.willChoose(world.pathOf(name));
         choose(slot);
     }
-    void activate() { activateGraphSetUp(world, choices, services); }
+    void activate() { activateGraphSetUp(world, choices, callbacks); }
     void afterARun(const char* name) {
         GLOBAL.fileNames[0] = world.pathOf(name);
         GLOBAL.graphResultsPending = true;
@@ -44,10 +44,10 @@ class ResultsLoading : public testing::Test {
     FakePlatform world;
     GraphChoices choices;
     GraphChoices shownWhileLoading;
-    SetUpServices services{[this] {
-                               if (choices.waiting) shownWhileLoading = choices;
-                           },
-                           {}};
+    SetUpCallbacks callbacks{[this] {
+                                 if (choices.waiting) shownWhileLoading = choices;
+                             },
+                             {}};
     FileDialogSettings dialog = resultsDialog();
 };
 

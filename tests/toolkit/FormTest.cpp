@@ -12,7 +12,7 @@ namespace {
 
 class SampleForm : public Form {
   public:
-    explicit SampleForm(Platform& doors) : Form(doors, "frmSample", "Sample") {
+    explicit SampleForm(Platform& services) : Form(services, "frmSample", "Sample") {
         onClick(mnuFail, [] { throw RunTimeError(errors::fileNotFound); });
         on(cmdGo, &QPushButton::clicked, [this] { happened += "go "; });
     }

@@ -15,8 +15,8 @@ namespace {
 
 class PlainForm : public Form {
   public:
-    PlainForm(Platform& doors, const char* name, std::string& happened)
-        : Form(doors, name, name), m_happened(happened) {}
+    PlainForm(Platform& services, const char* name, std::string& happened)
+        : Form(services, name, name), m_happened(happened) {}
 
   protected:
     void onActivate() override { m_happened += formName() + " activated\n"; }

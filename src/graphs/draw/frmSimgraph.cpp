@@ -46,9 +46,9 @@ BoxLine boxLine(const ReadoutLine& line) {
 
 } // namespace
 
-frmSimgraph::frmSimgraph(Platform& doors)
-    : Form(doors, "frmSimgraph", "Korvel Graphical Results", Scaling::follows),
-      m_primitives(m_drawing, GraphForm::graph, doors.screenMetrics, doors.paper.metrics()) {
+frmSimgraph::frmSimgraph(Platform& services)
+    : Form(services, "frmSimgraph", "Korvel Graphical Results", Scaling::follows),
+      m_primitives(m_drawing, GraphForm::graph, services.screenMetrics, services.paper.metrics()) {
     picGraph.setAccessibleName("Graph");
     Label.hide();
     lblSets.hide();
@@ -108,7 +108,7 @@ void frmSimgraph::connectButtons() {
     on(picDown, &QToolButton::clicked, [this] { moveView(ScrollDirection::down); });
     on(picLeft, &QToolButton::clicked, [this] { moveView(ScrollDirection::left); });
     on(picRight, &QToolButton::clicked, [this] { moveView(ScrollDirection::right); });
-    onClick(mnuExit, [this] { doors().windows.close(*this); });
+    onClick(mnuExit, [this] { services().windows.close(*this); });
     onClick(mnuPrint, [this] { print(); });
     onClick(mnuSaveImage, [this] { saveImage(); });
 }
@@ -213,7 +213,7 @@ void frmSimgraph::redraw() {
     m_primitives.CloseGraph();
     m_drawing.width = area.width;
     m_drawing.height = area.height;
-    m_layout = DrawGraphs(m_primitives, false, area, dayMonthYear(doors().machine.today()));
+    m_layout = DrawGraphs(m_primitives, false, area, dayMonthYear(services().machine.today()));
     picGraph.showAnew();
     refresh();
 }
@@ -264,14 +264,14 @@ void frmSimgraph::resetView() {
 }
 
 void frmSimgraph::print() {
-    PrintGraph(doors(), drawingArea());
+    PrintGraph(services(), drawingArea());
 }
 
 void frmSimgraph::saveImage() {
-    if (!m_capture) m_capture = std::make_unique<frmSimgraphSD>(doors());
+    if (!m_capture) m_capture = std::make_unique<frmSimgraphSD>(services());
     m_capture->setDrawingArea(drawingArea());
     m_capture->setOuterPlace(outerPlace());
-    doors().windows.showModal(*m_capture);
+    services().windows.showModal(*m_capture);
 }
 
 void frmSimgraph::copyPicture() {
@@ -284,35 +284,35 @@ void frmSimgraph::copyData() {
 
 void frmSimgraph::savePicture() {
     CDFilename.initialFolder = folderOf(GLOBAL.fileNames[0]);
-    const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::save, CDFilename);
+    const std::optional<ChosenFile> chosen = services().dialogs.chooseFile(FileDialogKind::save, CDFilename);
     if (!chosen) return;
-    doors().files.setCurrentFolder(doors().machine.applicationFolder());
+    services().files.setCurrentFolder(services().machine.applicationFolder());
     try {
         if (chosen->refusal)
-            doors().dialogs.show(refusedName(*chosen));
-        else if (replacesInput(doors().files, chosen->name, {GLOBAL.fileNames[0], GLOBAL.fileNames[1]}))
-            doors().dialogs.show(outputWouldReplaceInput());
+            services().dialogs.show(refusedName(*chosen));
+        else if (replacesInput(services().files, chosen->name, {GLOBAL.fileNames[0], GLOBAL.fileNames[1]}))
+            services().dialogs.show(outputWouldReplaceInput());
         else
             savePictureTo(chosen->name);
     } catch (const RunTimeError& error) {
-        doors().dialogs.show({fileOf(chosen->name) + " can't be written: " + error.description + ".",
-                              "Save picture", Icon::exclamation, Buttons::ok});
+        services().dialogs.show({fileOf(chosen->name) + " can't be written: " + error.description + ".",
+                                 "Save picture", Icon::exclamation, Buttons::ok});
     }
 }
 
 void frmSimgraph::savePictureTo(const std::string& name) {
     const PictureFormat* const format = pictureFormatOf(name);
     if (format == nullptr) {
-        doors().dialogs.show(
+        services().dialogs.show(
             {"The picture's name must end in " + pictureExtensions(PictureChoice::ofDialog, "or") + ".",
              "Save picture", Icon::exclamation, Buttons::ok});
     } else if (format->name == std::string("PDF")) { // as it is printed
-        PdfFilePaper paper(doors().files, name);
+        PdfFilePaper paper(services().files, name);
         const auto job = paper.begin({fileOf(name), Orientation::landscape, name});
-        job->page(printedGraph(doors(), drawingArea()));
+        job->page(printedGraph(services(), drawingArea()));
         job->finish();
     } else {
-        doors().files.writeWhole(name, format->bytes(m_drawing, devicePixelRatioF()));
+        services().files.writeWhole(name, format->bytes(m_drawing, devicePixelRatioF()));
     }
 }
 

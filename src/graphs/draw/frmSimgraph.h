@@ -21,7 +21,7 @@ namespace korvel {
 
 class frmSimgraph : public Form {
   public:
-    explicit frmSimgraph(Platform& doors);
+    explicit frmSimgraph(Platform& services);
 
     const Drawing& drawing() const { return m_drawing; }
 

@@ -9,9 +9,9 @@
 
 namespace korvel {
 
-frmSimgraphSD::frmSimgraphSD(Platform& doors)
-    : Form(doors, "frmSimgraphSD", "Korvel Graphical Results"),
-      m_primitives(m_drawing, GraphForm::capture, doors.screenMetrics, doors.paper.metrics()) {
+frmSimgraphSD::frmSimgraphSD(Platform& services)
+    : Form(services, "frmSimgraphSD", "Korvel Graphical Results"),
+      m_primitives(m_drawing, GraphForm::capture, services.screenMetrics, services.paper.metrics()) {
     CDFilename.objectName = "CDFilename";
     CDFilename.filter = "Windows bitmap files (*.bmp)|*.bmp";
     CDFilename.title = "Save Korvel graph to image file";
@@ -27,37 +27,37 @@ void frmSimgraphSD::setDrawingArea(const DrawingArea& area) {
 
 void frmSimgraphSD::onActivate() {
     DrawGraphs();
-    doors().windows.updateScreen();
+    services().windows.updateScreen();
     try {
         savePicture();
     } catch (const RunTimeError&) {
         // Kept so: a file that can't be written ends the saving quietly.
     }
-    doors().windows.close(*this);
+    services().windows.close(*this);
 }
 
 void frmSimgraphSD::DrawGraphs() {
     m_primitives.CloseGraph();
     m_drawing.width = m_area.width;
     m_drawing.height = m_area.height;
-    korvel::DrawGraphs(m_primitives, false, m_area, dayMonthYear(doors().machine.today()));
+    korvel::DrawGraphs(m_primitives, false, m_area, dayMonthYear(services().machine.today()));
     ScreenCapture.update();
 }
 
 void frmSimgraphSD::savePicture() {
     CDFilename.initialFolder = folderOf(GLOBAL.fileNames[0]);
-    const std::optional<ChosenFile> chosen = doors().dialogs.chooseFile(FileDialogKind::save, CDFilename);
+    const std::optional<ChosenFile> chosen = services().dialogs.chooseFile(FileDialogKind::save, CDFilename);
     if (!chosen) return;
-    doors().files.setCurrentFolder(doors().machine.applicationFolder());
+    services().files.setCurrentFolder(services().machine.applicationFolder());
     if (chosen->refusal) {
-        doors().dialogs.show(refusedName(*chosen));
+        services().dialogs.show(refusedName(*chosen));
         return;
     }
-    if (replacesInput(doors().files, chosen->name, {GLOBAL.fileNames[0], GLOBAL.fileNames[1]})) {
-        doors().dialogs.show(outputWouldReplaceInput());
+    if (replacesInput(services().files, chosen->name, {GLOBAL.fileNames[0], GLOBAL.fileNames[1]})) {
+        services().dialogs.show(outputWouldReplaceInput());
         return;
     }
-    doors().files.writeWhole(chosen->name, pictureFormatOf(".bmp")->bytes(m_drawing, devicePixelRatioF()));
+    services().files.writeWhole(chosen->name, pictureFormatOf(".bmp")->bytes(m_drawing, devicePixelRatioF()));
 }
 
 } // namespace korvel

@@ -11,7 +11,7 @@ namespace korvel {
 
 class frmSimgraphSD : public Form {
   public:
-    explicit frmSimgraphSD(Platform& doors);
+    explicit frmSimgraphSD(Platform& services);
 
     // The size that the picture takes, which is that of the graph form's drawing area.
     void setDrawingArea(const DrawingArea& area);

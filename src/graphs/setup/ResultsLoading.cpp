@@ -33,26 +33,26 @@ void rememberLoad(GraphChoices& choices) {
 }
 
 // A message stands alone: the form does not show meanwhile that it waits. After a warning reading goes on.
-void readWaiting(Platform& platform, GraphChoices& choices, const SetUpServices& services) {
+void readWaiting(Platform& platform, GraphChoices& choices, const SetUpCallbacks& callbacks) {
     const auto showWaiting = [&](bool waiting) {
         if (choices.waiting == waiting) return;
         choices.waiting = waiting;
-        services.showState();
+        callbacks.showState();
     };
     DialogsAfter dialogs(platform.dialogs, [&] { showWaiting(false); });
     Platform whileReading = withDialogs(platform, dialogs);
     LoadResultsFile(whileReading, true, [&](double share) {
         showWaiting(true);
-        if (services.progress) services.progress(share);
+        if (callbacks.progress) callbacks.progress(share);
     });
 }
 
-void load(Platform& platform, GraphChoices& choices, int slot, const SetUpServices& services) {
+void load(Platform& platform, GraphChoices& choices, int slot, const SetUpCallbacks& callbacks) {
     GLOBAL.currentSlot = slot;
     if (slot == 0) GLOBAL.fileNames[1].clear();
     beginLoad(choices, slot, GLOBAL.fileNames[slot]);
-    services.showState();
-    readWaiting(platform, choices, services);
+    callbacks.showState();
+    readWaiting(platform, choices, callbacks);
     endLoad(choices, slot, GLOBAL.loadFailed ? LoadOutcome::failed : LoadOutcome::loaded, RESULTS);
     if (slot == 0) rememberLoad(choices);
     followLoads(choices);
@@ -126,21 +126,21 @@ void followLoads(GraphChoices& choices) {
     choices.offersInterpolatedPoints = choices.plotInterpolatedPoints = GLOBAL.plotInterpolatedPoints;
 }
 
-void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpServices& services) {
+void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpCallbacks& callbacks) {
     followLoads(choices);
     if (GLOBAL.returnedFromGraph) {
         GLOBAL.returnedFromGraph = false;
         return;
     }
     if (!GLOBAL.graphResultsPending) return takeLoadOfAnotherForm(choices);
-    load(platform, choices, 0, services);
+    load(platform, choices, 0, callbacks);
     if (!GLOBAL.loadFailed) GLOBAL.graphResultsPending = false;
 }
 
 void chooseResultsFile(Platform& platform, GraphChoices& choices, FileDialogSettings& dialog, int slot,
-                       const SetUpServices& services) {
+                       const SetUpCallbacks& callbacks) {
     labelOf(choices, slot).clear();
-    services.showState();
+    callbacks.showState();
     if (slot == 1 && !choices.firstDataSetLoaded) {
         platform.dialogs.show({"You must select Data File 1 before Data File 2.", "Select data file",
                                Icon::exclamation, Buttons::ok});
@@ -150,10 +150,10 @@ void chooseResultsFile(Platform& platform, GraphChoices& choices, FileDialogSett
         const std::string name = chooseName(platform, dialog, slot);
         if (name.empty()) return;
         GLOBAL.fileNames[slot] = name;
-        load(platform, choices, slot, services);
+        load(platform, choices, slot, callbacks);
     } catch (const RunTimeError& error) {
         if (choices.waiting) endLoad(choices, slot, LoadOutcome::failed, RESULTS);
-        services.showState();
+        callbacks.showState();
         platform.dialogs.show(
             {error.description, slot == 1 ? "Error in 2nd data set" : "Error", Icon::critical, Buttons::ok});
     }

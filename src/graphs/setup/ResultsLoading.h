@@ -10,7 +10,7 @@
 namespace korvel {
 
 // What loading needs of the form.
-struct SetUpServices {
+struct SetUpCallbacks {
     std::function<void()>
         showState; // shows the choices; called before a file is read and before each question
     LoadProgress progress;
@@ -30,11 +30,11 @@ void followLoads(GraphChoices& choices);
 
 // The form is activated: after a graph it keeps its state, after a run it loads the run's results. A load
 // that fails stays pending. Without a run, a first data set that another form has replaced is taken over.
-void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpServices& services);
+void activateGraphSetUp(Platform& platform, GraphChoices& choices, const SetUpCallbacks& callbacks);
 
 // "Data File 1" (slot 0) and "Data file 2" (slot 1).
 void chooseResultsFile(Platform& platform, GraphChoices& choices, FileDialogSettings& dialog, int slot,
-                       const SetUpServices& services);
+                       const SetUpCallbacks& callbacks);
 
 // "&Plot": shows what is missing, or hands the graph over; true where the graph can be shown.
 bool readyToPlot(Platform& platform, GraphChoices& choices);

@@ -29,8 +29,8 @@ constexpr int firstPercentileOption = 3;
 
 } // namespace
 
-frmGraphData::frmGraphData(Platform& doors, frmSimgraph& graph)
-    : Form(doors, "frmGraphData", "Korvel Graphical Results", Scaling::follows),
+frmGraphData::frmGraphData(Platform& services, frmSimgraph& graph)
+    : Form(services, "frmGraphData", "Korvel Graphical Results", Scaling::follows),
       CDFilename(resultsDialog()),
       m_graph(graph) {
     for (int option = 0; option < firstPercentileOption; ++option)
@@ -58,7 +58,7 @@ void frmGraphData::connectMenus() {
     onClick(mnuDataFile1, [this] { load(0); });
     onClick(mnuDataFile2, [this] { load(1); });
     onClick(mnuPlot, [this] { plot(); });
-    onClick(mnuExit, [this] { doors().windows.close(*this); });
+    onClick(mnuExit, [this] { services().windows.close(*this); });
 }
 
 void frmGraphData::connectMode1() {
@@ -116,7 +116,7 @@ void frmGraphData::connectOptions() {
     onLeave(txtTitle[0], [this] {
         const std::optional<Message> refusal = leaveLevelBox(typed(txtTitle[0].text()), RESULTS);
         if (!refusal) return;
-        doors().dialogs.show(*refusal);
+        services().dialogs.show(*refusal);
         txtTitle[0].setFocus();
     });
 }
@@ -173,7 +173,7 @@ void frmGraphData::arrangeTabOrder() {
 
 void frmGraphData::onActivate() {
     m_loading = true;
-    activateGraphSetUp(doors(), m_choices, services());
+    activateGraphSetUp(services(), m_choices, callbacks());
     m_loading = false;
     refresh();
 }
@@ -183,31 +183,31 @@ bool frmGraphData::onClose() {
     return !m_loading;
 }
 
-SetUpServices frmGraphData::services() {
+SetUpCallbacks frmGraphData::callbacks() {
     const auto showState = [this] {
         refresh();
-        doors().windows.updateScreen();
+        services().windows.updateScreen();
     };
     return {showState, [this](double share) { showProgress(share); }};
 }
 
 void frmGraphData::showProgress(double share) {
     Progress.setValue(static_cast<int>(share * Progress.maximum()));
-    doors().windows.updateScreen();
+    services().windows.updateScreen();
 }
 
 void frmGraphData::load(int slot) {
     if (m_loading) return;
     m_loading = true;
-    chooseResultsFile(doors(), m_choices, CDFilename, slot, services());
+    chooseResultsFile(services(), m_choices, CDFilename, slot, callbacks());
     m_loading = false;
     refresh();
 }
 
 void frmGraphData::plot() {
-    const bool ready = readyToPlot(doors(), m_choices);
+    const bool ready = readyToPlot(services(), m_choices);
     refresh();
-    if (ready) doors().windows.showModal(m_graph);
+    if (ready) services().windows.showModal(m_graph);
 }
 
 void frmGraphData::enterMode1() {

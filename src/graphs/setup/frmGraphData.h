@@ -13,7 +13,7 @@ namespace korvel {
 
 class frmGraphData : public Form {
   public:
-    frmGraphData(Platform& doors, frmSimgraph& graph);
+    frmGraphData(Platform& services, frmSimgraph& graph);
 
   protected:
     void onActivate() override;
@@ -31,7 +31,7 @@ class frmGraphData : public Form {
     void load(int slot);
     void plot();
     void showProgress(double share);
-    SetUpServices services();
+    SetUpCallbacks callbacks();
 
     void enterMode1();
     void enterMode2();

@@ -121,7 +121,6 @@ class Form : public QMainWindow, public ShownForm {
 
     QWidget& client() { return *m_client; }
     Platform& services() { return m_services; }
-    Platform& doors() { return m_services; } // its former name
     Handlers& handlers() { return m_handlers; }
 
     void closeEvent(QCloseEvent* event) override;
