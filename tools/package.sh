@@ -75,7 +75,7 @@ inside apt-get install -qq -y --no-install-recommends /tmp/korvel.deb >"$work/in
 inside grep -q '^application/x-korvel-results=.*korvel.desktop' /usr/share/applications/mimeinfo.cache
 inside grep -q 'application/x-korvel-results:\*.sgr' /usr/share/mime/globs2
 inside su user -c 'cd && cp /usr/share/doc/korvel/examples/ALDER.DAT . && korvel run ALDER.DAT --wait | tail -n 1 &&
-    korvel info ALDER.SGR | head -n 1'
+    korvel info ALDER.SGR | head -n 1 && korvel table ALDER.SGR --output ALDER.xlsx'
 inside grep -q '<title>The KORVEL guide</title>' /usr/share/doc/korvel/guide.html
 echo "A window, for two seconds"
 status=0

@@ -7,6 +7,7 @@
 #include "reports/PrintedReport.h"
 #include "reports/ReportSheet.h"
 #include "reports/SpreadsheetReport.h"
+#include "tables/Writing.h"
 
 namespace korvel {
 
@@ -84,8 +85,10 @@ OutputResult withFailuresShown(Platform& platform, Work work) {
         return work();
     } catch (const RunTimeError& error) {
         platform.dialogs.show(failureMessage(error));
-        return {OutputEnd::failed, ""};
+    } catch (const TableRefused& refused) {
+        platform.dialogs.show({refused.what(), "Save as workbook", Icon::exclamation, Buttons::ok});
     }
+    return {OutputEnd::failed, ""};
 }
 
 } // namespace

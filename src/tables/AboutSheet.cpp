@@ -3,8 +3,7 @@
 #include "basic/Product.h"
 #include "tables/PeopleNumbers.h"
 #include "tables/SheetText.h"
-
-#include <xlsxwriter.h>
+#include "tables/XlsxLibrary.h"
 
 namespace korvel {
 
@@ -30,7 +29,7 @@ class AboutLines {
 
   private:
     void write(lxw_col_t column, const std::string& text, lxw_format* look) {
-        worksheet_write_string(m_sheet, m_row, column, sheetText(text).text.c_str(), look);
+        xlsx().worksheet_write_string(m_sheet, m_row, column, sheetText(text).text.c_str(), look);
     }
 
     lxw_worksheet* m_sheet;
@@ -59,8 +58,8 @@ std::string rowsText(std::size_t count) {
 
 void writeAbout(lxw_worksheet* sheet, const SheetLooks& looks, const WorkbookContent& content,
                 const SheetTally& tally) {
-    worksheet_set_column(sheet, 0, 0, labelWidth, nullptr);
-    worksheet_set_column(sheet, 1, 1, textWidth, nullptr);
+    xlsx().worksheet_set_column(sheet, 0, 0, labelWidth, nullptr);
+    xlsx().worksheet_set_column(sheet, 1, 1, textWidth, nullptr);
     AboutLines lines(sheet, looks);
     lines.title(content.taken.title);
     lines.space();

@@ -3,10 +3,10 @@
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
 #include "tables/SheetText.h"
+#include "tables/XlsxLibrary.h"
 
 #include <algorithm>
 #include <cmath>
-#include <xlsxwriter.h>
 
 namespace korvel {
 
@@ -18,7 +18,7 @@ constexpr lxw_color_t headingColour = 0xDDEBF7;
 
 void check(lxw_error error) {
     if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) throw RunTimeError(errors::outOfMemory);
-    if (error != LXW_NO_ERROR) throw RunTimeError(errors::invalidProcedureCall, lxw_strerror(error));
+    if (error != LXW_NO_ERROR) throw RunTimeError(errors::invalidProcedureCall, xlsx().lxw_strerror(error));
 }
 
 lxw_col_t columnNumber(std::size_t column) {
@@ -32,36 +32,36 @@ bool isPlace(const std::string& heading) {
 } // namespace
 
 SheetLooks::SheetLooks(lxw_workbook* workbook)
-    : text(workbook_add_format(workbook)),
-      heading(workbook_add_format(workbook)),
-      title(workbook_add_format(workbook)),
-      label(workbook_add_format(workbook)),
-      wrapped(workbook_add_format(workbook)) {
+    : text(xlsx().workbook_add_format(workbook)),
+      heading(xlsx().workbook_add_format(workbook)),
+      title(xlsx().workbook_add_format(workbook)),
+      label(xlsx().workbook_add_format(workbook)),
+      wrapped(xlsx().workbook_add_format(workbook)) {
     constexpr double titleSize = 14;
     for (std::size_t k = 1; k < numbers.size(); ++k) {
-        numbers[k] = workbook_add_format(workbook);
-        format_set_num_format(numbers[k], numberLooks[k].format);
+        numbers[k] = xlsx().workbook_add_format(workbook);
+        xlsx().format_set_num_format(numbers[k], numberLooks[k].format);
     }
     for (lxw_format* const bold : {heading, title, label})
-        format_set_bold(bold);
-    format_set_bg_color(heading, headingColour);
-    format_set_bottom(heading, LXW_BORDER_THIN);
-    format_set_font_size(title, titleSize);
-    format_set_text_wrap(wrapped);
+        xlsx().format_set_bold(bold);
+    xlsx().format_set_bg_color(heading, headingColour);
+    xlsx().format_set_bottom(heading, LXW_BORDER_THIN);
+    xlsx().format_set_font_size(title, titleSize);
+    xlsx().format_set_text_wrap(wrapped);
     for (lxw_format* const indented : {text, heading}) // apart from the numbers of the column before
-        format_set_indent(indented, 1);
+        xlsx().format_set_indent(indented, 1);
     for (lxw_format* const top : {label, wrapped})
-        format_set_align(top, LXW_ALIGN_VERTICAL_TOP);
+        xlsx().format_set_align(top, LXW_ALIGN_VERTICAL_TOP);
 }
 
 SheetPen::SheetPen(lxw_worksheet* sheet, const SheetLooks& looks, const std::vector<std::string>& headings)
     : m_sheet(sheet), m_looks(looks), m_columns(headings.size()) {
-    worksheet_freeze_panes(sheet, 1, 0);
+    xlsx().worksheet_freeze_panes(sheet, 1, 0);
     for (std::size_t k = 0; k < headings.size(); ++k) {
         const std::string text = sheetText(headings[k]).text;
         m_columns[k].holdsPlaces = isPlace(headings[k]);
         m_columns[k].width = static_cast<double>(shownLength(text)) + roomForFilter;
-        check(worksheet_write_string(sheet, 0, columnNumber(k), text.c_str(), looks.heading));
+        check(xlsx().worksheet_write_string(sheet, 0, columnNumber(k), text.c_str(), looks.heading));
     }
 }
 
@@ -120,7 +120,7 @@ void SheetPen::putText(const std::string& text) {
     ColumnState& state = column();
     if (static_cast<double>(text.size()) > state.width)
         state.width = std::max(state.width, static_cast<double>(shownLength(text)) + 2);
-    check(worksheet_write_string(m_sheet, m_row, columnNumber(m_column), text.c_str(), m_looks.text));
+    check(xlsx().worksheet_write_string(m_sheet, m_row, columnNumber(m_column), text.c_str(), m_looks.text));
 }
 
 void SheetPen::putNumber(double value) {
@@ -128,23 +128,24 @@ void SheetPen::putNumber(double value) {
     ColumnState& state = column();
     const std::size_t look = state.holdsPlaces ? generalLook : numberLook(value);
     state.width = std::max(state.width, shownWidth(value, look) + 1);
-    check(worksheet_write_number(m_sheet, m_row, columnNumber(m_column), value, m_looks.numbers[look]));
+    check(
+        xlsx().worksheet_write_number(m_sheet, m_row, columnNumber(m_column), value, m_looks.numbers[look]));
 }
 
 void SheetPen::putWhole(int value) {
-    check(worksheet_write_number(m_sheet, m_row, columnNumber(m_column), value, nullptr));
+    check(xlsx().worksheet_write_number(m_sheet, m_row, columnNumber(m_column), value, nullptr));
 }
 
 void SheetPen::putTruth(bool value) {
-    check(worksheet_write_boolean(m_sheet, m_row, columnNumber(m_column), value, nullptr));
+    check(xlsx().worksheet_write_boolean(m_sheet, m_row, columnNumber(m_column), value, nullptr));
 }
 
 void SheetPen::finish() {
     const lxw_col_t last = columnNumber(m_columns.size() - 1);
-    check(worksheet_autofilter(m_sheet, 0, 0, m_row, last));
+    check(xlsx().worksheet_autofilter(m_sheet, 0, 0, m_row, last));
     for (std::size_t k = 0; k < m_columns.size(); ++k) {
         const double width = std::min(m_columns[k].width, widestColumn);
-        check(worksheet_set_column(m_sheet, columnNumber(k), columnNumber(k), width, nullptr));
+        check(xlsx().worksheet_set_column(m_sheet, columnNumber(k), columnNumber(k), width, nullptr));
     }
 }
 

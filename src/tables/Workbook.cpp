@@ -7,13 +7,13 @@
 #include "tables/AboutSheet.h"
 #include "tables/SheetPen.h"
 #include "tables/WorkbookChart.h"
+#include "tables/XlsxLibrary.h"
 #include "tables/ZipParts.h"
 
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <memory>
-#include <xlsxwriter.h>
 
 namespace korvel {
 
@@ -92,7 +92,7 @@ class Workbook {
 
     std::string m_folder = scratchFolder();
     ScratchFile m_file{m_folder};
-    std::unique_ptr<lxw_workbook, void (*)(lxw_workbook*)> m_workbook{made(), lxw_workbook_free};
+    std::unique_ptr<lxw_workbook, void (*)(lxw_workbook*)> m_workbook{made(), xlsx().lxw_workbook_free};
     SheetLooks m_looks{m_workbook.get()};
     std::vector<lxw_worksheet*> m_sheets;
 };
@@ -101,7 +101,7 @@ lxw_workbook* Workbook::made() {
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     options.tmpdir = m_folder.data();
-    lxw_workbook* const workbook = workbook_new_opt(m_file.path().c_str(), &options);
+    lxw_workbook* const workbook = xlsx().workbook_new_opt(m_file.path().c_str(), &options);
     if (!workbook) throw RunTimeError(errors::outOfMemory);
     return workbook;
 }
@@ -112,16 +112,16 @@ Workbook::Workbook(const Taken& taken) {
     properties.title = title.data();
     properties.author = writer.data();
     properties.created = creationTime;
-    workbook_set_properties(library(), &properties);
+    xlsx().workbook_set_properties(library(), &properties);
 }
 
 lxw_worksheet* Workbook::add(const std::string& name) {
-    lxw_worksheet* const sheet = workbook_add_worksheet(library(), name.c_str());
+    lxw_worksheet* const sheet = xlsx().workbook_add_worksheet(library(), name.c_str());
     if (!sheet) throw RunTimeError(errors::diskFull);
-    worksheet_set_landscape(sheet);
-    worksheet_set_paper(sheet, 9); // A4
-    worksheet_fit_to_pages(sheet, 1, 0);
-    worksheet_repeat_rows(sheet, 0, 0);
+    xlsx().worksheet_set_landscape(sheet);
+    xlsx().worksheet_set_paper(sheet, 9); // A4
+    xlsx().worksheet_fit_to_pages(sheet, 1, 0);
+    xlsx().worksheet_repeat_rows(sheet, 0, 0);
     m_sheets.push_back(sheet);
     return sheet;
 }
@@ -141,7 +141,7 @@ void Workbook::close() {
         sizes.push_back(std::ftell(sheet->optimize_tmpfile));
     }
     ScratchFile(m_folder).reserve(static_cast<std::size_t>(*std::ranges::max_element(sizes)) + partAround);
-    if (workbook_close(m_workbook.release()) != LXW_NO_ERROR) throw RunTimeError(errors::diskFull);
+    if (xlsx().workbook_close(m_workbook.release()) != LXW_NO_ERROR) throw RunTimeError(errors::diskFull);
     expectWholeFile(sizes);
 }
 

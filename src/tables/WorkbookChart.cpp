@@ -1,9 +1,9 @@
 #include "tables/WorkbookChart.h"
+#include "tables/XlsxLibrary.h"
 
 #include "basic/Text.h"
 
 #include <array>
-#include <xlsxwriter.h>
 
 namespace korvel {
 
@@ -31,15 +31,15 @@ void setLook(lxw_chart_series* series, const LineLook& look) {
     line.color = look.colour;
     line.width = lineWidth;
     line.dash_type = look.dash;
-    chart_series_set_line(series, &line);
+    xlsx().chart_series_set_line(series, &line);
 }
 
 void setAxis(lxw_chart_axis* axis, const std::string& name) {
-    chart_axis_set_name(axis, shownUtf8(name).c_str());
+    xlsx().chart_axis_set_name(axis, shownUtf8(name).c_str());
     lxw_chart_line grid{};
     grid.color = gridColour;
-    chart_axis_major_gridlines_set_visible(axis, LXW_TRUE);
-    chart_axis_major_gridlines_set_line(axis, &grid);
+    xlsx().chart_axis_major_gridlines_set_visible(axis, LXW_TRUE);
+    xlsx().chart_axis_major_gridlines_set_line(axis, &grid);
 }
 
 lxw_col_t columnNumber(std::size_t column) {
@@ -55,25 +55,26 @@ void WorkbookChart::take(std::uint32_t row, const std::string& name) {
 
 void WorkbookChart::insert(lxw_workbook* workbook, lxw_worksheet* sheet, const Sheet& content) const {
     if (m_lines.empty()) return;
-    lxw_chart* const chart = workbook_add_chart(workbook, LXW_CHART_SCATTER_STRAIGHT);
+    lxw_chart* const chart = xlsx().workbook_add_chart(workbook, LXW_CHART_SCATTER_STRAIGHT);
     const lxw_col_t across = columnNumber(m_chart.acrossColumn), up = columnNumber(m_chart.upColumn);
     for (std::size_t k = 0; k < m_lines.size(); ++k) {
         const Line& line = m_lines[k];
-        lxw_chart_series* const series = chart_add_series(chart, nullptr, nullptr);
-        chart_series_set_categories(series, content.name.c_str(), line.first, across, line.last, across);
-        chart_series_set_values(series, content.name.c_str(), line.first, up, line.last, up);
-        chart_series_set_name(series, line.name.c_str());
+        lxw_chart_series* const series = xlsx().chart_add_series(chart, nullptr, nullptr);
+        xlsx().chart_series_set_categories(series, content.name.c_str(), line.first, across, line.last,
+                                           across);
+        xlsx().chart_series_set_values(series, content.name.c_str(), line.first, up, line.last, up);
+        xlsx().chart_series_set_name(series, line.name.c_str());
         setLook(series, lookOf(k));
     }
-    chart_title_set_name(chart, shownUtf8(m_chart.title).c_str());
+    xlsx().chart_title_set_name(chart, shownUtf8(m_chart.title).c_str());
     setAxis(chart->x_axis, m_chart.across);
     setAxis(chart->y_axis, m_chart.up);
-    chart_axis_set_min(chart->x_axis, 0);
-    chart_legend_set_position(chart, LXW_CHART_LEGEND_BOTTOM);
+    xlsx().chart_axis_set_min(chart->x_axis, 0);
+    xlsx().chart_legend_set_position(chart, LXW_CHART_LEGEND_BOTTOM);
     lxw_chart_options options{};
     options.x_scale = scaleAcross;
     options.y_scale = scaleUp;
-    worksheet_insert_chart_opt(sheet, 1, columnNumber(content.headings.size() + 1), chart, &options);
+    xlsx().worksheet_insert_chart_opt(sheet, 1, columnNumber(content.headings.size() + 1), chart, &options);
 }
 
 } // namespace korvel

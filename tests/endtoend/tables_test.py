@@ -201,6 +201,12 @@ def check_refusals(folder):
                   ["fit", "ALDER.SGR", "--format", "sqlite", "--output", "x.sqlite"]):
         run(folder, *words, status=2)
     check(not (folder / "x.sqlite").exists(), "a refused call leaves a file")
+    (folder / "broken").mkdir()
+    (folder / "broken/libxlsxwriter.so.4").write_bytes(b"no library")
+    for words in (["changes", "ALDER.SGR", "ALDER2.SGR"], ["report", "ALDER.SGR"]):
+        told = run(folder, *words, "--output", "x.xlsx", status=1, LD_LIBRARY_PATH=str(folder / "broken"))
+        check("The library that writes workbooks can't be loaded" in told and "file too short" in told, f"{words}: {told}")
+        check(not (folder / "x.xlsx").exists(), "without its library a call leaves a file")
 
 
 # LibreOffice

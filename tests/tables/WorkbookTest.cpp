@@ -4,6 +4,7 @@
 #include "basic/ScratchFile.h"
 #include "tables/TableFormats.h"
 #include "tables/TableSample.h"
+#include "tables/XlsxLibrary.h"
 #include "tables/ZipParts.h"
 
 #include <array>
@@ -115,6 +116,18 @@ TEST(Workbook, DrawsALineForEachTextOfTheFirstColumn) {
     EXPECT_EQ(partsOf(workbook({{}, {sheet}})).count("xl/charts/chart1.xml"), 1U);
     sheet.parts.clear();
     EXPECT_EQ(partsOf(workbook({{}, {sheet}})).count("xl/charts/chart1.xml"), 0U);
+}
+
+TEST(Workbook, NeedsALibrary) {
+    try {
+        const XlsxLibrary library("libnobodyhas.so.1");
+        ADD_FAILURE() << "it was found";
+    } catch (const TableRefused& refused) {
+        EXPECT_STREQ(
+            refused.what(),
+            "The library that writes workbooks can't be loaded (libnobodyhas.so.1: cannot open shared "
+            "object file: No such file or directory). Install libxlsxwriter, or write a CSV file.");
+    }
 }
 
 TEST(Workbook, RefusesMoreRowsThanASheetHoldsBeforeAnythingIsWritten) {

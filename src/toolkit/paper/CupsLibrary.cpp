@@ -1,6 +1,6 @@
 #include "toolkit/paper/CupsLibrary.h"
 
-#include <dlfcn.h>
+#include "basic/LateLibrary.h"
 
 #include <memory>
 
@@ -8,56 +8,36 @@ namespace korvel {
 
 namespace {
 
-class FunctionFinder {
-  public:
-    explicit FunctionFinder(void* library) : m_library(library) {}
-
-    template <typename Function>
-    void find(const char* name, Function& function) {
-        function = reinterpret_cast<Function>(dlsym(m_library, name));
-        m_foundAll = m_foundAll && function != nullptr;
-    }
-    bool foundAll() const { return m_foundAll; }
-
-  private:
-    void* m_library;
-    bool m_foundAll = true;
-};
-
-bool findDestinations(FunctionFinder& finder, CupsLibrary& cups) {
-    finder.find("cupsAddOption", cups.addOption);
-    finder.find("cupsFreeDests", cups.freeDests);
-    finder.find("cupsFreeOptions", cups.freeOptions);
-    finder.find("cupsGetDefault2", cups.getDefault);
-    finder.find("cupsGetNamedDest", cups.getNamedDest);
-    finder.find("cupsPrintFile2", cups.printFile);
-    finder.find("cupsUser", cups.user);
-    return finder.foundAll();
+void findDestinations(LateLibrary& library, CupsLibrary& cups) {
+    library.find("cupsAddOption", cups.addOption);
+    library.find("cupsFreeDests", cups.freeDests);
+    library.find("cupsFreeOptions", cups.freeOptions);
+    library.find("cupsGetDefault2", cups.getDefault);
+    library.find("cupsGetNamedDest", cups.getNamedDest);
+    library.find("cupsPrintFile2", cups.printFile);
+    library.find("cupsUser", cups.user);
 }
 
-bool findRequests(FunctionFinder& finder, CupsLibrary& cups) {
-    finder.find("cupsDoRequest", cups.doRequest);
-    finder.find("httpAssembleURIf", cups.assembleUri);
-    finder.find("ippPort", cups.port);
-    finder.find("ippNewRequest", cups.newRequest);
-    finder.find("ippDelete", cups.deleteReply);
-    finder.find("ippAddString", cups.addString);
-    finder.find("ippAddStrings", cups.addStrings);
-    finder.find("ippFindAttribute", cups.findAttribute);
-    finder.find("ippGetBoolean", cups.getBoolean);
-    finder.find("ippGetInteger", cups.getInteger);
-    finder.find("ippGetStatusCode", cups.getStatusCode);
-    return finder.foundAll();
+void findRequests(LateLibrary& library, CupsLibrary& cups) {
+    library.find("cupsDoRequest", cups.doRequest);
+    library.find("httpAssembleURIf", cups.assembleUri);
+    library.find("ippPort", cups.port);
+    library.find("ippNewRequest", cups.newRequest);
+    library.find("ippDelete", cups.deleteReply);
+    library.find("ippAddString", cups.addString);
+    library.find("ippAddStrings", cups.addStrings);
+    library.find("ippFindAttribute", cups.findAttribute);
+    library.find("ippGetBoolean", cups.getBoolean);
+    library.find("ippGetInteger", cups.getInteger);
+    library.find("ippGetStatusCode", cups.getStatusCode);
 }
 
-// It stays loaded: others of the program's libraries may have begun to use it.
 std::unique_ptr<const CupsLibrary> load() {
-    void* const library = dlopen("libcups.so.2", RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) return nullptr;
-    FunctionFinder finder(library);
+    LateLibrary library("libcups.so.2");
     auto cups = std::make_unique<CupsLibrary>();
-    const bool whole = findDestinations(finder, *cups) && findRequests(finder, *cups);
-    return whole ? std::move(cups) : nullptr;
+    findDestinations(library, *cups);
+    findRequests(library, *cups);
+    return library.failure().empty() ? std::move(cups) : nullptr;
 }
 
 } // namespace
