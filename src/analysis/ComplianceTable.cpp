@@ -1,6 +1,7 @@
 #include "analysis/ComplianceTable.h"
 
 #include <array>
+#include <limits>
 #include <memory>
 
 namespace korvel {
@@ -170,6 +171,33 @@ ComplianceChange changeOf(const JudgedRun& run, const PointMatch& match, const C
             hasDeteriorated(base, *run.run.file, match, row.place, row.determinand, request.deterioration)};
 }
 
+void addReach(ComplianceSumRow& row, const ReachCompliance& reach) {
+    row.sums += reach.sums;
+    if (reach.verdict == Verdict::fail) ++row.reachesFailing;
+    if (reach.verdict != Verdict::none) ++row.reachesJudged;
+}
+
+void giveStation(const StationRow& row, const ResultsDataSet& results, RowTaker& taker) {
+    const auto& [determinand, station] = row;
+    const std::string name = determinandName(results, determinand.number);
+    const std::array<Cell, 10> cells = {results.pointReach[station.point],
+                                        results.pointDistance[station.point],
+                                        std::string_view(results.pointLabel[station.point]),
+                                        std::string_view(name),
+                                        nameOf(determinand.statistic),
+                                        station.value,
+                                        station.observed,
+                                        station.target,
+                                        passOrFail(station.fails),
+                                        passOrFail(station.observedFails)};
+    taker.row(cells);
+}
+
+std::vector<Column> stationColumns() {
+    return namedColumns({"reach", "distance", "feature", "determinand", "statistic", "value", "observed",
+                         "target", "verdict", "observed_verdict"});
+}
+
 } // namespace
 
 std::vector<JudgedDeterminand> judgedBy(const StudyRun& run, const ComplianceRequest& request) {
@@ -216,10 +244,7 @@ std::vector<ComplianceSumRow> complianceSums(const StudyRun& run, const std::vec
         for (const JudgedDeterminand& determinand : judgedBy(run, request)) {
             ComplianceSumRow row{group, determinand, {}, 0, 0};
             for (const int place : group.places) {
-                const ReachCompliance reach = judgeReach(*run.file, place, determinand);
-                row.sums += reach.sums;
-                if (reach.verdict == Verdict::fail) ++row.reachesFailing;
-                if (reach.verdict != Verdict::none) ++row.reachesJudged;
+                addReach(row, judgeReach(*run.file, place, determinand));
             }
             rows.push_back(std::move(row));
         }
@@ -227,15 +252,79 @@ std::vector<ComplianceSumRow> complianceSums(const StudyRun& run, const std::vec
     return rows;
 }
 
-std::vector<StationRow> stationRows(const StudyRun& run, const ComplianceRequest& request) {
-    std::vector<StationRow> rows;
+std::vector<ComplianceSumRow> complianceSums(const StudyRun& run, const ComplianceRequest& request,
+                                             const std::vector<ComplianceRow>& rows) {
+    std::vector<ComplianceSumRow> sums;
+    for (const JudgedDeterminand& determinand : judgedBy(run, request))
+        sums.push_back({wholeGroup(*run.file, request.reaches), determinand, {}, 0, 0});
+    for (std::size_t k = 0; k < rows.size(); ++k)
+        addReach(sums[k % sums.size()], rows[k].reach);
+    return sums;
+}
+
+namespace {
+
+void sortByPoint(std::vector<StationRow>& rows) {
+    std::ranges::stable_sort(rows, {}, [](const StationRow& row) { return row.station.point; });
+}
+
+// Keeps the first ones by point, and of what comes later only what may still belong to them.
+class StationGathering {
+  public:
+    explicit StationGathering(std::size_t most) : m_most(most) {}
+
+    void take(const JudgedDeterminand& determinand, const std::vector<StationJudgement>& stations) {
+        m_stations.count += stations.size();
+        for (const StationJudgement& station : stations) {
+            m_stations.agreement.take(station);
+            if (station.point <= m_last) m_stations.first.push_back({determinand, station});
+        }
+        if (m_stations.first.size() / 2 > m_most) keepFirst();
+    }
+    Stations made() {
+        keepFirst();
+        return std::move(m_stations);
+    }
+
+  private:
+    void keepFirst() {
+        std::vector<StationRow>& rows = m_stations.first;
+        sortByPoint(rows);
+        if (rows.size() <= m_most) return;
+        rows.resize(m_most);
+        m_last = rows.empty() ? 0 : rows.back().station.point;
+    }
+
+    std::size_t m_most;
+    int m_last = std::numeric_limits<int>::max();
+    Stations m_stations;
+};
+
+template <typename Take>
+void forStations(const StudyRun& run, const ComplianceRequest& request, const Take& take) {
     for (const ReachGroup& reach : groupsByReach(*run.file, request.reaches))
         for (const JudgedDeterminand& determinand : judgedBy(run, request))
-            for (const StationJudgement& station :
-                 judgeStations(*run.file, reach.places.front(), determinand))
-                rows.push_back({determinand, station});
-    std::ranges::stable_sort(rows, {}, [](const StationRow& row) { return row.station.point; });
+            take(determinand, judgeStations(*run.file, reach.places.front(), determinand));
+}
+
+} // namespace
+
+std::vector<StationRow> stationRows(const StudyRun& run, const ComplianceRequest& request) {
+    std::vector<StationRow> rows;
+    forStations(run, request, [&](const JudgedDeterminand& determinand, const auto& stations) {
+        for (const StationJudgement& station : stations)
+            rows.push_back({determinand, station});
+    });
+    sortByPoint(rows);
     return rows;
+}
+
+Stations firstStations(const StudyRun& run, const ComplianceRequest& request, std::size_t most) {
+    StationGathering gathering(most);
+    forStations(run, request, [&](const JudgedDeterminand& determinand, const auto& stations) {
+        gathering.take(determinand, stations);
+    });
+    return gathering.made();
 }
 
 std::vector<Table> complianceByReach(const JudgedRun& run, const ComplianceRequest& request) {
@@ -273,27 +362,17 @@ Table complianceByPoint(const StudyRun& run, const ComplianceRequest& request) {
 }
 
 Table complianceByStation(const StudyRun& run, const ComplianceRequest& request) {
-    const auto rows = [run, request](RowTaker& taker) {
-        const ResultsDataSet& results = run.results();
-        for (const auto& [determinand, station] : stationRows(run, request)) {
-            const std::string name = determinandName(results, determinand.number);
-            const std::array<Cell, 10> cells = {results.pointReach[station.point],
-                                                results.pointDistance[station.point],
-                                                std::string_view(results.pointLabel[station.point]),
-                                                std::string_view(name),
-                                                nameOf(determinand.statistic),
-                                                station.value,
-                                                station.observed,
-                                                station.target,
-                                                passOrFail(station.fails),
-                                                passOrFail(station.observedFails)};
-            taker.row(cells);
-        }
-    };
-    return {"stations",
-            namedColumns({"reach", "distance", "feature", "determinand", "statistic", "value", "observed",
-                          "target", "verdict", "observed_verdict"}),
-            rows};
+    return {"stations", stationColumns(), [run, request](RowTaker& taker) {
+                for (const StationRow& row : stationRows(run, request))
+                    giveStation(row, run.results(), taker);
+            }};
+}
+
+Table stationTable(const StudyRun& run, std::vector<StationRow> stations) {
+    return {"stations", stationColumns(), [run, stations = std::move(stations)](RowTaker& taker) {
+                for (const StationRow& row : stations)
+                    giveStation(row, run.results(), taker);
+            }};
 }
 
 } // namespace korvel

@@ -49,6 +49,13 @@ struct StationRow {
     StationJudgement station;
 };
 
+// What all stations of a run say together, and the first of them.
+struct Stations {
+    std::vector<StationRow> first;
+    StationAgreement agreement;
+    std::size_t count = 0;
+};
+
 // The determinands asked for that are judged, as this run judges them.
 std::vector<JudgedDeterminand> judgedBy(const StudyRun& run, const ComplianceRequest& request);
 
@@ -58,7 +65,12 @@ std::vector<OverallRow> overallRows(const StudyRun& run, const ComplianceRequest
                                     const std::vector<ComplianceRow>& rows);
 std::vector<ComplianceSumRow> complianceSums(const StudyRun& run, const std::vector<ReachGroup>& groups,
                                              const ComplianceRequest& request);
+// Of the whole run, by determinand, when its rows by reach are at hand.
+std::vector<ComplianceSumRow> complianceSums(const StudyRun& run, const ComplianceRequest& request,
+                                             const std::vector<ComplianceRow>& rows);
+// In the order of points, at each point in that of the determinands.
 std::vector<StationRow> stationRows(const StudyRun& run, const ComplianceRequest& request);
+Stations firstStations(const StudyRun& run, const ComplianceRequest& request, std::size_t most);
 
 // The reaches by determinands, and the overall verdict of each reach.
 std::vector<Table> complianceByReach(const JudgedRun& run, const ComplianceRequest& request);
@@ -66,5 +78,6 @@ Table complianceByDeterminand(const StudyRun& run, const ComplianceRequest& requ
 Table complianceByRiver(const StudyRun& run, const Network& network, const ComplianceRequest& request);
 Table complianceByPoint(const StudyRun& run, const ComplianceRequest& request);
 Table complianceByStation(const StudyRun& run, const ComplianceRequest& request);
+Table stationTable(const StudyRun& run, std::vector<StationRow> stations);
 
 } // namespace korvel

@@ -64,9 +64,16 @@ std::vector<ObservedMark> observedAlong(const StudyRun& run, const PathRun& poin
     return marks;
 }
 
+// Both go down the way, so what is looked for lies further on in the base's, too.
 void leaveTwins(std::vector<ObservedMark>& marks, const std::vector<ObservedMark>& ofBase) {
+    auto from = ofBase.begin();
+    double last = 0;
     std::erase_if(marks, [&](const ObservedMark& mark) {
-        const auto from = std::ranges::lower_bound(ofBase, mark.km, {}, &ObservedMark::km);
+        // Distances of a file may go back.
+        if (mark.km < last) from = std::ranges::lower_bound(ofBase, mark.km, {}, &ObservedMark::km);
+        last = mark.km;
+        while (from != ofBase.end() && from->km < mark.km)
+            ++from;
         for (auto twin = from; twin != ofBase.end() && twin->km == mark.km; ++twin)
             if (*twin == mark) return true;
         return false;
@@ -136,24 +143,29 @@ class DataMaking {
         case ProfileKind::ratio: made.series = ratiosAlong(m_study, m_path, run, wanted); break;
         }
         if (m_view.targets && m_view.kind == ProfileKind::values) addTargets(panel, made);
-        if (m_view.observed && m_view.kind != ProfileKind::change) addObserved(panel.series, statistic, made);
+        if (m_view.observed && m_view.kind != ProfileKind::change) addObserved(panel, made);
         return made;
     }
 
     void addTargets(const PanelData& panel, RunInPanel& made) const {
         made.targets = targetsAlong(m_study.runs()[made.run], m_path.runs[made.run], panel.series);
-        if (made.run == 0 || !m_view.shows(0)) return;
-        if (made.targets == targetsAlong(m_study.base(), m_path.runs.front(), panel.series))
+        if (made.run > 0 && m_view.shows(0) && made.targets == panel.runs.front().targets)
             made.targets.clear();
     }
-    void addObserved(int series, Statistic statistic, RunInPanel& made) const {
+    void addObserved(const PanelData& panel, RunInPanel& made) const {
         const auto along = [&](std::size_t run) {
             const StudyRun& of = m_study.runs()[run];
-            return observedAlong(of, m_path.runs[run], seriesValues(of.results(), series, statistic), m_view,
-                                 isLowBad(series) ? BadSide::low : BadSide::high);
+            return observedAlong(of, m_path.runs[run],
+                                 seriesValues(of.results(), panel.series, made.statistic), m_view,
+                                 isLowBad(panel.series) ? BadSide::low : BadSide::high);
         };
         made.observed = along(made.run);
-        if (made.run > 0 && m_view.shows(0)) leaveTwins(made.observed, along(0));
+        if (made.run == 0 || !m_view.shows(0)) return;
+        const RunInPanel& base = panel.runs.front();
+        if (base.statistic == made.statistic)
+            leaveTwins(made.observed, base.observed);
+        else
+            leaveTwins(made.observed, along(0));
     }
 
     const Study& m_study;

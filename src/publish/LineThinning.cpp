@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <utility>
 
 namespace korvel {
@@ -11,13 +10,17 @@ namespace {
 
 constexpr double unseen = 1.5; // twips, a tenth of a pixel
 
-// How far a point lies from the line between two others.
+double square(double right, double down) {
+    return right * right + down * down;
+}
+
+// How far a point lies from the line between two others, squared.
 double distanceFrom(const DrawnPoint& from, const DrawnPoint& to, const DrawnPoint& point) {
-    const double right = to.x - from.x, down = to.y - from.y, length = std::hypot(right, down);
-    if (length == 0) return std::hypot(point.x - from.x, point.y - from.y);
-    const double along = ((point.x - from.x) * right + (point.y - from.y) * down) / (length * length);
+    const double right = to.x - from.x, down = to.y - from.y, length = square(right, down);
+    if (length == 0) return square(point.x - from.x, point.y - from.y);
+    const double along = ((point.x - from.x) * right + (point.y - from.y) * down) / length;
     const double nearest = std::clamp(along, 0.0, 1.0);
-    return std::hypot(point.x - from.x - nearest * right, point.y - from.y - nearest * down);
+    return square(point.x - from.x - nearest * right, point.y - from.y - nearest * down);
 }
 
 } // namespace
@@ -48,7 +51,7 @@ std::vector<DrawnPoint> simplified(const std::vector<DrawnPoint>& points) {
     while (!open.empty()) {
         const auto [first, last] = open.back();
         open.pop_back();
-        double farthest = unseen;
+        double farthest = unseen * unseen;
         std::size_t middle = first;
         for (std::size_t k = first + 1; k < last; ++k) {
             const double distance = distanceFrom(points[first], points[last], points[k]);

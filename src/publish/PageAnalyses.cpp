@@ -70,18 +70,11 @@ void writeGrid(PageHtml& html, const PageStudy& study, std::size_t k) {
         writeNote(html, "The first " + std::to_string(mostPageRows) + " reaches stand here.");
 }
 
-StationAgreement agreementOf(const PageRun& run) {
-    StationAgreement agreement;
-    for (const StationRow& row : run.stations)
-        agreement.take(row.station);
-    return agreement;
-}
-
 void writeStations(PageHtml& html, const PageStudy& study, std::size_t k) {
     const PageRun& run = study.runs()[k];
-    if (run.stations.empty()) return;
-    const StationAgreement agreement = agreementOf(run);
-    const int all = static_cast<int>(run.stations.size());
+    if (run.stations.count == 0) return;
+    const StationAgreement& agreement = run.stations.agreement;
+    const int all = static_cast<int>(run.stations.count);
     html.open("details").element("summary", "Model and samples agree at " +
                                                 std::to_string(agreement.pass + agreement.fail) + " of " +
                                                 counted(all, "station", "stations"));
@@ -89,8 +82,9 @@ void writeStations(PageHtml& html, const PageStudy& study, std::size_t k) {
                         std::to_string(agreement.fail) + "; only the model fails at " +
                         std::to_string(agreement.modelOnly) + ", only the samples fail at " +
                         std::to_string(agreement.observedOnly) + ".");
-    writePageTable(html, withReachNames(complianceByStation(run.run, study.judging()), run.run),
-                   {idOf("stations", k), "Verdicts of model and samples at stations, " + nameOfRun(run), 0});
+    writePageTable(html, withReachNames(stationTable(run.run, run.stations.first), run.run),
+                   {idOf("stations", k), "Verdicts of model and samples at stations, " + nameOfRun(run), 0,
+                    run.stations.count});
     html.closeLine();
 }
 

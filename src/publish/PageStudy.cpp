@@ -1,6 +1,7 @@
 #include "publish/PageStudy.h"
 
 #include "basic/Text.h"
+#include "publish/PageTable.h"
 #include "publish/PageText.h"
 
 #include <algorithm>
@@ -42,8 +43,8 @@ void PageStudy::judge(const StudyRun& run) {
     if (!m_runs.empty()) asked.base = base();
     judged.compliance = complianceRows(asked, m_judging);
     judged.overall = overallRows(run, m_judging, judged.compliance);
-    judged.sums = complianceSums(run, {wholeGroup(*run.file, {})}, m_judging);
-    judged.stations = stationRows(run, m_judging);
+    judged.sums = complianceSums(run, m_judging, judged.compliance);
+    judged.stations = firstStations(run, m_judging, mostPageRows);
     if (!m_runs.empty()) {
         ChangeRequest changes;
         changes.series = m_request.series;

@@ -17,7 +17,7 @@ struct PageRun {
     std::vector<OverallRow> overall;
     std::vector<ComplianceSumRow> sums; // of the whole, by determinand
     std::vector<ChangeRow> changes;     // by reach, mean values; none of the base
-    std::vector<StationRow> stations;
+    Stations stations;                  // so many as a table of the page holds
 };
 
 class PageStudy {

@@ -4,6 +4,7 @@
 #include "publish/PageText.h"
 #include "tables/PeopleNumbers.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace korvel {
@@ -100,9 +101,10 @@ void writePageTable(PageHtml& html, const Table& table, const PageTableLook& loo
     PageRows rows(html, look.headers);
     table.rows(rows);
     html.close().close().closeLine();
-    if (rows.rows() > mostPageRows)
+    const std::size_t all = std::max(rows.rows(), look.rows);
+    if (all > mostPageRows)
         html.element("p",
-                     "The first " + std::to_string(mostPageRows) + " of " + std::to_string(rows.rows()) +
+                     "The first " + std::to_string(mostPageRows) + " of " + std::to_string(all) +
                          " rows stand here; the commands of the program give all.",
                      {{"class", "note"}});
     html.line();

@@ -15,6 +15,7 @@ struct PageTableLook {
     std::string id;          // unique on the page; the CSV file is named by it
     std::string caption;     // UTF-8
     std::size_t headers = 1; // so many columns on the left tell what a row is about
+    std::size_t rows = 0;    // where the table holds only the first of them: so many are there
 };
 
 // With a note below where there are more rows than a page takes.

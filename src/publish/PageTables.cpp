@@ -202,20 +202,25 @@ Table comparedKindsTable(const PageStudy& study, const PageSources& sources) {
 
 namespace {
 
-bool isShown(const PageStudy& study, const PageRun& run, int series, Statistic statistic) {
-    if (statistic == Statistic::mean || isFlow(series)) return statistic == Statistic::mean;
-    const std::vector<JudgedDeterminand> judged = judgedBy(run.run, study.judging());
-    return std::ranges::any_of(judged, [&](const JudgedDeterminand& each) {
-        return each.number == series && each.statistic == statistic;
-    });
+// The mean and what the series is judged by.
+std::vector<Statistic> fittedStatistics(const PageStudy& study, const PageRun& run, int series) {
+    std::vector<Statistic> statistics = {Statistic::mean};
+    for (const JudgedDeterminand& each : judgedBy(run.run, study.judging()))
+        if (each.number == series && each.statistic != Statistic::mean) statistics.push_back(each.statistic);
+    return statistics;
 }
 
-FitRequest fitRequest(const PageStudy& study) {
-    FitRequest request;
-    for (const int series : study.request().series)
-        if (!isLoad(study.base().results(), series)) request.series.push_back(series);
-    request.statistics.assign(allStatistics.begin(), allStatistics.end());
-    return request;
+std::vector<FitRow> pageFitRows(const PageStudy& study, const PageRun& run) {
+    const std::vector<ReachGroup> whole = {wholeGroup(*run.run.file, {})};
+    std::vector<FitRow> rows;
+    for (const int series : study.request().series) {
+        if (isLoad(run.run.results(), series)) continue;
+        FitRequest request;
+        request.series = {series};
+        request.statistics = fittedStatistics(study, run, series);
+        std::ranges::move(fitRows(run.run, whole, request), std::back_inserter(rows));
+    }
+    return rows;
 }
 
 } // namespace
@@ -226,9 +231,7 @@ Table pageFitTable(const PageStudy& study, const PageRun& run) {
                    "r2", "typical_factor", "within_limits", "bounded"});
     return {"fit", columns, [&study, &run](RowTaker& taker) {
                 const ResultsDataSet& results = run.run.results();
-                for (const FitRow& row :
-                     fitRows(run.run, {wholeGroup(*run.run.file, {})}, fitRequest(study))) {
-                    if (!isShown(study, run, row.series, row.statistic)) continue;
+                for (const FitRow& row : pageFitRows(study, run)) {
                     const FitFigures& fit = row.figures;
                     std::vector<Cell> cells = {std::string_view(results.seriesNames[row.series]),
                                                nameOf(row.statistic), fit.n};

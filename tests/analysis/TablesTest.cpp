@@ -137,6 +137,47 @@ TEST_F(AnalysisTables, TellComplianceByPointAndStation) {
                     "2,0,Ford,BOD,mean,6,4,5,fail,pass", "1,4,Mill,BOD,mean,3,5,4,pass,fail"}));
 }
 
+// The reaches' points stand in turn, so that the first stations are not those of the first reach.
+TEST_F(AnalysisTables, TellTheFirstStationsAndWhatAllOfThemSay) {
+    const ComplianceRequest judging{{1}, {}, {}, 10};
+    ResultsFileBuilder file;
+    file.determinand(1, "BOD", 1);
+    constexpr int reaches = 4;
+    for (int reach = 1; reach <= reaches; ++reach)
+        file.reach(reach, "R", 10, reach < reaches ? reach + 1 : 0);
+    for (int k = 0; k < 10; ++k)
+        for (int reach = reaches; reach >= 1; --reach)
+            file.point(reach, k, "P", 10)
+                .setAll(0)
+                .set(meanValue, 1, k)
+                .set(targetValue, 1, 4.5)
+                .set(observedMean, 1, 1 + reach);
+    const StudyRun stations = studyOf({file}).base();
+    const std::vector<StationRow> all = stationRows(stations, judging);
+    ASSERT_EQ(all.size(), 40U);
+    for (const std::size_t most : {0, 1, 3, 39, 40, 100}) {
+        const Stations first = firstStations(stations, judging, most);
+        ASSERT_EQ(first.first.size(), std::min<std::size_t>(most, 40)) << most;
+        for (std::size_t k = 0; k < first.first.size(); ++k)
+            EXPECT_EQ(first.first[k].station.point, all[k].station.point) << most;
+        EXPECT_EQ(first.count, 40U);
+        EXPECT_EQ(first.agreement.pass, 15) << "the samples fail in reach 4 alone";
+        EXPECT_EQ(first.agreement.fail, 5);
+        EXPECT_EQ(first.agreement.modelOnly, 15);
+        EXPECT_EQ(first.agreement.observedOnly, 5);
+    }
+}
+
+TEST_F(AnalysisTables, AddReachesUpToTheSameSums) {
+    const auto sums = complianceSums(base, judging, complianceRows({base, {}}, judging));
+    const auto judged = complianceSums(base, {wholeGroup(*base.file, {})}, judging);
+    ASSERT_EQ(sums.size(), judged.size());
+    EXPECT_EQ(sums[0].sums.failingLength, judged[0].sums.failingLength);
+    EXPECT_EQ(sums[0].sums.judgedPoints, 3);
+    EXPECT_EQ(sums[0].reachesFailing, 1);
+    EXPECT_EQ(sums[0].reachesJudged, 2);
+}
+
 TEST_F(AnalysisTables, TellTheFitByPointWorstFirst) {
     EXPECT_EQ(rowsOf(fitByPoint(base, {{0, 1}, {Statistic::mean}, {}})),
               (Rows{"reach,distance,feature,series,statistic,observed,value,low,high,error,percent",

@@ -61,6 +61,8 @@ TEST(PageTable, TakesFiveThousandRowsAndSaysSo) {
     const std::string more = written(rowsOf(5001));
     EXPECT_EQ(countOf(more, "<tr>"), 5001U);
     EXPECT_NE(more.find("The first 5000 of 5001 rows"), std::string::npos);
+    const std::string first = written(rowsOf(5000), {"t", "c", 1, 600000});
+    EXPECT_NE(first.find("The first 5000 of 600000 rows"), std::string::npos);
 }
 
 TEST(PageTable, NamesReachesBesideTheirNumbers) {
