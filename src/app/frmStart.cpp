@@ -287,13 +287,15 @@ void frmStart::explore() {
     if (!GLOBAL.fileNames[0].empty() && services().files.exists(GLOBAL.fileNames[0]))
         return services().machine.startExplorer({GLOBAL.fileNames[0]});
     m_exploreDialog.initialFolder = GLOBAL.LastFolder;
-    const auto chosen = services().dialogs.chooseFile(FileDialogKind::open, m_exploreDialog);
-    if (!chosen) return;
+    const std::vector<ChosenFile> chosen = services().dialogs.chooseFiles(m_exploreDialog);
+    if (chosen.empty()) return;
     services().files.setCurrentFolder(services().machine.applicationFolder());
-    if (chosen->refusal)
-        services().dialogs.show(refusedName(*chosen));
-    else
-        services().machine.startExplorer({chosen->name});
+    std::vector<std::string> files;
+    for (const ChosenFile& file : chosen) {
+        if (file.refusal) return (void)services().dialogs.show(refusedName(file));
+        files.push_back(file.name);
+    }
+    services().machine.startExplorer(files);
 }
 
 // What the form in front shows; asks as the main form does where nothing is loaded.

@@ -45,6 +45,7 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     // What the user will do.
     void willAnswer(Answer answer);
     void willChoose(const std::string& modelName);
+    void willChooseFiles(const std::vector<std::string>& modelNames); // in a dialog that takes several
     void willChooseRefused(const std::string& modelName, const std::string& refusal);
     void willCancel(); // a file dialog
     void willFailDialog(const RunTimeError& error);
@@ -95,6 +96,9 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     struct Choice {
         ChosenFile file;
     };
+    struct Choices {
+        std::vector<ChosenFile> files;
+    };
     struct Cancel {};
     struct PrinterChoice {};
     struct Failure {
@@ -107,10 +111,12 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
         std::string formName;
         std::function<void(ShownForm&)> action;
     };
-    using Deed = std::variant<Answer, Choice, Cancel, Failure, PrinterChoice, PrinterFailure, FormAction>;
+    using Deed =
+        std::variant<Answer, Choice, Choices, Cancel, Failure, PrinterChoice, PrinterFailure, FormAction>;
 
     Answer show(const Message& message) override;
     std::optional<ChosenFile> chooseFile(FileDialogKind kind, const FileDialogSettings& settings) override;
+    std::vector<ChosenFile> chooseFiles(const FileDialogSettings& settings) override;
     void choosePrinter(const std::string& objectName) override;
 
     std::string currentFolder() override { return m_currentFolder; }
