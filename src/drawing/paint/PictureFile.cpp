@@ -20,6 +20,9 @@ namespace korvel {
 
 namespace {
 
+constexpr double screenDotsPerInch = 96; // at a device pixel a pixel
+constexpr double metresOfInch = 0.0254;
+
 QSize logicalSize(const Drawing& drawing) {
     return {pixels(drawing.width), pixels(drawing.height)};
 }
@@ -41,7 +44,12 @@ std::string withoutControls(std::string xml) {
 }
 
 std::string pngBytes(const Drawing& drawing, double pixelRatio) {
-    return imageBytes(pictureOf(drawing, pixelRatio), "PNG");
+    QImage picture = pictureOf(drawing, pixelRatio);
+    // So that documents which take it up show it as large as it was laid out.
+    const int dotsPerMetre = qRound(screenDotsPerInch * pixelRatio / metresOfInch);
+    picture.setDotsPerMeterX(dotsPerMetre);
+    picture.setDotsPerMeterY(dotsPerMetre);
+    return imageBytes(picture, "PNG");
 }
 
 std::string bmpBytes(const Drawing& drawing, double pixelRatio) {
@@ -117,7 +125,8 @@ std::string pictureFilter() {
 }
 
 QImage pictureOf(const Drawing& drawing, double pixelRatio) {
-    QImage image(logicalSize(drawing) * pixelRatio, QImage::Format_RGB32);
+    const auto pixelsOf = [&](double twips) { return qRound(twips / twipsPerPixel * pixelRatio); };
+    QImage image(pixelsOf(drawing.width), pixelsOf(drawing.height), QImage::Format_RGB32);
     if (image.isNull()) throw RunTimeError(errors::outOfMemory);
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::white);
