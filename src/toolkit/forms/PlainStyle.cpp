@@ -1,5 +1,6 @@
 #include "toolkit/forms/PlainStyle.h"
 
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
 #include <QStyleOption>
@@ -9,6 +10,11 @@ namespace korvel {
 
 namespace {
 
+constexpr int besideHeading = 4; // pixels more than Fusion leaves, so that headings stand over their cells
+constexpr int menuArrow = 12;    // room for it
+constexpr int darkest = 127;     // lightness, of a ground that counts as dark
+constexpr double shareOfLine = 0.65; // a mark's, of the height of a line beside it
+
 // Two angles that point to what lies further on.
 QIcon furtherOn() {
     constexpr int size = 32;
@@ -16,7 +22,9 @@ QIcon furtherOn() {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(0x40, 0x40, 0x40), 3));
+    const QPalette palette = QGuiApplication::palette();
+    const bool isDark = palette.color(QPalette::Window).lightness() <= darkest;
+    painter.setPen(QPen(isDark ? palette.color(QPalette::ButtonText) : QColor(0x40, 0x40, 0x40), 3));
     for (const int x : {8, 17})
         painter.drawPolyline(QPolygon({{x, 8}, {x + 7, 16}, {x, 24}}));
     return picture;
@@ -27,8 +35,12 @@ bool isMark(QStyle::PixelMetric which) {
            which == QStyle::PM_ExclusiveIndicatorWidth || which == QStyle::PM_ExclusiveIndicatorHeight;
 }
 
-constexpr int darkest = 127;         // lightness, of a ground that counts as dark
-constexpr double shareOfLine = 0.65; // a mark's, of the height of a line beside it
+// Wherever it is pressed.
+bool opensMenu(const QStyleOption* option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    return button != nullptr && button->features.testFlag(QStyleOptionToolButton::HasMenu) &&
+           !button->features.testFlag(QStyleOptionToolButton::MenuButtonPopup);
+}
 
 } // namespace
 
@@ -49,6 +61,34 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     painter->setBrush(Qt::NoBrush);
     painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
     painter->restore();
+}
+
+QSize PlainStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                   const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_HeaderSection) return size + QSize(2 * besideHeading, 0);
+    if (type == CT_ToolButton && opensMenu(option)) return size + QSize(2 * menuArrow, 0);
+    return size;
+}
+
+QRect PlainStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                 const QWidget* widget) const {
+    const QRect place = QProxyStyle::subElementRect(element, option, widget);
+    if (element != SE_HeaderLabel) return place;
+    return place.adjusted(besideHeading, 0, -besideHeading, 0);
+}
+
+// Fusion puts the arrow of a button that is a menu into its corner, onto the text.
+void PlainStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+    if (control != CC_ToolButton || !opensMenu(option))
+        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    QStyleOptionToolButton button = *qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    button.features &= ~QStyleOptionToolButton::HasMenu;
+    QProxyStyle::drawComplexControl(control, &button, painter, widget);
+    QStyleOption arrow = button;
+    arrow.rect.setLeft(arrow.rect.right() - menuArrow);
+    drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
 }
 
 int PlainStyle::pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const {
