@@ -4,6 +4,7 @@
 #include "drawing/paint/QtTextMetrics.h"
 #include "drawing/paint/Shown.h"
 #include "explore/tables/TableColours.h"
+#include "toolkit/forms/Spoken.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -39,6 +40,7 @@ QColor onGround(const QColor& colour, const QColor& ground) {
 
 ScatterPicture::ScatterPicture(Handlers& handlers, QWidget* parent) : QWidget(parent), m_handlers(handlers) {
     setObjectName("picFit");
+    tellAsChart(*this);
     setAccessibleName(tr("Observed and simulated values"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);

@@ -3,6 +3,7 @@
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
+#include "toolkit/forms/Spoken.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -32,6 +33,7 @@ DrawnPoint twipsAt(QPointF at) {
 NetworkPicture::NetworkPicture(const TextMetrics& metrics, Handlers& handlers, QWidget* parent)
     : QWidget(parent), m_metrics(metrics), m_handlers(handlers) {
     setObjectName("picNetwork");
+    tellAsChart(*this);
     setAccessibleName("Network of rivers");
     setAccessibleDescription("A click on a river looks down it; the boxes From and to do the same.");
     setMouseTracking(true);

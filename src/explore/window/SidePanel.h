@@ -48,7 +48,9 @@ class SidePanel : public QWidget {
 
     void makeSeries();
     void makeSwitches();
-    QWidget* makeHeading(const QString& text, QWidget* beside = nullptr);
+    void makeRunButtons();
+    QWidget* makeHeading(const QString& text, const std::vector<QWidget*>& beside = {});
+    void takeTab(QWidget& control);
     void showSeries(const ExploreState& state);
     std::vector<int> chosenSeries() const;
     void showSeriesMenu(QPoint at);
@@ -56,9 +58,10 @@ class SidePanel : public QWidget {
     Handlers& m_handlers;
     QGridLayout* m_switchRows;
     RunsList* m_runs;
-    QToolButton* m_add;
+    QToolButton *m_arrange, *m_add;
     QListWidget* m_series;
     std::vector<Switch> m_switches;
+    QWidget* m_lastControl = nullptr; // in the order of the Tab key
     int m_determinands = 0;
     std::set<int> m_lowIsBad;
 };

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QVariant>
 
@@ -23,12 +24,16 @@ uint numberIn(QVariant value) {
     return value.toUInt();
 }
 
+QDBusMessage schemeQuestion() {
+    QDBusMessage question = QDBusMessage::createMethodCall(service, path, settings, "Read");
+    question << QString("org.freedesktop.appearance") << QString("color-scheme");
+    return question;
+}
+
 bool desktopIsDark() {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return false;
-    QDBusMessage question = QDBusMessage::createMethodCall(service, path, settings, "Read");
-    question << QString("org.freedesktop.appearance") << QString("color-scheme");
-    const QDBusMessage answer = bus.call(question, QDBus::Block, patience);
+    const QDBusMessage answer = bus.call(schemeQuestion(), QDBus::Block, patience);
     return answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty() &&
            numberIn(answer.arguments().first()) == prefersDark;
 }
@@ -78,8 +83,15 @@ ThemeWatch::ThemeWatch(std::function<void()> onChange) {
     m_settled.setSingleShot(true);
     m_settled.setInterval(0);
     QObject::connect(&m_settled, &QTimer::timeout, std::move(onChange));
-    QDBusConnection::sessionBus().connect(service, path, settings, "SettingChanged", &m_settled,
-                                          SLOT(start()));
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) return;
+    bus.connect(service, path, settings, "SettingChanged", &m_settled, SLOT(start()));
+    // A portal that had to be started first may have kept the window waiting too long.
+    auto* late = new QDBusPendingCallWatcher(bus.asyncCall(schemeQuestion()), &m_settled);
+    QObject::connect(late, &QDBusPendingCallWatcher::finished, &m_settled, [this, late] {
+        if (!late->isError()) m_settled.start();
+        late->deleteLater();
+    });
 }
 
 } // namespace korvel
