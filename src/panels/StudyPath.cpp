@@ -1,7 +1,5 @@
 #include "panels/StudyPath.h"
 
-#include "analysis/Sources.h"
-
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -162,15 +160,6 @@ StudyPath studyPath(const Study& study, const std::vector<int>& reaches) {
     sortPlaces(path);
     findFeatures(study, path);
     return path;
-}
-
-std::vector<int> firstPath(const Study& study, const Network& ofBase) {
-    if (study.base().reaches().count() == 0) return {};
-    const auto mouth = largestMouth(*study.base().file, ofBase, 0);
-    if (ofBase.hasCircles() || !mouth) return {0};
-    const int last = study.base().reaches().placeOf(mouth->reach);
-    const int river = ofBase.riverOf[static_cast<std::size_t>(last)];
-    return ofBase.rivers[static_cast<std::size_t>(river)].reaches;
 }
 
 std::optional<std::size_t> nearestPlace(const StudyPath& path, double km, Interpolated interpolated) {

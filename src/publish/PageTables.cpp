@@ -116,36 +116,11 @@ Table pageChangesTable(const PageStudy& study, const PageRun& run) {
 
 namespace {
 
-// A source, and what each run has of it; null where it has none.
-struct ComparedSource {
-    std::vector<const Contribution*> runs;
-
-    const Contribution& any() const {
-        return **std::ranges::find_if(runs, [](const Contribution* each) { return each != nullptr; });
-    }
-};
-
-std::vector<Contribution> namesOf(const std::vector<ComparedSource>& sources) {
-    std::vector<Contribution> names;
-    for (const ComparedSource& source : sources)
-        names.push_back(source.any());
-    return names;
-}
-
 std::vector<ComparedSource> comparedSources(const PageSources& sources) {
-    std::vector<ComparedSource> all;
-    for (std::size_t k = 0; k < sources.runs.size(); ++k) {
-        const std::vector<Contribution>& own = sources.runs[k].contributions;
-        const std::vector<int> partners = matchSources(own, namesOf(all));
-        for (std::size_t c = 0; c < own.size(); ++c) {
-            if (partners[c] < 0)
-                all.push_back({std::vector<const Contribution*>(sources.runs.size(), nullptr)});
-            ComparedSource& source =
-                partners[c] < 0 ? all.back() : all[static_cast<std::size_t>(partners[c])];
-            source.runs[k] = &own[c];
-        }
-    }
-    return all;
+    std::vector<std::span<const Contribution>> runs;
+    for (const LoadSources& run : sources.runs)
+        runs.emplace_back(run.contributions);
+    return compareSources(runs);
 }
 
 void addRunColumns(std::vector<Column>& columns, const PageStudy& study) {

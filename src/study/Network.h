@@ -32,6 +32,10 @@ struct Network {
     std::vector<int> riverOf;
 
     bool hasCircles() const { return !circles.empty(); }
+    // The river that a reach is part of; not where there are circles.
+    const River& riverAt(int place) const {
+        return rivers[static_cast<std::size_t>(riverOf[static_cast<std::size_t>(place)])];
+    }
 };
 
 Network networkOf(const RunFile& run);

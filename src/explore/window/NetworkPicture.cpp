@@ -3,6 +3,7 @@
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
+#include "explore/PathChoice.h"
 #include "toolkit/forms/Spoken.h"
 
 #include <QMouseEvent>
@@ -73,18 +74,11 @@ const NetworkLayout& NetworkPicture::layoutShown() {
     return *m_layout;
 }
 
-std::vector<int> NetworkPicture::chosenPlaces() const {
-    const ReachPoints& reaches = m_state.study->base().reaches();
-    const int from = reaches.placeOf(m_state.from), to = reaches.placeOf(m_state.to);
-    if (from < 0 || to < 0) return {};
-    return pathBetween(*m_state.network, from, to).value_or(std::vector<int>());
-}
-
 Drawing NetworkPicture::drawn(const NetworkLayout& layout) const {
     Drawing drawing;
     drawing.width = layout.width;
     drawing.height = layout.height;
-    paintChosen(layout, chosenPlaces(), drawing);
+    paintChosen(layout, pathOf(m_state), drawing);
     paint(layout, drawing);
     return drawing;
 }
