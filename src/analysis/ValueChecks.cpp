@@ -110,7 +110,7 @@ void runValueCheck(const ValueCheck& check, const StatisticColumns& columns, con
 std::vector<CheckFinding> checkValues(const RunFile& run, std::size_t places) {
     const std::vector<int> points = pointsOfReaches(run);
     std::vector<FoundPlaces> found(std::size(valueChecks), FoundPlaces(places));
-    for (int series = 0; series <= 2 * run.results.determinandCount; ++series) {
+    for (int series = 0; series <= run.results.seriesCount; ++series) {
         const StatisticColumns columns = statisticColumns(run, series);
         for (std::size_t k = 0; k < found.size(); ++k) {
             if (isFlow(series) && !valueChecks[k].ofFlowToo) continue;

@@ -85,7 +85,7 @@ Drawing drawGraph(const GraphCall& graph, const std::string& date) {
     Drawing drawing{.width = area.width, .height = area.height, .commands = {}};
     const QtTextMetrics metrics;
     GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
-    DrawGraphs(primitives, false, area, date);
+    DrawGraphs(primitives, OutputTarget::screen, area, date);
     return drawing;
 }
 

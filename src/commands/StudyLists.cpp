@@ -67,7 +67,7 @@ std::vector<ListPart> listParts(const std::string& list) {
 
 std::vector<int> seriesChosen(const std::optional<std::string>& list, const ResultsDataSet& results) {
     std::vector<std::string> names;
-    for (int c = 0; c <= 2 * results.determinandCount; ++c)
+    for (int c = 0; c <= results.seriesCount; ++c)
         names.push_back(results.seriesNames[c]);
     std::set<int> series;
     for (int c = 0; !list && c < static_cast<int>(names.size()); ++c)

@@ -45,7 +45,7 @@ void keepPath(ExploreState& state) {
 
 void keepSeries(ExploreState& state) {
     const ResultsDataSet& results = state.study->base().results();
-    std::erase_if(state.series, [&](int series) { return series > 2 * results.determinandCount; });
+    std::erase_if(state.series, [&](int series) { return series > results.seriesCount; });
     if (state.series.empty()) state.series = firstSeries(results);
 }
 

@@ -35,7 +35,6 @@ class PageHtml {
     PageHtml& markup(std::string_view text);
 
     OutputBytes& out() { return m_out; }
-    std::size_t depth() const { return m_open.size(); }
 
   private:
     void begin(std::string_view element, Attributes attributes);

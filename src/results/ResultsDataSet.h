@@ -40,6 +40,7 @@ struct ResultsDataSet {
     CheckedArray<std::string, 0, MaxSeries> seriesNames;
     SeriesKind kindOf(int series) const;
     int determinandOf(int series) const; // 0 of the flow
+    int loadOf(int determinand) const;   // its series; the flow of 0
     SeriesName nameOf(int series) const;
     CheckedArray<int, 1, MaxDeterminands> determinandTypes;
     CheckedArray<int, 1, MaxDeterminands> determinandStatistics;

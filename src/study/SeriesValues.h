@@ -37,7 +37,7 @@ inline bool isFlow(int series) {
     return series == 0;
 }
 inline bool isLoad(const ResultsDataSet& results, int series) {
-    return series > results.determinandCount;
+    return results.kindOf(series) == SeriesKind::load;
 }
 
 // As it is shown: without the blanks around it and points at its end.

@@ -280,7 +280,7 @@ TEST_F(ProfileGraphTest, DrawGraphsDrawsTheSharedState) {
     GLOBAL.selectedDeterminands = {0};
     Drawing drawing{.width = 9600, .height = 6780, .commands = {}};
     GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
-    DrawGraphs(primitives, false, {9600, 6780, 9600}, "03/04/2026");
+    DrawGraphs(primitives, OutputTarget::screen, {9600, 6780, 9600}, "03/04/2026");
     EXPECT_TRUE(hasText(drawing, "Shared"));
     EXPECT_TRUE(hasText(drawing, "Date: 03/04/2026"));
     EXPECT_EQ(primitives.LabelCount, static_cast<int>(textsOf(drawing).size()));

@@ -42,7 +42,7 @@ SourceRows::SourceRows(const TableScope& scope, const SourcesChoice& choice)
       m_runs(scope.runs),
       m_determinand(choice.determinand),
       m_byKind(choice.by == SourcesBy::kind) {
-    m_series = choice.determinand == 0 ? 0 : scope.base.results().determinandCount + choice.determinand;
+    m_series = scope.base.results().loadOf(choice.determinand);
     find(scope, choice);
     if (m_sources.size() != m_runs.size() || m_sources.empty()) return;
     if (m_byKind) {

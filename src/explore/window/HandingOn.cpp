@@ -46,7 +46,7 @@ class WritingProgress {
 
 // As the commands have it where no series are named.
 std::vector<int> allSeries(const ResultsDataSet& results) {
-    std::vector<int> series(static_cast<std::size_t>(2 * results.determinandCount + 1));
+    std::vector<int> series(static_cast<std::size_t>(results.seriesCount + 1));
     std::iota(series.begin(), series.end(), 0);
     return series;
 }

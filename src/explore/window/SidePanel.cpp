@@ -163,7 +163,7 @@ void SidePanel::showSeries(const ExploreState& state) {
     const QSignalBlocker quiet(m_series);
     m_lowIsBad = lowIsBadOf(state);
     m_determinands = state.isEmpty() ? 0 : state.study->base().results().determinandCount;
-    const int count = state.isEmpty() ? 0 : 2 * state.study->base().results().determinandCount + 1;
+    const int count = state.isEmpty() ? 0 : state.study->base().results().seriesCount + 1;
     while (m_series->count() > count)
         delete m_series->takeItem(m_series->count() - 1);
     while (m_series->count() < count)
@@ -173,16 +173,6 @@ void SidePanel::showSeries(const ExploreState& state) {
         line.setText(shown(state.study->base().results().seriesNames[series]));
         const bool isChosen = std::ranges::find(state.series, series) != state.series.end();
         line.setCheckState(isChosen ? Qt::Checked : Qt::Unchecked);
-    }
-}
-
-void SidePanel::showCurrentSeries(int series) {
-    for (int line = 0; line < m_series->count(); ++line) {
-        QFont font = m_series->item(line)->font();
-        if (font.bold() == (line == series)) continue;
-        const QSignalBlocker quiet(m_series);
-        font.setBold(line == series);
-        m_series->item(line)->setFont(font);
     }
 }
 

@@ -37,8 +37,6 @@ class SidePanel : public QWidget {
 
     void show(const ExploreState& state, const std::vector<ListedRun>& runs, Theme theme);
     using QWidget::show;
-    // The list lays stress on a panel.
-    void showCurrentSeries(int series);
 
   private:
     struct Switch {

@@ -213,7 +213,7 @@ void frmSimgraph::redraw() {
     m_primitives.CloseGraph();
     m_drawing.width = area.width;
     m_drawing.height = area.height;
-    m_layout = DrawGraphs(m_primitives, false, area, dayMonthYear(services().machine.today()));
+    m_layout = DrawGraphs(m_primitives, OutputTarget::screen, area, dayMonthYear(services().machine.today()));
     picGraph.showAnew();
     refresh();
 }
