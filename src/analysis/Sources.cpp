@@ -82,16 +82,7 @@ LoadSources sourcesOf(const RunFile& run, const Network& network, int series, co
 
 std::optional<SourcePlace> largestMouth(const RunFile& run, const Network& network, int series) {
     const std::span<const double> load = seriesValues(run.results, series, Statistic::mean).value;
-    std::vector<double> atEnd(network.next.size(), 0);
-    for (const int reach : network.downward) {
-        double& sum = atEnd[static_cast<std::size_t>(reach)];
-        const std::span<const int> points = run.reaches.pointsOf(reach);
-        if (!points.empty())
-            sum = load[static_cast<std::size_t>(points.back())];
-        else
-            for (const int inflow : network.inflows[static_cast<std::size_t>(reach)])
-                sum += atEnd[static_cast<std::size_t>(inflow)];
-    }
+    const std::vector<double> atEnd = outflowsOf(run, network, load);
     const auto largest = std::ranges::max_element(
         network.mouths, {}, [&](int mouth) { return atEnd[static_cast<std::size_t>(mouth)]; });
     if (largest == network.mouths.end()) return std::nullopt;

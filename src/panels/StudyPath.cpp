@@ -1,8 +1,9 @@
 #include "panels/StudyPath.h"
 
+#include "study/Spot.h"
+
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <numeric>
 #include <string_view>
 #include <unordered_map>
@@ -13,19 +14,6 @@ namespace korvel {
 namespace {
 
 constexpr int otherReachBoundary = 10;
-
-struct Spot {
-    double km;
-    std::string_view side;
-    bool operator==(const Spot&) const = default;
-};
-
-struct SpotHash {
-    std::size_t operator()(const Spot& spot) const {
-        const double km = spot.km == 0 ? 0 : spot.km; // 0 and -0 are equal
-        return std::hash<double>()(km) * 31 + std::hash<std::string_view>()(spot.side);
-    }
-};
 
 // Finds the places of one reach: the first run's points, then what the others have beside them. As points of
 // two runs match: where distance and side are equal, the first with the first.

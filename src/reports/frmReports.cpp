@@ -298,11 +298,7 @@ void frmReports::setBusy(const std::string& doing) {
     lblCancel.show();
     Progress.setValue(0);
     frameProgress.show();
-    menuBar()->setEnabled(false);
-    mnuWorkbook.setEnabled(false);
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
-        control->setEnabled(false);
+    enableChoices(false);
     setFocus();
     services().windows.updateScreen();
 }
@@ -310,11 +306,15 @@ void frmReports::setBusy(const std::string& doing) {
 void frmReports::setIdle() {
     m_busy = false;
     frameProgress.hide();
-    menuBar()->setEnabled(true);
-    mnuWorkbook.setEnabled(m_loaded);
+    enableChoices(true);
+}
+
+void frmReports::enableChoices(bool enabled) {
+    menuBar()->setEnabled(enabled);
+    mnuWorkbook.setEnabled(enabled && m_loaded);
     for (QWidget* control :
          std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
-        control->setEnabled(true);
+        control->setEnabled(enabled);
 }
 
 void frmReports::showExplanation() {

@@ -51,6 +51,7 @@ class frmReports : public Form {
     std::optional<std::string> askForFile();
     void setBusy(const std::string& doing);
     void setIdle();
+    void enableChoices(bool enabled);
     void centreFrames();
 
     void refresh();
