@@ -9,6 +9,7 @@
 #include "platform/Printing.h"
 #include "publish/Atlas.h"
 #include "publish/Page.h"
+#include "study/SeriesValues.h"
 #include "tables/TableFormats.h"
 #include "toolkit/paper/PdfPaper.h"
 #include "toolkit/paper/PrintPreview.h"
@@ -16,8 +17,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QProgressDialog>
-
-#include <numeric>
 
 namespace korvel {
 
@@ -44,25 +43,14 @@ class WritingProgress {
     QProgressDialog m_dialog;
 };
 
-// As the commands have it where no series are named.
-std::vector<int> allSeries(const ResultsDataSet& results) {
-    std::vector<int> series(static_cast<std::size_t>(results.seriesCount + 1));
-    std::iota(series.begin(), series.end(), 0);
-    return series;
-}
-
 bool isForOneTable(const TableFormat& format) {
     return format.write && format.kind != TableFormatKind::forPeople;
 }
 
-std::string tableFilter() {
+std::string filterOfTables() {
     std::string filter;
-    for (const TableFormat& format : tableFormats()) {
-        if (!isForOneTable(format)) continue;
-        const std::string extension(format.extension);
-        filter +=
-            (filter.empty() ? "" : "|") + std::string(format.title) + " (*" + extension + ")|*" + extension;
-    }
+    for (const TableFormat& format : tableFormats())
+        if (isForOneTable(format)) filter += (filter.empty() ? "" : "|") + tableFilter(format);
     return filter;
 }
 
@@ -158,8 +146,8 @@ void HandingOn::print() {
 }
 
 void HandingOn::saveTable() {
-    const auto file =
-        chooseFile("Save table " + m_what.tableName(), tableFilter(), lowerCase(m_what.tableName()), "csv");
+    const auto file = chooseFile("Save table " + m_what.tableName(), filterOfTables(),
+                                 lowerCase(m_what.tableName()), "csv");
     if (file) tell(*file, [&] { writeTable(*file); });
 }
 
