@@ -23,8 +23,7 @@ std::string judgedWords(const PageStudy& study) {
     bool first = true;
     for (const JudgedDeterminand& each : study.judged()) {
         words += (first ? "" : ", ") + pageText(determinandName(study.base().results(), each.number)) +
-                 " by its " + statisticWords(each.statistic) +
-                 (each.side == BadSide::low ? " (bad when low)" : "");
+                 " by its " + wordsOf(each.statistic) + (each.side == BadSide::low ? " (bad when low)" : "");
         first = false;
     }
     return first ? "Nothing is judged." : words + ".";

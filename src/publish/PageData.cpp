@@ -259,7 +259,7 @@ void writeSetupData(OutputBytes& out, const PageStudy& study) {
         data.key("kind");
         data.text(isFlow(series) ? "flow" : isJudged ? "concentration" : "load");
         data.key("other");
-        other ? data.text(statisticWords(*other)) : data.null();
+        other ? data.text(wordsOf(*other)) : data.null();
         data.end('}');
     }
     data.end(']');

@@ -133,7 +133,7 @@ std::string seriesWords(const PageStudy& study, const std::vector<int>& series) 
     for (const int each : series) {
         words += (words.empty() ? "" : ", ") + study.seriesTitle(each);
         if (study.base().results().kindOf(each) == SeriesKind::concentration)
-            words += " (" + statisticWords(shownStatistic(study, each)) + ")";
+            words += " (" + wordsOf(shownStatistic(study, each)) + ")";
     }
     return words;
 }

@@ -109,8 +109,4 @@ std::vector<PageSources> pageSources(const PageStudy& study) {
     return all;
 }
 
-std::string statisticWords(Statistic statistic) {
-    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
-}
-
 } // namespace korvel

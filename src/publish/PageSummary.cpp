@@ -124,8 +124,8 @@ const ComplianceSumRow* sumsOf(const PageRun& run, int determinand) {
 void writeDeterminandRow(PageHtml& html, const PageStudy& study, const JudgedDeterminand& determinand) {
     html.open("tr").open("th", {{"scope", "row"}});
     html.name(determinandName(study.base().results(), determinand.number)).words(" ");
-    html.element("small", statisticWords(determinand.statistic) +
-                              (determinand.side == BadSide::low ? ", bad when low" : ""));
+    html.element("small",
+                 wordsOf(determinand.statistic) + (determinand.side == BadSide::low ? ", bad when low" : ""));
     html.close();
     for (const PageRun& run : study.runs())
         if (const ComplianceSumRow* sums = sumsOf(run, determinand.number))

@@ -75,22 +75,11 @@ std::string svgBytes(const Drawing& drawing, double) {
     return withoutControls(buffer.data().toStdString());
 }
 
-std::vector<const PictureFormat*> chosenFormats(PictureChoice choice) {
-    std::vector<const PictureFormat*> chosen;
+std::string choiceOf(PictureChoice choice, const char* PictureFormat::*part, const std::string& conjunction) {
+    std::vector<std::string> parts;
     for (const PictureFormat& format : pictureFormats())
-        if (choice == PictureChoice::all || !format.hasOwnDialog) chosen.push_back(&format);
-    return chosen;
-}
-
-// "a, b or c"
-std::string inWords(PictureChoice choice, const char* PictureFormat::*part, const std::string& conjunction) {
-    const std::vector<const PictureFormat*> formats = chosenFormats(choice);
-    std::string words;
-    for (const PictureFormat* format : formats) {
-        if (!words.empty()) words += format == formats.back() ? " " + conjunction + " " : ", ";
-        words += format->*part;
-    }
-    return words;
+        if (choice == PictureChoice::all || !format.hasOwnDialog) parts.emplace_back(format.*part);
+    return inWords(parts, conjunction);
 }
 
 } // namespace
@@ -110,17 +99,17 @@ const PictureFormat* pictureFormatOf(const std::string& fileName) {
 }
 
 std::string pictureExtensions(PictureChoice choice, const std::string& conjunction) {
-    return inWords(choice, &PictureFormat::extension, conjunction);
+    return choiceOf(choice, &PictureFormat::extension, conjunction);
 }
 
 std::string pictureNames(PictureChoice choice, const std::string& conjunction) {
-    return inWords(choice, &PictureFormat::name, conjunction);
+    return choiceOf(choice, &PictureFormat::name, conjunction);
 }
 
 std::string pictureFilter() {
     std::string patterns;
-    for (const PictureFormat* format : chosenFormats(PictureChoice::ofDialog))
-        patterns += (patterns.empty() ? "*" : " *") + std::string(format->extension);
+    for (const PictureFormat& format : pictureFormats())
+        if (!format.hasOwnDialog) patterns += (patterns.empty() ? "*" : " *") + std::string(format.extension);
     return "Picture files (" + patterns + ")|" + patterns;
 }
 
