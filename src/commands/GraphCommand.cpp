@@ -1,5 +1,6 @@
 #include "commands/CommandList.h"
 #include "commands/GraphCall.h"
+#include "drawing/Units.h"
 
 #include "drawing/paint/PictureFile.h"
 #include "drawing/paint/QtTextMetrics.h"
@@ -15,8 +16,6 @@
 namespace korvel {
 
 namespace {
-
-constexpr double twipsPerPixel = 15;
 
 const std::string help =
     std::string(

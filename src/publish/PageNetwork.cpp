@@ -1,3 +1,4 @@
+#include "drawing/Units.h"
 #include "panels/NetworkLayout.h"
 #include "publish/PageMetrics.h"
 #include "publish/PagePicture.h"
@@ -10,7 +11,6 @@ namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
 constexpr double width = 640; // pixels
 constexpr double frameHeight = 110;
 constexpr double laneHeight = 34;

@@ -1,6 +1,7 @@
 #include "publish/PagePicture.h"
 
 #include "basic/Text.h"
+#include "drawing/Units.h"
 #include "publish/LineThinning.h"
 #include "publish/PageMetrics.h"
 #include "publish/PageText.h"
@@ -15,8 +16,6 @@ namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
-constexpr double twipsPerPoint = 20;
 constexpr std::size_t longestPictureText = 60; // characters
 constexpr std::size_t verticesOfMark = 4;      // of a cross; a stroke has fewer
 

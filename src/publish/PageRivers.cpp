@@ -1,5 +1,6 @@
 #include "publish/PageRivers.h"
 
+#include "drawing/Units.h"
 #include "publish/PageData.h"
 #include "publish/PageMetrics.h"
 #include "publish/PagePicture.h"
@@ -15,7 +16,6 @@ namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
 constexpr double pictureWidth = 540; // pixels
 constexpr double panelHeight = 110;
 constexpr double frameHeight = 150; // of the axis, the names and the key

@@ -312,9 +312,10 @@ void frmReports::setIdle() {
 void frmReports::enableChoices(bool enabled) {
     menuBar()->setEnabled(enabled);
     mnuWorkbook.setEnabled(enabled && m_loaded);
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
+    for (QWidget* control : std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions})
         control->setEnabled(enabled);
+    for (const ReportBox box : {ReportBox::allDeterminands, ReportBox::allReaches})
+        Check[static_cast<int>(box)].setEnabled(enabled);
 }
 
 void frmReports::showExplanation() {

@@ -19,6 +19,7 @@ inline constexpr int MaxSeries = 20; // flow, and concentration and load of ten 
 inline constexpr int MaxDeterminands = 10;
 inline constexpr int MaxReachNumber = 59999;
 inline constexpr int InterpolatedPointType = 99;
+inline constexpr int UnjudgedDeterminandType = 4; // a determinand that is not judged and shows no targets
 
 enum class SeriesKind { flow, concentration, load };
 

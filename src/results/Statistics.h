@@ -88,6 +88,17 @@ constexpr std::optional<Statistic> percentileOfMode(int mode) {
     return mode == 2 ? Statistic::p90 : mode == 3 ? Statistic::p99 : Statistic::p95;
 }
 
+// What a determinand's standard is set for, by the code in its line of the file; none for the other codes.
+constexpr std::optional<Statistic> statisticOfStandard(int code) {
+    switch (code) {
+    case 1: return Statistic::mean;
+    case 2: return Statistic::p95;
+    case 3: return Statistic::p90;
+    case 6: return Statistic::p99;
+    default: return std::nullopt;
+    }
+}
+
 // "mean", "95 percentile"
 inline std::string wordsOf(Statistic statistic) {
     return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";

@@ -23,7 +23,6 @@ namespace korvel {
 namespace {
 
 constexpr int screenDots = 96; // of an inch, at a device pixel a pixel
-constexpr double twipsOfInch = 1440;
 
 // What takes long can be given up.
 class WritingProgress {
@@ -132,7 +131,7 @@ void HandingOn::copyPicture() {
 
 void HandingOn::print() {
     const Drawing page =
-        m_what.picture(printableLongSide * twipsOfInch, printableShortSide * twipsOfInch, Theme::paper);
+        m_what.picture(printableLongSide * twipsPerInch, printableShortSide * twipsPerInch, Theme::paper);
     if (!showPrintPreview({page}, Orientation::landscape, m_services.dialogs, m_window)) return;
     const std::string beside = besideResults(m_what.base(), "-profile.pdf");
     try {
