@@ -1,6 +1,7 @@
 #include "results/FirstDataSet.h"
 
 #include "ReaderFixture.h"
+#include "results/Statistics.h"
 
 #include <algorithm>
 
@@ -13,6 +14,22 @@ using enum ValueField;
 class ResultsReader : public ReaderFixture {};
 
 } // namespace
+
+TEST(Statistics, AreListedByTheirTable) {
+    EXPECT_EQ(statisticNames(), "mean,90,95,99");
+    EXPECT_EQ(statisticChoice(), "mean, 90, 95 or 99");
+    EXPECT_EQ(levelChoice(), "90, 95 or 99");
+    EXPECT_EQ(wordsOf(Statistic::mean), "mean");
+    EXPECT_EQ(wordsOf(Statistic::p90), "90 percentile");
+}
+
+TEST(Statistics, AreFoundByTheCodeOfAStandard) {
+    for (const auto& [code, statistic] :
+         {std::pair{1, Statistic::mean}, {2, Statistic::p95}, {3, Statistic::p90}, {6, Statistic::p99}})
+        EXPECT_EQ(statisticOfStandard(code), statistic) << code;
+    for (const int code : {-1, 0, 4, 5, 7})
+        EXPECT_EQ(statisticOfStandard(code), std::nullopt) << code;
+}
 
 TEST_F(ResultsReader, KeepsHeaderReachesAndPoints) {
     ASSERT_EQ(load(river()), Ending::loaded);
