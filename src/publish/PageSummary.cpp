@@ -85,7 +85,25 @@ DeterminandTally tallyOf(const PageRun& run, const ComplianceSumRow& sums) {
     return tally;
 }
 
-void writeDeterminandCell(PageHtml& html, const DeterminandTally& tally) {
+// Where a determinand fails on the longest stretches.
+void writeFailingReaches(PageHtml& html, const PageStudy& study, const PageRun& run, int determinand) {
+    std::vector<const ComplianceRow*> failing;
+    for (const ComplianceRow& row : run.compliance)
+        if (row.determinand.number == determinand && row.reach.verdict == Verdict::fail)
+            failing.push_back(&row);
+    std::ranges::stable_sort(failing, std::ranges::greater(),
+                             [](const ComplianceRow* row) { return row->reach.sums.failingLength; });
+    constexpr std::size_t most = 3;
+    html.open("small");
+    for (std::size_t k = 0; k < std::min(most, failing.size()); ++k)
+        html.words(k > 0 ? ", " : "")
+            .element("bdi", study.reachTitle(run.run.reaches().number(failing[k]->place)));
+    if (failing.size() > most) html.words(" and " + std::to_string(failing.size() - most) + " more");
+    html.close();
+}
+
+void writeDeterminandCell(PageHtml& html, const PageStudy& study, const PageRun& run,
+                          const DeterminandTally& tally) {
     const ComplianceSums& sums = tally.row.sums;
     html.open("td");
     if (tally.row.reachesJudged == 0) {
@@ -102,6 +120,7 @@ void writeDeterminandCell(PageHtml& html, const DeterminandTally& tally) {
     else
         html.words("in all of " + counted(tally.row.reachesJudged, "reach", "reaches"));
     writeBar(html, {{sums.judgedLength > 0 ? sums.failingLength / sums.judgedLength : 0, "fail"}});
+    if (fails) writeFailingReaches(html, study, run, tally.row.determinand.number);
     html.close();
 }
 
@@ -129,7 +148,7 @@ void writeDeterminandRow(PageHtml& html, const PageStudy& study, const JudgedDet
     html.close();
     for (const PageRun& run : study.runs())
         if (const ComplianceSumRow* sums = sumsOf(run, determinand.number))
-            writeDeterminandCell(html, tallyOf(run, *sums));
+            writeDeterminandCell(html, study, run, tallyOf(run, *sums));
         else
             html.element("td", "");
     html.closeLine();

@@ -1,7 +1,5 @@
 #include "publish/PageTables.h"
 
-#include "analysis/FitTable.h"
-
 #include <algorithm>
 #include <memory>
 
@@ -154,6 +152,51 @@ Table comparedSourcesTable(const PageStudy& study, const PageSources& sources) {
             }};
 }
 
+namespace {
+
+// Losses as if they were sources, so that those of runs are matched as sources are.
+PageSources lossesAsSources(const PageSources& sources) {
+    PageSources losses;
+    for (const LoadSources& run : sources.runs) {
+        LoadSources lost;
+        for (const Loss& loss : run.losses) {
+            const bool atStart = !loss.distance && loss.name.starts_with("Start of ");
+            lost.contributions.push_back({atStart ? SourceKind::startOfReach : SourceKind::other, loss.name,
+                                          loss.reach, loss.distance, loss.load, 0, std::nullopt});
+        }
+        losses.runs.push_back(std::move(lost));
+    }
+    return losses;
+}
+
+void sortByBase(std::vector<ComparedSource>& losses) {
+    std::ranges::stable_sort(losses, std::ranges::greater(), [](const ComparedSource& each) {
+        return each.runs.front() ? each.runs.front()->load : 0;
+    });
+}
+
+} // namespace
+
+Table comparedLossesTable(const PageStudy& study, const PageSources& sources) {
+    std::vector<Column> columns = columnsOf({"name", "reach", "reach_name", "distance"});
+    for (const PageRun& run : study.runs())
+        append(columns, columnsOf({"lost"}, study.runs().size() > 1 ? run.run.name : ""));
+    return {"losses", columns, [&study, &sources](RowTaker& taker) {
+                const PageSources asSources = lossesAsSources(sources);
+                std::vector<ComparedSource> losses = comparedSources(asSources);
+                sortByBase(losses);
+                for (const ComparedSource& loss : losses) {
+                    const Contribution& any = loss.any();
+                    const std::string reach = study.base().file->reachName(any.reach);
+                    std::vector<Cell> cells = {std::string_view(any.name), any.reach, std::string_view(reach),
+                                               cellOf(any.distance)};
+                    for (const Contribution* each : loss.runs)
+                        cells.push_back(each ? Cell(each->load) : Cell(Nothing()));
+                    taker.row(cells);
+                }
+            }};
+}
+
 Table comparedKindsTable(const PageStudy& study, const PageSources& sources) {
     std::vector<Column> columns = columnsOf({"kind"});
     addRunColumns(columns, study);
@@ -185,6 +228,8 @@ std::vector<Statistic> fittedStatistics(const PageStudy& study, const PageRun& r
     return statistics;
 }
 
+} // namespace
+
 std::vector<FitRow> pageFitRows(const PageStudy& study, const PageRun& run) {
     const std::vector<ReachGroup> whole = {wholeGroup(*run.run.file, {})};
     std::vector<FitRow> rows;
@@ -197,8 +242,6 @@ std::vector<FitRow> pageFitRows(const PageStudy& study, const PageRun& run) {
     }
     return rows;
 }
-
-} // namespace
 
 Table pageFitTable(const PageStudy& study, const PageRun& run) {
     const std::vector<Column> columns =

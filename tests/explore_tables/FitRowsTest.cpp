@@ -2,7 +2,6 @@
 #include "ScopeSample.h"
 #include "analysis/FitTable.h"
 #include "analysis/PlainRiver.h"
-#include "explore/rows/FitScatter.h"
 #include "fakes/FixedTextMetrics.h"
 
 #include <gtest/gtest.h>
@@ -145,7 +144,7 @@ TEST(FitScatter, FindsTheNearestPointWithinReach) {
 
 TEST(FitScatter, NamesItsPoints) {
     const FitScatter scatter = scatterOf(pointsOfSample());
-    EXPECT_EQ(scatter.words(scatter.points[2]),
+    EXPECT_EQ(wordsOf(scatter, scatter.points[2]),
               "0.1 km, Works, reach 5 Reach 5: observed 4.000, simulated 8.000");
 }
 

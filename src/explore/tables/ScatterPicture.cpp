@@ -65,9 +65,9 @@ void ScatterPicture::layOut() {
 }
 
 void ScatterPicture::mark(int point) {
-    setAccessibleDescription(point < 0
-                                 ? shown(m_scatter.title)
-                                 : shown(m_scatter.words(m_scatter.points[static_cast<std::size_t>(point)])));
+    setAccessibleDescription(
+        point < 0 ? shown(m_scatter.title)
+                  : shown(wordsOf(m_scatter, m_scatter.points[static_cast<std::size_t>(point)])));
     if (m_marked != point) update();
     m_marked = point;
 }
@@ -150,7 +150,7 @@ bool ScatterPicture::event(QEvent* event) {
             QToolTip::hideText();
         else
             QToolTip::showText(help->globalPos(),
-                               shown(m_scatter.words(m_scatter.points[static_cast<std::size_t>(point)])),
+                               shown(wordsOf(m_scatter, m_scatter.points[static_cast<std::size_t>(point)])),
                                this);
     });
     return true;
