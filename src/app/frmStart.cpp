@@ -70,8 +70,6 @@ ControlArray<QLabel> frmStart::korvelLabels() {
     const Look look{.fontSize = titleFontSize, .bold = true, .align = Qt::AlignCenter};
     labels.add(0, label("lblKorvel_0", productAndVersion, at(2030, 3130, titleWidth, 900), look));
     labels.add(1, label("lblKorvel_1", productAndVersion, at(2000, 3100, titleWidth, 900), look));
-    setTextColour(labels[0], {213, 221, 226});
-    setTextColour(labels[1], {11, 60, 93});
     return labels;
 }
 
@@ -89,12 +87,11 @@ frmStart::frmStart(Platform& services)
     : Form(services, "frmStart", designCaption),
       m_dataFiles(services, {[&services] { SaveSettings(services); }, [this] { refresh(); }}) {
     client().setObjectName("client");
-    setBackground(client(), {255, 255, 255});
-    setTextColour(lblEditWarning, {122, 74, 0});
-    for (QFrame* line : {&lineAddress_0, &lineAddress_1}) {
+    client().setAutoFillBackground(true);
+    client().setBackgroundRole(QPalette::Base);
+    for (QFrame* line : {&lineAddress_0, &lineAddress_1})
         line->setFrameStyle(QFrame::NoFrame);
-        setBackground(*line, {196, 211, 218});
-    }
+    onTheme();
     frameCD.hide();
     m_exploreDialog.objectName = "cdExplore";
     m_exploreDialog.title = "Explore results";
@@ -319,6 +316,14 @@ void frmStart::dropEvent(QDropEvent* event) {
 void frmStart::setDisplayLevel(int level) {
     ChooseDisplayLevel(services(), level);
     refresh();
+}
+
+void frmStart::onTheme() {
+    setTextColour(lblKorvel[0], looks::titleShadow.in(theme()));
+    setTextColour(lblKorvel[1], looks::title.in(theme()));
+    setTextColour(lblEditWarning, looks::warning.in(theme()));
+    for (QFrame* line : {&lineAddress_0, &lineAddress_1})
+        setBackground(*line, looks::rule.in(theme()));
 }
 
 // The credits and their rules keep their distance from the bottom; nothing else moves.

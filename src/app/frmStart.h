@@ -31,6 +31,7 @@ class frmStart : public Form {
     void onActivate() override;
     bool onClose() override;
     void onResize() override;
+    void onTheme() override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 

@@ -64,13 +64,11 @@ void frmEngine::layOut() {
     txtOutput.setUndoRedoEnabled(false);
     txtOutput.setMaximumBlockCount(mostLines);
     txtOutput.setLineWrapMode(QPlainTextEdit::NoWrap);
-    QFont font("Courier New", 11);
-    font.setStyleHint(QFont::Monospace);
-    txtOutput.setFont(font);
+    txtOutput.setFont(looks::fixedFont());
 
     auto* head = new QHBoxLayout;
     head->addWidget(&lblState);
-    head->addSpacing(24);
+    head->addSpacing(looks::wideGap);
     head->addWidget(&lblFile, 1);
     head->addWidget(&lblTime);
     auto* foot = new QHBoxLayout;
@@ -80,8 +78,8 @@ void frmEngine::layOut() {
     foot->addWidget(&cmdStop);
     foot->addWidget(&cmdClose);
     auto* all = new QVBoxLayout(&client());
-    all->setContentsMargins(16, 12, 16, 12);
-    all->setSpacing(10);
+    all->setContentsMargins(looks::margin, looks::margin, looks::margin, looks::margin);
+    all->setSpacing(looks::gap);
     all->addLayout(head);
     all->addWidget(&txtOutput, 1);
     all->addLayout(foot);

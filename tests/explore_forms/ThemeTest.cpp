@@ -1,10 +1,10 @@
 // Light or dark as the desktop says: a portal of the test's own answers on a bus of the test's own.
 #include "explore/frmExplore.h"
 
-#include "explore/window/Theme.h"
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 #include "toolkit/desktop/StartQt.h"
+#include "toolkit/desktop/Theme.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -140,6 +140,17 @@ TEST_F(ThemeTest, OpensWithoutWaitingForASlowPortalAndTakesItsAnswerLater) {
     show();
     EXPECT_FALSE(isDark());
     EXPECT_TRUE(waitFor([] { return isDark(); }));
+}
+
+// The given forms are shown before the portal has answered.
+TEST_F(ThemeTest, LetsTheGivenFormsFollowWithoutWaiting) {
+    QApplication::setPalette(paletteOf(Theme::light));
+    Portal portal(prefersDark, 700);
+    const ThemeFollower follower;
+    EXPECT_FALSE(isDark());
+    EXPECT_TRUE(waitFor([] { return isDark(); }));
+    portal.change(prefersLight);
+    EXPECT_TRUE(waitFor([] { return !isDark(); }));
 }
 
 } // namespace korvel

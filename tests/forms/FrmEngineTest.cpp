@@ -45,7 +45,53 @@ class FrmEngine : public testing::Test {
     frmEngine form{platform};
 };
 
+// A script in Wine's place, and a folder of Wine's own that a first start would make.
+class OnWine : public FrmEngine {
+  protected:
+    OnWine() {
+        platform.putFile("wine", "#!/bin/sh\necho \"Wine runs ${1##*/}\"\n");
+        std::filesystem::permissions(hostPathOf(platform.pathOf("wine")), std::filesystem::perms::owner_all);
+        qputenv("PATH", QByteArray::fromStdString(hostPathOf(platform.folder())) + ":" + m_path);
+        qputenv("WINEPREFIX", QByteArray::fromStdString(hostPathOf(platform.folder())));
+        putEngine("MZ and what no script is");
+    }
+    ~OnWine() override {
+        qputenv("PATH", m_path);
+        qunsetenv("WINEPREFIX");
+    }
+    std::string outputFor(const std::vector<std::string>& dataFiles) {
+        frmEngine window(platform, {.dataFiles = dataFiles});
+        window.show();
+        static_cast<ShownForm&>(window).activate();
+        waitFor([&] { return control<QLabel>(window, "lblState").text() == "Finished"; });
+        return control<QPlainTextEdit>(window, "txtOutput").toPlainText().toStdString();
+    }
+
+  private:
+    const QByteArray m_path = qgetenv("PATH");
+};
+
+const std::string ran = "Wine runs korvelf157.exe\n";
+
 } // namespace
+
+TEST_F(OnWine, SaysWhatItWaitsForAtTheFirstStart) {
+    const std::string waits = "Wine prepares itself for its first start. This takes about half a minute.\n";
+    EXPECT_EQ(outputFor({"Z:\\DATA\\RIVER.DAT"}), waits + ran);
+    platform.putFile("system.reg", "made\r\n");
+    EXPECT_EQ(outputFor({"Z:\\DATA\\RIVER.DAT"}), ran);
+}
+
+TEST_F(OnWine, WarnsOfLettersThatAWindowsEngineMayNotRead) {
+    platform.putFile("system.reg", "made\r\n");
+    EXPECT_EQ(
+        outputFor({"Z:\\DATA\\PLAIN NAME.DAT", "Z:\\DATA\\\xC3\x89TANG.DAT"}),
+        "The engine is a Windows program. It may not find Z:\\DATA\\\xC3\x89TANG.DAT, as the name holds "
+        "letters outside its code page.\n" +
+            ran);
+    putEngine("#!/bin/sh\necho native\n");
+    EXPECT_EQ(outputFor({"Z:\\DATA\\\xC3\x89TANG.DAT"}), "native\n") << "one of this machine reads them all";
+}
 
 TEST_F(FrmEngine, ShowsOutputAndThatTheEngineHasFinished) {
     putEngine("#!/bin/sh\necho 'KORVEL demonstration engine'\npwd\necho \"arguments: $#\"\n");

@@ -16,6 +16,7 @@ class SampleForm : public Form {
         onClick(mnuFail, [] { throw RunTimeError(errors::fileNotFound); });
         on(cmdGo, &QPushButton::clicked, [this] { happened += "go "; });
     }
+    using Form::clearBackground;
     using Form::controlPlace;
     using Form::ScaleFormControls;
     using Form::setBackground;
@@ -119,6 +120,21 @@ TEST_F(FormTest, ColoursABackground) {
     SampleForm::setBackground(inner, Rgb{255, 255, 0});
     form.show();
     EXPECT_EQ(inner.grab().toImage().pixelColor(inner.rect().center()), QColor(255, 255, 0));
+}
+
+// Words are read on the colours that columns, modes and progress have, whatever the desktop's.
+TEST_F(FormTest, WritesReadablyOnAGivenGround) {
+    auto& inner = control<QFrame>(form, "frameInner");
+    using Given = std::pair<Rgb, Qt::GlobalColor>;
+    for (const auto& [ground, words] :
+         {Given({255, 255, 0}, Qt::black), Given({255, 0, 0}, Qt::black), Given({0, 255, 0}, Qt::black),
+          Given({255, 255, 255}, Qt::black), Given({0, 0, 128}, Qt::white)}) {
+        SampleForm::setBackground(inner, ground);
+        EXPECT_EQ(inner.palette().color(QPalette::WindowText), QColor(words));
+    }
+    SampleForm::clearBackground(inner);
+    EXPECT_EQ(inner.palette().color(QPalette::WindowText), form.palette().color(QPalette::WindowText));
+    EXPECT_EQ(inner.palette().color(QPalette::Window), form.palette().color(QPalette::Window));
 }
 
 TEST_F(FormTest, TakesItsOuterPlace) {

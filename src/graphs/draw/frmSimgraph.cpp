@@ -15,11 +15,12 @@
 #include <QApplication>
 #include <QClipboard>
 
+#include <algorithm>
+
 namespace korvel {
 
 namespace {
 
-constexpr double readoutSize = 7; // points
 constexpr int leastColumns = 3;   // of the width of that with the buttons
 constexpr int leastReadout = 100; // pixels
 
@@ -64,7 +65,8 @@ frmSimgraph::frmSimgraph(Platform& services)
     setTabOrder(&Cmd[3], &Cmd[1]); // as they stand, from the top
     setTabOrder(&Cmd[1], &Cmd[2]);
     Cmd[1].setFocus();
-    ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    // On a tall screen the buttons stay as they are wide, and the readout has the room.
+    ScaleFormControls(GLOBAL.ScaleX, std::min(GLOBAL.ScaleX, GLOBAL.ScaleY));
     client().setMinimumSize(leastColumns * Shape2.width(), cmdMore.geometry().bottom() + leastReadout);
     QFont narrow = Label.font();
     narrow.setFamily("Arial Narrow");
@@ -161,7 +163,7 @@ QAction& frmSimgraph::pictureItem(const char* name, const char* caption) {
 LineBox& frmSimgraph::readoutBox(Place place) {
     auto* control = new LineBox(&Shape2);
     control->setObjectName("lblReadout");
-    Form::place(*control, "Label", place, readoutSize);
+    Form::place(*control, "Label", place, looks::readoutText);
     return *control;
 }
 

@@ -1,5 +1,6 @@
-#include "explore/window/Theme.h"
+#include "toolkit/desktop/Theme.h"
 
+#include <QApplication>
 #include <QColor>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -45,14 +46,28 @@ constexpr Colours light = {0xfff7f8f9, 0xffffffff, 0xfff4f6f7, 0xff1c2529, 0xff8
                            0xffeef1f2, 0xff1d6f91, 0xffffffff, 0xffd5dbde};
 constexpr Colours dark = {0xff22272a, 0xff191d20, 0xff1f2427, 0xffe4e9eb, 0xff7d888d,
                           0xff2d3438, 0xff3d9cc4, 0xff0d1214, 0xff3c454a};
+constexpr int darkest = 127; // lightness, of a ground that counts as dark
+
+void showAll(Theme theme) {
+    if (themeOf(QApplication::palette()) != theme) QApplication::setPalette(paletteOf(theme));
+}
 
 } // namespace
 
-Theme desktopTheme() {
+std::optional<Theme> namedTheme() {
     const QByteArray wanted = qgetenv("KORVEL_THEME").toLower();
     if (wanted == "dark") return Theme::dark;
     if (wanted == "light") return Theme::light;
+    return std::nullopt;
+}
+
+Theme desktopTheme() {
+    if (const std::optional<Theme> named = namedTheme()) return *named;
     return desktopIsDark() ? Theme::dark : Theme::light;
+}
+
+Theme themeOf(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() > darkest ? Theme::light : Theme::dark;
 }
 
 QColor accentOf(Theme theme) {
@@ -92,6 +107,10 @@ ThemeWatch::ThemeWatch(std::function<void()> onChange) {
         if (!late->isError()) m_settled.start();
         late->deleteLater();
     });
+}
+
+ThemeFollower::ThemeFollower() {
+    if (!namedTheme()) m_watch.emplace([] { showAll(desktopTheme()); });
 }
 
 } // namespace korvel
