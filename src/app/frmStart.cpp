@@ -84,8 +84,7 @@ ControlArray<Shape> frmStart::logoShapes() {
 }
 
 frmStart::frmStart(Platform& services)
-    : Form(services, "frmStart", designCaption),
-      m_dataFiles(services, {[&services] { SaveSettings(services); }, [this] { refresh(); }}) {
+    : Form(services, "frmStart", designCaption), m_dataFiles(services, dataFileCallbacks()) {
     client().setObjectName("client");
     client().setAutoFillBackground(true);
     client().setBackgroundRole(QPalette::Base);
@@ -100,6 +99,10 @@ frmStart::frmStart(Platform& services)
     setAcceptDrops(true);
     connectMenus();
     on(cmdExplore, &QPushButton::clicked, [this] { explore(); });
+}
+
+MainFormCallbacks frmStart::dataFileCallbacks() {
+    return {[this] { SaveSettings(services()); }, [this] { refresh(); }};
 }
 
 void frmStart::connectMenus() {
@@ -208,12 +211,8 @@ void frmStart::widenTexts() {
 void frmStart::onActivate() {
     GLOBAL.RunStarting = false;
     refresh();
-    if (m_openOnStart.empty()) return;
-    GLOBAL.fileNames[0] = std::exchange(m_openOnStart, "");
-    GLOBAL.graphResultsPending = true;
-    showGraphs();
-    GLOBAL.graphResultsPending = false; // no run: a file that can't be read is not waited for
-    refresh();
+    if (m_page) m_page->reload();
+    if (!m_openOnStart.empty()) showGraphsOf(std::exchange(m_openOnStart, ""));
 }
 
 // The form was closed by its window control.

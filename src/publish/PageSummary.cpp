@@ -1,3 +1,4 @@
+#include "analysis/ReachTally.h"
 #include "publish/PageSections.h"
 #include "publish/PageText.h"
 #include "tables/PeopleNumbers.h"
@@ -11,48 +12,10 @@ namespace korvel {
 
 namespace {
 
-// The verdicts of a run's reaches, all determinands taken together.
-struct ReachTally {
-    int sureFails = 0;
-    int unsureFails = 0; // the value fails, its limits don't
-    int unsurePasses = 0;
-    int surePasses = 0;
-    int unjudged = 0;
-
-    int fails() const { return sureFails + unsureFails; }
-    int judged() const { return fails() + unsurePasses + surePasses; }
-};
-
-ReachTally tallyOf(const PageRun& run) {
-    ReachTally tally;
-    for (const OverallRow& row : run.overall) {
-        const bool sure = row.overall.confident == row.overall.verdict;
-        if (row.overall.verdict == Verdict::none)
-            ++tally.unjudged;
-        else if (row.overall.verdict == Verdict::fail)
-            ++(sure ? tally.sureFails : tally.unsureFails);
-        else
-            ++(sure ? tally.surePasses : tally.unsurePasses);
-    }
-    return tally;
-}
-
-std::string tallyWords(const ReachTally& tally) {
-    if (tally.judged() == 0) return "Nothing is judged: there are no targets.";
-    std::string words = tally.fails() == 0
-                            ? "All of " + counted(tally.judged(), "reach", "reaches") + " meet their targets"
-                            : std::to_string(tally.fails()) + " of " +
-                                  counted(tally.judged(), "reach", "reaches") + " miss at least one target";
-    if (tally.fails() > 0) words += ", " + std::to_string(tally.sureFails) + " of them for sure";
-    words += "; " + std::to_string(tally.surePasses) + " pass for sure";
-    return words +
-           (tally.unsurePasses > 0 ? ", " + std::to_string(tally.unsurePasses) + " pass but unsure." : ".");
-}
-
 void writeVerdicts(PageHtml& html, const PageStudy& study) {
     html.open("article", {{"class", "card"}}).element("h3", "Does the river comply?").line();
     for (std::size_t k = 0; k < study.runs().size(); ++k) {
-        const ReachTally tally = tallyOf(study.runs()[k]);
+        const ReachTally tally = tallyOf(study.runs()[k].overall);
         const double all = std::max(1, tally.judged());
         html.open("div", {{"class", "verdicts"}}).open("h4");
         writeRunName(html, study, k);

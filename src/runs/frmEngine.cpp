@@ -89,6 +89,7 @@ void frmEngine::onActivate() {
     if (m_started) return;
     m_started = true;
     m_clock.start();
+    m_notes.begin();
     m_tick.start(tickMilliseconds);
     startEngine();
 }
@@ -141,6 +142,7 @@ void frmEngine::engineFinished(int status) {
     m_state = m_stopRequested ? State::stopped : status == 0 ? State::finished : State::failed;
     refresh();
     cmdClose.setFocus();
+    m_notes.note(m_run, stateText(), m_state == State::finished ? RunEnd::withResults : RunEnd::without);
 }
 
 bool frmEngine::wantsToStop() {
@@ -156,8 +158,10 @@ void frmEngine::askedToStop() {
 }
 
 bool frmEngine::onClose() {
-    if (!m_engine.running()) return true;
-    return wantsToStop(); // the engine ends with the window
+    if (m_engine.running()) return wantsToStop(); // the engine ends with the window
+    if (m_notes.isReading()) hide();              // and nobody waits for it
+    m_notes.finish();
+    return true;
 }
 
 // As many as stand side by side.

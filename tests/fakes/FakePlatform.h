@@ -84,6 +84,11 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
 
     std::string guide = "/share/guide.html";
     bool opensGuide = true;
+    std::string samples = "Z:\\share\\examples";
+
+    std::vector<LastRun> rememberedRuns;   // what the machine has of the user's last runs
+    std::vector<LastRun> notedRuns;        // what the program gave it to remember
+    std::function<void()> lastRunsChanged; // what it asked to be called then
 
     WorkArea desktop;
     Date day{5, 11, 2026};
@@ -138,6 +143,10 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
         note("guide " + file);
         return opensGuide;
     }
+    std::string samplesFolder() override { return samples; }
+    std::vector<LastRun> lastRuns() override { return rememberedRuns; }
+    void noteRun(const LastRun& run) override { notedRuns.push_back(run); }
+    void watchLastRuns(std::function<void()> onChange) override { lastRunsChanged = std::move(onChange); }
 
     void showModal(ShownForm& form) override;
     void showModeless(ShownForm& form) override;

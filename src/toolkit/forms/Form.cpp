@@ -100,12 +100,13 @@ void Form::place(QWidget& control, const std::string& typeName, Place place, dou
           place, {.fontSize = fontSize});
 }
 
+// A label is read by its text, which may change.
 QLabel& Form::label(const char* name, const std::string& caption, Place place, Look look) {
     auto* control = new QLabel(shown(caption), parentFor(look));
     control->setTextFormat(Qt::PlainText);
     control->setAlignment(look.align);
     control->setWordWrap(look.wraps);
-    return added(control, name, "Label", caption, place, look);
+    return added(control, name, "Label", "", place, look);
 }
 
 QPushButton& Form::button(const char* name, const std::string& caption, Place place, Look look) {
