@@ -15,6 +15,7 @@ namespace korvel {
 namespace {
 
 constexpr int between = 6;       // pixels, between what stands below each other
+constexpr int betweenRuns = 2;   // pixels around each run in the list
 constexpr int buttonWidth = 220; // pixels at most
 
 constexpr const char* firstSteps =
@@ -94,6 +95,7 @@ void StartPage::layOutRuns() {
     lstLastRuns.setAccessibleDescription("The buttons that follow act on the selected run");
     lstLastRuns.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstLastRuns.setUniformItemSizes(true);
+    lstLastRuns.setSpacing(betweenRuns);
     lblNoRuns.setText(firstSteps);
     cmdSamples.setObjectName("cmdSamples");
     cmdSamples.setAutoDefault(true);

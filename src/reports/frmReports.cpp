@@ -293,6 +293,7 @@ bool frmReports::onKey(int key, Qt::KeyboardModifiers) {
 void frmReports::setBusy(const std::string& doing) {
     m_busy = true;
     m_cancelled = false;
+    m_focusBefore = focusWidget();
     frameExplain.hide();
     lblProgress.setText(shown(doing));
     lblCancel.show();
@@ -307,6 +308,7 @@ void frmReports::setIdle() {
     m_busy = false;
     frameProgress.hide();
     enableChoices(true);
+    if (m_focusBefore != nullptr) m_focusBefore->setFocus(); // keys go on where they were
 }
 
 void frmReports::enableChoices(bool enabled) {

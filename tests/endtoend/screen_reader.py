@@ -134,19 +134,11 @@ class Reader:
         return thing.get_component_iface().get_extents(self.atspi.CoordType.SCREEN)
 
     def focused(self, frame):
-        """Of a list or table that tells the focus of a line or cell: the list or table."""
-        for thing in self.all_of(frame):
-            if thing == frame or not self.is_(thing, "FOCUSABLE"):
-                continue
-            if self.is_(thing, "FOCUSED") or self.has_focus_inside(thing):
-                return thing
-        return None
-
-    def has_focus_inside(self, thing):
-        if thing.get_role() not in (self.role.LIST, self.role.TREE, self.role.TABLE) or not self.is_(thing, "SHOWING"):
-            return False
-        children = (thing.get_child_at_index(k) for k in range(min(thing.get_child_count(), 300)))
-        return any(child is not None and self.is_(child, "FOCUSED") for child in children)
+        """What has the focus. The tab in front and what holds others tell of it too, where something inside them has it."""
+        found = [thing for thing in self.all_of(frame)
+                 if thing != frame and self.is_(thing, "FOCUSABLE") and self.is_(thing, "FOCUSED")]
+        outer = ("filler", "page tab", "page tab list")
+        return next(iter(sorted(found, key=lambda thing: thing.get_role_name() in outer)), None)
 
     def label_of(self, thing):
         for relation in thing.get_relation_set():
@@ -160,17 +152,15 @@ class Reader:
         if role in (self.role.CHECK_BOX, self.role.RADIO_BUTTON) or self.is_(thing, "CHECKABLE"):
             return "checked" if self.is_(thing, "CHECKED") else "not checked"
         if role in (self.role.LIST, self.role.TREE):
-            chosen = thing.get_selection_iface()
-            count = chosen.get_n_selected_children() if chosen else 0
-            first = chosen.get_selected_child(0) if count else None
-            more = f" and {count - 1} more" if count > 1 else ""
-            name = " / ".join(first.get_name().strip().splitlines()) if first else "nothing"
-            return f"{thing.get_child_count()} lines, selected: {name}{more}"
+            count = thing.get_child_count()
+            lines = [thing.get_child_at_index(k) for k in range(min(count, 300))]
+            chosen = [line for line in lines if line is not None and self.is_(line, "SELECTED")]
+            more = f" and {len(chosen) - 1} more" if len(chosen) > 1 else ""
+            name = " / ".join(chosen[0].get_name().strip().splitlines()) if chosen else "nothing"
+            return f"{count} lines, selected: {name}{more}"
         if role == self.role.TABLE:
             face = thing.get_table_iface()
             return f"{face.get_n_rows()} rows, {face.get_n_columns()} columns"
-        if role == self.role.COMBO_BOX:
-            return thing.get_name()
         if thing.get_text_iface() is not None and role in (self.role.TEXT, self.role.PASSWORD_TEXT):
             words = thing.get_text_iface().get_text(0, 60)
             return repr(words) if words else "empty"
@@ -181,7 +171,11 @@ class Reader:
 
     def spoken(self, thing):
         """As it would be read: name, role, value, state, description."""
-        parts = [thing.get_name().strip() or "(no name)", thing.get_role_name(), self.value(thing)]
+        name = thing.get_name().strip()
+        label = self.label_of(thing) if thing.get_role() == self.role.COMBO_BOX else None  # its name is its choice
+        if label and label.strip() and label.strip() != name:
+            name = f"{label.strip()} {name}"
+        parts = [name or "(no name)", thing.get_role_name(), self.value(thing)]
         if not self.is_(thing, "SENSITIVE"):
             parts.append("unavailable")
         parts.append(thing.get_description().strip())

@@ -4,6 +4,7 @@
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 
+#include <QAccessible>
 #include <QTest>
 
 namespace korvel {
@@ -86,6 +87,12 @@ TEST_F(FormTest, KeepsItsMenusInsideTheWindowAndTheirBlanks) {
 TEST_F(FormTest, NamesItsControlsForThoseWhoCannotSeeThem) {
     EXPECT_EQ(control<QPushButton>(form, "cmdGo").accessibleName(), "Go  there");
     EXPECT_EQ(control<QListWidget>(form, "lstReaches").accessibleName(), "Reaches");
+}
+
+TEST_F(FormTest, HasItsLabelsReadAsTheyAreNow) {
+    auto& label = control<QLabel>(form, "lblName");
+    label.setText("Finished");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), "Finished");
 }
 
 TEST_F(FormTest, ScalesPlacesAndTruncatesFonts) {

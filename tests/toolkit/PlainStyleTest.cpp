@@ -1,13 +1,18 @@
 #include "toolkit/forms/PlainStyle.h"
 
+#include "forms/FormDriver.h"
+
 #include <QImage>
+#include <QListWidget>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 
 #include <QCheckBox>
@@ -96,6 +101,28 @@ int widthOfArrow(int side) {
 TEST(PlainStyle, LetsArrowsGrowWithTheirButton) {
     EXPECT_NEAR(widthOfArrow(40), 17, 2);
     EXPECT_NEAR(widthOfArrow(80), 35, 3);
+}
+
+// Fusion shows it of neither: of a list by its current line alone, of a flat button not at all.
+TEST(PlainStyle, ShowsTheFocusOfEmptyListsAndFlatButtons) {
+    PlainStyle style;
+    QWidget window;
+    QListWidget list(&window);
+    QPushButton button("More", &window), other(&window);
+    button.setFlat(true);
+    list.setGeometry(10, 10, 80, 60);
+    button.setGeometry(10, 80, 80, 24);
+    other.setGeometry(10, 120, 80, 24);
+    const std::array<QWidget*, 2> both{&list, &button};
+    for (QWidget* each : both)
+        each->setStyle(&style);
+    showActive(window);
+    for (QWidget* each : both) {
+        other.setFocus();
+        const QImage without = each->grab().toImage();
+        each->setFocus();
+        EXPECT_NE(each->grab().toImage(), without) << each->metaObject()->className();
+    }
 }
 
 TEST(PlainStyle, LeavesTheOtherIconsToFusion) {

@@ -10,6 +10,7 @@
 #include "graphs/draw/PrintGraph.h"
 #include "graphs/draw/ProfileGraph.h"
 #include "platform/OwnInput.h"
+#include "toolkit/forms/Spoken.h"
 #include "toolkit/paper/PdfPaper.h"
 
 #include <QApplication>
@@ -50,6 +51,7 @@ BoxLine boxLine(const ReadoutLine& line) {
 frmSimgraph::frmSimgraph(Platform& services)
     : Form(services, "frmSimgraph", "Korvel Graphical Results", Scaling::follows),
       m_primitives(m_drawing, GraphForm::graph, services.screenMetrics, services.paper.metrics()) {
+    tellAsChart(picGraph);
     picGraph.setAccessibleName("Graph");
     Label.hide();
     lblSets.hide();
@@ -84,12 +86,13 @@ ControlArray<QPushButton> frmSimgraph::buttons() {
     return array;
 }
 
-QToolButton& frmSimgraph::arrow(const char* name, const char* says, Qt::ArrowType type, Place place) {
+QToolButton& frmSimgraph::arrow(const char* name, const char* caption, const char* says, Qt::ArrowType type,
+                                Place place) {
     auto* control = new QToolButton(&Shape2);
     control->setObjectName(name);
     control->setArrowType(type);
     control->setToolTip(says);
-    control->setAccessibleName(says);
+    control->setAccessibleName(caption);
     Form::place(*control, "PictureBox", place);
     return *control;
 }

@@ -74,6 +74,8 @@ ControlArray<QRadioButton> frmGraphData::plotTypes() {
     add(3, "90", at(2130, 1935, 600, 240));
     add(4, "95", at(2130, 2190, 600, 240));
     add(5, "99", at(2130, 2445, 600, 240));
+    for (const int level : {3, 4, 5})
+        array[level].setAccessibleDescription("Percentile to plot");
     return array;
 }
 

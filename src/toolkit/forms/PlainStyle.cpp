@@ -2,6 +2,7 @@
 
 #include "toolkit/desktop/Theme.h"
 
+#include <QAbstractScrollArea>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
@@ -88,6 +89,16 @@ void drawArrow(QStyle::PrimitiveElement element, const QStyleOption& option, QPa
     painter.restore();
 }
 
+// Lists, tables and long texts.
+bool isView(const QWidget* widget) {
+    return qobject_cast<const QAbstractScrollArea*>(widget) != nullptr;
+}
+
+bool isFlatButton(const QStyleOption* option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    return button != nullptr && button->features.testFlag(QStyleOptionButton::Flat);
+}
+
 } // namespace
 
 QIcon PlainStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
@@ -101,6 +112,8 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                const QWidget* widget) const {
     if (isArrow(element) && bearsArrow(widget)) return drawArrow(element, *option, *painter);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_Frame && isView(widget) && widget->hasFocus())
+        return outline(*option, *painter, QPalette::Highlight, Outline::box);
     if (themeOf(option->palette) == Theme::light) return;
     switch (element) {
     case PE_IndicatorCheckBox:
@@ -110,6 +123,13 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_Frame: return outline(*option, *painter, QPalette::Mid, Outline::box);
     default: return;
     }
+}
+
+void PlainStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_PushButton && isFlatButton(option) && option->state.testFlag(State_HasFocus))
+        outline(*option, *painter, QPalette::Highlight, Outline::box);
 }
 
 QSize PlainStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
