@@ -77,6 +77,9 @@ TEST_F(FrmReportsOutput, SavesAWorkbookFromItsContextMenus) {
     for (QWidget* const place :
          std::initializer_list<QWidget*>{form.centralWidget(), &reaches(), &determinands()})
         EXPECT_EQ(place->actions().last()->objectName(), "mnuWorkbook");
+    for (const QWidget* const list : {&reaches(), &determinands()})
+        EXPECT_TRUE(list->actions().at(list->actions().size() - 2)->isSeparator());
+    EXPECT_EQ(form.centralWidget()->actions().size(), 1) << "nothing to part it from";
     platform.takeTranscript();
     platform.willChoose(platform.pathOf("My report.xlsx"));
     choose(form, "mnuWorkbook");
@@ -340,13 +343,6 @@ TEST_F(FrmReportsOutput, ReplacesNoResultsByTheirSpreadsheetFile) {
               "box [exclamation] File name: The output would replace the input. -> ok\n");
     EXPECT_EQ(platform.fileText("RIVER.SGR"), results);
     EXPECT_TRUE(frame("frameProgress").isHidden());
-}
-
-TEST_F(FrmReportsOutput, GivesTheKeysBackWhereTheyWereBeforeItWasBusy) {
-    open();
-    determinands().setFocus();
-    open();
-    EXPECT_EQ(QApplication::focusWidget(), &determinands());
 }
 
 } // namespace korvel
