@@ -1,7 +1,6 @@
 #include "explore/Scene.h"
 
 #include "analysis/Judging.h"
-#include "explore/PathChoice.h"
 
 #include <cmath>
 
@@ -16,7 +15,10 @@ constexpr ProfileKind kindOf(ExploreView view) {
 }
 
 std::shared_ptr<const StudyPath> wayOf(const ExploreState& state) {
-    return std::make_shared<const StudyPath>(studyPath(*state.study, pathOf(state)));
+    const ReachPoints& reaches = state.study->base().reaches();
+    const int from = reaches.placeOf(state.from), to = reaches.placeOf(state.to);
+    const auto way = from < 0 || to < 0 ? std::nullopt : pathBetween(*state.network, from, to);
+    return std::make_shared<const StudyPath>(studyPath(*state.study, way.value_or(std::vector<int>())));
 }
 
 } // namespace

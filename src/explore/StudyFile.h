@@ -17,12 +17,20 @@ struct StudyFileRun {
     bool operator==(const StudyFileRun&) const = default;
 };
 
-struct StudyFile : ShownValues {
+struct StudyFile {
     std::vector<StudyFileRun> runs;
     int from = 0; // reach numbers, 0 for none
     int to = 0;
     std::optional<ExploreStretch> visible;
-    std::vector<std::string> series;                  // names as the reader gives them
+    ExploreView view = ExploreView::values;
+    std::vector<std::string> series; // names as the reader gives them
+    Statistic statistic = Statistic::mean;
+    ScaleKind scale = ScaleKind::linear;
+    bool fromZero = true;
+    bool limits = true;
+    bool targets = true;
+    bool observed = true;
+    bool interpolated = true;
     std::optional<std::vector<std::string>> lowIsBad; // names of determinands
     std::string origin = "{}"; // the JSON that it came from, for what this version does not know of it
     bool operator==(const StudyFile&) const = default;

@@ -1,12 +1,11 @@
 #include "panels/PanelLook.h"
 
-#include "drawing/Units.h"
-
 namespace korvel {
 
 namespace {
 
-constexpr double twipsPerDot = twipsPerInch / 300;
+constexpr double twipsPerPixel = 15;
+constexpr double twipsPerDot = 1440.0 / 300;
 
 PanelLook light() {
     PanelLook look;

@@ -21,13 +21,14 @@ constexpr double leastKm = 1e-6;
 class ProfileMaking {
   public:
     ProfileMaking(const ProfileData& data, const ProfileView& view, const PanelLook& look,
-                  const TextMetrics& metrics, ProfileLayout& layout)
+                  const TextMetrics& metrics, ProfileLayout& layout, ProfileCommon& common)
         : m_data(data),
           m_view(view),
           m_look(look),
           m_metrics(metrics),
           m_measures(look, metrics),
-          m_layout(layout) {}
+          m_layout(layout),
+          m_common(common) {}
 
     void make() {
         setKm();
@@ -89,11 +90,12 @@ class ProfileMaking {
 
     // The numbers of the value axes need most room where panels are as high as they may become.
     void setDistance() {
-        double numbers = 3 * m_measures.letter;
+        double numbers = std::max(m_common.numbers, 3 * m_measures.letter);
         const PlotArea highest{0, 0, plotHeight(0), 0};
         for (std::size_t k = 0; k < count(); ++k)
             for (const AxisTick& tick : axisOf(k, highest).ticks)
                 numbers = std::max(numbers, m_metrics.measure(tick.text, m_look.font).width);
+        m_common.numbers = numbers;
         const double left = m_measures.pad + numbers + 0.5 * m_measures.line;
         const double right = std::max(m_layout.width - 1.4 * m_measures.pad, left + m_measures.line);
         const Scale& scale = m_layout.distance.scale;
@@ -110,11 +112,9 @@ class ProfileMaking {
     }
 
     void placeBelow() {
-        const FeatureStrip strip{0.3 * m_measures.pad, m_layout.width - 0.3 * m_measures.pad,
-                                 featureRowsAllowed()};
-        PlacedFeatures features = placeFeatures(m_data, m_look, m_layout.distance.scale, strip, m_metrics);
-        m_layout.features = std::move(features.marks);
-        m_plot = plotHeight(features.rows);
+        placeCommonFeatures();
+        m_layout.features = m_common.features;
+        m_plot = plotHeight(m_common.usedRows);
         const auto panels = static_cast<double>(count());
         m_layout.axisY = m_top + panels * (m_measures.title() + m_plot + m_measures.gap()) - m_measures.gap();
         if (count() == 0) m_layout.axisY = m_top + m_measures.title() + m_plot;
@@ -124,6 +124,18 @@ class ProfileMaking {
         m_layout.featureY = names + m_measures.reachNames();
         m_layout.markHalf = m_measures.cross();
         moveDown(m_layout.features, m_layout.featureY);
+    }
+
+    void placeCommonFeatures() {
+        const Scale& distance = m_layout.distance.scale;
+        const FeatureStrip strip{0.3 * m_measures.pad, m_layout.width - 0.3 * m_measures.pad,
+                                 featureRowsAllowed()};
+        if (m_common.rows == strip.rows && m_common.distance == distance) return;
+        PlacedFeatures features = placeFeatures(m_data, m_look, distance, strip, m_metrics);
+        m_common.features = std::move(features.marks);
+        m_common.usedRows = features.rows;
+        m_common.rows = strip.rows;
+        m_common.distance = distance;
     }
 
     void addText(DrawnPoint at, TextAlign align, const std::string& text, Rgb colour) {
@@ -228,6 +240,7 @@ class ProfileMaking {
     const TextMetrics& m_metrics;
     PanelMeasures m_measures;
     ProfileLayout& m_layout;
+    ProfileCommon& m_common;
     double m_top = 0;
     double m_plot = 0;
     std::vector<std::optional<NumberRange>> m_ranges;
@@ -236,13 +249,14 @@ class ProfileMaking {
 } // namespace
 
 ProfileLayout layOutProfile(const ProfileData& data, const ProfileView& view, const PanelLook& look,
-                            double width, double height, const TextMetrics& metrics) {
+                            double width, double height, const TextMetrics& metrics, ProfileCommon* common) {
     ProfileLayout layout;
+    ProfileCommon alone;
     layout.width = width;
     layout.height = height;
     layout.look = look;
     layout.interpolated = data.view.interpolated;
-    ProfileMaking(data, view, look, metrics, layout).make();
+    ProfileMaking(data, view, look, metrics, layout, common != nullptr ? *common : alone).make();
     return layout;
 }
 

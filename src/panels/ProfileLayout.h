@@ -14,11 +14,6 @@
 
 namespace korvel {
 
-struct ProfileBand {
-    std::size_t run = 0;
-    DrawnBand drawn;
-};
-
 struct ProfileCurve {
     std::size_t run = 0;
     Pen pen;
@@ -41,7 +36,7 @@ struct ProfilePanel {
     int series = 0;
     PlotArea area;
     Axis values;
-    std::vector<ProfileBand> bands;
+    std::vector<DrawnBand> bands;
     std::vector<ProfileCurve> curves; // the base last, on top of the others
     std::vector<ProfileStroke> targets;
     std::vector<ProfileMark> observed;
@@ -85,9 +80,20 @@ struct ProfileLayout {
     bool interpolated = true; // whether the cursor stands on interpolated points, too
 };
 
+// What pictures of one way share that are laid out one after the other: their distance axes agree as far as
+// they can, and the names of features are placed once for those that agree.
+struct ProfileCommon {
+    double numbers = 0; // least room for the numbers of value axes
+    int rows = -1;      // that the features were placed in; less than 0: not yet
+    int usedRows = 0;
+    Scale distance;
+    std::vector<FeatureMark> features;
+};
+
 // Fits all panels into the size, however many.
 ProfileLayout layOutProfile(const ProfileData& data, const ProfileView& view, const PanelLook& look,
-                            double width, double height, const TextMetrics& metrics);
+                            double width, double height, const TextMetrics& metrics,
+                            ProfileCommon* common = nullptr);
 
 void paint(const ProfileLayout& layout, Drawing& drawing);
 

@@ -12,6 +12,7 @@ class ProfilePainting {
         : m_layout(layout), m_look(layout.look), m_drawing(drawing) {}
 
     void paint() {
+        m_drawing.commands.reserve(m_drawing.commands.size() + roughCount());
         for (const ProfilePanel& panel : m_layout.panels)
             paintPanel(panel);
         paintBelow();
@@ -20,6 +21,16 @@ class ProfilePainting {
     }
 
   private:
+    // Of what can be many.
+    std::size_t roughCount() const {
+        std::size_t count = 200 + 3 * m_layout.features.size();
+        for (const ProfilePanel& panel : m_layout.panels) {
+            count += 100 + panel.bands.size() + panel.targets.size() + panel.observed.size();
+            for (const ProfileCurve& curve : panel.curves)
+                count += curve.traced.runs.size() + curve.traced.strokes.size();
+        }
+        return count;
+    }
     Pen hair(Rgb colour, Dash dash = Dash::solid) const { return {colour, m_look.hairline, dash}; }
     void line(DrawnPoint from, DrawnPoint to, const Pen& pen) {
         m_drawing.commands.push_back(DrawnLine{from, to, pen});
@@ -30,8 +41,8 @@ class ProfilePainting {
 
     void paintPanel(const ProfilePanel& panel) {
         paintGround(panel);
-        for (const ProfileBand& band : panel.bands)
-            m_drawing.commands.push_back(band.drawn);
+        for (const DrawnBand& band : panel.bands)
+            m_drawing.commands.push_back(band);
         if (panel.reference)
             line({panel.area.left, *panel.reference}, {panel.area.right, *panel.reference},
                  hair(m_look.text));

@@ -3,11 +3,12 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "drawing/Theme.h"
 
 #include <cstddef>
 
 namespace korvel {
+
+enum class Theme { light, dark, paper };
 
 struct RunStyle {
     Rgb colour;

@@ -2,11 +2,14 @@
 #include "drawing/paint/QtTextMetrics.h"
 
 #include <QBuffer>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <QSvgGenerator>
 
 #include <gtest/gtest.h>
+
+#include <random>
 
 namespace korvel {
 
@@ -181,6 +184,37 @@ TEST(QtTextMetrics, MeasuresEvenly) {
         EXPECT_DOUBLE_EQ(two.height, 2 * one.height);
         EXPECT_GT(metrics.measure(text, {"Arial", 7.3, true}).width, one.width * 0.99);
         EXPECT_LT(metrics.measure(text, {"Arial Narrow", 7.3, false}).width, one.width * 0.9);
+    }
+}
+
+TEST(QtTextMetrics, MeasuresAsTheFontShapes) {
+    const QtTextMetrics metrics;
+    std::mt19937 random(1);
+    std::vector<std::string> texts = {"",
+                                      "A",
+                                      "AVATAR To. Ty 11.1",
+                                      "office fluffy fjord",
+                                      "-0.00001234 mg/l",
+                                      "caf\u00e9 \u00fcber \u00a3",
+                                      "\u05e9\u05dc\u05d5\u05dd",
+                                      "a\tb",
+                                      "\u2026 x"};
+    for (int k = 0; k < 500; ++k) {
+        std::string text;
+        for (std::size_t length = 1 + random() % 30; text.size() < length;)
+            text += static_cast<char>(' ' + random() % 95);
+        texts.push_back(text);
+    }
+    for (const bool bold : {false, true}) {
+        QFont font("Arial");
+        font.setBold(bold);
+        font.setHintingPreference(QFont::PreferNoHinting);
+        font.setPixelSize(256);
+        const QFontMetricsF shaped(font);
+        for (const std::string& text : texts) {
+            const double width = shaped.horizontalAdvance(QString::fromStdString(text)) * 160 / 256;
+            EXPECT_NEAR(metrics.measure(text, {"Arial", 8, bold}).width, width, 1e-9 + 1e-4 * width) << text;
+        }
     }
 }
 

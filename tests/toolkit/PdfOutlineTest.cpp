@@ -52,6 +52,12 @@ std::shared_ptr<DocumentOutline> threePages() {
     return outline;
 }
 
+std::shared_ptr<DocumentOutline> onePage() {
+    const auto outline = std::make_shared<DocumentOutline>();
+    outline->language = "en";
+    return outline;
+}
+
 } // namespace
 
 TEST_F(PdfOutlineTest, AddsToWhatWasWritten) {
@@ -77,6 +83,14 @@ TEST_F(PdfOutlineTest, TellsWhereItsObjectsBegin) {
             document.compare(std::stoul((*found)[2]), (*found)[1].length() + 6, (*found)[1].str() + " 0 obj"),
             0);
     EXPECT_EQ(objects, 1 + 2 + 5); // catalog, lists of links, bookmarks and their root
+}
+
+TEST_F(PdfOutlineTest, SaysNoDay) {
+    EXPECT_NE(documentOf(1, nullptr).find("/CreationDate"), std::string::npos);
+    const std::string document = documentOf(1, onePage());
+    EXPECT_EQ(document.find("/CreationDate"), std::string::npos);
+    EXPECT_EQ(complaints(), "");
+    EXPECT_TRUE(documentOf(1, onePage()) == document);
 }
 
 TEST_F(PdfOutlineTest, StandsWithoutBookmarksOrLinks) {

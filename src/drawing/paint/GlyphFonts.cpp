@@ -12,8 +12,8 @@ namespace korvel {
 
 namespace {
 
-constexpr double unknown = std::numeric_limits<double>::quiet_NaN();
-constexpr double none = std::numeric_limits<double>::infinity();
+constexpr std::int16_t unknown = std::numeric_limits<std::int16_t>::min();
+constexpr std::int16_t none = unknown + 1;
 
 QFont designSize(const Font& font) {
     QFont qt = drawnFont(font, font.size, 72);
@@ -32,14 +32,23 @@ GlyphFont::GlyphFont(const Font& font)
         const QList<quint32> glyphs = m_raw.glyphIndexesForString(QString(character));
         m_glyphs << (character.isPrint() && glyphs.size() == 1 ? glyphs.front() : 0);
     }
+    m_advances = m_raw.advancesForGlyphIndexes(m_glyphs);
+}
+
+bool GlyphFont::isPlain(const QString& text) const {
+    return std::ranges::all_of(text, [&](QChar character) {
+        return character.unicode() < characterCount && m_glyphs[character.unicode()] != 0;
+    });
 }
 
 bool GlyphFont::append(const QString& text, QPointF start, QList<quint32>& glyphs, QList<QPointF>& places) {
+    if (!isPlain(text)) return false;
+    learn(text);
     const qsizetype before = glyphs.size();
     QChar last;
     for (const QChar character : text) {
         const auto advance = last.isNull() ? std::optional(0.0) : step(last, character);
-        if (!advance || character.unicode() >= characterCount || m_glyphs[character.unicode()] == 0) {
+        if (!advance) {
             glyphs.resize(before);
             places.resize(before);
             return false;
@@ -52,24 +61,54 @@ bool GlyphFont::append(const QString& text, QPointF start, QList<quint32>& glyph
     return true;
 }
 
+std::optional<double> GlyphFont::widthOf(const QString& text) {
+    if (!isPlain(text)) return std::nullopt;
+    if (text.isEmpty()) return 0;
+    learn(text);
+    double width = m_advances[text.back().unicode()].x();
+    for (qsizetype k = 1; k < text.size(); ++k) {
+        const auto advance = step(text[k - 1], text[k]);
+        if (!advance) return std::nullopt;
+        width += *advance;
+    }
+    return width;
+}
+
+// All new pairs of a text at once: shaping a text takes little longer than shaping a pair.
+void GlyphFont::learn(const QString& text) {
+    int news = 0;
+    for (qsizetype k = 1; k < text.size(); ++k)
+        news += stepBetween(text[k - 1], text[k]) == unknown;
+    if (news < 2) return;
+    const auto places = shapedPlaces(text);
+    if (!places) return; // pair by pair
+    for (qsizetype k = 1; k < text.size(); ++k)
+        stepBetween(text[k - 1], text[k]) =
+            static_cast<Step>(std::lround((*places)[k].x() - (*places)[k - 1].x()));
+}
+
 std::optional<double> GlyphFont::step(QChar from, QChar to) {
-    if (to.unicode() >= characterCount) return std::nullopt;
-    double& known = m_steps[std::size_t{from.unicode()} * characterCount + to.unicode()];
-    if (std::isnan(known)) known = shapedStep(from, to);
-    if (std::isinf(known)) return std::nullopt;
+    Step& known = stepBetween(from, to);
+    if (known == unknown) {
+        const auto places = shapedPlaces(QString(from) + to);
+        known = places ? static_cast<Step>(std::lround((*places)[1].x() - (*places)[0].x())) : none;
+    }
+    if (known == none) return std::nullopt;
     return known;
 }
 
-double GlyphFont::shapedStep(QChar from, QChar to) const {
-    QTextLayout layout(QString(from) + to, m_font);
+std::optional<QList<QPointF>> GlyphFont::shapedPlaces(const QString& text) const {
+    QTextLayout layout(text, m_font);
     layout.beginLayout();
     layout.createLine();
     layout.endLayout();
     const QList<QGlyphRun> runs = layout.glyphRuns();
-    if (runs.size() != 1) return none;
-    const bool asExpected = runs[0].glyphIndexes() == QList{m_glyphs[from.unicode()], m_glyphs[to.unicode()]};
-    const QList<QPointF> places = runs[0].positions();
-    return asExpected ? std::round(places[1].x() - places[0].x()) : none;
+    if (runs.size() != 1) return std::nullopt;
+    QList<quint32> expected;
+    for (const QChar character : text)
+        expected << m_glyphs[character.unicode()];
+    if (runs[0].glyphIndexes() != expected) return std::nullopt;
+    return runs[0].positions();
 }
 
 GlyphFont& GlyphFonts::of(const Font& font) {

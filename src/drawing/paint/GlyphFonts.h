@@ -8,6 +8,7 @@
 #include <QGlyphRun>
 #include <QRawFont>
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -28,18 +29,28 @@ class GlyphFont {
     // Appends the text's glyphs from `start` on (units), or nothing and false where it takes more than one
     // glyph of this font for each character.
     bool append(const QString& text, QPointF start, QList<quint32>& glyphs, QList<QPointF>& places);
+    // Units; nothing where the text takes more than that.
+    std::optional<double> widthOf(const QString& text);
 
   private:
     static constexpr int characterCount = 256;
+    using Step = std::int16_t; // units; small, as there are many
 
+    bool isPlain(const QString& text) const;
     // From one character's place to the next one's; nothing where the two don't stand side by side.
     std::optional<double> step(QChar from, QChar to);
-    double shapedStep(QChar from, QChar to) const;
+    Step& stepBetween(QChar from, QChar to) {
+        return m_steps[std::size_t{from.unicode()} * characterCount + to.unicode()];
+    }
+    void learn(const QString& text);
+    // The glyphs' places, where each character has its own.
+    std::optional<QList<QPointF>> shapedPlaces(const QString& text) const;
 
     QFont m_font;
     QRawFont m_raw;
-    QList<quint32> m_glyphs;     // of each character; 0 where the font lacks it
-    std::vector<double> m_steps; // for each pair of characters: unknown, none, or units
+    QList<quint32> m_glyphs; // of each character; 0 where the font lacks it
+    QList<QPointF> m_advances;
+    std::vector<Step> m_steps; // for each pair of characters: unknown, none, or units
 };
 
 // Made once for all pages of a document.

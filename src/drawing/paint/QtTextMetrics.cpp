@@ -1,6 +1,5 @@
 #include "drawing/paint/QtTextMetrics.h"
 
-#include "drawing/Units.h"
 #include "drawing/paint/Shown.h"
 
 #include <algorithm>
@@ -10,6 +9,7 @@ namespace korvel {
 namespace {
 
 constexpr int referencePixels = 256;
+constexpr double twipsPerPoint = 20;
 
 QFont evenFont(const Font& font) {
     QFont qt(shown(font.name));
@@ -35,10 +35,16 @@ const QFontMetricsF& QtTextMetrics::reference(const Font& font) const {
     return m_references.emplace(key, QFontMetricsF(large)).first->second;
 }
 
+// A report or an atlas measures many thousand texts, of few pairs of letters.
 TextSize QtTextMetrics::measure(std::string_view text, const Font& font) const {
     const QFontMetricsF& metrics = reference(font);
     const double scale = font.size * twipsPerPoint / referencePixels;
-    return {metrics.horizontalAdvance(shown(text)) * scale, metrics.height() * scale};
+    const double height = metrics.height() * scale;
+    const QString letters = shown(text);
+    GlyphFont& glyphs = m_glyphs->of(font);
+    if (const auto units = glyphs.widthOf(letters))
+        return {*units * (font.size * twipsPerPoint / glyphs.unitsPerEm()), height};
+    return {metrics.horizontalAdvance(letters) * scale, height};
 }
 
 } // namespace korvel

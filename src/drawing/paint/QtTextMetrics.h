@@ -2,11 +2,13 @@
 #pragma once
 
 #include "drawing/TextMetrics.h"
+#include "drawing/paint/GlyphFonts.h"
 
 #include <QFont>
 #include <QFontMetricsF>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -16,11 +18,14 @@ namespace korvel {
 class QtTextMetrics : public TextMetrics {
   public:
     TextSize measure(std::string_view text, const Font& font) const override;
+    // What it learned of the fonts serves whoever paints the texts, too.
+    const std::shared_ptr<GlyphFonts>& glyphs() const { return m_glyphs; }
 
   private:
     const QFontMetricsF& reference(const Font& font) const;
 
     mutable std::map<std::pair<std::string, bool>, QFontMetricsF> m_references; // by name and bold
+    std::shared_ptr<GlyphFonts> m_glyphs = std::make_shared<GlyphFonts>();
 };
 
 // Of a height in pixels, with shapes that grow evenly with the size.

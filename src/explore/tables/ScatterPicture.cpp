@@ -4,7 +4,6 @@
 #include "drawing/paint/QtTextMetrics.h"
 #include "drawing/paint/Shown.h"
 #include "explore/tables/TableColours.h"
-#include "toolkit/forms/Spoken.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -18,9 +17,10 @@ namespace {
 constexpr double twips = 15; // a pixel
 constexpr double reachOfPointer = 12 * twips;
 
+// Never destroyed: at the end of the program its fonts would outlive the application.
 const QtTextMetrics& metrics() {
-    static const QtTextMetrics measured;
-    return measured;
+    static const QtTextMetrics* const measured = new QtTextMetrics;
+    return *measured;
 }
 
 Rgb rgb(const QColor& colour) {
@@ -40,7 +40,6 @@ QColor onGround(const QColor& colour, const QColor& ground) {
 
 ScatterPicture::ScatterPicture(Handlers& handlers, QWidget* parent) : QWidget(parent), m_handlers(handlers) {
     setObjectName("picFit");
-    tellAsChart(*this);
     setAccessibleName(tr("Observed and simulated values"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -65,9 +64,9 @@ void ScatterPicture::layOut() {
 }
 
 void ScatterPicture::mark(int point) {
-    setAccessibleDescription(
-        point < 0 ? shown(m_scatter.title)
-                  : shown(wordsOf(m_scatter, m_scatter.points[static_cast<std::size_t>(point)])));
+    setAccessibleDescription(point < 0
+                                 ? shown(m_scatter.title)
+                                 : shown(m_scatter.words(m_scatter.points[static_cast<std::size_t>(point)])));
     if (m_marked != point) update();
     m_marked = point;
 }
@@ -150,7 +149,7 @@ bool ScatterPicture::event(QEvent* event) {
             QToolTip::hideText();
         else
             QToolTip::showText(help->globalPos(),
-                               shown(wordsOf(m_scatter, m_scatter.points[static_cast<std::size_t>(point)])),
+                               shown(m_scatter.words(m_scatter.points[static_cast<std::size_t>(point)])),
                                this);
     });
     return true;

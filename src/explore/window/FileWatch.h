@@ -29,11 +29,10 @@ class FileWatch {
     void wasRead(const std::string& file);
 
   private:
-    void watchPath(const std::string& file);
     void look();
 
     QFileSystemWatcher m_watcher; // of files and their folders: a file that is replaced is another one
-    QTimer m_soon, m_visits;
+    QTimer m_soon;
     QElapsedTimer m_clock;
     std::map<std::string, SettledFile> m_files;
 };

@@ -34,20 +34,8 @@ QByteArray svgOf(Picture picture, const QColor& colour) {
         .toUtf8();
 }
 
-// Painted at whatever size is asked for, sharp on every screen.
-class PaintedEngine : public QIconEngine {
-  public:
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return picture;
-    }
-};
-
-// In the colours that the program has when it is painted.
-class PictureEngine : public PaintedEngine {
+// Painted at whatever size is asked for, sharp on every screen, in the colours that the program has then.
+class PictureEngine : public QIconEngine {
   public:
     explicit PictureEngine(Picture picture) : m_picture(picture) {}
 
@@ -56,6 +44,13 @@ class PictureEngine : public PaintedEngine {
         QSvgRenderer svg(svgOf(m_picture, QGuiApplication::palette().color(group, QPalette::ButtonText)));
         painter->setRenderHint(QPainter::Antialiasing);
         svg.render(painter, QRectF(rect));
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return picture;
     }
     QIconEngine* clone() const override { return new PictureEngine(*this); }
 
@@ -74,7 +69,7 @@ constexpr Qt::PenStyle penStyle(Dash dash) {
     return Qt::SolidLine;
 }
 
-class SwatchEngine : public PaintedEngine {
+class SwatchEngine : public QIconEngine {
   public:
     explicit SwatchEngine(RunStyle style) : m_style(style) {}
 
@@ -84,6 +79,13 @@ class SwatchEngine : public PaintedEngine {
         painter->setPen(pen);
         const double middle = rect.center().y() + 0.5;
         painter->drawLine(QPointF(rect.left(), middle), QPointF(rect.right() + 1, middle));
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return picture;
     }
     QIconEngine* clone() const override { return new SwatchEngine(*this); }
 

@@ -2,7 +2,6 @@
 
 #include "basic/Product.h"
 #include "basic/RunTimeError.h"
-#include "drawing/Units.h"
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/Shown.h"
 
@@ -14,6 +13,7 @@ namespace korvel {
 namespace {
 
 constexpr int dotsPerInch = 300;
+constexpr double pointsPerInch = 72;
 
 QPageLayout sheetOf(Orientation orientation) {
     const bool landscape = orientation == Orientation::landscape;
@@ -55,6 +55,7 @@ qint64 TargetDevice::writeData(const char* data, qint64 size) {
 
 PdfJob::PdfJob(PdfJobSettings settings, std::unique_ptr<PdfTarget> target)
     : m_settings(std::move(settings)), m_target(std::move(target)), m_device(*m_target), m_writer(&m_device) {
+    if (!m_settings.fonts) m_settings.fonts = std::make_shared<GlyphFonts>();
     prepare(m_writer, m_settings);
 }
 
@@ -66,7 +67,7 @@ void PdfJob::page(const Drawing& drawing) {
     constexpr double dots = dotsPerInch / pointsPerInch;
     const QRectF area(points.left() * dots, points.top() * dots, points.width() * dots,
                       points.height() * dots);
-    paintOnPage(drawing, m_painter, placeIn(area, drawing), m_fonts);
+    paintOnPage(drawing, m_painter, placeIn(area, drawing), *m_settings.fonts);
     m_device.throwFailure();
 }
 

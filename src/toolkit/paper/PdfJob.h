@@ -6,6 +6,7 @@
 #include "toolkit/paper/PdfOutline.h"
 #include "toolkit/paper/PdfTarget.h"
 
+#include <QHashSeed>
 #include <QIODevice>
 #include <QPageRanges>
 #include <QPainter>
@@ -22,6 +23,7 @@ struct PdfJobSettings {
     std::string toTell;    // what finish() returns
     std::string file = {}; // model name; "" for a print system
     std::shared_ptr<const DocumentOutline> outline = {};
+    std::shared_ptr<GlyphFonts> fonts = {}; // of whoever measured the texts; none: its own
 };
 
 // Where drawings of the printable area's proportions stand on their sheets.
@@ -43,6 +45,16 @@ class TargetDevice : public QIODevice {
     std::exception_ptr m_failure;
 };
 
+// The writer puts fonts into the document in the order of their hashes: the same in every process while one
+// of these is there.
+class SteadyHashes {
+  public:
+    SteadyHashes() { QHashSeed::setDeterministicGlobalSeed(); }
+    ~SteadyHashes() { QHashSeed::resetRandomGlobalSeed(); }
+    SteadyHashes(const SteadyHashes&) = delete;
+    SteadyHashes& operator=(const SteadyHashes&) = delete;
+};
+
 class PdfJob : public PrintJob {
   public:
     PdfJob(PdfJobSettings settings, std::unique_ptr<PdfTarget> target);
@@ -53,10 +65,10 @@ class PdfJob : public PrintJob {
   private:
     void beginPage();
 
+    SteadyHashes m_hashes;
     PdfJobSettings m_settings;
     std::unique_ptr<PdfTarget> m_target;
     TargetDevice m_device;
-    GlyphFonts m_fonts;
     QPdfWriter m_writer;
     QPainter m_painter; // active from the first page on
     int m_pages = 0;

@@ -262,7 +262,18 @@ std::string pdfUpdate(const std::string& document, const DocumentOutline& outlin
     return UpdateMaking(document, outline, place).make();
 }
 
+// Blanks in its place: nothing else moves.
+void removeDate(std::string& document) {
+    const PdfDocument read(document);
+    const std::string_view info = read.object(read.info());
+    const std::size_t begin = info.find("/CreationDate ("), end = info.find(')', begin);
+    if (begin == std::string_view::npos || end == std::string_view::npos) return;
+    const auto at = static_cast<std::size_t>(info.data() - document.data());
+    document.replace(at + begin, end + 1 - begin, end + 1 - begin, ' ');
+}
+
 void OutlinedTarget::finish() {
+    removeDate(m_document);
     m_target->write(m_document);
     m_target->write(pdfUpdate(m_document, *m_outline, m_place));
     m_target->finish();

@@ -21,6 +21,9 @@ struct SheetPlace {
 // document isn't one of that kind.
 std::string pdfUpdate(const std::string& document, const DocumentOutline& outline, const SheetPlace& place);
 
+// Takes the day and time of writing out of a document, so that the same pages are the same bytes.
+void removeDate(std::string& document);
+
 // Keeps the document until it is whole, then hands it on with its update.
 class OutlinedTarget : public PdfTarget {
   public:

@@ -11,8 +11,8 @@ namespace korvel {
 
 namespace {
 
-PdfJobSettings settingsOf(const PrintRequest& request) {
-    return {request.title, request.orientation, {}, "", "", request.outline};
+PdfJobSettings settingsOf(const PrintRequest& request, const QtTextMetrics& metrics) {
+    return {request.title, request.orientation, {}, "", "", request.outline, metrics.glyphs()};
 }
 
 std::unique_ptr<PrintJob> jobToFile(PdfJobSettings settings, const std::string& file, Files& files) {
@@ -25,15 +25,16 @@ std::unique_ptr<PrintJob> jobToFile(PdfJobSettings settings, const std::string& 
     return std::make_unique<PdfJob>(std::move(settings), std::move(target));
 }
 
-std::unique_ptr<PrintJob> jobToFallbackFile(const PrintRequest& request, Files& files) {
-    PdfJobSettings settings = settingsOf(request);
+std::unique_ptr<PrintJob> jobToFallbackFile(const PrintRequest& request, const QtTextMetrics& metrics,
+                                            Files& files) {
+    PdfJobSettings settings = settingsOf(request, metrics);
     settings.toTell = request.fallbackFile;
     return jobToFile(std::move(settings), request.fallbackFile, files);
 }
 
 std::unique_ptr<PrintJob> jobToChosenFile(const PrintRequest& request, const ChosenPrinter& chosen,
-                                          Files& files) {
-    PdfJobSettings settings = settingsOf(request);
+                                          const QtTextMetrics& metrics, Files& files) {
+    PdfJobSettings settings = settingsOf(request, metrics);
     settings.pages = chosen.pages;
     const std::string name = modelNameOfHostPath(QFile::encodeName(chosen.file).toStdString());
     return jobToFile(std::move(settings), name, files);
@@ -45,25 +46,26 @@ PrintOptions documentOptions() {
 }
 
 std::unique_ptr<PrintJob> jobToQueue(const PrintRequest& request, const std::string& queue,
-                                     const PrintOptions& chosenOptions) {
+                                     const PrintOptions& chosenOptions, const QtTextMetrics& metrics) {
     QueueJob job{queue, shownUtf8(request.title), documentOptions()};
     job.options.insert(job.options.end(), chosenOptions.begin(), chosenOptions.end());
-    return std::make_unique<PdfJob>(settingsOf(request), std::make_unique<QueueTarget>(std::move(job)));
+    return std::make_unique<PdfJob>(settingsOf(request, metrics),
+                                    std::make_unique<QueueTarget>(std::move(job)));
 }
 
 } // namespace
 
 std::unique_ptr<PrintJob> QtPaper::begin(const PrintRequest& request) {
     if (const auto& chosen = m_printer.chosen()) {
-        if (!chosen->file.isEmpty()) return jobToChosenFile(request, *chosen, m_files);
-        return jobToQueue(request, chosen->queue.toStdString(), chosen->options());
+        if (!chosen->file.isEmpty()) return jobToChosenFile(request, *chosen, m_metrics, m_files);
+        return jobToQueue(request, chosen->queue.toStdString(), chosen->options(), m_metrics);
     }
-    if (const auto queue = defaultQueue()) return jobToQueue(request, *queue, {});
-    return jobToFallbackFile(request, m_files);
+    if (const auto queue = defaultQueue()) return jobToQueue(request, *queue, {}, m_metrics);
+    return jobToFallbackFile(request, m_metrics, m_files);
 }
 
 std::unique_ptr<PrintJob> PdfFilePaper::begin(const PrintRequest& request) {
-    return jobToFile(settingsOf(request), m_file, m_files);
+    return jobToFile(settingsOf(request, m_metrics), m_file, m_files);
 }
 
 const TextMetrics& CommandPaper::metrics() const {
@@ -73,7 +75,7 @@ const TextMetrics& CommandPaper::metrics() const {
 
 std::unique_ptr<PrintJob> CommandPaper::begin(const PrintRequest& request) {
     if (!m_session) m_session = std::make_unique<DrawingSession>();
-    return jobToFile(settingsOf(request), request.fallbackFile, m_files);
+    return jobToFile(settingsOf(request, m_metrics), request.fallbackFile, m_files);
 }
 
 } // namespace korvel

@@ -50,8 +50,8 @@ class CommandPaper : public Paper {
 
   private:
     Files& m_files;
+    mutable std::unique_ptr<DrawingSession> m_session; // outlives the fonts of the metrics
     QtTextMetrics m_metrics;
-    mutable std::unique_ptr<DrawingSession> m_session;
 };
 
 } // namespace korvel

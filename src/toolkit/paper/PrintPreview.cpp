@@ -4,7 +4,6 @@
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/GlyphFonts.h"
 
-#include <QAbstractScrollArea>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPainter>
@@ -66,8 +65,7 @@ bool showPrintPreview(const std::vector<Drawing>& pages, Orientation orientation
     dialog.setWindowTitle("Print");
     dialog.resize(window.size() * shareOfWindow);
     auto* preview = new QPrintPreviewWidget(&printer);
-    for (QWidget* view : preview->findChildren<QAbstractScrollArea*>()) // which takes the focus
-        view->setAccessibleName("Preview");
+    preview->setAccessibleName("Preview");
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     auto* print = buttons->addButton("&Print", QDialogButtonBox::AcceptRole);
     auto* setup = buttons->addButton("Printer &Setup ...", QDialogButtonBox::ActionRole);

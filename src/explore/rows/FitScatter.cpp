@@ -1,4 +1,6 @@
-#include "panels/FitScatter.h"
+#include "explore/rows/FitScatter.h"
+
+#include "tables/PeopleNumbers.h"
 
 #include <algorithm>
 #include <array>
@@ -61,7 +63,7 @@ double widest(const std::vector<AxisTick>& ticks, const TextMetrics& metrics) {
     return width;
 }
 
-std::string titleOf(const FittedPoints& points) {
+std::string titleOf(const FitRows::Points& points) {
     return points.run.results().seriesNames[points.series] + ", " + std::string(nameOf(points.statistic)) +
            ", " + points.run.name;
 }
@@ -129,7 +131,14 @@ const ScatterPoint* FitScatter::pointAt(const DrawnPoint& place, double reach) c
     return nearest;
 }
 
-FitScatter layOutScatter(const FittedPoints& points, double width, double height, ScaleKind kind,
+std::string FitScatter::words(const ScatterPoint& point) const {
+    const int at = point.observed.point;
+    return pointTitle(run.results(), at) + ", reach " + reachTitle(*run.file, run.results().pointReach[at]) +
+           ": observed " + shownNumber(point.observed.observed) + ", simulated " +
+           shownNumber(point.observed.value);
+}
+
+FitScatter layOutScatter(const FitRows::Points& points, double width, double height, ScaleKind kind,
                          const TextMetrics& metrics) {
     FitScatter scatter;
     scatter.run = points.run;
