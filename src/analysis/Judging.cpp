@@ -40,8 +40,13 @@ std::set<int> lowBadByName(const ResultsDataSet& results) {
 }
 
 Statistic judgedStatistic(const ResultsDataSet& results, int determinand) {
-    const auto statistic = statisticOfStandard(results.determinandStatistics[determinand]);
-    return statistic ? *statistic : statisticOfLevel(results.percentileLevel);
+    switch (results.determinandStatistics[determinand]) {
+    case 1: return Statistic::mean;
+    case 2: return Statistic::p95;
+    case 3: return Statistic::p90;
+    case 6: return Statistic::p99;
+    default: return statisticOfLevel(results.percentileLevel);
+    }
 }
 
 std::vector<JudgedDeterminand> judgedDeterminands(const ResultsDataSet& results,

@@ -1,7 +1,6 @@
 #include "basic/Sha256.h"
 
 #include "basic/Descriptor.h"
-#include "basic/Interrupted.h"
 #include "basic/RunTimeError.h"
 
 #include <algorithm>
@@ -106,11 +105,12 @@ std::string sha256OfFile(const std::string& path) {
     std::vector<char> chunk(std::size_t{256} * 1024);
     Sha256 sum;
     for (;;) {
-        const ssize_t count =
-            untilNotInterrupted([&] { return ::read(file.number(), chunk.data(), chunk.size()); });
-        if (count < 0) throw runTimeErrorOfErrno(errno);
+        const ssize_t count = ::read(file.number(), chunk.data(), chunk.size());
         if (count == 0) return sum.hex();
-        sum.add({chunk.data(), static_cast<std::size_t>(count)});
+        if (count > 0)
+            sum.add({chunk.data(), static_cast<std::size_t>(count)});
+        else if (errno != EINTR)
+            throw runTimeErrorOfErrno(errno);
     }
 }
 

@@ -25,8 +25,10 @@ void write(CommandCall& call, const std::string& output, Study study, AtlasReque
     Paper& paper = call.platform.paper;
     const Atlas atlas(std::move(study), std::move(request), paper.metrics());
     const auto job = paper.begin({atlas.title(), Orientation::landscape, output, atlas.outline()});
+    Drawing drawing;
     for (std::size_t page = 0; page < atlas.pageCount(); ++page) {
-        job->page(atlas.page(page));
+        drawing = atlas.page(page, std::move(drawing));
+        job->page(drawing);
         if (call.console.errorsAreShown)
             line.show(static_cast<double>(page + 1) / static_cast<double>(atlas.pageCount()));
     }

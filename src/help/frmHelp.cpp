@@ -14,6 +14,7 @@ namespace {
 
 constexpr Place designPlace = at(0, 0, 8400, 6150); // of the form with its frame, twips
 constexpr double besideColumn = 300;                // of the grid's width, twips
+constexpr double textSize = 8;                      // points
 
 // One column, without fixed ones, as wide as the grid allows.
 class OneColumnGrid : public QTableWidget {
@@ -51,8 +52,10 @@ QTableWidget& frmHelp::grid() {
 
 frmHelp::frmHelp(Platform& services) : Form(services, "frmHelp", "Help") {
     // Examples stand in columns, so that every character has the same width.
-    const double size = scaledFontSize(looks::designText, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY));
-    grdHelp.setFont(looks::fixedFont(size));
+    QFont font("Courier New");
+    font.setStyleHint(QFont::Monospace);
+    font.setPointSizeF(scaledFontSize(textSize, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY)));
+    grdHelp.setFont(font);
     grdHelp.verticalHeader()->setMinimumSectionSize(1);
     grdHelp.verticalHeader()->setDefaultSectionSize(grdHelp.fontMetrics().height() + 2);
     layOut();
@@ -65,7 +68,7 @@ frmHelp::frmHelp(Platform& services) : Form(services, "frmHelp", "Help") {
 }
 
 void frmHelp::layOut() {
-    setFontSize(lblPage, scaledFontSize(looks::designText, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY)), false);
+    setFontSize(lblPage, scaledFontSize(textSize, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY)), false);
     auto* all = new QVBoxLayout(&client());
     all->addWidget(&grdHelp, 1);
     all->addWidget(&lblPage);

@@ -2,7 +2,6 @@
 // on it; anybody may read it meanwhile.
 #pragma once
 
-#include "basic/Descriptor.h"
 #include "many/RunRecord.h"
 
 #include <chrono>
@@ -32,6 +31,9 @@ class RecordFile {
     // Opens the record, made where there is none, takes it for this call alone, and drops a broken last line.
     // Fails with RunTimeError: 55 where another call holds it for longer than `patience`.
     RecordFile(const std::string& path, std::chrono::milliseconds patience);
+    ~RecordFile();
+    RecordFile(const RecordFile&) = delete;
+    RecordFile& operator=(const RecordFile&) = delete;
 
     // As it was opened, with what was appended since.
     const LastRecords& last() const { return m_last; }
@@ -55,7 +57,7 @@ class RecordFile {
     void takeUp(const std::string& path);
     void write(std::string_view bytes);
 
-    Descriptor m_file;
+    int m_file = -1;
     std::size_t m_size = 0;
     LastRecords m_last;
     std::unordered_set<std::size_t> m_lines; // their hashes

@@ -69,8 +69,8 @@ std::vector<AtlasColumn> complianceColumns(bool held) {
                                      {"worst_value", "Value"},
                                      {"worst_target", "Target"},
                                      {"worst_ratio", "Ratio"},
-                                     {"needed", "Needed %"},
-                                     {"headroom", "Headroom %"}};
+                                     {"needed", "Needed %", AtlasNumber::percent},
+                                     {"headroom", "Headroom %", AtlasNumber::percent}};
     if (held) {
         columns.push_back({"change_verdict", "Change"});
         columns.push_back({"change_deteriorated", "Worse"});
@@ -95,11 +95,10 @@ std::vector<AtlasColumn> sumColumns() {
 std::vector<AtlasColumn> changeColumns(const std::string& by) {
     return {{by, by == "reach" ? "Reach" : "River"},
             {"series", "Series"},
-            {"statistic", "Statistic"},
             {"base_mean", "Base"},
             {"run_mean", "Run"},
             {"change", "Change"},
-            {"percent", "%"},
+            {"percent", "%", AtlasNumber::percent},
             {"largest_rise_value", "Largest rise"},
             {"largest_rise_feature", "at"},
             {"largest_fall_value", "Largest fall"},
@@ -207,15 +206,15 @@ void Atlas::planRiver(const std::vector<int>& reaches, const std::string& title,
     const auto path = std::make_shared<const StudyPath>(studyPath(m_study, reaches));
     if (path->places.empty()) return;
     beginPart(title, 1);
+    const auto common = std::make_shared<ProfileCommon>();
+    common->numbers = m_metrics.measure("0.00000", AtlasSheet(m_metrics).look().font).width;
     for (const std::vector<int>& series : onPages(m_request.series))
-        m_pages.push_back([this, path, series, title, beside](AtlasSheet& sheet) {
+        m_pages.push_back([this, path, series, title, beside, common](AtlasSheet& sheet) {
             const double top = sheet.head(title, beside);
             const ProfileData data = dataOf(m_study, path, series, m_request.lowIsBad);
             const ProfileLayout layout = layOutProfile(data, data.view, sheet.look(), atlasWidth,
-                                                       AtlasSheet::bottom() - top, m_metrics);
-            Drawing drawing;
-            paint(layout, drawing);
-            sheet.put(drawing, {0, top});
+                                                       AtlasSheet::bottom() - top, m_metrics, common.get());
+            sheet.add({0, top}, [&](Drawing& drawing) { paint(layout, drawing); });
         });
 }
 
@@ -247,6 +246,7 @@ void Atlas::planTables() {
                                                 "without any change",
                                                 mostRows,
                                                 names});
+        changes.note = trim("Means over the points of both runs. " + changes.note);
         changes.title = "Changes from " + shownUtf8(held.base.name) + " to " + shownUtf8(held.run.name);
         planTable(std::move(changes), 1);
     }
@@ -254,9 +254,9 @@ void Atlas::planTables() {
 
 void Atlas::planTable(AtlasTable table, int level) {
     beginPart(table.title, level);
-    const auto shared = std::make_shared<const AtlasTable>(std::move(table));
-    for (const TablePart& part : tableParts(*shared, m_metrics))
-        m_pages.push_back([shared, part](AtlasSheet& sheet) { paintTable(*shared, part, sheet); });
+    const auto layout = std::make_shared<const TableLayout>(std::move(table), m_metrics);
+    for (const TablePart& part : layout->parts())
+        m_pages.push_back([layout, part](AtlasSheet& sheet) { layout->paint(part, sheet); });
 }
 
 // The list of contents stands behind the title page; all else moves on.
@@ -271,11 +271,11 @@ void Atlas::planContents() {
     m_pages.insert(m_pages.begin() + 1, contents.begin(), contents.end());
 }
 
-Drawing Atlas::page(std::size_t page) const {
-    AtlasSheet sheet(m_metrics);
+Drawing Atlas::page(std::size_t page, Drawing reused) const {
+    AtlasSheet sheet(m_metrics, std::move(reused));
     m_pages.at(page)(sheet);
     sheet.foot(title(), page, pageCount());
-    return sheet.drawing();
+    return std::move(sheet.drawing());
 }
 
 std::shared_ptr<const DocumentOutline> Atlas::outline() const {

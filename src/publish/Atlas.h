@@ -6,7 +6,7 @@
 #include "platform/Paper.h"
 #include "publish/AtlasFindings.h"
 #include "publish/AtlasSheet.h"
-#include "publish/AtlasTable.h"
+#include "publish/AtlasTableLayout.h"
 #include "study/Network.h"
 #include "study/Study.h"
 
@@ -34,7 +34,7 @@ class Atlas {
 
     const std::string& title() const { return m_request.title; }
     std::size_t pageCount() const { return m_pages.size(); }
-    Drawing page(std::size_t page) const;
+    Drawing page(std::size_t page, Drawing reused = {}) const;
     // Bookmarks for all parts, and the links of the list of contents.
     std::shared_ptr<const DocumentOutline> outline() const;
 

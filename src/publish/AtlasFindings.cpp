@@ -66,9 +66,9 @@ std::string judgedSentence(const Counts& counts, std::size_t all) {
         return std::to_string(count) + (count == 1 ? one : many);
     };
     std::string text = std::to_string(counts.judged) + " of " + reaches(static_cast<int>(all)) +
-                       " are judged: " + verb(counts.pass, " meets", " meet") + " every target, " +
-                       verb(counts.fail, " fails", " fail") + " at least one. With confidence " +
-                       verb(counts.surelyFail, " fails, ", " fail, ") +
+                       (all == 1 ? " is" : " are") + " judged: " + verb(counts.pass, " meets", " meet") +
+                       " every target, " + verb(counts.fail, " fails", " fail") +
+                       " at least one. With confidence " + verb(counts.surelyFail, " fails, ", " fail, ") +
                        verb(counts.surelyPass, " passes", " pass") + " and " +
                        verb(counts.unsure, " is", " are") + " unsure.";
     return text;

@@ -3,6 +3,7 @@
 #include "basic/Text.h"
 #include "panels/TextFitting.h"
 
+#include <algorithm>
 #include <utility>
 #include <variant>
 
@@ -11,55 +12,59 @@ namespace korvel {
 namespace {
 
 constexpr double fontSize = 8;
+constexpr std::size_t longestParagraph = 4000; // letters
 const Font headFont{"Arial", 13, true};
-
-DrawnPoint moved(DrawnPoint point, DrawnPoint by) {
-    return {point.x + by.x, point.y + by.y};
-}
-std::vector<DrawnPoint> moved(std::vector<DrawnPoint> points, DrawnPoint by) {
-    for (DrawnPoint& point : points)
-        point = moved(point, by);
-    return points;
-}
 
 struct Moving {
     DrawnPoint by;
 
-    DrawnCommand operator()(DrawnLine line) const {
-        line.from = moved(line.from, by);
-        line.to = moved(line.to, by);
-        return line;
+    void move(DrawnPoint& point) const {
+        point.x += by.x;
+        point.y += by.y;
     }
-    DrawnCommand operator()(DrawnRun run) const {
-        run.points = moved(std::move(run.points), by);
-        return run;
+    void move(std::vector<DrawnPoint>& points) const {
+        for (DrawnPoint& point : points)
+            move(point);
     }
-    DrawnCommand operator()(DrawnMarker marker) const {
-        marker.centre = moved(marker.centre, by);
-        return marker;
+    void operator()(DrawnLine& line) const {
+        move(line.from);
+        move(line.to);
     }
-    DrawnCommand operator()(DrawnBand band) const {
-        band.above = moved(std::move(band.above), by);
-        band.below = moved(std::move(band.below), by);
-        return band;
+    void operator()(DrawnRun& run) const { move(run.points); }
+    void operator()(DrawnMarker& marker) const { move(marker.centre); }
+    void operator()(DrawnBand& band) const {
+        move(band.above);
+        move(band.below);
     }
-    DrawnCommand operator()(DrawnText text) const {
-        text.corner = moved(text.corner, by);
-        return text;
-    }
+    void operator()(DrawnText& text) const { move(text.corner); }
 };
+
+// As many letters as fit, one at least.
+std::string firstFitting(const std::string& word, double width, const Font& font,
+                         const TextMetrics& metrics) {
+    std::size_t fitting = 1, tooLong = shownLength(word);
+    while (tooLong > fitting + 1) {
+        const std::size_t middle = (fitting + tooLong) / 2;
+        (metrics.measure(firstShown(word, middle), font).width <= width ? fitting : tooLong) = middle;
+    }
+    return firstShown(word, fitting);
+}
 
 } // namespace
 
-AtlasSheet::AtlasSheet(const TextMetrics& metrics)
+AtlasSheet::AtlasSheet(const TextMetrics& metrics, Drawing reused)
     : m_metrics(metrics),
       m_look(panelLook(Theme::paper, fontSize)),
-      m_drawing{atlasWidth, atlasHeight, 1440, {}},
-      m_line(metrics.measure("0", m_look.font).height) {}
+      m_drawing{atlasWidth, atlasHeight, 1440, std::move(reused.commands)},
+      m_line(metrics.measure("0", m_look.font).height) {
+    m_drawing.clear();
+}
 
-void AtlasSheet::put(const Drawing& part, DrawnPoint at) {
-    for (const DrawnCommand& command : part.commands)
-        m_drawing.commands.push_back(std::visit(Moving{at}, command));
+void AtlasSheet::add(DrawnPoint at, const std::function<void(Drawing&)>& paint) {
+    const std::size_t first = m_drawing.commands.size();
+    paint(m_drawing);
+    for (std::size_t k = first; k < m_drawing.commands.size(); ++k)
+        std::visit(Moving{at}, m_drawing.commands[k]);
 }
 
 double AtlasSheet::width(const std::string& text, const Font& font) const {
@@ -74,8 +79,13 @@ double AtlasSheet::text(DrawnPoint at, TextAlign align, const std::string& text,
 }
 
 double AtlasSheet::paragraph(DrawnPoint at, double width, const std::string& text, const Font& font,
-                             Rgb colour) {
-    for (const std::string& line : wrapped(text, width, font, m_metrics)) {
+                             Rgb colour, std::size_t most) {
+    std::vector<std::string> lines = wrapped(firstShown(text, longestParagraph), width, font, m_metrics);
+    if (lines.size() > most) {
+        lines.resize(most);
+        lines.back() = fittedText(lines.back() + " \u2026", width, font, m_metrics);
+    }
+    for (const std::string& line : lines) {
         this->text(at, TextAlign::left, line, font, colour);
         at.y += 1.25 * m_metrics.measure("0", font).height;
     }
@@ -86,14 +96,16 @@ void AtlasSheet::rule(double y, Rgb colour) {
     m_drawing.commands.push_back(DrawnLine{{0, y}, {atlasWidth, y}, {colour, m_look.hairline, Dash::solid}});
 }
 
+// A title of two long names needs a second line.
 double AtlasSheet::head(const std::string& title, const std::string& beside) {
-    const std::string fitted = fittedText(title, 0.7 * atlasWidth, headFont, m_metrics);
-    const double end = text({0, 0}, TextAlign::left, fitted, headFont, m_look.text);
     const double height = m_metrics.measure("0", headFont).height;
+    const double widest = 0.75 * atlasWidth, end = std::min(widest, width(title, headFont));
+    const double below =
+        std::max(height, paragraph({0, 0}, widest, title, headFont, m_look.text, 2) - 0.25 * height);
     const std::string quiet = fittedText(beside, atlasWidth - end - m_line, m_look.font, m_metrics);
     text({atlasWidth, 0.8 * height - 0.8 * m_line}, TextAlign::right, quiet, m_look.font, m_look.quietText);
-    rule(1.25 * height, m_look.grid);
-    return 1.25 * height + 0.5 * m_line;
+    rule(below + 0.25 * height, m_look.grid);
+    return below + 0.25 * height + 0.5 * m_line;
 }
 
 void AtlasSheet::foot(const std::string& title, std::size_t page, std::size_t pages) {
@@ -108,21 +120,23 @@ std::vector<std::string> wrapped(const std::string& utf8, double width, const Fo
                                  const TextMetrics& metrics) {
     std::vector<std::string> lines;
     std::string line;
+    const auto fits = [&](const std::string& text) { return metrics.measure(text, font).width <= width; };
     for (std::size_t at = 0; at < utf8.size();) {
-        std::size_t end = utf8.find(' ', at);
-        if (end == std::string::npos) end = utf8.size();
-        const std::string word = utf8.substr(at, end - at);
-        const std::string longer = line.empty() ? word : line + " " + word;
-        if (!line.empty() && metrics.measure(longer, font).width > width) {
-            lines.push_back(std::exchange(line, word));
+        const std::size_t end = std::min(utf8.find(' ', at), utf8.size());
+        std::string word = utf8.substr(at, end - at);
+        if (line.empty() || !fits(line + " " + word)) {
+            if (!line.empty()) lines.push_back(std::exchange(line, {}));
+            while (!fits(word)) {
+                lines.push_back(firstFitting(word, width, font, metrics));
+                word.erase(0, lines.back().size());
+            }
+            line = word;
         } else {
-            line = longer;
+            line += " " + word;
         }
         at = end + 1;
     }
     if (!line.empty()) lines.push_back(line);
-    for (std::string& each : lines)
-        each = fittedText(each, width, font, metrics);
     return lines;
 }
 

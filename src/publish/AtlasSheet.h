@@ -4,6 +4,7 @@
 #include "panels/PanelLook.h"
 #include "platform/Paper.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,20 +15,22 @@ inline constexpr double atlasHeight = printableShortSide * 1440;
 
 class AtlasSheet {
   public:
-    explicit AtlasSheet(const TextMetrics& metrics);
+    // `reused`: a drawing that is done with; its memory serves again.
+    explicit AtlasSheet(const TextMetrics& metrics, Drawing reused = {});
 
     const PanelLook& look() const { return m_look; }
     const TextMetrics& metrics() const { return m_metrics; }
     Drawing& drawing() { return m_drawing; }
-    // Puts a drawing of its own with its top left at a place.
-    void put(const Drawing& part, DrawnPoint at);
+    // What `paint` adds stands with its top left at a place.
+    void add(DrawnPoint at, const std::function<void(Drawing&)>& paint);
 
     double line() const { return m_line; } // the height of one
     double width(const std::string& text, const Font& font) const;
     // `at`: left end, middle or right end of the text's top edge. Returns its right end.
     double text(DrawnPoint at, TextAlign align, const std::string& text, const Font& font, Rgb colour);
-    // As many lines as it takes; returns where the next one begins.
-    double paragraph(DrawnPoint at, double width, const std::string& text, const Font& font, Rgb colour);
+    // As many lines as it takes, of more than `most` the first ones; returns where the next one begins.
+    double paragraph(DrawnPoint at, double width, const std::string& text, const Font& font, Rgb colour,
+                     std::size_t most = 100);
     void rule(double y, Rgb colour);
 
     // What every page but the first has at its top; returns where its content begins.
@@ -42,7 +45,7 @@ class AtlasSheet {
     double m_line;
 };
 
-// Words on lines of a width. One that is wider stands on a line of its own, shortened.
+// Words on lines of a width. One that is wider is broken.
 std::vector<std::string> wrapped(const std::string& utf8, double width, const Font& font,
                                  const TextMetrics& metrics);
 

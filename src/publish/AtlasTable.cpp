@@ -1,18 +1,15 @@
 #include "publish/AtlasTable.h"
 
 #include "basic/Text.h"
-#include "panels/TextFitting.h"
 #include "tables/PeopleNumbers.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace korvel {
 
 namespace {
 
 constexpr std::size_t longestText = 200; // letters of a cell
-constexpr double rowHeight = 1.3;        // lines
 
 std::string cellText(Nothing) {
     return "";
@@ -68,7 +65,11 @@ class RowGathering : public RowTaker {
             const Cell cell = m_columns[k] < cells.size() ? cells[m_columns[k]] : Cell(Nothing());
             const bool reach = m_wish.columns[k].name == "reach" && std::holds_alternative<int>(cell);
             if (isNumber(cell) && !reach) m_made.textColumns[k] = false;
-            texts.push_back(reach ? reachText(std::get<int>(cell)) : textOf(cell));
+            const auto* const value = std::get_if<double>(&cell);
+            const bool percent = value != nullptr && m_wish.columns[k].number == AtlasNumber::percent;
+            texts.push_back(reach     ? reachText(std::get<int>(cell))
+                            : percent ? shownPercent(*value)
+                                      : textOf(cell));
         }
         m_made.rows.push_back(std::move(texts));
     }
@@ -102,85 +103,6 @@ class RowGathering : public RowTaker {
     std::size_t m_leftOut = 0;
 };
 
-// Columns as wide as they need be; where that is too much, wide ones of texts give way.
-std::vector<double> columnWidths(const AtlasTable& table, const AtlasSheet& sheet) {
-    const double gap = sheet.line();
-    std::vector<double> widths;
-    for (std::size_t k = 0; k < table.headings.size(); ++k) {
-        double width = sheet.width(table.headings[k], sheet.look().titleFont);
-        for (const std::vector<std::string>& row : table.rows)
-            width = std::max(width, sheet.width(row[k], sheet.look().font));
-        widths.push_back(width + gap);
-    }
-    const auto excess = [&] {
-        double sum = -atlasWidth;
-        for (const double width : widths)
-            sum += width;
-        return sum;
-    };
-    while (excess() > 0) {
-        const auto widest = std::ranges::max_element(widths);
-        const double least = 3 * gap;
-        if (*widest <= least) break;
-        *widest = std::max({least, *widest - excess(), 0.8 * *widest});
-    }
-    return widths;
-}
-
-double headHeight(const AtlasTable& table, double line) {
-    return table.note.empty() ? 0 : 1.6 * line;
-}
-
-Rgb colourOf(const std::string& text, const PanelLook& look) {
-    if (text == "pass" || text == "fail to pass") return look.pass;
-    if (text == "fail" || text == "pass to fail") return look.fail;
-    return text == "unsure" ? look.unsure : look.text;
-}
-
-class TablePainting {
-  public:
-    TablePainting(const AtlasTable& table, AtlasSheet& sheet)
-        : m_table(table), m_sheet(sheet), m_widths(columnWidths(table, sheet)) {}
-
-    void paint(const TablePart& part, double top) {
-        const PanelLook& look = m_sheet.look();
-        const double height = rowHeight * m_sheet.line();
-        paintRow(m_table.headings, top, look.titleFont, true);
-        m_sheet.rule(top + height, look.axis);
-        double y = top + 1.15 * height;
-        for (std::size_t row = part.from; row < part.to; ++row, y += height) {
-            std::vector<std::string> cells = m_table.rows[row];
-            const bool goesOn =
-                row > part.from && m_table.textColumns[0] && cells[0] == m_table.rows[row - 1][0];
-            if (goesOn)
-                cells[0].clear(); // said once a page
-            else if (row > part.from)
-                m_sheet.rule(y - 0.1 * height, look.grid);
-            paintRow(cells, y, look.font, false);
-        }
-    }
-
-  private:
-    void paintRow(const std::vector<std::string>& cells, double y, const Font& font, bool heading) {
-        const PanelLook& look = m_sheet.look();
-        const double gap = m_sheet.line();
-        double x = 0;
-        for (std::size_t k = 0; k < cells.size(); ++k) {
-            const std::string text = fittedText(cells[k], m_widths[k] - gap + 1, font, m_sheet.metrics());
-            const Rgb colour = heading ? look.text : colourOf(text, look);
-            if (m_table.textColumns[k])
-                m_sheet.text({x, y}, TextAlign::left, text, font, colour);
-            else
-                m_sheet.text({x + m_widths[k] - gap, y}, TextAlign::right, text, font, colour);
-            x += m_widths[k];
-        }
-    }
-
-    const AtlasTable& m_table;
-    AtlasSheet& m_sheet;
-    std::vector<double> m_widths;
-};
-
 } // namespace
 
 AtlasTable atlasTable(const Table& table, const TableWish& wish) {
@@ -189,37 +111,6 @@ AtlasTable atlasTable(const Table& table, const TableWish& wish) {
     table.rows(gathering);
     made.note = gathering.note();
     return made;
-}
-
-std::vector<TablePart> tableParts(const AtlasTable& table, const TextMetrics& metrics) {
-    AtlasSheet sheet(metrics);
-    const double top = sheet.head("", "") + headHeight(table, sheet.line());
-    const double height = rowHeight * sheet.line();
-    const auto rows =
-        static_cast<std::size_t>(std::max(1.0, std::floor((AtlasSheet::bottom() - top) / height - 1.2)));
-    std::vector<TablePart> parts;
-    for (std::size_t from = 0; from < table.rows.size(); from += rows)
-        parts.push_back({from, std::min(from + rows, table.rows.size())});
-    if (parts.empty()) parts.push_back({});
-    return parts;
-}
-
-void paintTable(const AtlasTable& table, const TablePart& part, AtlasSheet& sheet) {
-    const bool whole = part.from == 0 && part.to == table.rows.size();
-    const std::string rows = whole ? ""
-                                   : "rows " + std::to_string(part.from + 1) + " to " +
-                                         std::to_string(part.to) + " of " + std::to_string(table.rows.size());
-    double top = sheet.head(table.title, rows);
-    if (!table.note.empty()) {
-        sheet.text({0, top}, TextAlign::left,
-                   fittedText(table.note, atlasWidth, sheet.look().font, sheet.metrics()), sheet.look().font,
-                   sheet.look().quietText);
-        top += headHeight(table, sheet.line());
-    }
-    if (table.rows.empty())
-        sheet.text({0, top}, TextAlign::left, "Nothing to show.", sheet.look().font, sheet.look().quietText);
-    else
-        TablePainting(table, sheet).paint(part, top);
 }
 
 } // namespace korvel

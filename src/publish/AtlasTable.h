@@ -11,9 +11,12 @@
 
 namespace korvel {
 
+enum class AtlasNumber { figures, percent }; // four of them; one decimal
+
 struct AtlasColumn {
     std::string name; // of the table's column, with its group: "worst_ratio"
     std::string heading;
+    AtlasNumber number = AtlasNumber::figures;
 };
 
 struct AtlasTable {
@@ -34,14 +37,5 @@ struct TableWish {
     std::map<int, std::string> reachNames = {}; // shown behind their numbers
 };
 AtlasTable atlasTable(const Table& table, const TableWish& wish);
-
-// From which row to which on a page.
-struct TablePart {
-    std::size_t from = 0;
-    std::size_t to = 0;
-};
-std::vector<TablePart> tableParts(const AtlasTable& table, const TextMetrics& metrics);
-
-void paintTable(const AtlasTable& table, const TablePart& part, AtlasSheet& sheet);
 
 } // namespace korvel

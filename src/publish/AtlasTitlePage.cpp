@@ -29,16 +29,24 @@ std::string factsOf(const StudyRun& run) {
 
 void Atlas::paintTitlePage(AtlasSheet& sheet) const {
     const PanelLook& look = sheet.look();
-    double y = sheet.paragraph({0, 0}, atlasWidth, title(), titleFont, look.text);
+    double y = sheet.paragraph({0, 0}, atlasWidth, title(), titleFont, look.text, 2);
     const std::string what = m_study.runs().size() == 1 ? "Profiles and targets of one run"
                                                         : "Profiles, targets and changes of " +
                                                               std::to_string(m_study.runs().size()) + " runs";
     sheet.text({0, y}, TextAlign::left, what, {"Arial", 11, false}, look.quietText);
+    sheet.text({atlasWidth, y + 0.3 * sheet.line()}, TextAlign::right,
+               std::string("Written by ") + productName + " " + productVersion, look.font, look.quietText);
     y += 2.6 * sheet.line();
     sheet.rule(y, look.axis);
     y = paintRuns(sheet, y + 0.8 * sheet.line());
     y = paintFindings(sheet, y + 0.6 * sheet.line());
-    paintNetwork(sheet, 0, y + 0.6 * sheet.line(), AtlasSheet::bottom());
+    y += 0.6 * sheet.line();
+    const std::string shown = "Network of " + shownUtf8(m_study.base().name) +
+                              ": what its reaches come to with confidence, all judged determinands together";
+    sheet.text({0, y}, TextAlign::left,
+               fittedText(shown, atlasWidth, look.titleFont, m_metrics, Shorten::middle), look.titleFont,
+               look.text);
+    paintNetwork(sheet, 0, y + 1.4 * sheet.line(), AtlasSheet::bottom());
 }
 
 double Atlas::paintRuns(AtlasSheet& sheet, double top) const {
@@ -71,7 +79,7 @@ double Atlas::paintFindings(AtlasSheet& sheet, double top) const {
     const PanelLook& look = sheet.look();
     const double line = sheet.line(), indent = 2.6 * line;
     top = sheet.paragraph({0, top}, atlasWidth, "Judged: " + judgedWords(m_study.base(), compliance()),
-                          look.font, look.quietText) +
+                          look.font, look.quietText, 4) +
           0.4 * line;
     for (std::size_t run = 0; run < m_findings.size(); ++run) {
         const std::string words = findingsInWords(run);
@@ -105,11 +113,9 @@ void Atlas::paintNetwork(AtlasSheet& sheet, std::size_t run, double top, double 
     NetworkView view;
     view.colours = NetworkColours::byVerdict;
     view.verdicts = m_findings[run].verdicts;
-    Drawing drawing;
-    paint(
-        layOutNetwork(*of.file, networkOf(*of.file), view, sheet.look(), atlasWidth, bottom - top, m_metrics),
-        drawing);
-    sheet.put(drawing, {0, top});
+    const NetworkLayout layout =
+        layOutNetwork(*of.file, networkOf(*of.file), view, sheet.look(), atlasWidth, bottom - top, m_metrics);
+    sheet.add({0, top}, [&](Drawing& drawing) { paint(layout, drawing); });
 }
 
 double Atlas::contentsTop() const {

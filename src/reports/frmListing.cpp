@@ -66,8 +66,7 @@ void frmListing::layOut() {
     bar->addWidget(&cmdPrint);
     bar->addWidget(&cmdClose);
     auto* all = new QVBoxLayout(&client());
-    all->setContentsMargins(looks::margin, looks::margin, looks::margin, looks::margin);
-    all->setSpacing(looks::gap);
+    all->setContentsMargins(12, 10, 12, 12);
     all->addLayout(bar);
     all->addWidget(&txtListing, 1);
 }
@@ -96,7 +95,9 @@ void frmListing::view(const std::string& fileName) {
 
 // Ctrl and the wheel change it, too.
 void frmListing::setDesignFont() {
-    txtListing.setFont(looks::fixedFont());
+    QFont font("Courier New", 10);
+    font.setStyleHint(QFont::Monospace);
+    txtListing.setFont(font);
 }
 
 // From the cursor on, and round at the end of the file.

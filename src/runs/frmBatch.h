@@ -14,7 +14,6 @@ class frmBatch : public Form {
 
   protected:
     bool onClose() override;
-    void onTheme() override;
     bool event(QEvent* event) override;
 
   private:

@@ -6,8 +6,6 @@
 
 #include <algorithm>
 #include <span>
-#include <string>
-#include <vector>
 
 namespace korvel {
 
@@ -39,11 +37,8 @@ inline bool isFlow(int series) {
     return series == 0;
 }
 inline bool isLoad(const ResultsDataSet& results, int series) {
-    return results.kindOf(series) == SeriesKind::load;
+    return series > results.determinandCount;
 }
-
-// Flow, concentrations and loads, as they are taken where nobody has chosen some of them.
-std::vector<int> allSeries(const ResultsDataSet& results);
 
 // As it is shown: without the blanks around it and points at its end.
 std::string determinandName(const ResultsDataSet& results, int determinand);

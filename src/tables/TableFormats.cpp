@@ -69,10 +69,13 @@ bool isFormatFor(TableUse use, const TableFormat& format) {
 }
 
 std::string formatNames(TableUse use) {
-    std::vector<std::string> names;
+    std::vector<std::string_view> names;
     for (const TableFormat& format : formats)
-        if (isFormatFor(use, format)) names.emplace_back(format.name);
-    return inWords(names, "or");
+        if (isFormatFor(use, format)) names.push_back(format.name);
+    std::string text(names.front());
+    for (std::size_t k = 1; k < names.size(); ++k)
+        (text += k + 1 < names.size() ? ", " : " or ") += names[k];
+    return text;
 }
 
 const TableFormat* formatNamed(std::string_view name) {

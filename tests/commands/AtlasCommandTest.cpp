@@ -1,10 +1,16 @@
-#include "commands/CommandFixture.h"
+#include "commands/Commands.h"
+#include "fakes/FakePlatform.h"
+#include "fakes/ResultsFileBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
 
 namespace korvel {
 
 namespace {
 
-class AtlasCommand : public CommandFixture {
+class AtlasCommand : public testing::Test {
   protected:
     static ResultsFileBuilder river() {
         ResultsFileBuilder file;
@@ -13,6 +19,13 @@ class AtlasCommand : public CommandFixture {
         return file;
     }
 
+    int run(const std::vector<std::string>& arguments) {
+        std::ostringstream outStream, errorStream;
+        const int status = runCommand(arguments, fake.platform(), outStream, errorStream, {});
+        out = outStream.str();
+        errors = errorStream.str();
+        return status;
+    }
     // All texts of what was printed last.
     std::string printedWords() {
         std::string words;
@@ -23,7 +36,16 @@ class AtlasCommand : public CommandFixture {
     }
     bool printed(const std::string& part) { return printedWords().find(part) != std::string::npos; }
 
-    std::string a = put("a.sgr", river()), b = put("b.sgr", river());
+    FakePlatform fake;
+    std::string out, errors;
+    std::string a, b;
+
+    AtlasCommand() {
+        fake.putFile("a.sgr", river().text());
+        fake.putFile("b.sgr", river().text());
+        a = hostPathOf(fake.pathOf("a.sgr"));
+        b = hostPathOf(fake.pathOf("b.sgr"));
+    }
 };
 
 } // namespace

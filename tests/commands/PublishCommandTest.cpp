@@ -1,7 +1,12 @@
-#include "commands/CommandFixture.h"
+#include "commands/Commands.h"
+#include "fakes/FakePlatform.h"
+#include "fakes/ResultsFileBuilder.h"
+
+#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 namespace korvel {
 
@@ -9,7 +14,7 @@ namespace {
 
 using enum ValueField;
 
-class PublishCommand : public CommandFixture {
+class PublishCommand : public testing::Test {
   protected:
     static ResultsFileBuilder river() {
         ResultsFileBuilder file;
@@ -21,9 +26,16 @@ class PublishCommand : public CommandFixture {
         return file;
     }
 
+    std::string put(const std::string& name, const ResultsFileBuilder& file) {
+        fake.putFile(name, file.text());
+        return hostPathOf(fake.pathOf(name));
+    }
+
     int run(const std::vector<std::string>& arguments, const ConsoleTraits& console = {}) {
-        const int status = CommandFixture::run(arguments, console);
-        EXPECT_EQ(out, "");
+        std::ostringstream outStream, errorStream;
+        const int status = runCommand(arguments, fake.platform(), outStream, errorStream, console);
+        EXPECT_EQ(outStream.str(), "");
+        errors = errorStream.str();
         return status;
     }
 
@@ -38,7 +50,9 @@ class PublishCommand : public CommandFixture {
         return (std::filesystem::path(a).parent_path() / name).string();
     }
 
+    FakePlatform fake;
     std::string a = put("a.sgr", river()), b = put("b.sgr", river());
+    std::string errors;
 };
 
 TEST_F(PublishCommand, WritesAPageBesideTheFirstFile) {

@@ -1,6 +1,7 @@
 // The commands that start the engine, against the run-control files that the forms write.
 #include "basic/DiskNames.h"
-#include "commands/CommandFixture.h"
+#include "commands/Commands.h"
+#include "fakes/FakePlatform.h"
 #include "global/GLOBAL.h"
 #include "runs/BatchRun.h"
 #include "runs/RunModel.h"
@@ -14,7 +15,7 @@ namespace korvel {
 
 namespace {
 
-class RunCommands : public CommandFixture {
+class RunCommands : public testing::Test {
   protected:
     RunCommands() {
         GLOBAL = {};
@@ -22,6 +23,13 @@ class RunCommands : public CommandFixture {
     }
     ~RunCommands() override { GLOBAL = {}; }
 
+    int run(const std::vector<std::string>& arguments) {
+        std::ostringstream outStream, errorStream;
+        const int status = runCommand(arguments, fake.platform(), outStream, errorStream);
+        out = outStream.str();
+        errors = errorStream.str();
+        return status;
+    }
     std::string put(const std::string& name) {
         fake.putFile(name, "");
         return hostPathOf(fake.pathOf(name));
@@ -29,6 +37,10 @@ class RunCommands : public CommandFixture {
     std::string runControl() { return fake.fileText("RUNDAT.TMP"); }
     bool started() { return contains(fake.takeTranscript(), "engine"); }
     void removeEngine() { std::remove(hostPathOf(fake.pathOf("korvelf157.exe")).c_str()); }
+
+    FakePlatform fake;
+    std::string out;
+    std::string errors;
 };
 
 const std::string notFound = "[critical] : Run-time error '53': File not found\n";

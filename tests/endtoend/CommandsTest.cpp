@@ -187,6 +187,19 @@ TEST_F(Commands, AtlasLeadsToItsPartsAndStandsUpToACheck) {
     EXPECT_NE(text.find("14 reaches are judged"), std::string::npos);
 }
 
+TEST_F(Commands, AtlasIsTheSameEveryTime) {
+    korvel.putResults("ALDER.SGR");
+    const auto write = [&](const std::string& name) {
+        const Outcome outcome = korvel.runKorvel(
+            {"atlas", korvel.data("ALDER.SGR"), "--series", "0,2", "--output", korvel.data(name)});
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        return contentOf(korvel.data(name));
+    };
+    const std::string first = write("first.pdf");
+    for (const char* name : {"second.pdf", "third.pdf", "fourth.pdf"})
+        EXPECT_TRUE(write(name) == first) << name;
+}
+
 TEST_F(Commands, RunStartsTheEngineAndWaitsForIt) {
     korvel.putSample("ALDER.DAT");
     const Outcome outcome = korvel.runKorvel({"run", korvel.data("ALDER.DAT"), "--type", "0", "--wait"});

@@ -1,12 +1,135 @@
-// The graph set-up form: what it shows, its two modes and its boxes.
-#include "forms/GraphDataForm.h"
+// The graph set-up form: real clicks and real focus, from loading results to the graph.
+#include "graphs/setup/frmGraphData.h"
+
+#include "basic/Palette.h"
+#include "fakes/FakePlatform.h"
+#include "forms/FormDriver.h"
+#include "forms/GraphForms.h"
+#include "graphs/DrawnThings.h"
+
+#include <QHelpEvent>
+#include <QTest>
 
 namespace korvel {
 
 namespace {
 
+using Lines = std::vector<std::string>;
+
+const std::string readError = "box [exclamation] Error: There is an error in reading the data for plotting. "
+                              "The file either does not exist, is incomplete, or is in the wrong format.  Or "
+                              "it may hold more plotting points than the set maximum of 59999. -> ok\n";
 const std::string levelRefusal =
     "box [question] Percentile level: Percentile level must be 90, 95 or 99. -> ok\n";
+
+class FrmGraphData : public CleanGlobals {
+  protected:
+    FrmGraphData() {
+        platform.putFile("A.SGR", longRiver());
+        platform.putFile("B.SGR", longRiver(8, "Second run"));
+        platform.putFile("CUT.SGR", longRiver().substr(0, 900));
+        platform.putFile("SHORT.SGR", longRiver(3));
+        platform.setBottomForm(form);
+        platform.closesForm = closeWindow;
+    }
+    ~FrmGraphData() override { EXPECT_EQ(platform.takeTranscript(), ""); }
+
+    void activate() { static_cast<ShownForm&>(form).activate(); }
+    void load(const std::string& item, const std::string& file) {
+        platform.willChoose(platform.pathOf(file));
+        choose(form, item);
+        platform.takeTranscript();
+    }
+    // Shown, with a first data set.
+    void showLoaded(const std::string& file = "A.SGR") {
+        load("mnuDataFile1", file);
+        showActive(form);
+    }
+    void afterARun(const std::string& file) {
+        GLOBAL.fileNames[0] = platform.pathOf(file);
+        GLOBAL.graphResultsPending = true;
+    }
+    void expectRefusal(const std::string& text) {
+        platform.willAnswer(Answer::ok);
+        choose(form, "mnuPlot");
+        EXPECT_EQ(platform.takeTranscript(), "box [exclamation] Missing data: " + text + " -> ok\n");
+    }
+    // What can be plotted in mode 1: reaches 1 to 3, one series.
+    void chooseMode1() {
+        combo(1).setCurrentIndex(0);
+        combo(2).setCurrentIndex(2);
+        clickLine(dets, 1);
+    }
+
+    std::string labelText(int k) { return text("Label_" + std::to_string(k)); }
+    std::string text(const std::string& name) { return control<QLabel>(form, name).text().toStdString(); }
+    QComboBox& combo(int k) { return control<QComboBox>(form, "Combo_" + std::to_string(k)); }
+    QCheckBox& check(int k) { return control<QCheckBox>(form, "Check_" + std::to_string(k)); }
+    QRadioButton& option(int k) { return control<QRadioButton>(form, "optPlotType_" + std::to_string(k)); }
+    QLineEdit& box(int k) { return control<QLineEdit>(form, "txtTitle_" + std::to_string(k)); }
+    Lines itemsOf(const QComboBox& list) {
+        Lines items;
+        for (int i = 0; i < list.count(); ++i)
+            items.push_back(list.itemText(i).toStdString());
+        return items;
+    }
+    Lines itemsOf(const QListWidget& list) {
+        Lines items;
+        for (int i = 0; i < list.count(); ++i)
+            items.push_back(list.item(i)->text().toStdString());
+        return items;
+    }
+    QColor colourOf(const std::string& frame) {
+        return control<QFrame>(form, frame).palette().color(QPalette::Window);
+    }
+    // Which frame is highlighted; 0 where not exactly one is.
+    int highlightedMode() {
+        const Rgb highlight = paletteColour(colours::yellow);
+        const QColor yellow(highlight.red, highlight.green, highlight.blue);
+        const bool first = colourOf("frameMode_1") == yellow, second = colourOf("frameMode_2") == yellow;
+        return first == second ? 0 : (first ? 1 : 2);
+    }
+    // As the pointer makes it.
+    std::string tipOf(QWidget& control) {
+        QHelpEvent ask(QEvent::ToolTip, QPoint(1, 1), QPoint(1, 1));
+        QApplication::sendEvent(&control, &ask);
+        return control.toolTip().toStdString();
+    }
+    Lines ticked() {
+        Lines captions;
+        for (int k = 0; k <= 5; ++k)
+            if (check(k).isChecked()) captions.push_back(check(k).text().toStdString());
+        for (int k = 0; k <= 5; ++k)
+            if (option(k).isChecked()) captions.push_back(option(k).text().toStdString());
+        return captions;
+    }
+
+    // The main series that the graph draws of BOD when the plot type is chosen: as the key names them, and no
+    // more than there are lines of.
+    Lines meansOf(QRadioButton& plotType) {
+        chooseMode1();
+        click(plotType);
+        Lines named;
+        platform.willActOn("frmSimgraph", [&](ShownForm&) {
+            for (const std::string& text : textsOf(graph.drawing()))
+                if (text.starts_with("Mean values")) named.push_back(text);
+            const std::size_t lines = runsOfColour(graph.drawing(), colours::lightBlue).size() +
+                                      runsOfColour(graph.drawing(), colours::lightGreen).size();
+            EXPECT_EQ(lines, named.size());
+        });
+        choose(form, "mnuPlot");
+        platform.takeTranscript();
+        return named;
+    }
+    Lines comparison() { return meansOf(option(2)); }
+
+    FakePlatform platform;
+    frmSimgraph graph{platform};
+    frmGraphData form{platform, graph};
+    QListWidget& dets = control<QListWidget>(form, "lstDets");
+    QListWidget& sites = control<QListWidget>(form, "lstSites");
+    QListWidget& features = control<QListWidget>(form, "lstFeatures");
+};
 
 } // namespace
 
@@ -97,6 +220,126 @@ TEST_F(FrmGraphData, TipsFollowTheLevel) {
     click(option(5));
     EXPECT_EQ(tipOf(check(2)), "'Plot confidence limits': Enables 99 percentile confidence limits to be "
                                "displayed on graphs.");
+}
+
+TEST_F(FrmGraphData, LoadsTheFirstFileFromItsItem) {
+    platform.willChoose(platform.pathOf("A.SGR"));
+    choose(form, "mnuDataFile1");
+    EXPECT_EQ(platform.takeTranscript(),
+              "open dialog \"Select Data File 1\" filter \"Korvel graph files (*.SGR)|*.SGR\" folder \"\" "
+              "overwritePrompt no -> {app}\\A.SGR\ncurrent folder {app}\n");
+    EXPECT_EQ(text("lblFileName_0"), "A.SGR");
+    EXPECT_EQ(itemsOf(combo(1)).front(), "1 Reach number 1  ");
+    EXPECT_EQ(itemsOf(combo(1)), itemsOf(sites));
+    EXPECT_EQ(itemsOf(combo(1)).size(), 8U);
+    EXPECT_EQ(itemsOf(dets),
+              (Lines{"Flow", "BOD (Conc)", "Ammonia (Conc)", "Nitrate (Conc)", "Phosphate (Conc)",
+                     "BOD (Load)", "Ammonia (Load)", "Nitrate (Load)", "Phosphate (Load)"}));
+    EXPECT_EQ(itemsOf(combo(3)), itemsOf(dets));
+    EXPECT_EQ(box(1).text(), "Long river");
+    EXPECT_EQ(combo(1).currentIndex(), -1);
+    EXPECT_TRUE(check(5).isChecked()) << "the file has interpolated points";
+    EXPECT_TRUE(control<QLabel>(form, "Label_2").isHidden());
+}
+
+TEST_F(FrmGraphData, ClearsTheNameBeforeTheFileIsChosen) {
+    load("mnuDataFile1", "A.SGR");
+    platform.willCancel();
+    choose(form, "mnuDataFile1");
+    platform.takeTranscript();
+    EXPECT_EQ(text("lblFileName_0"), "");
+}
+
+TEST_F(FrmGraphData, RefusesTheSecondFileBeforeTheFirst) {
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuDataFile2");
+    EXPECT_EQ(platform.takeTranscript(),
+              "box [exclamation] Select data file: You must select Data File 1 before Data File 2. -> ok\n");
+}
+
+TEST_F(FrmGraphData, LoadsTheSecondFileAndKeepsTheSelections) {
+    showLoaded();
+    chooseMode1();
+    load("mnuDataFile2", "B.SGR");
+    EXPECT_EQ(text("lblFileName_1"), "B.SGR");
+    EXPECT_EQ(box(1).text(), "Long river");
+    EXPECT_EQ(combo(2).currentIndex(), 2);
+    EXPECT_EQ(selectedLines(dets), (Lines{"BOD (Conc)"}));
+}
+
+TEST_F(FrmGraphData, FallsBackToTheFirstDataSetWhereTheSecondFails) {
+    showLoaded();
+    load("mnuDataFile2", "B.SGR");
+    click(option(2));
+    platform.willChoose(platform.pathOf("CUT.SGR"));
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuDataFile2");
+    EXPECT_TRUE(platform.takeTranscript().ends_with(readError));
+    EXPECT_EQ(text("lblFileName_1"), "");
+    EXPECT_EQ(text("lblFileName_0"), "A.SGR");
+    EXPECT_TRUE(option(0).isChecked());
+    EXPECT_TRUE(control<QAction>(form, "mnuPlot").isEnabled());
+}
+
+TEST_F(FrmGraphData, AnotherFirstFileClearsTheSecond) {
+    showLoaded();
+    load("mnuDataFile2", "B.SGR");
+    click(option(1));
+    load("mnuDataFile1", "B.SGR");
+    EXPECT_EQ(text("lblFileName_0"), "B.SGR");
+    EXPECT_EQ(text("lblFileName_1"), "");
+    EXPECT_TRUE(option(0).isChecked());
+    EXPECT_EQ(box(1).text(), "Second run");
+}
+
+TEST_F(FrmGraphData, LoadsTheResultsOfARunWhenItIsActivated) {
+    afterARun("A.SGR");
+    activate();
+    EXPECT_EQ(text("lblFileName_0"), "A.SGR");
+    EXPECT_EQ(combo(1).count(), 8);
+    EXPECT_FALSE(GLOBAL.graphResultsPending);
+    EXPECT_TRUE(control<QAction>(form, "mnuPlot").isEnabled());
+    EXPECT_EQ(platform.takeTranscript(), "");
+}
+
+TEST_F(FrmGraphData, KeepsTheResultsOfARunPendingWhereTheyCannotBeRead) {
+    afterARun("CUT.SGR");
+    platform.willAnswer(Answer::ok);
+    activate();
+    EXPECT_EQ(platform.takeTranscript(), readError);
+    EXPECT_TRUE(GLOBAL.graphResultsPending);
+    EXPECT_TRUE(control<QLabel>(form, "Label_2").isHidden());
+}
+
+TEST_F(FrmGraphData, ShowsNoProgressWhileAMessageEndsTheLoad) {
+    int messages = 0;
+    platform.onMessage = [&] {
+        ++messages;
+        EXPECT_TRUE(control<QLabel>(form, "Label_2").isHidden());
+        EXPECT_TRUE(control<QProgressBar>(form, "Progress").isHidden());
+    };
+    const auto loadWithMessage = [&](const char* item, const char* file) {
+        platform.willChoose(platform.pathOf(file));
+        platform.willAnswer(Answer::ok);
+        choose(form, item);
+        platform.takeTranscript();
+    };
+    loadWithMessage("mnuDataFile1", "CUT.SGR");
+    load("mnuDataFile1", "A.SGR");
+    loadWithMessage("mnuDataFile2", "CUT.SGR");
+    EXPECT_EQ(messages, 2);
+}
+
+TEST_F(FrmGraphData, KeepsItsStateAfterAGraph) {
+    showLoaded();
+    chooseMode1();
+    afterARun("B.SGR");
+    GLOBAL.returnedFromGraph = true;
+    activate();
+    EXPECT_FALSE(GLOBAL.returnedFromGraph);
+    EXPECT_TRUE(GLOBAL.graphResultsPending);
+    EXPECT_EQ(text("lblFileName_0"), "A.SGR");
+    EXPECT_EQ(combo(2).currentIndex(), 2);
 }
 
 TEST_F(FrmGraphData, LetsTheModeFollowTheFocus) {
@@ -258,6 +501,130 @@ TEST_F(FrmGraphData, CutsATitleToSixtyCharactersAsShown) {
     box(1).setText(wide);
     click(box(2));
     EXPECT_EQ(box(1).text(), wide) << "60 are not too many";
+}
+
+TEST_F(FrmGraphData, TellsWhatIsMissingInOrder) {
+    expectRefusal("You have not selected a data set");
+    showLoaded();
+    dets.setFocus();
+    passEvents();
+    expectRefusal("You must select the Upstream Reach");
+    combo(1).setCurrentIndex(0);
+    combo(2).setCurrentIndex(-1);
+    expectRefusal("You must select the Downstream Reach");
+    combo(2).setCurrentIndex(1);
+    expectRefusal("You must select one or more determinands.");
+    sites.setFocus();
+    passEvents();
+    expectRefusal("You must select one or more reaches.");
+    clickLine(sites, 0);
+    expectRefusal("You must select a determinand.");
+}
+
+TEST_F(FrmGraphData, PlotsInTheGraphFormAndKeepsItsState) {
+    showLoaded();
+    chooseMode1();
+    GLOBAL.LargeTextMode = 0;
+    platform.willActOn("frmSimgraph", [&](ShownForm& shown) {
+        EXPECT_EQ(control<QPushButton>(shown, "Cmd_3").text(), "Small text");
+        EXPECT_GT(textsOf(graph.drawing()).size(), 5u);
+        choose(shown, "mnuExit");
+        EXPECT_TRUE(GLOBAL.returnedFromGraph);
+    });
+    choose(form, "mnuPlot");
+    EXPECT_EQ(platform.takeTranscript(), "show modal frmSimgraph\nclose frmSimgraph\nclosed frmSimgraph\n");
+    EXPECT_FALSE(GLOBAL.returnedFromGraph) << "cleared as the form is activated again";
+    EXPECT_EQ(combo(2).currentIndex(), 2);
+    EXPECT_EQ(selectedLines(dets), (Lines{"BOD (Conc)"}));
+}
+
+TEST_F(FrmGraphData, ComparesWithTheSecondDataSetOnlyWhileItIsValid) {
+    showLoaded();
+    load("mnuDataFile2", "B.SGR");
+    EXPECT_EQ(comparison(), (Lines{"Mean values for Set 1", "Mean values for Set 2"}));
+    load("mnuDataFile1", "A.SGR");
+    EXPECT_EQ(comparison(), Lines{"Mean values for Set 1"}) << "the old second run belongs to another river";
+    load("mnuDataFile2", "B.SGR");
+    EXPECT_EQ(comparison().size(), 2u) << "loaded anew";
+}
+
+TEST_F(FrmGraphData, PlotsNothingOfASecondDataSetThatWasInvalidated) {
+    showLoaded();
+    load("mnuDataFile2", "B.SGR");
+    load("mnuDataFile1", "A.SGR");
+    EXPECT_EQ(meansOf(option(1)), Lines{});
+}
+
+TEST_F(FrmGraphData, ComparesWithNothingOfAnAbandonedSecondDataSet) {
+    showLoaded();
+    std::string other = longRiver();
+    // The last point of another reach: most values are read by then.
+    const std::size_t line = other.rfind('\n', other.rfind("Gauge")) + 1;
+    other[other.find('8', line)] = '7';
+    platform.putFile("OTHER.SGR", other);
+    platform.willChoose(platform.pathOf("OTHER.SGR"));
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuDataFile2");
+    EXPECT_NE(platform.takeTranscript().find("2nd data set has different reach or feature data."),
+              std::string::npos);
+    EXPECT_EQ(comparison(), Lines{"Mean values for Set 1"});
+    EXPECT_EQ(meansOf(option(1)), Lines{});
+}
+
+TEST_F(FrmGraphData, HandsItsChoicesToTheGraph) {
+    showLoaded();
+    chooseMode1();
+    click(check(0));
+    click(check(1));
+    click(check(2));
+    click(check(4));
+    click(check(5));
+    click(option(5));
+    box(1).setText("  My title ");
+    box(2).setText(" My sub-title");
+    clickLine(features, 1);
+    platform.willActOn("frmSimgraph", [](ShownForm&) {});
+    choose(form, "mnuPlot");
+    platform.takeTranscript();
+    EXPECT_TRUE(GLOBAL.displayMode1);
+    EXPECT_EQ(GLOBAL.graphReaches, (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(GLOBAL.selectedDeterminands, (std::vector<int>{1}));
+    EXPECT_EQ(GLOBAL.graphTitle, "My title");
+    EXPECT_EQ(GLOBAL.graphSubTitle, "My sub-title");
+    EXPECT_FALSE(GLOBAL.plotMeans);
+    EXPECT_TRUE(GLOBAL.plotPercentiles);
+    EXPECT_TRUE(GLOBAL.plotConfidenceLimits);
+    EXPECT_FALSE(GLOBAL.plotObservedValues);
+    EXPECT_FALSE(GLOBAL.plotInterpolatedPoints);
+    EXPECT_EQ(GLOBAL.percentileRow, 2);
+    EXPECT_TRUE(GLOBAL.labelFeatureTypes[0] && GLOBAL.labelFeatureTypes[10]);
+    EXPECT_FALSE(GLOBAL.labelFeatureTypes[1]);
+}
+
+TEST_F(FrmGraphData, HandsTheReachesOfModeTwoToTheGraph) {
+    showLoaded();
+    for (int line : {6, 0, 3})
+        clickLine(sites, line, Qt::ControlModifier);
+    combo(3).setCurrentIndex(2);
+    platform.willActOn("frmSimgraph", [](ShownForm&) {});
+    choose(form, "mnuPlot");
+    platform.takeTranscript();
+    EXPECT_FALSE(GLOBAL.displayMode1);
+    EXPECT_EQ(GLOBAL.graphReaches, (std::vector<int>{1, 4, 7}));
+    EXPECT_EQ(GLOBAL.selectedDeterminands, (std::vector<int>{2}));
+}
+
+TEST_F(FrmGraphData, TellsThatResultsAreIncomplete) {
+    showLoaded("SHORT.SGR");
+    combo(1).setCurrentIndex(1);
+    combo(2).setCurrentIndex(2); // reaches 2 to 4; the points end in reach 3
+    clickLine(dets, 0);
+    platform.willAnswer(Answer::ok);
+    choose(form, "mnuPlot");
+    EXPECT_EQ(platform.takeTranscript(),
+              "box [question] Incomplete Results: The selected graph cannot be plotted as the Korvel results "
+              "are incomplete.  This may be due to the Korvel run having been stopped by an error before all "
+              "reaches were processed. -> ok\n");
 }
 
 TEST_F(FrmGraphData, ExitClosesIt) {

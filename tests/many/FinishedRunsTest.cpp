@@ -1,6 +1,5 @@
 #include "many/FinishedRuns.h"
 
-#include "many/PlanPlaces.h"
 #include "many/RunRecord.h"
 #include "platform/TemporaryFolder.h"
 

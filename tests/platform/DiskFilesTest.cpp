@@ -1,8 +1,89 @@
-#include "platform/DiskFilesFixture.h"
+#include "platform/DiskFiles.h"
+
+#include "basic/Descriptor.h"
+#include "basic/RunTimeError.h"
+#include "platform/TemporaryFolder.h"
 
 #include <algorithm>
+#include <csignal>
+#include <fcntl.h>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace korvel {
+
+namespace {
+
+int errorOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.number;
+    }
+    return 0;
+}
+
+constexpr int didNotRun = 255;
+
+// The error of an action in a process of its own, after `prepare` has run there.
+int errorApart(const std::function<void()>& prepare, const std::function<void()>& action) {
+    const pid_t child = fork();
+    if (child == 0) {
+        prepare();
+        _exit(errorOf(action));
+    }
+    int status = 0;
+    if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status)) return didNotRun;
+    return WEXITSTATUS(status);
+}
+
+// Root may do everything, so that permissions are tried as nobody.
+int errorAsNobody(const std::function<void()>& action) {
+    return errorApart(
+        [] {
+            constexpr unsigned nobody = 65534;
+            if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(didNotRun);
+        },
+        action);
+}
+
+int errorWithFilesUpTo(rlim_t bytes, const std::function<void()>& action) {
+    return errorApart(
+        [bytes] {
+            const rlimit limit{bytes, bytes};
+            std::signal(SIGXFSZ, SIG_IGN);
+            if (setrlimit(RLIMIT_FSIZE, &limit) != 0) _exit(didNotRun);
+        },
+        action);
+}
+
+mode_t modeOf(const std::string& path) {
+    struct stat status {};
+    EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
+    return status.st_mode & 07777;
+}
+
+class DiskFilesTest : public testing::Test {
+  protected:
+    std::string read(const std::string& name) { return files.readAll(folder.model(name)); }
+    void write(const std::string& name, const std::string& text) {
+        files.writeWhole(folder.model(name), text);
+    }
+    int readError(const std::string& name) {
+        return errorOf([&] { read(name); });
+    }
+    int writeError(const std::string& name) {
+        return errorOf([&] { write(name, "new"); });
+    }
+
+    DiskFiles files;
+    TemporaryFolder folder;
+};
 
 TEST_F(DiskFilesTest, ReadsBytesAsTheyStand) {
     const std::string bytes("a\r\n\0\x1A\xFF\n", 7);
@@ -97,6 +178,163 @@ TEST_F(DiskFilesTest, ReportsADeviceThatFailsWhileReading) {
     EXPECT_EQ(errorOf([&] { source->read(&byte, 1); }), 57);
 }
 
+TEST_F(DiskFilesTest, WritesANewFileWithTheUsersMask) {
+    const mode_t old = umask(027);
+    write("New.dat", "a\r\n");
+    umask(old);
+    EXPECT_EQ(folder.textOf("New.dat"), "a\r\n");
+    EXPECT_EQ(modeOf(folder.path("New.dat")), 0640U);
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, ReplacesAFileWholeAndKeepsItsMode) {
+    for (const mode_t mode : {0604U, 0666U, 0755U}) {
+        folder.put("test.dat", "the old and longer text");
+        chmod(folder.path("test.dat").c_str(), mode);
+        write("TEST.DAT", "new");
+        EXPECT_EQ(folder.textOf("test.dat"), "new");
+        EXPECT_EQ(modeOf(folder.path("test.dat")), mode);
+    }
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, KeepsTheOwner) {
+    const uid_t owner = geteuid() == 0 ? 65534 : geteuid();
+    folder.put("a", "old");
+    ASSERT_EQ(chown(folder.path("a").c_str(), owner, static_cast<gid_t>(-1)), 0);
+    write("a", "new");
+    struct stat status {};
+    ASSERT_EQ(stat(folder.path("a").c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, owner);
+}
+
+TEST_F(DiskFilesTest, WritesLargeTextsWhole) {
+    std::string text;
+    const auto file = files.create(folder.model("a"));
+    for (int i = 0; i < 200'000; ++i) {
+        const std::string line = std::to_string(i) + "\r\n";
+        file->write(line);
+        text += line;
+    }
+    file->commit();
+    EXPECT_EQ(folder.textOf("a"), text);
+}
+
+TEST_F(DiskFilesTest, ShowsTheOldFileUntilTheCommit) {
+    folder.put("a", "old");
+    const auto file = files.create(folder.model("a"));
+    file->write(std::string(1'000'000, 'x'));
+    EXPECT_EQ(folder.textOf("a"), "old");
+    EXPECT_EQ(folder.entries(), 1) << "it has no name yet";
+    file->commit();
+    EXPECT_EQ(folder.textOf("a").size(), 1'000'000U);
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, LeavesNothingBehindWhenItIsKilled) {
+    folder.put("a", "old");
+    errorApart([] {},
+               [&] {
+                   const auto file = files.create(folder.model("a"));
+                   file->write(std::string(1'000'000, 'x'));
+                   std::raise(SIGKILL);
+               });
+    EXPECT_EQ(folder.textOf("a"), "old");
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, ClearsAwayWhatOthersLeftUnfinished) {
+    folder.put(".korvel-x1y2z3", "left");
+    folder.put(".korvel-longer-name", "another's");
+    folder.put(".korvel-inhand", "being written");
+    folder.makeFolder(".korvel-folder");
+    const Descriptor writer(::open(folder.path(".korvel-inhand").c_str(), O_WRONLY));
+    ASSERT_EQ(flock(writer.number(), LOCK_EX), 0);
+    write("a", "new");
+    EXPECT_FALSE(std::filesystem::exists(folder.path(".korvel-x1y2z3")));
+    EXPECT_EQ(folder.textOf(".korvel-longer-name"), "another's");
+    EXPECT_EQ(folder.textOf(".korvel-inhand"), "being written");
+    EXPECT_TRUE(std::filesystem::exists(folder.path(".korvel-folder")));
+    EXPECT_EQ(folder.textOf("a"), "new");
+}
+
+TEST_F(DiskFilesTest, LeavesNothingBehindWithoutACommit) {
+    folder.put("a", "old");
+    files.create(folder.model("a"))->write(std::string(1'000'000, 'x'));
+    files.create(folder.model("b"))->write("x");
+    EXPECT_EQ(folder.textOf("a"), "old");
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, WritesTwoFilesOfOneFolderSideBySide) {
+    const auto first = files.create(folder.model("a"));
+    const auto second = files.create(folder.model("b"));
+    second->write("2");
+    first->write("1");
+    first->commit();
+    second->commit();
+    EXPECT_EQ(folder.textOf("a") + folder.textOf("b"), "12");
+    EXPECT_EQ(folder.entries(), 2);
+}
+
+TEST_F(DiskFilesTest, WritesThroughALink) {
+    folder.put("elsewhere/a", "old");
+    std::filesystem::create_symlink("elsewhere/a", folder.path("link"));
+    write("link", "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link")));
+    EXPECT_EQ(folder.textOf("elsewhere/a"), "new");
+}
+
+TEST_F(DiskFilesTest, ReportsAFullDiskAndKeepsTheOldFile) {
+    folder.put("a", "old");
+    const std::string text(1'000'000, 'x');
+    EXPECT_EQ(errorWithFilesUpTo(1000, [&] { write("a", text); }), 61);
+    EXPECT_EQ(errorWithFilesUpTo(1000, [&] { write("a", text.substr(0, 2000)); }),
+              61); // noticed at the commit
+    EXPECT_EQ(errorWithFilesUpTo(1000, [&] { write("a", "fits"); }), 0);
+    EXPECT_EQ(folder.textOf("a"), "fits");
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, RefusesATargetThatCannotBeWritten) {
+    folder.put("a", "old");
+    chmod(folder.path("a").c_str(), 0444);
+    EXPECT_EQ(errorAsNobody([&] { files.create(folder.model("a")); }), 70);
+    EXPECT_EQ(errorAsNobody([&] { write("a", "new"); }), 70);
+    EXPECT_EQ(folder.textOf("a"), "old");
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(DiskFilesTest, RefusesAFolderThatCannotBeWritten) {
+    folder.put("closed/a", "old");
+    chmod(folder.path("closed/a").c_str(), 0666);
+    chmod(folder.path("closed").c_str(), 0555);
+    EXPECT_EQ(errorAsNobody([&] { write("closed/a", "new"); }), 70);
+    EXPECT_EQ(errorAsNobody([&] { write("closed/b", "new"); }), 75);
+    EXPECT_EQ(folder.textOf("closed/a"), "old");
+}
+
+TEST_F(DiskFilesTest, RefusesATargetThatASpreadsheetProgramHolds) {
+    folder.put("test.csv", "old");
+    folder.put(".~lock.test.csv#", "");
+    EXPECT_EQ(writeError("test.csv"), 70);
+    EXPECT_EQ(writeError("TEST.CSV"), 70);
+    EXPECT_EQ(writeError("other.csv"), 0);
+    EXPECT_EQ(folder.textOf("test.csv"), "old");
+    std::filesystem::remove(folder.path(".~lock.test.csv#"));
+    EXPECT_EQ(writeError("test.csv"), 0);
+    EXPECT_EQ(folder.textOf("test.csv"), "new");
+}
+
+TEST_F(DiskFilesTest, RefusesTargetsThatAreNoRegularFiles) {
+    folder.makeFolder("folder");
+    ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0666), 0);
+    EXPECT_EQ(writeError("folder"), 75);
+    EXPECT_EQ(writeError("pipe"), 75);
+    EXPECT_EQ(writeError("none/a"), 76);
+    EXPECT_EQ(errorOf([&] { files.create("Z:\\dev\\full"); }), 75);
+}
+
 TEST_F(DiskFilesTest, KnowsFilesButTakesNoFolderForOne) {
     folder.put("a.dat");
     folder.makeFolder("folder");
@@ -172,5 +410,7 @@ TEST_F(DiskFilesTest, ReportsACurrentFolderThatIsGone) {
         [&] { files.currentFolder(); });
     EXPECT_EQ(error, 76);
 }
+
+} // namespace
 
 } // namespace korvel

@@ -27,6 +27,13 @@ ResultsFileBuilder river(double bodAtMill = 6, const std::string& name = "Upper 
     return file;
 }
 
+std::vector<DrawnText> textsOf(const Drawing& drawing) {
+    std::vector<DrawnText> found;
+    for (const DrawnCommand& command : drawing.commands)
+        if (const auto* text = std::get_if<DrawnText>(&command)) found.push_back(*text);
+    return found;
+}
+
 class AtlasPages {
   public:
     explicit AtlasPages(const std::vector<ResultsFileBuilder>& files,
@@ -39,12 +46,7 @@ class AtlasPages {
     const Atlas& atlas() const { return m_atlas; }
     std::size_t count() const { return m_pages.size(); }
     const Drawing& page(std::size_t page) const { return m_pages.at(page); }
-    std::vector<DrawnText> texts(std::size_t page) const {
-        std::vector<DrawnText> found;
-        for (const DrawnCommand& command : m_pages.at(page).commands)
-            if (const auto* text = std::get_if<DrawnText>(&command)) found.push_back(*text);
-        return found;
-    }
+    std::vector<DrawnText> texts(std::size_t page) const { return textsOf(m_pages.at(page)); }
     // With blanks between them.
     std::string words(std::size_t page) const {
         std::string all;
@@ -127,8 +129,8 @@ TEST(Atlas, SaysWhatWasJudgedAndFound) {
           "Judged: BOD by the mean; DO by the 95 percentile, low is bad. Unless said otherwise, high is bad.",
           "2 of 3 reaches are judged: 1 meets every target, 1 fails at least one. With confidence 1 "
           "fails, 0 pass and 1 is unsure.",
-          "Failing: BOD in 1 reach (1.2 km).",
-          "Against a.sgr: 1 reach from fail to pass, 0 reaches from pass to fail;"})
+          "Failing: BOD in 1 reach (1.2 km).", "Network of a.sgr: what its reaches come to",
+          "Written by KORVEL", "Against a.sgr: 1 reach from fail to pass, 0 reaches from pass to fail;"})
         EXPECT_TRUE(pages.holds(0, words)) << words << "\n" << pages.words(0);
 }
 
@@ -195,21 +197,100 @@ TEST(AtlasTable, HasEveryRowOnOnePage) {
     const FixedTextMetrics metrics;
     for (const std::size_t rows : {0, 1, 40, 41, 42, 43, 500}) {
         table.rows.assign(rows, {"a", "1"});
-        const auto parts = tableParts(table, metrics);
+        if (rows > 40) table.rows[40][0] = std::string(400, 'x') + " " + std::string(400, 'y');
+        const TableLayout layout(table, metrics);
         std::size_t next = 0;
-        for (const TablePart& part : parts) {
+        for (const TablePart& part : layout.parts()) {
             EXPECT_EQ(part.from, next);
             next = part.to;
             AtlasSheet sheet(metrics);
-            paintTable(table, part, sheet);
-            for (const DrawnCommand& command : sheet.drawing().commands)
-                if (const auto* text = std::get_if<DrawnText>(&command)) {
-                    EXPECT_LE(text->corner.y + text->height, AtlasSheet::bottom() + 1);
-                }
+            layout.paint(part, sheet);
+            std::size_t numbers = 0;
+            for (const DrawnText& text : textsOf(sheet.drawing())) {
+                EXPECT_LE(text.corner.y + text.height, AtlasSheet::bottom() + 1);
+                numbers += text.text == "1";
+            }
+            EXPECT_EQ(numbers, part.to - part.from);
         }
         EXPECT_EQ(next, rows);
-        EXPECT_EQ(parts.size(), std::max<std::size_t>(1, parts.size()));
+        EXPECT_EQ(layout.parts().size() > 1, rows > 40) << rows;
     }
+}
+
+TEST(AtlasTable, KeepsCellsApart) {
+    const FixedTextMetrics metrics;
+    AtlasTable table;
+    table.headings = {"Name", "Some heading of words", "At", "Number"};
+    table.textColumns = {true, false, true, false};
+    table.rows = {{std::string(150, 'n'), "-0.00001234", std::string(90, 'f'), "1"}, {"short", "2", "", "3"}};
+    AtlasSheet sheet(metrics);
+    const TableLayout layout(table, metrics);
+    layout.paint(layout.parts().front(), sheet);
+    const std::vector<DrawnText> texts = textsOf(sheet.drawing());
+    std::string names;
+    for (std::size_t k = 0; k < texts.size(); ++k) {
+        if (texts[k].text.starts_with("nn")) names += texts[k].text;
+        EXPECT_LE(texts[k].corner.x + texts[k].width, atlasWidth + 1) << texts[k].text;
+        for (std::size_t j = 0; j < k; ++j) {
+            const bool apart = texts[k].corner.x >= texts[j].corner.x + texts[j].width + 100 ||
+                               texts[j].corner.x >= texts[k].corner.x + texts[k].width + 100 ||
+                               texts[k].corner.y >= texts[j].corner.y + 0.9 * texts[j].height ||
+                               texts[j].corner.y >= texts[k].corner.y + 0.9 * texts[k].height;
+            EXPECT_TRUE(apart) << texts[k].text << " and " << texts[j].text;
+        }
+    }
+    EXPECT_EQ(names, table.rows[0][0]);
+}
+
+// Names of 40 letters without a blank, and ten determinands.
+TEST(AtlasTable, CutsNoText) {
+    const auto name = [](char letter) { return std::string(1, letter) + std::string(38, 'm') + letter; };
+    ResultsFileBuilder file = river(6, name('R')), changed = river(3, name('R'));
+    for (ResultsFileBuilder* each : {&file, &changed}) {
+        const double value = each == &file ? 2.5 : 123456.789;
+        for (int d = 3; d <= 10; ++d)
+            each->determinand(1, name(static_cast<char>('A' + d)), 1);
+        each->point(1, 3.5, name('F'), 3).setAll(value);
+        for (int d = 1; d <= 10; ++d)
+            each->set(targetValue, d, 2);
+    }
+    AtlasRequest request;
+    for (int series = 0; series <= 20; ++series)
+        request.series.push_back(series);
+    const AtlasPages pages({file, changed}, request);
+    std::size_t first = 0;
+    const auto outline = pages.atlas().outline();
+    for (const Bookmark& bookmark : outline->bookmarks)
+        if (bookmark.title == "Targets") first = bookmark.page;
+    ASSERT_GT(first, 0U);
+    std::string words;
+    for (std::size_t page = first; page < pages.count(); ++page)
+        for (const DrawnText& text : pages.texts(page)) {
+            EXPECT_EQ(text.text.find("\u2026"), std::string::npos) << text.text;
+            EXPECT_LE(text.corner.x + text.width, atlasWidth + 1) << text.text;
+            words += text.text;
+        }
+    for (const char letter : {'D', 'F', 'K', 'R'})
+        EXPECT_NE(words.find(name(letter).substr(0, 5)), std::string::npos) << letter;
+}
+
+TEST(AtlasSheet, GivesALongTitleTwoLines) {
+    const FixedTextMetrics metrics;
+    AtlasSheet sheet(metrics), plain(metrics);
+    const std::string title = "Changes from " + std::string(60, 'a') + " to " + std::string(60, 'b');
+    EXPECT_GT(sheet.head(title, "rows 1 to 4"), plain.head("Changes", "rows 1 to 4"));
+    const std::vector<DrawnText> texts = textsOf(sheet.drawing());
+    ASSERT_EQ(texts.size(), 3U);
+    EXPECT_EQ(texts[0].text + " " + texts[1].text, title);
+    EXPECT_GT(texts[2].corner.x, texts[0].corner.x + texts[0].width);
+}
+
+TEST(AtlasTable, RoundsPercentsToOneDecimal) {
+    const Table numbers{"numbers", {{"n"}, {"percent"}}, [](RowTaker& taker) {
+                            taker.row(std::vector<Cell>{0.38481, -27.7182});
+                        }};
+    const AtlasTable made = atlasTable(numbers, {{{"n", "N"}, {"percent", "%", AtlasNumber::percent}}});
+    EXPECT_EQ(made.rows.front(), (std::vector<std::string>{"0.3848", "-27.7"}));
 }
 
 TEST(AtlasTable, TellsOfRowsThatItLeavesOut) {
@@ -229,7 +310,10 @@ TEST(Wrapped, BreaksAtBlanks) {
     EXPECT_EQ(wrapped("one two three", 700, font, metrics), (std::vector<std::string>{"one two", "three"}));
     EXPECT_EQ(wrapped("one", 700, font, metrics), (std::vector<std::string>{"one"}));
     EXPECT_EQ(wrapped("", 700, font, metrics), std::vector<std::string>());
-    EXPECT_EQ(wrapped("immeasurable", 500, font, metrics), (std::vector<std::string>{"imme\u2026"}));
+    EXPECT_EQ(wrapped("immeasurable it", 500, font, metrics),
+              (std::vector<std::string>{"immea", "surab", "le it"}));
+    EXPECT_EQ(wrapped("\u00e9\u00e9\u00e9", 50, font, metrics),
+              (std::vector<std::string>{"\u00e9", "\u00e9", "\u00e9"}));
 }
 
 } // namespace korvel

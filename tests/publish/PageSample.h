@@ -45,7 +45,8 @@ inline ResultsFileBuilder millRiver(double atMill = 6, const std::string& label 
 
 inline PageRequest requestOf(const Study& study) {
     PageRequest request;
-    request.series = allSeries(study.base().results());
+    for (int series = 0; series < study.base().results().seriesCount + 1; ++series)
+        request.series.push_back(series);
     return request;
 }
 

@@ -1,7 +1,5 @@
 #include "toolkit/process/EngineProcess.h"
 
-#include "toolkit/process/Spawning.h"
-
 #include <QFile>
 #include <QFileInfo>
 #include <QProcessEnvironment>
@@ -14,6 +12,7 @@ namespace korvel {
 namespace {
 
 constexpr int patienceMilliseconds = 2000;
+constexpr int signalBase = 128;
 const char* const windowsBeginning = "MZ";
 
 std::string firstTwoBytes(const std::string& path) {

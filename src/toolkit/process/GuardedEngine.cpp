@@ -1,10 +1,8 @@
 #include "toolkit/process/GuardedEngine.h"
 
 #include "basic/Descriptor.h"
-#include "basic/Interrupted.h"
 #include "basic/RunTimeError.h"
 #include "toolkit/process/EngineProcess.h"
-#include "toolkit/process/Spawning.h"
 
 #include <array>
 #include <cerrno>
@@ -22,6 +20,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr int signalBase = 128;
 constexpr std::chrono::milliseconds togetherness(300); // between two processes that get one signal
 constexpr std::chrono::seconds patience(2);            // between asking the engine to end and ending it
 
@@ -91,7 +90,10 @@ bool nextStop(std::chrono::milliseconds atMost) {
 // The child's errno where it could not become the engine, else 0.
 int problemOf(int descriptor) {
     int code = 0;
-    const ssize_t count = untilNotInterrupted([&] { return ::read(descriptor, &code, sizeof code); });
+    ssize_t count = 0;
+    do {
+        count = ::read(descriptor, &code, sizeof code);
+    } while (count < 0 && errno == EINTR);
     return count == static_cast<ssize_t>(sizeof code) ? code : 0;
 }
 
@@ -99,7 +101,7 @@ int problemOf(int descriptor) {
 int takeEnd(pid_t engine, int status, bool& stopped) {
     if (WIFSIGNALED(status) && !stopped) stopped = nextStop(togetherness);
     if (stopped) ::kill(-engine, SIGKILL); // what is left of its children
-    return exitStatusOf(status);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
 }
 
 } // namespace
@@ -120,17 +122,20 @@ EngineEnd GuardedEngine::run(const std::string& program, const std::string& fold
                                       command.argument ? command.argument->data() : nullptr, nullptr};
     const Descriptor input = opened(::open("/dev/null", O_RDONLY | O_CLOEXEC));
     const Descriptor said = opened(::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-    Pipe problem;
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) throw runTimeErrorOfErrno(errno);
+    const Descriptor problem(ends[0]);
+    Descriptor problemEnd(ends[1]);
 
     const pid_t self = getpid();
     const pid_t engine = fork();
     if (engine < 0) throw runTimeErrorOfErrno(errno);
     if (engine == 0)
         becomeEngine({command.program.c_str(), arguments.data(), folder.c_str(), input.number(),
-                      said.number(), problem.writeEnd.number(), self});
+                      said.number(), problemEnd.number(), self});
     setpgid(engine, engine); // whoever of the two is first
-    problem.writeEnd.close();
-    const int code = problemOf(problem.readEnd.number());
+    problemEnd.close();
+    const int code = problemOf(problem.number());
     bool stopped = false;
     const int status = waitFor(engine, stopped);
     if (code != 0)

@@ -3,7 +3,6 @@
 // from it.
 #pragma once
 
-#include "basic/Descriptor.h"
 #include "platform/Tools.h"
 
 namespace korvel {
@@ -11,14 +10,17 @@ namespace korvel {
 class StopSignals : public StopWishes {
   public:
     StopSignals();
+    ~StopSignals() override;
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
 
     StopWish wait(std::chrono::milliseconds atMost) override;
     // Readable where a signal waits; next() takes it.
-    int descriptor() const { return m_signals.number(); }
+    int descriptor() const { return m_descriptor; }
     StopWish next() const;
 
   private:
-    Descriptor m_signals;
+    int m_descriptor = -1;
 };
 
 } // namespace korvel
