@@ -14,9 +14,10 @@ ObservedPoint observedPoint(const SeriesValues& values, int point) {
     observed.point = point;
     observed.value = values.value[SeriesValues::at(point)];
     observed.observed = values.observed[SeriesValues::at(point)];
+    if (!values.hasLimits()) return observed;
     observed.bounded = values.isBounded(point);
-    observed.withinLimits =
-        observed.bounded && values.low(point) <= observed.observed && observed.observed <= values.high(point);
+    observed.withinLimits = observed.bounded & (values.low(point) <= observed.observed) &
+                            (observed.observed <= values.high(point));
     return observed;
 }
 

@@ -18,11 +18,11 @@ struct SeriesValues {
     bool hasLimits() const { return !limit1.empty(); }
     double low(int point) const { return std::min(limit1[at(point)], limit2[at(point)]); }
     double high(int point) const { return std::max(limit1[at(point)], limit2[at(point)]); }
-    // Two limits, with the value between them.
+    // Two limits, with the value between them. Asked of every point, and no branch could be foreseen.
     bool isBounded(int point) const {
         if (!hasLimits()) return false;
         const double lowest = low(point), highest = high(point), v = value[at(point)];
-        return lowest < highest && lowest <= v && v <= highest;
+        return (lowest < highest) & (lowest <= v) & (v <= highest);
     }
     bool isObserved(int point) const { return observed[at(point)] != 0; }
     bool hasTarget(int point) const { return !target.empty() && target[at(point)] > 0; }

@@ -75,21 +75,32 @@ class CsvRows : public RowTaker {
         m_out.end(at);
     }
 
-    // A column often holds the same number again, such as a target.
-    struct WrittenNumber {
+    // A column often holds the same number again, such as a target: from the second time on it is copied. The
+    // first time it goes straight to its place, since a processor waits long where it reads what was just
+    // written in smaller pieces.
+    class WrittenNumber {
+      public:
         char* write(char* into, double number) {
-            if (length == 0 || std::bit_cast<std::uint64_t>(number) != bits) {
-                bits = std::bit_cast<std::uint64_t>(number);
-                const char* const end =
-                    std::isfinite(number) ? writeShortest(text.data(), number) : text.data();
-                length = static_cast<std::size_t>(end - text.data());
+            const auto bits = std::bit_cast<std::uint64_t>(number);
+            if (bits != m_bits) {
+                m_bits = bits;
+                m_length = 0;
+                return written(into, number);
             }
-            std::memcpy(into, text.data(), longestNumber);
-            return into + length;
+            if (m_length == 0)
+                m_length = static_cast<std::size_t>(written(m_text.data(), number) - m_text.data());
+            std::memcpy(into, m_text.data(), longestNumber);
+            return into + m_length;
         }
-        std::uint64_t bits = 0;
-        std::size_t length = 0;
-        std::array<char, longestNumber> text;
+
+      private:
+        static char* written(char* into, double number) {
+            return std::isfinite(number) ? writeShortest(into, number) : into;
+        }
+
+        std::uint64_t m_bits = 0;
+        std::size_t m_length = 0; // 0 where it was not copied yet
+        std::array<char, longestNumber> m_text{};
     };
 
     static void append(OutputBytes&, Nothing) {}

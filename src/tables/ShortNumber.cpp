@@ -10,36 +10,42 @@ namespace korvel {
 
 namespace {
 
-constexpr int commonDecimals = 6; // engines write no more
-constexpr int mostDecimals = 8;
 // Below and above, the shortest form may be one with an exponent; within, with so few decimals, no decimal
 // has more than 15 digits, so that it is exact when dividing gives the number back.
 constexpr double smallest = 1e-3;
 constexpr double largest = 1e5;
+constexpr std::uint32_t thousand = 1000;
+constexpr std::uint32_t million = thousand * thousand; // engines write no more than six decimals
 
-constexpr std::array<std::uint32_t, mostDecimals + 1> powers = {1,      10,      100,      1000,     10000,
-                                                                100000, 1000000, 10000000, 100000000};
+// What stands for a number below a thousand, made before, since its length can't be foreseen.
+struct Digits {
+    std::array<char, 3> text;
+    std::uint8_t shown; // characters of it
+};
 
-constexpr auto digitPairs = [] {
-    std::array<char, 200> pairs{};
-    for (std::size_t k = 0; k < 100; ++k) {
-        pairs[2 * k] = static_cast<char>('0' + k / 10);
-        pairs[2 * k + 1] = static_cast<char>('0' + k % 10);
+// Without zeros before it: 7 is "7".
+constexpr auto beginnings = [] {
+    std::array<Digits, thousand> digits{};
+    for (std::uint32_t k = 0; k < thousand; ++k) {
+        Digits& each = digits[k];
+        for (const std::uint32_t place : {100U, 10U, 1U})
+            if (k >= place || place == 1) each.text[each.shown++] = static_cast<char>('0' + k / place % 10);
     }
-    return pairs;
+    return digits;
 }();
 
-// Exactly so many digits, from the right.
-void writeDigits(char* end, std::uint32_t number, int digits) {
-    for (; digits >= 2; digits -= 2, number /= 100)
-        std::memcpy(end -= 2, &digitPairs[2 * (number % 100)], 2);
-    if (digits == 1) *--end = static_cast<char>('0' + number % 10);
-}
-
-// Of the digits before the point, five at most.
-int digitsOf(std::uint32_t number) {
-    return 1 + (number >= 10) + (number >= 100) + (number >= 1000) + (number >= 10000);
-}
+// With the zeros before it, of which those behind it are not shown: 70 is "07".
+constexpr auto endings = [] {
+    std::array<Digits, thousand> digits{};
+    for (std::uint32_t k = 0; k < thousand; ++k) {
+        std::uint8_t at = 0;
+        for (const std::uint32_t place : {100U, 10U, 1U}) {
+            digits[k].text[at++] = static_cast<char>('0' + k / place % 10);
+            if (k / place % 10 != 0) digits[k].shown = at;
+        }
+    }
+    return digits;
+}();
 
 // Without a call: every number here is far below 2^51.
 double nearestWhole(double value) {
@@ -47,26 +53,25 @@ double nearestWhole(double value) {
     return (value + shift) - shift;
 }
 
-char* writeDecimal(char* into, std::uint32_t whole, std::uint32_t fraction, int decimals) {
-    const int digits = digitsOf(whole);
-    writeDigits(into + digits, whole, digits);
-    into += digits;
-    for (; decimals > 0 && fraction % 10 == 0; --decimals)
-        fraction /= 10;
-    if (decimals == 0) return into;
-    *into++ = '.';
-    writeDigits(into + decimals, fraction, decimals);
-    return into + decimals;
+// More is written than is shown, and written over.
+char* writeWhole(char* into, std::uint32_t whole) {
+    const bool isLong = whole >= thousand;
+    const Digits& first = beginnings[isLong ? whole / thousand : whole];
+    std::memcpy(into, &first, sizeof first);
+    into += first.shown;
+    if (!isLong) return into;
+    std::memcpy(into, &endings[whole % thousand], sizeof(Digits));
+    return into + 3;
 }
 
-// As a decimal with so many digits after the point, less the zeros at its end; null where it is none.
-char* writeExact(char* into, double size, int decimals) {
-    const std::uint32_t unit = powers[static_cast<std::size_t>(decimals)];
-    const double scaled = nearestWhole(size * unit);
-    if (scaled / unit != size) return nullptr;
-    const auto whole = static_cast<std::uint32_t>(size);
-    const auto fraction = static_cast<std::int64_t>(scaled) - static_cast<std::int64_t>(whole) * unit;
-    return writeDecimal(into, whole, static_cast<std::uint32_t>(fraction), decimals);
+// Less the zeros at its end; of 0 nothing at all.
+char* writeMillionths(char* into, std::uint32_t millionths) {
+    const Digits &first = endings[millionths / thousand], &second = endings[millionths % thousand];
+    *into = '.';
+    std::memcpy(into + 1, &first, sizeof first);
+    std::memcpy(into + 4, &second, sizeof second);
+    const int shown = second.shown > 0 ? 3 + second.shown : first.shown;
+    return into + (shown > 0 ? 1 + shown : 0);
 }
 
 } // namespace
@@ -74,10 +79,14 @@ char* writeExact(char* into, double size, int decimals) {
 char* writeShortest(char* into, double value) {
     const double size = std::abs(value);
     if (size >= smallest && size < largest) {
-        char* const digits = value < 0 ? into + 1 : into;
-        *into = '-';
-        for (const int decimals : {commonDecimals, mostDecimals})
-            if (char* const end = writeExact(digits, size, decimals)) return end;
+        const double scaled = nearestWhole(size * million);
+        if (scaled / million == size) {
+            const auto whole = static_cast<std::uint32_t>(size);
+            const auto millionths = static_cast<std::uint64_t>(scaled) - std::uint64_t{whole} * million;
+            *into = '-';
+            into = writeWhole(value < 0 ? into + 1 : into, whole);
+            return writeMillionths(into, static_cast<std::uint32_t>(millionths));
+        }
     }
     return std::to_chars(into, into + longestNumber, value).ptr;
 }
