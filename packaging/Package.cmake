@@ -16,9 +16,9 @@ studied: longitudinal profiles of flow and quality down the river, two runs
 compared, ruled printed reports, spreadsheet files and listings.
 
 A demonstration engine and a sample catchment are included.")
-# What the linker sees, the libraries of the print system and of workbooks, which are loaded when something is printed
-# or a workbook written, and the fonts that the given forms are laid out for.
+# What the linker sees, the libraries of the print system, of workbooks and of databases, which are loaded when
+# something is printed or written first, and the fonts that the given forms are laid out for.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, libcups2, libxlsxwriter4")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, libcups2, libsqlite3-0, libxlsxwriter4")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "wine")
 include(CPack)

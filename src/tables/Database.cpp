@@ -4,12 +4,12 @@
 #include "basic/ModelName.h"
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
+#include "tables/SqliteLibrary.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
-#include <sqlite3.h>
 #include <string_view>
 
 namespace korvel {
@@ -30,7 +30,7 @@ constexpr int waitForOthers = 10000; // milliseconds
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB: throw TableRefused("The database is damaged; nothing was written.");
     case SQLITE_IOERR: throw RunTimeError(errors::deviceIoError);
-    default: throw RunTimeError(errors::invalidProcedureCall, sqlite3_errstr(code));
+    default: throw RunTimeError(errors::invalidProcedureCall, sqlite().sqlite3_errstr(code));
     }
 }
 
@@ -44,26 +44,28 @@ bool isAscii(std::string_view text) {
 
 } // namespace
 
-Database::Database(const std::string& path) : m_database(nullptr, sqlite3_close) {
+Database::Database(const std::string& path) : m_database(nullptr, sqlite().sqlite3_close) {
     sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+    const int code = sqlite().sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
     m_database.reset(opened);
     check(code);
-    sqlite3_busy_timeout(opened, waitForOthers);
+    sqlite().sqlite3_busy_timeout(opened, waitForOthers);
     execute("PRAGMA cache_size = -65536"); // KiB
 }
 
 void Database::execute(const char* sql) {
-    check(sqlite3_exec(m_database.get(), sql, nullptr, nullptr, nullptr));
+    check(sqlite().sqlite3_exec(m_database.get(), sql, nullptr, nullptr, nullptr));
 }
 
 std::int64_t Database::lastId() const {
-    return sqlite3_last_insert_rowid(m_database.get());
+    return sqlite().sqlite3_last_insert_rowid(m_database.get());
 }
 
-Database::Statement::Statement(sqlite3* database, const char* sql) : m_statement(nullptr, sqlite3_finalize) {
+Database::Statement::Statement(sqlite3* database, const char* sql)
+    : m_statement(nullptr, sqlite().sqlite3_finalize) {
     sqlite3_stmt* made = nullptr;
-    const int code = sqlite3_prepare_v3(database, sql, -1, SQLITE_PREPARE_PERSISTENT, &made, nullptr);
+    const int code =
+        sqlite().sqlite3_prepare_v3(database, sql, -1, SQLITE_PREPARE_PERSISTENT, &made, nullptr);
     m_statement.reset(made);
     check(code);
 }
@@ -72,10 +74,10 @@ std::optional<std::int64_t> Database::Statement::run(std::span<const Cell> value
     sqlite3_stmt* const statement = m_statement.get();
     for (std::size_t k = 0; k < values.size(); ++k)
         bind(static_cast<int>(k) + 1, values[k]);
-    const int code = sqlite3_step(statement);
+    const int code = sqlite().sqlite3_step(statement);
     std::optional<std::int64_t> number;
-    if (code == SQLITE_ROW) number = sqlite3_column_int64(statement, 0);
-    sqlite3_reset(statement);
+    if (code == SQLITE_ROW) number = sqlite().sqlite3_column_int64(statement, 0);
+    sqlite().sqlite3_reset(statement);
     check(code);
     return number;
 }
@@ -84,20 +86,21 @@ std::optional<std::int64_t> Database::Statement::run(std::span<const Cell> value
 void Database::Statement::bind(int place, const Cell& value) {
     sqlite3_stmt* const statement = m_statement.get();
     if (const auto* const number = std::get_if<double>(&value)) {
-        check(std::isfinite(*number) ? sqlite3_bind_double(statement, place, *number)
-                                     : sqlite3_bind_null(statement, place)); // beyond a double's range
+        check(std::isfinite(*number)
+                  ? sqlite().sqlite3_bind_double(statement, place, *number)
+                  : sqlite().sqlite3_bind_null(statement, place)); // beyond a double's range
     } else if (const auto* const whole = std::get_if<int>(&value)) {
-        check(sqlite3_bind_int(statement, place, *whole));
+        check(sqlite().sqlite3_bind_int(statement, place, *whole));
     } else if (const auto* const text = std::get_if<std::string_view>(&value)) {
         const bool isReady = isAscii(*text);
         if (!isReady) m_converted = shownUtf8(*text);
         const std::string_view shown = isReady ? *text : std::string_view(m_converted);
-        check(sqlite3_bind_text64(statement, place, shown.data() ? shown.data() : "", shown.size(),
-                                  isReady ? SQLITE_STATIC : SQLITE_TRANSIENT, SQLITE_UTF8));
+        check(sqlite().sqlite3_bind_text64(statement, place, shown.data() ? shown.data() : "", shown.size(),
+                                           isReady ? SQLITE_STATIC : SQLITE_TRANSIENT, SQLITE_UTF8));
     } else if (const auto* const truth = std::get_if<bool>(&value)) {
-        check(sqlite3_bind_int(statement, place, *truth ? 1 : 0));
+        check(sqlite().sqlite3_bind_int(statement, place, *truth ? 1 : 0));
     } else {
-        check(sqlite3_bind_null(statement, place));
+        check(sqlite().sqlite3_bind_null(statement, place));
     }
 }
 

@@ -131,15 +131,15 @@ def check_version(program):
 
 
 def check_libraries(program):
-    """What is loaded by the first thing that is printed or the first workbook has to be named by the package itself."""
+    """What is loaded by the first thing that is printed, the first workbook or database has to be named by the package itself."""
     needed = run("readelf", "-d", program).stdout
-    check("libQt6Widgets" in needed and not re.search("libcups|libxlsxwriter", needed),
+    check("libQt6Widgets" in needed and not re.search("libcups|libxlsxwriter|libsqlite", needed),
           f"the program is linked to {needed}")
     package = (SOURCE / "packaging/Package.cmake").read_text()
     depends = re.search(r'CPACK_DEBIAN_PACKAGE_DEPENDS "(.*)"', package)[1].split(", ")
     header = pathlib.Path("/usr/include/xlsxwriter.h").read_text()
     workbooks = "libxlsxwriter" + re.search(r'LXW_SOVERSION "(.*)"', header)[1]
-    check("libcups2" in depends and workbooks in depends, f"the package depends on {depends} alone")
+    check({"libcups2", "libsqlite3-0", workbooks} <= set(depends), f"the package depends on {depends} alone")
 
 
 check_documents(BUILD / "app/korvel")

@@ -97,11 +97,13 @@ def check_refusals(folder):
         run(folder, *words, status=2)
     check(not (folder / "x.sqlite").exists(), "a refused call leaves a file")
     (folder / "broken").mkdir()
-    (folder / "broken/libxlsxwriter.so.4").write_bytes(b"no library")
-    for words in (["changes", "ALDER.SGR", "ALDER2.SGR"], ["report", "ALDER.SGR"]):
-        told = run(folder, *words, "--output", "x.xlsx", status=1, LD_LIBRARY_PATH=str(folder / "broken"))
-        check("The library that writes workbooks can't be loaded" in told and "file too short" in told, f"{words}: {told}")
-        check(not (folder / "x.xlsx").exists(), "without its library a call leaves a file")
+    for library in ("libxlsxwriter.so.4", "libsqlite3.so.0"):
+        (folder / "broken" / library).write_bytes(b"no library")
+    for kind, name, *words in (["workbooks", "x.xlsx", "changes", "ALDER.SGR", "ALDER2.SGR"], ["workbooks", "x.xlsx", "report", "ALDER.SGR"],
+                               ["databases", "x.sqlite", "table", "ALDER.SGR"]):
+        told = run(folder, *words, "--output", name, status=1, LD_LIBRARY_PATH=str(folder / "broken"))
+        check(f"The library that writes {kind} can't be loaded" in told and "file too short" in told, f"{words}: {told}")
+        check(not (folder / name).exists(), "without its library a call leaves a file")
 
 
 # Texts that are more than text

@@ -2,12 +2,12 @@
 
 #include "basic/RunTimeError.h"
 #include "fakes/FakePlatform.h"
+#include "tables/SqliteLibrary.h"
 
 #include <array>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <limits>
-#include <sqlite3.h>
 
 namespace korvel {
 
@@ -135,6 +135,18 @@ TEST_F(Databases, StayAsTheyWereWhereAFailureComesBetween) {
                                      }};
     EXPECT_THROW(write(failing), RunTimeError);
     EXPECT_EQ(ask("SELECT name FROM things"), "first;");
+}
+
+TEST(Database, NeedsALibrary) {
+    try {
+        const SqliteLibrary library("libnobodyhas.so.1");
+        ADD_FAILURE() << "it was found";
+    } catch (const TableRefused& refused) {
+        EXPECT_STREQ(
+            refused.what(),
+            "The library that writes databases can't be loaded (libnobodyhas.so.1: cannot open shared "
+            "object file: No such file or directory). Install libsqlite3, or write a CSV file.");
+    }
 }
 
 TEST_F(Databases, AreNoFolders) {
