@@ -1,14 +1,19 @@
-# Writes a C++ file that holds texts as constants: cmake -DOUTPUT=FILE.cpp -DHEADER=HEADER.h -DTEXTS="NAME=FILE|NAME=FILE" -P
-# EmbedTexts.cmake
+# Writes a C++ file that holds texts as constants: cmake -DOUTPUT=FILE.cpp -DHEADER=HEADER.h -DTEXTS="NAME=FILE|NAME=FILE,FILE"
+# -P EmbedTexts.cmake
 string(REPLACE "|" ";" pairs "${TEXTS}")
 set(code "#include \"${HEADER}\"\n\nnamespace korvel {\n\n")
 foreach(pair ${pairs})
   string(REGEX MATCH "^([^=]+)=(.*)$" ignored "${pair}")
   set(name "${CMAKE_MATCH_1}")
-  file(READ "${CMAKE_MATCH_2}" text)
+  string(REPLACE "," ";" files "${CMAKE_MATCH_2}")
+  set(text "")
+  foreach(file ${files})
+    file(READ "${file}" part)
+    string(APPEND text "${part}")
+  endforeach()
   string(FIND "${text}" ")korvel\"" ends)
   if(NOT ends EQUAL -1)
-    message(FATAL_ERROR "${CMAKE_MATCH_2} holds what ends a text")
+    message(FATAL_ERROR "${files} holds what ends a text")
   endif()
   string(APPEND code "const std::string_view ${name} = R\"korvel(${text})korvel\";\n\n")
 endforeach()

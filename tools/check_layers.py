@@ -41,10 +41,13 @@ MAY_INCLUDE = {
     "engine/windows": {"engine/windows", "engine", "basic"},
 }
 # The main form's menus open data files and start runs; both belong to the runs. Of the results only the procedure that
-# the given forms call knows the shared state. The Explorer's form is made of its window's parts.
+# the given forms call knows the shared state. The engine's window judges what a run has left, for the main form's list. The
+# Explorer's form is made of its window's parts.
 ALSO_INCLUDES = {
     "app/frmStart": {"runs"},
+    "app/frmStartRuns": {"runs"},
     "results/LoadResultsFile": {"global"},
+    "runs/frmEngineNotes": {"analysis", "study"},
     "explore/frmExplore": EXPLORER_WINDOW,
 }
 

@@ -40,13 +40,8 @@ std::set<int> lowBadByName(const ResultsDataSet& results) {
 }
 
 Statistic judgedStatistic(const ResultsDataSet& results, int determinand) {
-    switch (results.determinandStatistics[determinand]) {
-    case 1: return Statistic::mean;
-    case 2: return Statistic::p95;
-    case 3: return Statistic::p90;
-    case 6: return Statistic::p99;
-    default: return statisticOfLevel(results.percentileLevel);
-    }
+    const auto statistic = statisticOfStandard(results.determinandStatistics[determinand]);
+    return statistic ? *statistic : statisticOfLevel(results.percentileLevel);
 }
 
 std::vector<JudgedDeterminand> judgedDeterminands(const ResultsDataSet& results,

@@ -20,9 +20,6 @@ struct JudgedDeterminand {
     BadSide side = BadSide::high;
 };
 
-// Determinands of this type have no concentrations to be judged.
-inline constexpr int UnjudgedDeterminandType = 4;
-
 // "DO", "D.O." and oxygen, but not the demand for it: what is bad when it is low. Goes by the name as read.
 bool isLowBadByName(std::string_view name);
 std::set<int> lowBadByName(const ResultsDataSet& results);

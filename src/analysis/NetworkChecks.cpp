@@ -46,21 +46,6 @@ CheckFinding circles(const RunFile& run, const Network& network, std::size_t mos
     return finding;
 }
 
-// What leaves each reach: the value at its last point, of a reach without points what runs into it.
-std::vector<double> outflows(const RunFile& run, const Network& network, std::span<const double> values) {
-    std::vector<double> outflows(network.next.size(), 0);
-    for (const int place : network.downward) {
-        double& outflow = outflows[static_cast<std::size_t>(place)];
-        const std::span<const int> points = run.reaches.pointsOf(place);
-        if (!points.empty())
-            outflow = values[static_cast<std::size_t>(points.back())];
-        else
-            for (const int inflow : network.inflows[static_cast<std::size_t>(place)])
-                outflow += outflows[static_cast<std::size_t>(inflow)];
-    }
-    return outflows;
-}
-
 struct Confluence {
     int place = 0;
     int series = 0;
@@ -70,7 +55,7 @@ struct Confluence {
 
 void findConfluences(const RunFile& run, const Network& network, int series, std::vector<Confluence>& found) {
     const std::span<const double> values = seriesValues(run.results, series, Statistic::mean).value;
-    const std::vector<double> outflow = outflows(run, network, values);
+    const std::vector<double> outflow = outflowsOf(run, network, values);
     for (int place = 0; place < run.reaches.count(); ++place) {
         const std::vector<int>& inflows = network.inflows[static_cast<std::size_t>(place)];
         const std::span<const int> points = run.reaches.pointsOf(place);

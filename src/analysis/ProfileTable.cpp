@@ -1,10 +1,8 @@
 #include "analysis/ProfileTable.h"
 
-#include "analysis/Sources.h"
-#include "study/Network.h"
+#include "analysis/MainRiver.h"
 #include "study/SeriesValues.h"
 
-#include <algorithm>
 #include <array>
 
 namespace korvel {
@@ -12,19 +10,10 @@ namespace korvel {
 namespace {
 
 constexpr std::size_t kmColumn = 3, valueColumn = 5;
-constexpr int flow = 0;
-
-std::optional<River> mainRiver(const StudyRun& run) {
-    const Network network = networkOf(*run.file);
-    if (network.hasCircles()) return std::nullopt;
-    const auto mouth = largestMouth(*run.file, network, flow);
-    if (!mouth) return std::nullopt;
-    const auto place = static_cast<std::size_t>(run.reaches().placeOf(mouth->reach));
-    return network.rivers[static_cast<std::size_t>(network.riverOf[place])];
-}
 
 void giveRun(const StudyRun& run, const TidyRequest& request, RowTaker& taker) {
-    const std::optional<River> river = mainRiver(run);
+    const Network network = networkOf(*run.file);
+    const River* const river = mainRiver(*run.file, network);
     if (!river || request.series.empty() || request.statistics.empty()) return;
     const ResultsDataSet& results = run.results();
     const auto values = seriesValues(results, request.series.front(), request.statistics.front()).value;
@@ -50,7 +39,8 @@ LineChart chartOf(const StudyRun& base, const TidyRequest& request) {
     if (request.series.empty() || request.statistics.empty()) return {};
     const std::string series = base.results().seriesNames[request.series.front()];
     const std::string statistic = factsOf(request.statistics.front()).caption;
-    const std::optional<River> river = mainRiver(base);
+    const Network network = networkOf(*base.file);
+    const River* const river = mainRiver(*base.file, network);
     return {series + ", " + statistic + (river ? ", " + river->name : ""), "km from the head", series,
             kmColumn, valueColumn};
 }

@@ -82,16 +82,7 @@ LoadSources sourcesOf(const RunFile& run, const Network& network, int series, co
 
 std::optional<SourcePlace> largestMouth(const RunFile& run, const Network& network, int series) {
     const std::span<const double> load = seriesValues(run.results, series, Statistic::mean).value;
-    std::vector<double> atEnd(network.next.size(), 0);
-    for (const int reach : network.downward) {
-        double& sum = atEnd[static_cast<std::size_t>(reach)];
-        const std::span<const int> points = run.reaches.pointsOf(reach);
-        if (!points.empty())
-            sum = load[static_cast<std::size_t>(points.back())];
-        else
-            for (const int inflow : network.inflows[static_cast<std::size_t>(reach)])
-                sum += atEnd[static_cast<std::size_t>(inflow)];
-    }
+    const std::vector<double> atEnd = outflowsOf(run, network, load);
     const auto largest = std::ranges::max_element(
         network.mouths, {}, [&](int mouth) { return atEnd[static_cast<std::size_t>(mouth)]; });
     if (largest == network.mouths.end()) return std::nullopt;
@@ -115,18 +106,33 @@ std::vector<KindSum> sourcesByKind(const LoadSources& sources) {
     return kinds;
 }
 
-std::vector<int> matchSources(const std::vector<Contribution>& first,
-                              const std::vector<Contribution>& second) {
-    std::map<SourceKey, std::vector<int>> waiting; // the next one at the end
-    for (int k = static_cast<int>(second.size()) - 1; k >= 0; --k)
-        waiting[keyOf(second[static_cast<std::size_t>(k)])].push_back(k);
-    std::vector<int> partners;
-    for (const Contribution& contribution : first) {
-        std::vector<int>& same = waiting[keyOf(contribution)];
-        partners.push_back(same.empty() ? -1 : same.back());
-        if (!same.empty()) same.pop_back();
+const Contribution& ComparedSource::any() const {
+    return **std::ranges::find_if(runs, [](const Contribution* each) { return each != nullptr; });
+}
+
+std::vector<ComparedSource> compareSources(const std::vector<std::span<const Contribution>>& runs) {
+    std::vector<ComparedSource> sources;
+    std::map<SourceKey, std::vector<std::size_t>> known; // in the order of the sources
+    for (std::size_t run = 0; run < runs.size(); ++run) {
+        std::map<SourceKey, std::size_t> taken;
+        for (const Contribution& contribution : runs[run]) {
+            std::vector<std::size_t>& same = known[keyOf(contribution)];
+            const std::size_t next = taken[keyOf(contribution)]++;
+            if (next == same.size()) {
+                same.push_back(sources.size());
+                sources.push_back({std::vector<const Contribution*>(runs.size(), nullptr)});
+            }
+            sources[same[next]].runs[run] = &contribution;
+        }
     }
-    return partners;
+    return sources;
+}
+
+std::vector<Contribution> asContributions(const std::vector<Loss>& losses) {
+    std::vector<Contribution> contributions;
+    for (const Loss& loss : losses)
+        contributions.push_back({SourceKind::other, loss.name, loss.reach, loss.distance, loss.load, 0, {}});
+    return contributions;
 }
 
 } // namespace korvel

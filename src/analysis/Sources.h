@@ -7,6 +7,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -72,9 +73,19 @@ struct KindSum {
 // In the kinds' order, absent ones left out.
 std::vector<KindSum> sourcesByKind(const LoadSources& sources);
 
-// For each contribution of the first the index of the same one in the second, by kind, reach and distance,
-// the first of several with the first; -1 for none.
-std::vector<int> matchSources(const std::vector<Contribution>& first,
-                              const std::vector<Contribution>& second);
+// What several runs have of the same source; null where a run has none of it.
+struct ComparedSource {
+    std::vector<const Contribution*> runs;
+
+    // Of the first run that has it.
+    const Contribution& any() const;
+};
+
+// Sources are the same where kind, reach and distance are; of several such in one run the first is the first
+// of another, the second the second. As the first run has them, then what each next one has beside them.
+std::vector<ComparedSource> compareSources(const std::vector<std::span<const Contribution>>& runs);
+
+// As contributions of no kind of their own, so that losses compare as sources do.
+std::vector<Contribution> asContributions(const std::vector<Loss>& losses);
 
 } // namespace korvel

@@ -24,10 +24,6 @@ CheckFinding findingOf(const RunFile& run, CheckKind kind, FoundPlaces& found, c
     return finding;
 }
 
-std::string shownStatistic(Statistic statistic) {
-    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
-}
-
 bool isOutOfOrder(const StatisticColumns& columns, int point) {
     const double p95 = valueOf(columns, Statistic::p95, point);
     return valueOf(columns, Statistic::p90, point) > p95 || p95 > valueOf(columns, Statistic::p99, point);
@@ -67,7 +63,7 @@ std::string limitsSentence(const StatisticColumns& columns, int point) {
     for (const Statistic statistic : allStatistics) {
         const SeriesValues& values = columns[static_cast<std::size_t>(statistic)];
         if (isBesideLimits(values, point))
-            return "the " + shownStatistic(statistic) + " is " +
+            return "the " + wordsOf(statistic) + " is " +
                    shortestNumber(values.value[SeriesValues::at(point)]) + ", its limits " +
                    shortestNumber(values.low(point)) + " and " + shortestNumber(values.high(point));
     }
@@ -82,8 +78,7 @@ bool hasNegative(const StatisticColumns& columns, int point) {
 std::string negativeSentence(const StatisticColumns& columns, int point) {
     for (const Statistic statistic : allStatistics)
         if (valueOf(columns, statistic, point) < 0)
-            return "the " + shownStatistic(statistic) + " is " +
-                   shortestNumber(valueOf(columns, statistic, point));
+            return "the " + wordsOf(statistic) + " is " + shortestNumber(valueOf(columns, statistic, point));
     return "";
 }
 
@@ -110,7 +105,7 @@ void runValueCheck(const ValueCheck& check, const StatisticColumns& columns, con
 std::vector<CheckFinding> checkValues(const RunFile& run, std::size_t places) {
     const std::vector<int> points = pointsOfReaches(run);
     std::vector<FoundPlaces> found(std::size(valueChecks), FoundPlaces(places));
-    for (int series = 0; series <= 2 * run.results.determinandCount; ++series) {
+    for (int series = 0; series <= run.results.seriesCount; ++series) {
         const StatisticColumns columns = statisticColumns(run, series);
         for (std::size_t k = 0; k < found.size(); ++k) {
             if (isFlow(series) && !valueChecks[k].ofFlowToo) continue;

@@ -70,8 +70,6 @@ ControlArray<QLabel> frmStart::korvelLabels() {
     const Look look{.fontSize = titleFontSize, .bold = true, .align = Qt::AlignCenter};
     labels.add(0, label("lblKorvel_0", productAndVersion, at(2030, 3130, titleWidth, 900), look));
     labels.add(1, label("lblKorvel_1", productAndVersion, at(2000, 3100, titleWidth, 900), look));
-    setTextColour(labels[0], {213, 221, 226});
-    setTextColour(labels[1], {11, 60, 93});
     return labels;
 }
 
@@ -86,15 +84,13 @@ ControlArray<Shape> frmStart::logoShapes() {
 }
 
 frmStart::frmStart(Platform& services)
-    : Form(services, "frmStart", designCaption),
-      m_dataFiles(services, {[&services] { SaveSettings(services); }, [this] { refresh(); }}) {
+    : Form(services, "frmStart", designCaption), m_dataFiles(services, dataFileCallbacks()) {
     client().setObjectName("client");
-    setBackground(client(), {255, 255, 255});
-    setTextColour(lblEditWarning, {122, 74, 0});
-    for (QFrame* line : {&lineAddress_0, &lineAddress_1}) {
+    client().setAutoFillBackground(true);
+    client().setBackgroundRole(QPalette::Base);
+    for (QFrame* line : {&lineAddress_0, &lineAddress_1})
         line->setFrameStyle(QFrame::NoFrame);
-        setBackground(*line, {196, 211, 218});
-    }
+    onTheme();
     frameCD.hide();
     m_exploreDialog.objectName = "cdExplore";
     m_exploreDialog.title = "Explore results";
@@ -103,6 +99,10 @@ frmStart::frmStart(Platform& services)
     setAcceptDrops(true);
     connectMenus();
     on(cmdExplore, &QPushButton::clicked, [this] { explore(); });
+}
+
+MainFormCallbacks frmStart::dataFileCallbacks() {
+    return {[this] { SaveSettings(services()); }, [this] { refresh(); }};
 }
 
 void frmStart::connectMenus() {
@@ -211,12 +211,8 @@ void frmStart::widenTexts() {
 void frmStart::onActivate() {
     GLOBAL.RunStarting = false;
     refresh();
-    if (m_openOnStart.empty()) return;
-    GLOBAL.fileNames[0] = std::exchange(m_openOnStart, "");
-    GLOBAL.graphResultsPending = true;
-    showGraphs();
-    GLOBAL.graphResultsPending = false; // no run: a file that can't be read is not waited for
-    refresh();
+    if (m_page) m_page->reload();
+    if (!m_openOnStart.empty()) showGraphsOf(std::exchange(m_openOnStart, ""));
 }
 
 // The form was closed by its window control.
@@ -287,13 +283,15 @@ void frmStart::explore() {
     if (!GLOBAL.fileNames[0].empty() && services().files.exists(GLOBAL.fileNames[0]))
         return services().machine.startExplorer({GLOBAL.fileNames[0]});
     m_exploreDialog.initialFolder = GLOBAL.LastFolder;
-    const auto chosen = services().dialogs.chooseFile(FileDialogKind::open, m_exploreDialog);
-    if (!chosen) return;
+    const std::vector<ChosenFile> chosen = services().dialogs.chooseFiles(m_exploreDialog);
+    if (chosen.empty()) return;
     services().files.setCurrentFolder(services().machine.applicationFolder());
-    if (chosen->refusal)
-        services().dialogs.show(refusedName(*chosen));
-    else
-        services().machine.startExplorer({chosen->name});
+    std::vector<std::string> files;
+    for (const ChosenFile& file : chosen) {
+        if (file.refusal) return (void)services().dialogs.show(refusedName(file));
+        files.push_back(file.name);
+    }
+    services().machine.startExplorer(files);
 }
 
 // What the form in front shows; asks as the main form does where nothing is loaded.
@@ -317,6 +315,14 @@ void frmStart::dropEvent(QDropEvent* event) {
 void frmStart::setDisplayLevel(int level) {
     ChooseDisplayLevel(services(), level);
     refresh();
+}
+
+void frmStart::onTheme() {
+    setTextColour(lblKorvel[0], looks::titleShadow.in(theme()));
+    setTextColour(lblKorvel[1], looks::title.in(theme()));
+    setTextColour(lblEditWarning, looks::warning.in(theme()));
+    for (QFrame* line : {&lineAddress_0, &lineAddress_1})
+        setBackground(*line, looks::rule.in(theme()));
 }
 
 // The credits and their rules keep their distance from the bottom; nothing else moves.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/DisplayLevel.h"
+#include "app/frmStartPage.h"
 #include "global/MainFormState.h"
 #include "graphs/setup/frmGraphData.h"
 #include "help/frmHelp.h"
@@ -11,6 +12,8 @@
 #include "runs/frmBatch.h"
 #include "toolkit/forms/ControlArray.h"
 #include "toolkit/forms/Form.h"
+
+#include <QTimer>
 
 #include <array>
 #include <memory>
@@ -31,10 +34,18 @@ class frmStart : public Form {
     void onActivate() override;
     bool onClose() override;
     void onResize() override;
+    void onTheme() override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
+    MainFormCallbacks dataFileCallbacks();
+    void makeStartPage();
+    void placeStartPage();
+    void runAgain(const LastRun& run);
+    void showGraphsOf(const std::string& resultsFile);
+    void showReportsOf(const std::string& resultsFile);
     void fitToWorkArea(Form& form);
     void scaleLogo();
     void keepRoom();
@@ -124,6 +135,9 @@ class frmStart : public Form {
     std::unique_ptr<frmHelp> m_help;   // likewise
     std::string m_openOnStart;
     FileDialogSettings m_exploreDialog;
+    std::unique_ptr<StartPage> m_page; // made after the first painting
+    bool m_pageAsked = false;
+    QTimer m_reloadSoon;
 };
 
 } // namespace korvel

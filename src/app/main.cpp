@@ -15,6 +15,7 @@
 #include "toolkit/desktop/QtMachine.h"
 #include "toolkit/desktop/QtWindows.h"
 #include "toolkit/desktop/StartQt.h"
+#include "toolkit/desktop/Theme.h"
 #include "toolkit/paper/PdfPaper.h"
 #include "toolkit/paper/PrinterChoice.h"
 #include "toolkit/process/EndSignals.h"
@@ -139,6 +140,7 @@ int runWindows(int argc, char** argv, const std::vector<std::string>& arguments,
     settleBeforeQt();
     QApplication application(argc, argv);
     settleLook();
+    const ThemeFollower theme;
     Services services(findFolder);
     if (isEngineWindowCall(arguments)) return showEngineWindow(services, arguments);
     return showMainForm(services, arguments);

@@ -1,5 +1,6 @@
 #include "basic/ScratchFile.h"
 
+#include "basic/Interrupted.h"
 #include "basic/RunTimeError.h"
 
 #include <cerrno>
@@ -45,8 +46,8 @@ void ScratchFile::reserve(std::size_t bytes) const {
 void ScratchFile::read(const std::function<void(std::string_view)>& take) const {
     std::vector<char> part(std::size_t{256} * 1024);
     for (off_t at = 0;;) {
-        const ssize_t count = ::pread(m_file.number(), part.data(), part.size(), at);
-        if (count < 0 && errno == EINTR) continue;
+        const ssize_t count =
+            untilNotInterrupted([&] { return ::pread(m_file.number(), part.data(), part.size(), at); });
         if (count < 0) throw RunTimeError(errors::deviceIoError);
         if (count == 0) return;
         take({part.data(), static_cast<std::size_t>(count)});

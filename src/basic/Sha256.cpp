@@ -1,6 +1,7 @@
 #include "basic/Sha256.h"
 
 #include "basic/Descriptor.h"
+#include "basic/Interrupted.h"
 #include "basic/RunTimeError.h"
 
 #include <algorithm>
@@ -105,12 +106,11 @@ std::string sha256OfFile(const std::string& path) {
     std::vector<char> chunk(std::size_t{256} * 1024);
     Sha256 sum;
     for (;;) {
-        const ssize_t count = ::read(file.number(), chunk.data(), chunk.size());
+        const ssize_t count =
+            untilNotInterrupted([&] { return ::read(file.number(), chunk.data(), chunk.size()); });
+        if (count < 0) throw runTimeErrorOfErrno(errno);
         if (count == 0) return sum.hex();
-        if (count > 0)
-            sum.add({chunk.data(), static_cast<std::size_t>(count)});
-        else if (errno != EINTR)
-            throw runTimeErrorOfErrno(errno);
+        sum.add({chunk.data(), static_cast<std::size_t>(count)});
     }
 }
 

@@ -123,6 +123,15 @@ std::string withoutLast(std::string_view text, std::size_t count) {
     return std::string(text.substr(0, text.size() - std::min(count, text.size())));
 }
 
+std::string inWords(const std::vector<std::string>& parts, std::string_view conjunction) {
+    std::string words;
+    for (std::size_t k = 0; k < parts.size(); ++k) {
+        if (k > 0) words += k + 1 < parts.size() ? ", " : " " + std::string(conjunction) + " ";
+        words += parts[k];
+    }
+    return words;
+}
+
 std::string shownUtf8(std::string_view text) {
     const auto extent = utf8Extent(text);
     return extent ? std::string(text.substr(0, *extent)) : utf8OfWindows1252(text);

@@ -21,6 +21,9 @@ std::string last(std::string_view text, std::size_t count);
 // The text less its last `count` characters; "" for a shorter one.
 std::string withoutLast(std::string_view text, std::size_t count);
 
+// "a, b or c"
+std::string inWords(const std::vector<std::string>& parts, std::string_view conjunction);
+
 // How a text is shown: valid UTF-8 as UTF-8, anything else read as Windows-1252. Fixed columns cut sequences
 // off: one that is cut off at the end is dropped where another, whole one of two or more bytes tells that the
 // text is UTF-8. The result is always valid UTF-8.

@@ -1,5 +1,6 @@
 #include "basic/UnfinishedFile.h"
 
+#include "basic/Interrupted.h"
 #include "basic/Text.h"
 
 #include <cerrno>
@@ -19,15 +20,6 @@ namespace {
 constexpr std::string_view beginning = ".korvel-";
 constexpr std::size_t randomLetters = 6;
 constexpr mode_t usualMode = 0666;
-
-// Calls again where a signal came in between.
-template <typename Call>
-auto untilDone(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
-}
 
 // With the slash at its end.
 std::string folderOf(const std::string& path) {
@@ -117,7 +109,8 @@ void UnfinishedFile::createNamed(const std::string& pattern) {
 
 bool UnfinishedFile::write(std::string_view bytes) {
     while (!bytes.empty()) {
-        const auto count = untilDone([&] { return ::write(m_file.number(), bytes.data(), bytes.size()); });
+        const auto count =
+            untilNotInterrupted([&] { return ::write(m_file.number(), bytes.data(), bytes.size()); });
         if (count < 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
@@ -150,7 +143,7 @@ bool UnfinishedFile::linkBeside() {
 }
 
 bool UnfinishedFile::finish() {
-    return takeOverOwnerAndMode() && untilDone([&] { return fsync(m_file.number()); }) == 0;
+    return takeOverOwnerAndMode() && untilNotInterrupted([&] { return fsync(m_file.number()); }) == 0;
 }
 
 bool UnfinishedFile::takeName() {

@@ -14,7 +14,9 @@ const std::string help =
         "Tells what has changed from the base to each other run, at points of the same reach, distance and\n"
         "side. A plan (.csv) in place of the files stands for its finished runs.\n\n"
         "  --series LIST      positions from 0 (the flow) or names; all where not given\n"
-        "  --statistic S      mean, 90, 95 or 99; the mean where not given\n"
+        "  --statistic S      " +
+        statisticChoice() +
+        "; the mean where not given\n"
         "  --reaches LIST     all, none, or reach numbers: 1,2,7\n"
         "  --by WHAT          reach (where not given), river or point\n"
         "  --interpolated     by point: auto-interpolated points, too\n") +

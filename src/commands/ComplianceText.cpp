@@ -105,8 +105,8 @@ void describeJudging(TextPage& page, const StudyRun& run, const ComplianceReques
     bool anyLowPercentile = false;
     for (const JudgedDeterminand& each : judgedBy(run, request)) {
         const bool low = each.side == BadSide::low;
-        page.line("  " + determinandName(run.results(), each.number) + ": the " +
-                  shownStatistic(each.statistic) + ", bad when " + (low ? "low" : "high"));
+        page.line("  " + determinandName(run.results(), each.number) + ": the " + wordsOf(each.statistic) +
+                  ", bad when " + (low ? "low" : "high"));
         anyLowPercentile = anyLowPercentile || (low && each.statistic != Statistic::mean);
     }
     if (anyLowPercentile) page.line(lowPercentiles);

@@ -44,7 +44,12 @@ std::string consoleLine(const Message& message) {
 Answer ConsoleDialogs::show(const Message& message) {
     m_errors << consoleLine(message) << std::endl;
     m_messages.push_back(message);
-    return message.buttons == Buttons::yesNo ? Answer::no : Answer::ok;
+    switch (message.buttons) {
+    case Buttons::yesNo: return Answer::no;
+    case Buttons::saveDiscardCancel: return Answer::cancel;
+    case Buttons::ok: break;
+    }
+    return Answer::ok;
 }
 
 std::vector<Message> ConsoleDialogs::takeMessages() {

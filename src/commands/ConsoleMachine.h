@@ -30,6 +30,12 @@ class ConsoleMachine : public Machine {
     void showFolder(const std::string& folder) override { m_machine.showFolder(folder); }
     std::string guideFile() override { return m_machine.guideFile(); }
     bool openGuide(const std::string& guide) override { return m_machine.openGuide(guide); }
+    std::string samplesFolder() override { return m_machine.samplesFolder(); }
+    std::vector<LastRun> lastRuns() override { return m_machine.lastRuns(); }
+    void noteRun(const LastRun& run) override { m_machine.noteRun(run); }
+    void watchLastRuns(std::function<void()> onChange) override {
+        m_machine.watchLastRuns(std::move(onChange));
+    }
 
     // Of the engine; 0 for one that was not waited for. Nothing where none was started.
     std::optional<int> engineStatus() const { return m_engineStatus; }

@@ -17,7 +17,9 @@ const std::string help =
                 "  --series LIST       positions from 0 (the flow) or names, no loads; flow and "
                 "concentrations where\n"
                 "                      not given\n"
-                "  --statistics LIST   some of mean,90,95,99; all where not given\n"
+                "  --statistics LIST   some of " +
+                statisticNames() +
+                "; all where not given\n"
                 "  --reaches LIST      all, none, or reach numbers: 1,2,7\n"
                 "  --by WHAT           whole (where not given), river, reach or point\n") +
     outputHelp(22);

@@ -12,7 +12,7 @@ namespace {
 
 std::string sentence(const FitRow& row, const StudyRun& run) {
     const FitFigures& fit = row.figures;
-    std::string text = run.results().seriesNames[row.series] + ", " + shownStatistic(row.statistic) + ": ";
+    std::string text = run.results().seriesNames[row.series] + ", " + wordsOf(row.statistic) + ": ";
     if (fit.typicalFactor)
         text += "typically within a factor of " + shownDecimals(*fit.typicalFactor, 2) + " ";
     text += "at " + counted(fit.n, "point", "points");

@@ -122,7 +122,8 @@ void chooseStatistics(GraphChoices& choices, const std::string& list) {
 
 void chooseLevel(GraphChoices& choices, const std::string& level, ResultsDataSet& results) {
     const auto found = std::ranges::find(statistics::percentiles, level, &StatisticFacts::name);
-    if (found == statistics::percentiles.end()) throw UsageError("'" + level + "' is no level: 90, 95 or 99");
+    if (found == statistics::percentiles.end())
+        throw UsageError("'" + level + "' is no level: " + levelChoice());
     choosePercentile(choices, percentileOfLevel(found->level), results);
 }
 

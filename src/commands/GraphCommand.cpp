@@ -1,5 +1,6 @@
 #include "commands/CommandList.h"
 #include "commands/GraphCall.h"
+#include "drawing/Units.h"
 
 #include "drawing/paint/PictureFile.h"
 #include "drawing/paint/QtTextMetrics.h"
@@ -16,17 +17,19 @@ namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
-
 const std::string help =
-    "Usage: korvel graph FILE.SGR --from REACH --to REACH --series LIST [OPTION]... --output FILE\n"
-    "       korvel graph FILE.SGR --reaches LIST --series ONE [OPTION]... --output FILE\n\n"
-    "Draws the longitudinal profile of one to five series along a run of reaches, or of one series in up to\n"
-    "six reaches. Series are positions in the list of the graph set-up (0 is Flow), or names: \"BOD "
-    "(Conc)\".\n\n"
-    "  --compare FILE2.SGR   compare with a second results file\n"
-    "  --plot LIST           mean, percentile or both\n"
-    "  --level LEVEL         the percentile: 90, 95 or 99\n"
+    std::string(
+        "Usage: korvel graph FILE.SGR --from REACH --to REACH --series LIST [OPTION]... --output FILE\n"
+        "       korvel graph FILE.SGR --reaches LIST --series ONE [OPTION]... --output FILE\n\n"
+        "Draws the longitudinal profile of one to five series along a run of reaches, or of one series in up "
+        "to\n"
+        "six reaches. Series are positions in the list of the graph set-up (0 is Flow), or names: \"BOD "
+        "(Conc)\".\n\n"
+        "  --compare FILE2.SGR   compare with a second results file\n"
+        "  --plot LIST           mean, percentile or both\n"
+        "  --level LEVEL         the percentile: ") +
+    levelChoice() +
+    "\n"
     "  --limits              confidence limits, too\n"
     "  --targets             quality targets (on anyway; off with --no-targets)\n"
     "  --observed            observed values (on anyway; off with --no-observed)\n"
@@ -85,7 +88,7 @@ Drawing drawGraph(const GraphCall& graph, const std::string& date) {
     Drawing drawing{.width = area.width, .height = area.height, .commands = {}};
     const QtTextMetrics metrics;
     GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
-    DrawGraphs(primitives, false, area, date);
+    DrawGraphs(primitives, OutputTarget::screen, area, date);
     return drawing;
 }
 

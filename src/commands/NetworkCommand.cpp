@@ -96,8 +96,7 @@ void showReaches(TextPage& page, const Call& call) {
         table.row({std::to_string(number), call.run.file->reachName(number),
                    shownDecimals(call.run.results().reachLengths[number], 1),
                    next == 0 ? "-" : std::to_string(next), shownDecimals(call.network.toMouth[at(place)], 1),
-                   call.network.rivers[at(call.network.riverOf[at(place)])].name,
-                   std::to_string(reaches.pointsOf(place).size())});
+                   call.network.riverAt(place).name, std::to_string(reaches.pointsOf(place).size())});
     }
     page.table(table);
     page.space();

@@ -5,13 +5,12 @@
 #include "commands/CommandLine.h"
 #include "commands/CommandList.h"
 #include "commands/RunsProgress.h"
+#include "commands/SingleRunRules.h"
 #include "commands/Words.h"
 #include "many/ClusterRun.h"
 #include "many/ClusterTask.h"
 #include "many/LocalRun.h"
 #include "platform/DiskFiles.h"
-#include "runs/DataFileName.h"
-#include "runs/RunControlFile.h"
 #include "toolkit/process/ForkedWorkers.h"
 #include "toolkit/process/GuardedEngine.h"
 #include "toolkit/process/ToolCalls.h"
@@ -52,19 +51,6 @@ const char* const help =
 constexpr std::chrono::seconds lockPatience(5); // longer than what a killed call leaves behind takes to end
 constexpr int mostJobs = 500;                   // each takes an open file
 constexpr const char* taskOption = "--slurm-task"; // for the jobs themselves
-
-EngineRules rulesOfSingleRuns() {
-    return {[](const std::string& modelName) -> std::variant<RunFiles, std::string> {
-                const DataFileVerdict verdict = dataFileToOpen(modelName);
-                if (const Message* refusal = std::get_if<Message>(&verdict)) return refusal->text;
-                const DataFileNames& names = std::get<DataFileNames>(verdict);
-                return RunFiles{names.folder, names.base};
-            },
-            [](const RunFiles& files, int runType) {
-                return singleRunText("SINGLE", {files.folder, files.base, runType});
-            },
-            RunControlFileName, EngineFileName};
-}
 
 std::size_t processors() {
     cpu_set_t set;

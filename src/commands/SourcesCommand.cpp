@@ -155,7 +155,7 @@ int runSources(CommandCall& call) {
     taken.study = takeStudy(call, files);
     const StudyRun& base = taken.study.base();
     const int number = *determinand == "Flow" ? 0 : determinandNamed(*determinand, base.results());
-    taken.series = number == 0 ? 0 : base.results().determinandCount + number;
+    taken.series = base.results().loadOf(number);
     taken.what = number == 0 ? "Flow" : determinandName(base.results(), number);
     findSources(taken, typed ? givenPlace(*typed, base) : mouthOf(base, taken.series));
     deliver(call, output,

@@ -12,8 +12,4 @@ inline constexpr const char* flowPercentiles =
 inline constexpr const char* lowPercentiles = "Of what is bad when low the percentiles are the file's as "
                                               "they stand, of whichever tail the engine wrote.";
 
-inline std::string shownStatistic(Statistic statistic) {
-    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
-}
-
 } // namespace korvel

@@ -5,6 +5,7 @@
 #include "commands/ProgressLine.h"
 #include "commands/TerminalText.h"
 #include "many/FinishedRuns.h"
+#include "many/PlanPlaces.h"
 #include "platform/OwnInput.h"
 #include "toolkit/process/StopSignals.h"
 

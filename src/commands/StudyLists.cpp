@@ -66,15 +66,13 @@ std::vector<ListPart> listParts(const std::string& list) {
 }
 
 std::vector<int> seriesChosen(const std::optional<std::string>& list, const ResultsDataSet& results) {
+    if (!list) return allSeries(results);
     std::vector<std::string> names;
-    for (int c = 0; c <= 2 * results.determinandCount; ++c)
+    for (const int c : allSeries(results))
         names.push_back(results.seriesNames[c]);
     std::set<int> series;
-    for (int c = 0; !list && c < static_cast<int>(names.size()); ++c)
-        series.insert(c);
-    if (list)
-        for (const ListPart& part : listParts(*list))
-            series.insert(entryNamed(names, 0, part, "series"));
+    for (const ListPart& part : listParts(*list))
+        series.insert(entryNamed(names, 0, part, "series"));
     return {series.begin(), series.end()};
 }
 

@@ -15,7 +15,9 @@ const std::string help =
                 "Writes one row a run, point, series and statistic, for other programs.\n"
                 "A plan (.csv) in place of the files stands for its finished runs.\n\n"
                 "  --series LIST       positions from 0 (the flow) or names; all where not given\n"
-                "  --statistics LIST   some of mean,90,95,99; all where not given\n"
+                "  --statistics LIST   some of " +
+                statisticNames() +
+                "; all where not given\n"
                 "  --reaches LIST      all, none, or reach numbers: 1,2,7\n"
                 "  --interpolated      auto-interpolated points, too\n") +
     outputHelp(22, TableUse::allValues);

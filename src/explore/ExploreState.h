@@ -33,7 +33,20 @@ struct ExploreStretch {
     bool operator==(const ExploreStretch&) const = default;
 };
 
-struct ExploreState {
+// How values are shown, whatever the runs.
+struct ShownValues {
+    ExploreView view = ExploreView::values;
+    Statistic statistic = Statistic::mean;
+    ScaleKind scale = ScaleKind::linear;
+    bool fromZero = true;
+    bool limits = true;
+    bool targets = true;
+    bool observed = true;
+    bool interpolated = true; // points of type 99
+    bool operator==(const ShownValues&) const = default;
+};
+
+struct ExploreState : ShownValues {
     std::shared_ptr<const Study> study;     // none in an empty Explorer
     std::shared_ptr<const Network> network; // of the base; there when there is a study
     std::set<std::size_t> hidden;           // runs that are not drawn, by their place in the study
@@ -43,15 +56,7 @@ struct ExploreState {
     int to = 0;
     std::optional<ExploreStretch> visible; // none: the whole path
 
-    ExploreView view = ExploreView::values;
     std::vector<int> series; // that are drawn, in file order
-    Statistic statistic = Statistic::mean;
-    ScaleKind scale = ScaleKind::linear;
-    bool fromZero = true;
-    bool limits = true;
-    bool targets = true;
-    bool observed = true;
-    bool interpolated = true; // points of type 99
 
     std::optional<std::set<int>> lowIsBad; // determinands by number; none: those whose names say so
     std::optional<ExplorePlace> cursor;

@@ -1,6 +1,6 @@
 #include "explore/PathChoice.h"
 
-#include "study/SeriesValues.h"
+#include "analysis/MainRiver.h"
 
 #include <algorithm>
 
@@ -8,42 +8,38 @@ namespace korvel {
 
 namespace {
 
-// Of its last point; -1 for a reach without points.
-double flowAtEnd(const RunFile& run, int place) {
-    const auto points = run.reaches.pointsOf(place);
-    if (points.empty()) return -1;
-    const SeriesValues flow = seriesValues(run.results, 0, Statistic::mean);
-    return flow.value[SeriesValues::at(points.back())];
-}
-
 PathEnds endsOf(const RunFile& run, const River& river) {
     return {run.reaches.number(river.reaches.front()), run.reaches.number(river.reaches.back())};
 }
 
-const River& riverOf(const Network& network, int place) {
-    return network.rivers[static_cast<std::size_t>(network.riverOf[static_cast<std::size_t>(place)])];
-}
-
 } // namespace
 
-bool isPath(const RunFile& run, const Network& network, PathEnds ends) {
+std::optional<std::vector<int>> reachesBetween(const RunFile& run, const Network& network, PathEnds ends) {
     const int from = run.reaches.placeOf(ends.from), to = run.reaches.placeOf(ends.to);
-    return from >= 0 && to >= 0 && pathBetween(network, from, to).has_value();
+    if (from < 0 || to < 0) return std::nullopt;
+    return pathBetween(network, from, to);
+}
+
+std::vector<int> pathOf(const ExploreState& state) {
+    return reachesBetween(*state.study->base().file, *state.network, {state.from, state.to})
+        .value_or(std::vector<int>());
+}
+
+bool isPath(const RunFile& run, const Network& network, PathEnds ends) {
+    return reachesBetween(run, network, ends).has_value();
 }
 
 PathEnds firstPath(const RunFile& run, const Network& network) {
     if (run.reaches.count() == 0) return {};
+    if (const River* const river = mainRiver(run, network)) return endsOf(run, *river);
     const int first = run.reaches.number(0);
-    if (network.rivers.empty() || network.mouths.empty()) return {first, first};
-    const auto largest =
-        std::ranges::max_element(network.mouths, {}, [&](int mouth) { return flowAtEnd(run, mouth); });
-    return endsOf(run, riverOf(network, *largest));
+    return {first, first};
 }
 
 PathEnds riverThrough(const RunFile& run, const Network& network, int reach) {
     const int place = run.reaches.placeOf(reach);
     if (place < 0) return {};
-    return network.rivers.empty() ? PathEnds{reach, reach} : endsOf(run, riverOf(network, place));
+    return network.rivers.empty() ? PathEnds{reach, reach} : endsOf(run, network.riverAt(place));
 }
 
 std::optional<PathEnds> withEndAt(const RunFile& run, const Network& network, PathEnds ends, int reach) {

@@ -1,7 +1,7 @@
 // Which way down the network is looked at: its ends, as reach numbers.
 #pragma once
 
-#include "study/Network.h"
+#include "explore/ExploreState.h"
 
 #include <optional>
 #include <vector>
@@ -14,11 +14,17 @@ struct PathEnds {
     bool operator==(const PathEnds&) const = default;
 };
 
+// The reaches of the path by their places in the run, from its upper end; nothing where the second reach
+// isn't the first or below it.
+std::optional<std::vector<int>> reachesBetween(const RunFile& run, const Network& network, PathEnds ends);
+
+// Of a state that isn't empty, by their places in the base; none where it has no path.
+std::vector<int> pathOf(const ExploreState& state);
+
 // Whether the second reach is the first or lies below it.
 bool isPath(const RunFile& run, const Network& network, PathEnds ends);
 
-// The river that ends at the mouth with the largest mean flow, from its head. Where reaches run in circles,
-// or there are no mouths, the first reach alone.
+// The main river, from its head; the first reach alone in a network with circles.
 PathEnds firstPath(const RunFile& run, const Network& network);
 
 // The river that the reach is part of, from its head to where it ends; the reach alone in a network with

@@ -1,5 +1,6 @@
 #include "explore/RunList.h"
 
+#include "basic/ModelName.h"
 #include "explore/PathChoice.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ void keepPath(ExploreState& state) {
 
 void keepSeries(ExploreState& state) {
     const ResultsDataSet& results = state.study->base().results();
-    std::erase_if(state.series, [&](int series) { return series > 2 * results.determinandCount; });
+    std::erase_if(state.series, [&](int series) { return series > results.seriesCount; });
     if (state.series.empty()) state.series = firstSeries(results);
 }
 
@@ -87,7 +88,8 @@ std::vector<int> firstSeries(const ResultsDataSet& results) {
 std::optional<std::string> addRun(ExploreState& state, SharedRun run) {
     std::vector<SharedRun> files = filesOf(state);
     if (files.size() == MaxRuns)
-        return "There are " + std::to_string(MaxRuns) + " runs, as many as there can be.";
+        return fileOf(run->file) + ": there are " + std::to_string(MaxRuns) +
+               " runs already, as many as there can be.";
     files.push_back(std::move(run));
     Arranged together = arranged(files);
     if (together.refusal) return together.refusal;

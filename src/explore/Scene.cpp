@@ -1,6 +1,7 @@
 #include "explore/Scene.h"
 
 #include "analysis/Judging.h"
+#include "explore/PathChoice.h"
 
 #include <cmath>
 
@@ -15,10 +16,7 @@ constexpr ProfileKind kindOf(ExploreView view) {
 }
 
 std::shared_ptr<const StudyPath> wayOf(const ExploreState& state) {
-    const ReachPoints& reaches = state.study->base().reaches();
-    const int from = reaches.placeOf(state.from), to = reaches.placeOf(state.to);
-    const auto way = from < 0 || to < 0 ? std::nullopt : pathBetween(*state.network, from, to);
-    return std::make_shared<const StudyPath>(studyPath(*state.study, way.value_or(std::vector<int>())));
+    return std::make_shared<const StudyPath>(studyPath(*state.study, pathOf(state)));
 }
 
 } // namespace

@@ -157,7 +157,7 @@ bool holds(const std::vector<T>& list, const T& value) {
 void takeSeries(ExploreState& state, const std::vector<std::string>& names) {
     const ResultsDataSet& results = state.study->base().results();
     std::vector<int> series;
-    for (int each = 0; each <= 2 * results.determinandCount; ++each)
+    for (int each = 0; each <= results.seriesCount; ++each)
         if (holds(names, shownUtf8(results.seriesNames[each]))) series.push_back(each);
     if (!series.empty()) state.series = std::move(series);
 }
@@ -228,14 +228,7 @@ StudyFile studyFileOf(const ExploreState& state, const std::string& origin) {
     study.from = state.from;
     study.to = state.to;
     study.visible = state.visible;
-    study.view = state.view;
-    study.statistic = state.statistic;
-    study.scale = state.scale;
-    study.fromZero = state.fromZero;
-    study.limits = state.limits;
-    study.targets = state.targets;
-    study.observed = state.observed;
-    study.interpolated = state.interpolated;
+    static_cast<ShownValues&>(study) = state;
     if (state.isEmpty()) return study;
     const ResultsDataSet& results = state.study->base().results();
     for (std::size_t run = 0; run < state.study->runs().size(); ++run)
@@ -247,14 +240,7 @@ StudyFile studyFileOf(const ExploreState& state, const std::string& origin) {
 }
 
 void showAs(ExploreState& state, const StudyFile& study) {
-    state.view = study.view;
-    state.statistic = study.statistic;
-    state.scale = study.scale;
-    state.fromZero = study.fromZero;
-    state.limits = study.limits;
-    state.targets = study.targets;
-    state.observed = study.observed;
-    state.interpolated = study.interpolated;
+    static_cast<ShownValues&>(state) = study;
     if (state.isEmpty()) return;
     takeHidden(state, study.runs);
     takeSeries(state, study.series);

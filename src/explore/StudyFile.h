@@ -17,20 +17,12 @@ struct StudyFileRun {
     bool operator==(const StudyFileRun&) const = default;
 };
 
-struct StudyFile {
+struct StudyFile : ShownValues {
     std::vector<StudyFileRun> runs;
     int from = 0; // reach numbers, 0 for none
     int to = 0;
     std::optional<ExploreStretch> visible;
-    ExploreView view = ExploreView::values;
-    std::vector<std::string> series; // names as the reader gives them
-    Statistic statistic = Statistic::mean;
-    ScaleKind scale = ScaleKind::linear;
-    bool fromZero = true;
-    bool limits = true;
-    bool targets = true;
-    bool observed = true;
-    bool interpolated = true;
+    std::vector<std::string> series;                  // names as the reader gives them
     std::optional<std::vector<std::string>> lowIsBad; // names of determinands
     std::string origin = "{}"; // the JSON that it came from, for what this version does not know of it
     bool operator==(const StudyFile&) const = default;

@@ -42,11 +42,14 @@ frmExplore::frmExplore(Platform& services, ExploreMemory& memory, std::vector<st
       m_keeping(services, memory, m_state),
       m_handing(services, handedOn(), *this),
       m_theme(desktopTheme()),
-      m_themeWatch(handlers().guarded([this] { showTheme(); })) {
+      m_themeWatch(handlers().guarded([this] {
+          if (desktopTheme() != m_theme) showTheme();
+      })) {
     m_clock.start();
     m_openDialog.objectName = "cdOpen";
     m_openDialog.title = "Open results";
-    m_openDialog.filter = "Results files (*.SGR)|*.SGR|Studies (*.korvel-study)|*.korvel-study|"
+    m_openDialog.filter = "Results and studies (*.SGR *.korvel-study)|*.SGR *.korvel-study|"
+                          "Results files (*.SGR)|*.SGR|Studies (*.korvel-study)|*.korvel-study|"
                           "All files (*)|*";
     setAcceptDrops(true);
     layOut();
@@ -110,10 +113,14 @@ void frmExplore::showProblems(const std::vector<std::string>& problems) {
 
 void frmExplore::open() {
     if (!m_state.isEmpty()) m_openDialog.initialFolder = folderOf(m_state.study->base().file->file);
-    const auto chosen = services().dialogs.chooseFile(FileDialogKind::open, m_openDialog);
-    if (!chosen) return;
-    if (chosen->refusal) return (void)services().dialogs.show(refusedName(*chosen));
-    openAny({chosen->name});
+    std::vector<std::string> files;
+    for (const ChosenFile& chosen : services().dialogs.chooseFiles(m_openDialog)) {
+        if (chosen.refusal)
+            services().dialogs.show(refusedName(chosen));
+        else
+            files.push_back(chosen.name);
+    }
+    openAny(files);
 }
 
 void frmExplore::openAny(const std::vector<std::string>& files) {
@@ -209,10 +216,11 @@ std::vector<ListedRun> frmExplore::listedRuns() const {
     return listed;
 }
 
-// "ALDER.SGR and 2 more - KORVEL Explorer"
+// With a star in front of a study that is not saved as it is: "ALDER.SGR and 2 more - KORVEL Explorer"
 std::string frmExplore::titleText() const {
     if (m_state.isEmpty()) return windowCaption;
-    if (!m_keeping.file().empty()) return fileOf(m_keeping.file()) + " - " + windowCaption;
+    if (!m_keeping.file().empty())
+        return (m_keeping.isChanged() ? "*" : "") + fileOf(m_keeping.file()) + " - " + windowCaption;
     const std::size_t others = m_state.study->runs().size() - 1;
     std::string title = m_state.study->base().name;
     if (others > 0) title += " and " + std::to_string(others) + " more";
@@ -262,7 +270,10 @@ void frmExplore::refreshCursor() {
 }
 
 void frmExplore::told(Changed changed) {
-    if (changed == Changed::view) refreshPictures();
+    if (changed == Changed::view) {
+        refreshPictures();
+        setWindowTitle(shown(titleText())); // what is seen belongs to the study
+    }
     if (changed != Changed::nothing) refreshCursor();
 }
 
@@ -284,12 +295,17 @@ bool frmExplore::onKey(int key, Qt::KeyboardModifiers) {
 }
 
 void frmExplore::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+    if (!event->mimeData()->hasUrls()) return;
+    event->setDropAction(Qt::CopyAction); // whatever the key: the files stay where they are
+    event->accept();
 }
 
 void frmExplore::dropEvent(QDropEvent* event) {
-    handlers().run([&] { openAny(droppedFiles(*event->mimeData())); });
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    // Afterwards: a question that is asked here would keep the one waiting who drops.
+    QTimer::singleShot(
+        0, this, handlers().guarded([this, files = droppedFiles(*event->mimeData())] { openAny(files); }));
 }
 
 bool frmExplore::onClose() {

@@ -18,7 +18,7 @@
 #include "explore/window/SidePanel.h"
 #include "explore/window/StatusLine.h"
 #include "explore/window/StudyKeeping.h"
-#include "explore/window/Theme.h"
+#include "toolkit/desktop/Theme.h"
 #include "toolkit/forms/Form.h"
 
 #include <QDockWidget>

@@ -116,6 +116,8 @@ void frmExplore::connectTables() {
         goTo({reach, distance, typed(side)});
     });
     on(*m_tables, &ExploreTables::seriesChosen, [this](int series) { drawAlso(series); });
+    on(*m_tables, &ExploreTables::lowIsBadChosen,
+       [this](int determinand, bool isLow) { setLowIsBad(determinand, isLow); });
     m_followCursor.setSingleShot(true);
     m_followCursor.setInterval(cursorRest);
     on(m_followCursor, &QTimer::timeout, [this] { m_tables->followCursor(m_state.cursor); });

@@ -14,7 +14,6 @@ namespace {
 
 constexpr Place designPlace = at(0, 0, 8400, 6150); // of the form with its frame, twips
 constexpr double besideColumn = 300;                // of the grid's width, twips
-constexpr double textSize = 8;                      // points
 
 // One column, without fixed ones, as wide as the grid allows.
 class OneColumnGrid : public QTableWidget {
@@ -52,10 +51,8 @@ QTableWidget& frmHelp::grid() {
 
 frmHelp::frmHelp(Platform& services) : Form(services, "frmHelp", "Help") {
     // Examples stand in columns, so that every character has the same width.
-    QFont font("Courier New");
-    font.setStyleHint(QFont::Monospace);
-    font.setPointSizeF(scaledFontSize(textSize, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY)));
-    grdHelp.setFont(font);
+    const double size = scaledFontSize(looks::designText, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY));
+    grdHelp.setFont(looks::fixedFont(size));
     grdHelp.verticalHeader()->setMinimumSectionSize(1);
     grdHelp.verticalHeader()->setDefaultSectionSize(grdHelp.fontMetrics().height() + 2);
     layOut();
@@ -68,7 +65,7 @@ frmHelp::frmHelp(Platform& services) : Form(services, "frmHelp", "Help") {
 }
 
 void frmHelp::layOut() {
-    setFontSize(lblPage, scaledFontSize(textSize, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY)), false);
+    setFontSize(lblPage, scaledFontSize(looks::designText, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY)), false);
     auto* all = new QVBoxLayout(&client());
     all->addWidget(&grdHelp, 1);
     all->addWidget(&lblPage);

@@ -2,7 +2,6 @@
 
 #include "basic/ModelName.h"
 #include "basic/RunTimeError.h"
-#include "basic/Text.h"
 #include "many/Plan.h"
 #include "many/PlanPlaces.h"
 #include "many/RecordFile.h"
@@ -59,10 +58,6 @@ FinishedRuns finishedRuns(const std::string& plan) {
         finished.problems.push_back(nameOf(places.plan) + " can't be read: " + error.description + ".");
     }
     return finished;
-}
-
-bool isPlan(const std::string& file) {
-    return lowerCase(last(file, 4)) == ".csv";
 }
 
 } // namespace korvel

@@ -22,7 +22,4 @@ struct FinishedRuns {
 // files themselves are not looked at. `plan`: as typed.
 FinishedRuns finishedRuns(const std::string& plan);
 
-// Whether a file that was typed is taken for a plan: by its extension, .csv in any case.
-bool isPlan(const std::string& file);
-
 } // namespace korvel

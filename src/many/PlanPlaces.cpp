@@ -9,6 +9,8 @@ namespace korvel {
 
 namespace {
 
+constexpr std::string_view planEnding = ".csv";
+
 std::string absolute(const std::string& path) {
     std::error_code withoutFolder; // the current one is gone
     std::string whole = std::filesystem::absolute(path, withoutFolder).lexically_normal().string();
@@ -33,13 +35,16 @@ std::string folderNameOf(std::string_view runName) {
 
 } // namespace
 
+bool isPlan(const std::string& file) {
+    return lowerCase(last(file, planEnding.size())) == planEnding;
+}
+
 PlanPlaces placesOfPlan(const std::string& plan) {
     PlanPlaces places;
     places.plan = absolute(plan);
     const auto slash = places.plan.rfind('/');
     places.folder = slash == 0 ? "/" : places.plan.substr(0, slash);
-    const std::string stem =
-        lowerCase(last(places.plan, 4)) == ".csv" ? withoutLast(places.plan, 4) : places.plan;
+    const std::string stem = isPlan(places.plan) ? withoutLast(places.plan, planEnding.size()) : places.plan;
     places.record = stem + ".runs.jsonl";
     places.runs = stem + ".runs";
     places.cluster = places.runs + "/.slurm";

@@ -15,6 +15,9 @@ struct PlanPlaces {
     std::string cluster; // in it, what is handed to a cluster
 };
 
+// Whether a file that was typed is taken for a plan: by its extension, .csv in any case.
+bool isPlan(const std::string& file);
+
 // `plan`: as typed, relative to the current folder.
 PlanPlaces placesOfPlan(const std::string& plan);
 

@@ -1,5 +1,6 @@
 #include "many/RecordFile.h"
 
+#include "basic/Interrupted.h"
 #include "basic/RunTimeError.h"
 
 #include <array>
@@ -18,14 +19,6 @@ constexpr std::chrono::milliseconds betweenTries(50);
 
 std::string nameOf(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
-}
-
-template <typename Call>
-auto untilNotInterrupted(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
 }
 
 std::size_t hashOf(std::string_view line) {
@@ -63,23 +56,14 @@ RecordText readRecord(std::string_view text) {
 
 RecordFile::RecordFile(const std::string& path, std::chrono::milliseconds patience)
     : m_file(::open(path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_NONBLOCK | O_CLOEXEC, 0666)) {
-    if (m_file < 0) failWithErrno();
-    try {
-        lock(patience);
-        takeUp(path);
-    } catch (...) {
-        ::close(m_file);
-        throw;
-    }
-}
-
-RecordFile::~RecordFile() {
-    ::close(m_file);
+    if (!m_file.isOpen()) failWithErrno();
+    lock(patience);
+    takeUp(path);
 }
 
 void RecordFile::lock(std::chrono::milliseconds patience) const {
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (untilNotInterrupted([&] { return ::flock(m_file, LOCK_EX | LOCK_NB); }) != 0) {
+    while (untilNotInterrupted([&] { return ::flock(m_file.number(), LOCK_EX | LOCK_NB); }) != 0) {
         if (errno != EWOULDBLOCK)
             throw RunTimeError(
                 errors::pathFileAccessError,
@@ -96,7 +80,7 @@ void RecordFile::takeUp(const std::string& path) {
     if (read.brokenLine != 0)
         throw RunTimeError(errors::typeMismatch, nameOf(path) + ", line " + std::to_string(read.brokenLine) +
                                                      " is none of a record");
-    if (::ftruncate(m_file, static_cast<off_t>(read.wholeSize)) != 0) failWithErrno();
+    if (::ftruncate(m_file.number(), static_cast<off_t>(read.wholeSize)) != 0) failWithErrno();
     m_size = read.wholeSize;
     m_last = std::move(read.last);
     m_lines = {read.hashes.begin(), read.hashes.end()};
@@ -107,8 +91,9 @@ std::string RecordFile::readAll() const {
     std::string text;
     std::array<char, 65536> chunk{};
     for (;;) {
-        const auto count = untilNotInterrupted(
-            [&] { return ::pread(m_file, chunk.data(), chunk.size(), static_cast<off_t>(text.size())); });
+        const auto count = untilNotInterrupted([&] {
+            return ::pread(m_file.number(), chunk.data(), chunk.size(), static_cast<off_t>(text.size()));
+        });
         if (count < 0) failWithErrno();
         if (count == 0) return text;
         text.append(chunk.data(), static_cast<std::size_t>(count));
@@ -134,12 +119,13 @@ void RecordFile::append(const RunRecord& record) {
 void RecordFile::write(std::string_view bytes) {
     const std::size_t before = m_size;
     while (!bytes.empty()) {
-        const auto count = untilNotInterrupted([&] { return ::write(m_file, bytes.data(), bytes.size()); });
+        const auto count =
+            untilNotInterrupted([&] { return ::write(m_file.number(), bytes.data(), bytes.size()); });
         if (count < 0) {
             const int code = errno;
             m_size = before;
             // Where even that fails, the next call drops the broken line.
-            if (::ftruncate(m_file, static_cast<off_t>(before)) != 0) errno = code;
+            if (::ftruncate(m_file.number(), static_cast<off_t>(before)) != 0) errno = code;
             throw runTimeErrorOfErrno(code);
         }
         bytes.remove_prefix(static_cast<std::size_t>(count));
@@ -149,13 +135,14 @@ void RecordFile::write(std::string_view bytes) {
 
 void RecordFile::reserve(std::size_t lines) const {
     const auto room = static_cast<off_t>(lines * roomForALine);
-    const int result = ::fallocate(m_file, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(m_size), room);
+    const int result = ::fallocate(m_file.number(), FALLOC_FL_KEEP_SIZE, static_cast<off_t>(m_size), room);
     if (result != 0 && (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)) failWithErrno();
     // A file system that reserves nothing is no reason to stop.
 }
 
 void RecordFile::flush() const {
-    if (untilNotInterrupted([&] { return ::fdatasync(m_file); }) != 0 && errno != EINVAL) failWithErrno();
+    if (untilNotInterrupted([&] { return ::fdatasync(m_file.number()); }) != 0 && errno != EINVAL)
+        failWithErrno();
 }
 
 } // namespace korvel

@@ -2,6 +2,7 @@
 // on it; anybody may read it meanwhile.
 #pragma once
 
+#include "basic/Descriptor.h"
 #include "many/RunRecord.h"
 
 #include <chrono>
@@ -31,9 +32,6 @@ class RecordFile {
     // Opens the record, made where there is none, takes it for this call alone, and drops a broken last line.
     // Fails with RunTimeError: 55 where another call holds it for longer than `patience`.
     RecordFile(const std::string& path, std::chrono::milliseconds patience);
-    ~RecordFile();
-    RecordFile(const RecordFile&) = delete;
-    RecordFile& operator=(const RecordFile&) = delete;
 
     // As it was opened, with what was appended since.
     const LastRecords& last() const { return m_last; }
@@ -57,7 +55,7 @@ class RecordFile {
     void takeUp(const std::string& path);
     void write(std::string_view bytes);
 
-    int m_file = -1;
+    Descriptor m_file;
     std::size_t m_size = 0;
     LastRecords m_last;
     std::unordered_set<std::size_t> m_lines; // their hashes

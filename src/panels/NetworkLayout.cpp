@@ -315,7 +315,7 @@ class NetworkMaking {
                 continue;
             DrawnText placed = text;
             placed.corner = corner;
-            m_layout.names.push_back(placed);
+            m_layout.names.push_back({river, placed});
             taken.push_back(box);
             return;
         }

@@ -42,6 +42,11 @@ struct NetworkFeature {
     DrawnPoint at;
 };
 
+struct NetworkName {
+    std::size_t river = 0; // index into the network's
+    DrawnText text;
+};
+
 enum class NetworkSymbol { none, pass, unsure, fail };
 
 struct NetworkKeyEntry {
@@ -68,7 +73,7 @@ struct NetworkLayout {
     std::vector<NetworkReach> reaches; // by place; empty where reaches run in a circle
     std::vector<DrawnLine> joins;      // from a tributary's end to the river that it runs into
     std::vector<NetworkFeature> features;
-    std::vector<DrawnText> names; // of rivers, as far as there is room
+    std::vector<NetworkName> names; // of rivers, as far as there is room
     std::vector<DrawnText> texts;
     std::vector<NetworkKeyEntry> key;
     NetworkColourBar bar;

@@ -25,9 +25,10 @@ class NetworkPainting {
         for (const NetworkReach& reach : m_layout.reaches)
             paintReachSymbol(reach);
         paintKey();
-        for (const auto* texts : {&m_layout.names, &m_layout.texts})
-            for (const DrawnText& text : *texts)
-                m_drawing.commands.push_back(text);
+        for (const NetworkName& name : m_layout.names)
+            m_drawing.commands.push_back(name.text);
+        for (const DrawnText& text : m_layout.texts)
+            m_drawing.commands.push_back(text);
     }
 
   private:

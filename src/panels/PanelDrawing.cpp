@@ -109,13 +109,13 @@ class PanelFilling {
         const Rgb colour = runStyle(run.run, m_context.look.theme).colour;
         for (std::size_t k = 0; k < above.size(); ++k)
             m_panel.bands.push_back(
-                {edge(above[k]), edge(below[k]), colour, bandOpacity(m_data.runs.size())});
+                {run.run, {edge(above[k]), edge(below[k]), colour, bandOpacity(m_data.runs.size())}});
     }
 
     void addChanges(const RunInPanel& run) {
         const Rgb colour = runStyle(run.run, m_context.look.theme).colour;
         for (const VisiblePiece& piece : visiblePieces(run.series.curve, m_context.way())) {
-            fillToZero(piece, colour, lightFill);
+            fillToZero(run, piece, colour, lightFill);
             addClear(run, piece, colour);
         }
     }
@@ -133,11 +133,11 @@ class PanelFilling {
                 stretch.to = (next++)->to;
             const VisiblePiece part =
                 partOf(piece, std::max(from, stretch.from), std::min(to, stretch.to), ScaleKind::linear);
-            fillToZero(part, colour, clearFill - lightFill);
+            fillToZero(run, part, colour, clearFill - lightFill);
         }
     }
 
-    void fillToZero(const VisiblePiece& piece, Rgb colour, double opacity) {
+    void fillToZero(const RunInPanel& run, const VisiblePiece& piece, Rgb colour, double opacity) {
         if (piece.km.size() < 2) return;
         const VisiblePiece crossed = withCrossings(piece);
         for (const double sign : {1.0, -1.0}) {
@@ -151,7 +151,7 @@ class PanelFilling {
             const double zero = m_panel.values.scale.place(0);
             std::vector<DrawnPoint> outer = edge(side);
             const std::vector<DrawnPoint> inner{{outer.front().x, zero}, {outer.back().x, zero}};
-            m_panel.bands.push_back({std::move(outer), inner, colour, opacity});
+            m_panel.bands.push_back({run.run, {std::move(outer), inner, colour, opacity}});
         }
     }
 

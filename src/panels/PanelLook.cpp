@@ -1,11 +1,12 @@
 #include "panels/PanelLook.h"
 
+#include "drawing/Units.h"
+
 namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
-constexpr double twipsPerDot = 1440.0 / 300;
+constexpr double twipsPerDot = twipsPerInch / 300;
 
 PanelLook light() {
     PanelLook look;

@@ -175,10 +175,6 @@ class DataMaking {
 
 } // namespace
 
-std::string wordsOf(Statistic statistic) {
-    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
-}
-
 ProfileData profileData(const Study& study, std::shared_ptr<const StudyPath> path, const ProfileView& view) {
     ProfileData data{study, std::move(path), view, {}};
     if (view.kind == ProfileKind::change) data.view.scale = ScaleKind::linear;

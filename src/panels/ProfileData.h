@@ -53,8 +53,6 @@ struct ProfileData {
 
 ProfileData profileData(const Study& study, std::shared_ptr<const StudyPath> path, const ProfileView& view);
 
-std::string wordsOf(Statistic statistic); // "mean", "95 percentile"
-
 // Whether data made for one view serve another: only what is in view, and where the scale begins, differ.
 bool servesAlso(const ProfileView& made, const ProfileView& wanted);
 

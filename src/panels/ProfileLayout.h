@@ -14,6 +14,11 @@
 
 namespace korvel {
 
+struct ProfileBand {
+    std::size_t run = 0;
+    DrawnBand drawn;
+};
+
 struct ProfileCurve {
     std::size_t run = 0;
     Pen pen;
@@ -36,7 +41,7 @@ struct ProfilePanel {
     int series = 0;
     PlotArea area;
     Axis values;
-    std::vector<DrawnBand> bands;
+    std::vector<ProfileBand> bands;
     std::vector<ProfileCurve> curves; // the base last, on top of the others
     std::vector<ProfileStroke> targets;
     std::vector<ProfileMark> observed;

@@ -41,8 +41,8 @@ class ProfilePainting {
 
     void paintPanel(const ProfilePanel& panel) {
         paintGround(panel);
-        for (const DrawnBand& band : panel.bands)
-            m_drawing.commands.push_back(band);
+        for (const ProfileBand& band : panel.bands)
+            m_drawing.commands.push_back(band.drawn);
         if (panel.reference)
             line({panel.area.left, *panel.reference}, {panel.area.right, *panel.reference},
                  hair(m_look.text));

@@ -3,12 +3,11 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "drawing/Theme.h"
 
 #include <cstddef>
 
 namespace korvel {
-
-enum class Theme { light, dark, paper };
 
 struct RunStyle {
     Rgb colour;

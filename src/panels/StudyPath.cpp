@@ -1,10 +1,9 @@
 #include "panels/StudyPath.h"
 
-#include "analysis/Sources.h"
+#include "study/Spot.h"
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <numeric>
 #include <string_view>
 #include <unordered_map>
@@ -15,19 +14,6 @@ namespace korvel {
 namespace {
 
 constexpr int otherReachBoundary = 10;
-
-struct Spot {
-    double km;
-    std::string_view side;
-    bool operator==(const Spot&) const = default;
-};
-
-struct SpotHash {
-    std::size_t operator()(const Spot& spot) const {
-        const double km = spot.km == 0 ? 0 : spot.km; // 0 and -0 are equal
-        return std::hash<double>()(km) * 31 + std::hash<std::string_view>()(spot.side);
-    }
-};
 
 // Finds the places of one reach: the first run's points, then what the others have beside them. As points of
 // two runs match: where distance and side are equal, the first with the first.
@@ -162,15 +148,6 @@ StudyPath studyPath(const Study& study, const std::vector<int>& reaches) {
     sortPlaces(path);
     findFeatures(study, path);
     return path;
-}
-
-std::vector<int> firstPath(const Study& study, const Network& ofBase) {
-    if (study.base().reaches().count() == 0) return {};
-    const auto mouth = largestMouth(*study.base().file, ofBase, 0);
-    if (ofBase.hasCircles() || !mouth) return {0};
-    const int last = study.base().reaches().placeOf(mouth->reach);
-    const int river = ofBase.riverOf[static_cast<std::size_t>(last)];
-    return ofBase.rivers[static_cast<std::size_t>(river)].reaches;
 }
 
 std::optional<std::size_t> nearestPlace(const StudyPath& path, double km, Interpolated interpolated) {

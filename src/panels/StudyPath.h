@@ -51,10 +51,6 @@ enum class Interpolated { left, taken };
 // `reaches`: places in the base, each next one what the one before runs into.
 StudyPath studyPath(const Study& study, const std::vector<int>& reaches);
 
-// The river that ends at the mouth with the largest mean flow of the base, of equals the first in file order.
-// In a file whose reaches run in circles there are no rivers: its first reach. Empty without reaches.
-std::vector<int> firstPath(const Study& study, const Network& ofBase);
-
 // The place nearest to a distance. Of several at one distance the first, where the distance asked for lies
 // beyond them the last.
 std::optional<std::size_t> nearestPlace(const StudyPath& path, double km,

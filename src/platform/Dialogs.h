@@ -6,6 +6,8 @@
 
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace korvel {
 
@@ -19,6 +21,7 @@ struct FileDialogSettings {
     std::string initialFolder; // a model name; "" leaves the current folder
     bool overwritePrompt = false;
     std::string defaultExtension; // put behind a name to save that has none; "" leaves it as typed
+    std::string proposedName;     // without folder, of a file to save; "" proposes none
     NameUse nameUse = NameUse::asChosen;
 };
 
@@ -34,6 +37,12 @@ class Dialogs {
     // Nothing on Cancel; RunTimeError for any other failure of the dialog. Afterwards the process's current
     // folder is the chosen file's.
     virtual std::optional<ChosenFile> chooseFile(FileDialogKind kind, const FileDialogSettings& settings) = 0;
+    // The same for any number of files to open; none on Cancel. A dialog that knows of one file gives that
+    // one.
+    virtual std::vector<ChosenFile> chooseFiles(const FileDialogSettings& settings) {
+        if (auto file = chooseFile(FileDialogKind::open, settings)) return {std::move(*file)};
+        return {};
+    }
     // Sets the printer for all that is printed from now on; cancelled, it changes nothing.
     virtual void choosePrinter(const std::string& objectName) = 0;
 };

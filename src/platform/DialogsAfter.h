@@ -19,6 +19,9 @@ class DialogsAfter : public Dialogs {
     std::optional<ChosenFile> chooseFile(FileDialogKind kind, const FileDialogSettings& settings) override {
         return m_dialogs.chooseFile(kind, settings);
     }
+    std::vector<ChosenFile> chooseFiles(const FileDialogSettings& settings) override {
+        return m_dialogs.chooseFiles(settings);
+    }
     void choosePrinter(const std::string& objectName) override { m_dialogs.choosePrinter(objectName); }
 
   private:

@@ -2,6 +2,7 @@
 
 #include "basic/Descriptor.h"
 #include "basic/DiskNames.h"
+#include "basic/Interrupted.h"
 #include "basic/ModelName.h"
 #include "basic/RunTimeError.h"
 #include "basic/UnfinishedFile.h"
@@ -57,15 +58,6 @@ std::string hostPathOrFail(const std::string& name) {
     std::string path = hostPathOf(name);
     if (!path.starts_with('/')) fail(errors::pathNotFound);
     return path;
-}
-
-// -1 with errno set, as the system call.
-template <typename Call>
-auto untilNotInterrupted(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
 }
 
 class DiskSource : public ByteSource {

@@ -6,6 +6,10 @@ std::vector<std::string> guidePlaces(const std::string& programFolder) {
     return {programFolder + "/../../share/doc/korvel/guide.html", programFolder + "/../guide/guide.html"};
 }
 
+std::vector<std::string> samplesPlaces(const std::string& programFolder) {
+    return {programFolder + "/../../share/doc/korvel/examples", programFolder + "/../../../samples"};
+}
+
 void OpenGuide(Platform& platform) {
     const std::string guide = platform.machine.guideFile();
     if (guide.empty())

@@ -1,6 +1,7 @@
 // What the machine tells and does: the desktop, the day, the application folder, starting programs.
 #pragma once
 
+#include "platform/LastRun.h"
 #include "platform/StartTurn.h"
 
 #include <functional>
@@ -59,6 +60,14 @@ class Machine {
     virtual std::string guideFile() = 0;
     // False where the desktop has no program for it.
     virtual bool openGuide(const std::string& guide) = 0;
+    // Where the samples lie; "" where they aren't installed.
+    virtual std::string samplesFolder() = 0;
+    // The last runs of this user's engine windows, the last one first.
+    virtual std::vector<LastRun> lastRuns() = 0;
+    // Remembered in the user's configuration folder; where that can't be written it is forgotten.
+    virtual void noteRun(const LastRun& run) = 0;
+    // Calls back, on the windows' thread, whenever the list may have changed.
+    virtual void watchLastRuns(std::function<void()> onChange) = 0;
 };
 
 } // namespace korvel

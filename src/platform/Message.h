@@ -6,8 +6,8 @@
 namespace korvel {
 
 enum class Icon { exclamation, question, critical, information };
-enum class Buttons { ok, yesNo };
-enum class Answer { ok, yes, no };
+enum class Buttons { ok, yesNo, saveDiscardCancel };
+enum class Answer { ok, yes, no, save, discard, cancel };
 
 struct Message {
     std::string text;

@@ -8,7 +8,7 @@ namespace korvel {
 
 namespace {
 
-constexpr double unseen = 1.5; // twips, a tenth of a pixel
+constexpr double unseen = 3; // twips, a fifth of a pixel
 
 double square(double right, double down) {
     return right * right + down * down;

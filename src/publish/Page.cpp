@@ -15,7 +15,7 @@ std::string styleOf(const PageStudy& study) {
 }
 
 std::string scriptOf() {
-    return std::string(plotScript) + "\n" + std::string(pageScript);
+    return std::string(plotScript) + "\n(() => {\n" + std::string(pageScript) + "})();\n";
 }
 
 void writeHead(PageHtml& html, const PageStudy& study, const std::string& style, const std::string& script) {
@@ -71,14 +71,16 @@ void writePage(const Study& study, const PageRequest& request, OutputBytes& out)
     writeHeader(html, judged);
     html.open("main", {{"id", "main"}, {"tabindex", "-1"}}).line();
     writeSummary(html, judged, sources);
-    writeNetwork(html, judged);
-    writeRivers(html, judged);
+    const RiverPlan plan = planRivers(judged);
+    writeNetwork(html, judged, plan.rivers);
+    writeRivers(html, judged, plan);
     writeCompliance(html, judged);
     writeChanges(html, judged);
     judged.tellProgress(0.95);
     writeSources(html, judged, sources);
     writeFit(html, judged);
     writeNotes(html, judged);
+    writeLongTexts(html);
     html.closeLine();
     html.element("footer",
                  "Made by KORVEL from results files; the figures are those of its commands. This page asks "

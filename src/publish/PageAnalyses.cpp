@@ -23,8 +23,7 @@ std::string judgedWords(const PageStudy& study) {
     bool first = true;
     for (const JudgedDeterminand& each : study.judged()) {
         words += (first ? "" : ", ") + pageText(determinandName(study.base().results(), each.number)) +
-                 " by its " + statisticWords(each.statistic) +
-                 (each.side == BadSide::low ? " (bad when low)" : "");
+                 " by its " + wordsOf(each.statistic) + (each.side == BadSide::low ? " (bad when low)" : "");
         first = false;
     }
     return first ? "Nothing is judged." : words + ".";
@@ -179,6 +178,11 @@ void writeSourcesOf(PageHtml& html, const PageStudy& study, const PageSources& s
     writePageTable(html, comparedKindsTable(study, sources),
                    {id + "-kinds", "Kinds of sources of " + what + place, 1});
     writePageTable(html, comparedSourcesTable(study, sources), {id, "Sources of " + what + place, 1});
+    const bool anyLoss =
+        std::ranges::any_of(sources.runs, [](const LoadSources& run) { return !run.losses.empty(); });
+    if (anyLoss)
+        writePageTable(html, comparedLossesTable(study, sources),
+                       {id + "-losses", "Losses of " + what + " on the way there", 1});
     html.closeLine();
 }
 
@@ -194,19 +198,6 @@ void writeSources(PageHtml& html, const PageStudy& study, const std::vector<Page
     html.element("div", "", {{"class", "tools"}, {"id", "choose-sources"}}).line();
     for (std::size_t k = 0; k < sources.size(); ++k)
         writeSourcesOf(html, study, sources[k], k);
-    html.closeLine();
-}
-
-void writeFit(PageHtml& html, const PageStudy& study) {
-    openSection(html, "fit", "Fit to samples");
-    writeNote(
-        html,
-        "Computed across places, not over time: published ratings of time series do not apply. Stations "
-        "that the model was calibrated to are no independent test of it. Errors are value less observed; "
-        "PBIAS above 0: the model is high.");
-    for (std::size_t k = 0; k < study.runs().size(); ++k)
-        writePageTable(html, pageFitTable(study, study.runs()[k]),
-                       {idOf("fit", k), "Fit to what was observed, " + nameOfRun(study.runs()[k]), 2});
     html.closeLine();
 }
 
@@ -243,6 +234,18 @@ void writeNotes(PageHtml& html, const PageStudy& study) {
         "Across places, not over time. NSE and PBIAS as in Moriasi et al. (2007), Transactions of the ASABE "
         "50(3), with the sign of PBIAS turned.");
     html.close().closeLine();
+}
+
+void writeLongTexts(PageHtml& html) {
+    if (html.longTexts().empty()) return;
+    openSection(html, "texts", "Long texts");
+    writeNote(html, "What is too long to stand where it belongs stands here whole.");
+    std::size_t number = 0;
+    for (const std::string& text : html.longTexts())
+        html.element("p", text,
+                     {{"class", "long"}, {"dir", "auto"}, {"id", "text-" + std::to_string(++number)}})
+            .line();
+    html.closeLine();
 }
 
 } // namespace korvel

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <map>
 #include <optional>
 
 namespace korvel {
@@ -49,8 +51,35 @@ class DataWriter {
         separate();
         m_out.append(jsonOf(utf8));
     }
+    // Numbers of one text, with blanks between them.
+    void column(const std::vector<double>& values, const std::vector<double>* like) {
+        separate();
+        m_out.append('"');
+        for (std::size_t k = 0; k < values.size();) {
+            if (k > 0) m_out.append(' ');
+            const std::size_t alike = like ? countAlike(values, *like, k) : 0;
+            if (alike > 0)
+                sameAgain(alike);
+            else if (!std::isnan(values[k]))
+                m_out.appendNumber(values[k]);
+            k += std::max<std::size_t>(1, alike);
+        }
+        m_out.append('"');
+    }
 
   private:
+    static std::size_t countAlike(const std::vector<double>& values, const std::vector<double>& like,
+                                  std::size_t from) {
+        std::size_t end = from;
+        while (end < values.size() &&
+               (values[end] == like[end] || (std::isnan(values[end]) && std::isnan(like[end]))))
+            ++end;
+        return end - from;
+    }
+    void sameAgain(std::size_t times) {
+        m_out.append('=');
+        if (times > 1) m_out.append(std::to_string(times));
+    }
     void separate() {
         if (m_needsComma) m_out.append(',');
         m_needsComma = true;
@@ -60,23 +89,25 @@ class DataWriter {
     bool m_needsComma = false;
 };
 
-// What one run has along a way, at the places that are kept.
+// What one run has along a way, at the places that are kept. Of what is the same as in the base only that is
+// told.
 class RunAlong {
   public:
-    RunAlong(DataWriter& data, const StudyPath& path, const std::vector<std::size_t>& kept, std::size_t run)
-        : m_data(data), m_points(path.pointOf[run]), m_kept(kept) {}
+    using Columns = std::map<std::string, std::vector<double>>;
+
+    RunAlong(DataWriter& data, const StudyPath& path, const std::vector<std::size_t>& kept, std::size_t run,
+             Columns& ofBase)
+        : m_data(data), m_points(path.pointOf[run]), m_kept(kept), m_isBase(run == 0), m_ofBase(ofBase) {}
 
     enum class Limits { taken, left };
 
     void write(const SeriesValues& values, const std::string& prefix, Limits limits) const {
-        column(prefix, values, [&](int point) { return values.value[SeriesValues::at(point)]; });
+        column(prefix, [&](int point) { return values.value[SeriesValues::at(point)]; });
         if (limits == Limits::taken && hasLimits(values)) {
-            column(prefix + "l", values, [&](int point) {
-                return bounded(values, point, values.hasLimits() ? values.low(point) : 0);
-            });
-            column(prefix + "h", values, [&](int point) {
-                return bounded(values, point, values.hasLimits() ? values.high(point) : 0);
-            });
+            column(prefix + "l",
+                   [&](int point) { return areTwo(values, point) ? values.low(point) : nothing; });
+            column(prefix + "h",
+                   [&](int point) { return areTwo(values, point) ? values.high(point) : nothing; });
         }
         sparse(prefix + "o", [&](int point) -> std::optional<double> {
             if (!values.isObserved(point)) return std::nullopt;
@@ -103,21 +134,28 @@ class RunAlong {
     }
 
   private:
-    static double bounded(const SeriesValues& values, int point, double limit) {
-        return values.isBounded(point) ? limit : std::nan("");
+    static constexpr double nothing = std::numeric_limits<double>::quiet_NaN();
+
+    static bool areTwo(const SeriesValues& values, int point) {
+        return values.hasLimits() && values.low(point) < values.high(point);
     }
     bool hasLimits(const SeriesValues& values) const {
         return std::ranges::any_of(m_kept, [&](std::size_t place) {
-            return m_points[place] != 0 && values.isBounded(m_points[place]);
+            return m_points[place] != 0 && areTwo(values, m_points[place]);
         });
     }
     template <typename Value>
-    void column(const std::string& name, const SeriesValues&, const Value& value) const {
+    void column(const std::string& name, const Value& value) const {
+        std::vector<double> values;
+        values.reserve(m_kept.size());
+        for (const std::size_t place : m_kept) {
+            const double found = m_points[place] == 0 ? nothing : value(m_points[place]);
+            values.push_back(std::isfinite(found) ? found : nothing);
+        }
+        const auto like = m_ofBase.find(name);
         m_data.key(name);
-        m_data.begin('[');
-        for (const std::size_t place : m_kept)
-            m_points[place] == 0 ? m_data.null() : m_data.number(value(m_points[place]));
-        m_data.end(']');
+        m_data.column(values, like == m_ofBase.end() ? nullptr : &like->second);
+        if (m_isBase) m_ofBase[name] = std::move(values);
     }
     // Pairs of place and value.
     template <typename Value>
@@ -139,6 +177,8 @@ class RunAlong {
     DataWriter& m_data;
     const std::vector<int>& m_points;
     const std::vector<std::size_t>& m_kept;
+    bool m_isBase;
+    Columns& m_ofBase;
 };
 
 // The statistic by which a series is judged beside its mean; nothing where that is all.
@@ -151,16 +191,17 @@ std::optional<Statistic> otherStatistic(const PageStudy& study, const ResultsDat
 
 void writeSeries(DataWriter& data, const PageStudy& study, const StudyPath& path,
                  const std::vector<std::size_t>& kept, int series) {
+    RunAlong::Columns ofBase;
     data.begin('[');
     for (std::size_t run = 0; run < study.runs().size(); ++run) {
         const ResultsDataSet& results = study.runs()[run].run.results();
-        const RunAlong along(data, path, kept, run);
+        const RunAlong along(data, path, kept, run, ofBase);
         data.begin('{');
-        // Limits are told of what is judged, and of the mean where that is.
+        // Limits are told of what is shown first: what is judged, and the mean where nothing else is.
         const auto other = otherStatistic(study, results, series);
         const bool isJudged = results.kindOf(series) == SeriesKind::concentration;
         along.write(seriesValues(results, series, Statistic::mean), "m",
-                    isJudged && !other ? RunAlong::Limits::taken : RunAlong::Limits::left);
+                    other ? RunAlong::Limits::left : RunAlong::Limits::taken);
         if (other) along.write(seriesValues(results, series, *other), "j", RunAlong::Limits::taken);
         if (isJudged) along.writeTargets(seriesValues(results, series, Statistic::mean));
         data.end('}');
@@ -259,7 +300,7 @@ void writeSetupData(OutputBytes& out, const PageStudy& study) {
         data.key("kind");
         data.text(isFlow(series) ? "flow" : isJudged ? "concentration" : "load");
         data.key("other");
-        other ? data.text(statisticWords(*other)) : data.null();
+        other ? data.text(wordsOf(*other)) : data.null();
         data.end('}');
     }
     data.end(']');

@@ -56,6 +56,7 @@ constexpr auto headings = std::to_array<NamedHeading>({
     {"load", {"Comes in", "where it comes in"}},
     {"arrives", {"Arrives", "what of it arrives at the place"}},
     {"share", {"Share, %", "of the load at the place"}},
+    {"lost", {"Lost", "where it is lost"}},
     {"n", {"Samples", "points with an observed value"}},
     {"mean_error", {"Mean error", "value less observed"}},
     {"pbias", {"PBIAS, %", "above 0 the model is high"}},

@@ -54,7 +54,21 @@ PageHtml& PageHtml::name(std::string_view asInFiles) {
     const std::string text = pageText(asInFiles);
     const bool isPlain =
         std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    return isPlain ? words(text) : element("bdi", text);
+    isPlain ? words(text) : element("bdi", text);
+    if (const std::size_t number = longText(asInFiles))
+        words(" ").element("a", "(whole text)", {{"href", "#text-" + std::to_string(number)}});
+    return *this;
+}
+
+std::size_t PageHtml::longText(std::string_view asInFiles) {
+    if (asInFiles.size() <= longestPageText) return 0; // no letter takes less than a byte
+    if (const auto known = m_longNumbers.find(asInFiles); known != m_longNumbers.end()) return known->second;
+    std::string whole = pageText(asInFiles, asInFiles.size() * 4);
+    const bool isCut = pageText(asInFiles) != whole;
+    if (isCut) m_longTexts.push_back(std::move(whole));
+    const std::size_t number = isCut ? m_longTexts.size() : 0;
+    m_longNumbers.emplace(asInFiles, number);
+    return number;
 }
 
 PageHtml& PageHtml::element(std::string_view element, std::string_view utf8, Attributes attributes) {

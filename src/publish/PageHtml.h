@@ -4,6 +4,7 @@
 #include "tables/OutputBytes.h"
 
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,20 +29,25 @@ class PageHtml {
     PageHtml& line();
 
     PageHtml& words(std::string_view utf8); // ours
-    PageHtml&
-    name(std::string_view asInFiles); // of a file; one that may run from right to left keeps that to itself
+    // Of a file. One that may run from right to left keeps that to itself; a very long one is cut, and leads
+    // to where it stands whole.
+    PageHtml& name(std::string_view asInFiles);
+    // Which of the long texts it is, from 1; 0 where it is none.
+    std::size_t longText(std::string_view asInFiles);
+    const std::vector<std::string>& longTexts() const { return m_longTexts; } // UTF-8
     PageHtml& element(std::string_view element, std::string_view utf8, Attributes attributes = {});
     // As it stands.
     PageHtml& markup(std::string_view text);
 
     OutputBytes& out() { return m_out; }
-    std::size_t depth() const { return m_open.size(); }
 
   private:
     void begin(std::string_view element, Attributes attributes);
 
     OutputBytes& m_out;
     std::vector<std::string> m_open;
+    std::vector<std::string> m_longTexts;
+    std::map<std::string, std::size_t, std::less<>> m_longNumbers; // by the bytes of the file
 };
 
 } // namespace korvel

@@ -1,6 +1,7 @@
 #include "publish/PageMetrics.h"
 
 #include "basic/Text.h"
+#include "drawing/Units.h"
 
 #include <array>
 
@@ -8,7 +9,6 @@ namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPoint = 20;
 constexpr int otherLetter = 600; // of a letter beyond the list, thousandths of the font's size
 constexpr int wideLetter = 1000; // of scripts whose letters fill a square
 

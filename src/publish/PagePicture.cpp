@@ -1,12 +1,14 @@
 #include "publish/PagePicture.h"
 
 #include "basic/Text.h"
+#include "drawing/Units.h"
 #include "publish/LineThinning.h"
 #include "publish/PageMetrics.h"
 #include "publish/PageText.h"
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <utility>
@@ -15,8 +17,6 @@ namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
-constexpr double twipsPerPoint = 20;
 constexpr std::size_t longestPictureText = 60; // characters
 constexpr std::size_t verticesOfMark = 4;      // of a cross; a stroke has fewer
 
@@ -52,10 +52,12 @@ class PathText {
         const long x = tenths(point.x), y = tenths(point.y), right = x - m_x, down = y - m_y;
         m_x = x;
         m_y = y;
-        if (right == 0 && down == 0 && m_command == 'l') return;
-        if (m_command != 'l') m_text += 'l';
-        m_command = 'l';
-        add(right, down);
+        if (right == 0 && down == 0 && m_command != 'm') return;
+        const char command = down == 0 ? 'h' : right == 0 ? 'v' : 'l';
+        if (m_command != command) m_text += command;
+        m_command = command;
+        if (command != 'v') add(right);
+        if (command != 'h') add(down);
     }
     void line(const std::vector<DrawnPoint>& points) {
         for (std::size_t k = 0; k < points.size(); ++k)
@@ -82,7 +84,7 @@ class PathText {
     }
     void add(long tenthsOfPixel) {
         const char before = m_text.back();
-        const bool isFirst = before == 'M' || before == 'm' || before == 'l';
+        const bool isFirst = std::isalpha(static_cast<unsigned char>(before)) != 0;
         if (tenthsOfPixel < 0)
             m_text += '-';
         else if (!isFirst)
@@ -112,12 +114,15 @@ class SvgPicture {
   public:
     explicit SvgPicture(PageHtml& html) : m_html(html) {}
 
-    void begin(double width, double height, const PictureWords& words) {
+    // What a picture's links lead to would not be told of one that is an image.
+    enum class Role { image, group };
+
+    void begin(double width, double height, const PictureWords& words, Role role = Role::image) {
         m_html.open("svg", {{"xmlns", "http://www.w3.org/2000/svg"},
                             {"class", "picture"},
                             {"id", words.id},
                             {"viewBox", "0 0 " + placeText(width) + " " + placeText(height)},
-                            {"role", "img"},
+                            {"role", role == Role::image ? "img" : "group"},
                             {"aria-labelledby", words.id + "-t " + words.id + "-d"},
                             {"fill", "none"},
                             {"font-family", "Liberation Sans, Arial, Helvetica, sans-serif"}});
@@ -170,6 +175,13 @@ class SvgPicture {
                       {band.fill.opacity == 1 ? "" : "fill-opacity", shortNumber(band.fill.opacity)}});
         m_html.line();
     }
+    void link(const PictureLink& link) {
+        m_html.open("a", {{"href", "#" + link.target},
+                          {"fill", hexOf(link.text.colour)},
+                          {"font-size", placeText(link.text.font.size * twipsPerPoint)}});
+        text(link.text);
+        m_html.closeLine();
+    }
     void count(std::size_t vertices) { m_vertices += vertices; }
     std::size_t vertices() const { return m_vertices; }
 
@@ -206,8 +218,11 @@ void writeCurve(SvgPicture& picture, const ProfileCurve& curve, std::size_t most
         picture.count(some.size());
         path.line(some);
     }
-    for (const CurveStroke& stroke : curve.traced.strokes) {
-        path.line(stroke.from, stroke.to);
+    const std::vector<CurveStroke>& strokes = curve.traced.strokes;
+    const std::size_t step = 1 + 2 * strokes.size() / std::max<std::size_t>(1, most);
+    for (std::size_t k = 0; k < strokes.size(); k += step) {
+        path.line(strokes[k].from, strokes[k].to);
+        picture.count(2);
     }
     picture.path(path, curve.pen, kindOf(curve.run, "line"));
 }
@@ -232,8 +247,8 @@ void writeByRun(SvgPicture& picture, const Items& items, const char* what, std::
 }
 
 void writePanel(SvgPicture& picture, const ProfilePanel& panel, double crossHalf, std::size_t most) {
-    for (const DrawnBand& band : panel.bands)
-        picture.band(band, "band run-0", most);
+    for (const ProfileBand& band : panel.bands)
+        picture.band(band.drawn, kindOf(band.run, "band"), most);
     writeByRun(picture, panel.targets, "target", most, [](PathText& path, const ProfileStroke& target) {
         path.line(target.stroke.from, target.stroke.to);
     });
@@ -319,14 +334,18 @@ std::size_t writeProfilePicture(PageHtml& html, const ProfileLayout& layout, con
     return picture.vertices();
 }
 
-void writePicture(PageHtml& html, const Drawing& drawing, const PictureWords& words) {
+void writePicture(PageHtml& html, const Drawing& drawing, const PictureWords& words,
+                  const std::vector<PictureLink>& links) {
     SvgPicture picture(html);
-    picture.begin(drawing.width, drawing.height, words);
+    picture.begin(drawing.width, drawing.height, words,
+                  links.empty() ? SvgPicture::Role::image : SvgPicture::Role::group);
     CommandWriter commands(picture);
     for (const DrawnCommand& command : drawing.commands)
         std::visit(commands, command);
     commands.flush();
     commands.writeTexts();
+    for (const PictureLink& link : links)
+        picture.link(link);
     picture.end();
 }
 
@@ -348,45 +367,6 @@ std::string dashesOf(Dash dash) {
     case Dash::solid: break;
     }
     return "";
-}
-
-namespace {
-
-std::vector<std::pair<Rgb, Rgb>> themedColours() {
-    const PanelLook light = panelLook(Theme::light), dark = panelLook(Theme::dark);
-    std::vector<std::pair<Rgb, Rgb>> pairs;
-    for (const auto part : {&PanelLook::grid, &PanelLook::axis, &PanelLook::text, &PanelLook::quietText,
-                            &PanelLook::accent, &PanelLook::pass, &PanelLook::unsure, &PanelLook::fail,
-                            &PanelLook::target, &PanelLook::plot, &PanelLook::background}) {
-        const bool isKnown =
-            std::ranges::any_of(pairs, [&](const auto& pair) { return pair.first == light.*part; });
-        if (!isKnown) pairs.emplace_back(light.*part, dark.*part);
-    }
-    return pairs;
-}
-
-std::string runRules(std::size_t runs, Theme theme) {
-    std::string rules;
-    for (std::size_t run = 0; run < runs; ++run) {
-        const RunStyle style = runStyle(run, theme);
-        const std::string dashes = dashesOf(style.dash), number = std::to_string(run);
-        rules += ".line.run-" + number + "{stroke:" + hexOf(style.colour) +
-                 (dashes.empty() ? "" : ";stroke-dasharray:" + dashes) + "}\n.band.run-" + number +
-                 "{stroke:none;fill:" + hexOf(style.colour) + "}\n";
-    }
-    return rules;
-}
-
-} // namespace
-
-std::string pictureStyle(std::size_t runs) {
-    std::string style = runRules(runs, Theme::light);
-    style += "@media screen and (prefers-color-scheme:dark){\n" + runRules(runs, Theme::dark);
-    for (const auto& [light, dark] : themedColours()) {
-        style += ".picture [stroke=\"" + hexOf(light) + "\"]{stroke:" + hexOf(dark) + "}\n";
-        style += ".picture [fill=\"" + hexOf(light) + "\"]{fill:" + hexOf(dark) + "}\n";
-    }
-    return style + "}\n";
 }
 
 } // namespace korvel

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace korvel {
 
@@ -16,12 +17,19 @@ struct PictureWords {
     std::string description;
 };
 
+// A text that leads to a place of the page.
+struct PictureLink {
+    DrawnText text;
+    std::string target; // the place's id
+};
+
 // Of each curve no more points than `mostVertices`, a run of it at least two. Returns how many were written.
 std::size_t writeProfilePicture(PageHtml& html, const ProfileLayout& layout, const PictureWords& words,
                                 std::size_t mostVertices);
 
-// Any drawing in twips.
-void writePicture(PageHtml& html, const Drawing& drawing, const PictureWords& words);
+// Any drawing in twips. Links stand above it.
+void writePicture(PageHtml& html, const Drawing& drawing, const PictureWords& words,
+                  const std::vector<PictureLink>& links = {});
 
 // What the colours of pictures are where the reader's desktop is dark, and the lines of runs.
 std::string pictureStyle(std::size_t runs);

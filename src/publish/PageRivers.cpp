@@ -1,5 +1,6 @@
 #include "publish/PageRivers.h"
 
+#include "drawing/Units.h"
 #include "publish/PageData.h"
 #include "publish/PageMetrics.h"
 #include "publish/PagePicture.h"
@@ -15,7 +16,6 @@ namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
 constexpr double pictureWidth = 540; // pixels
 constexpr double panelHeight = 110;
 constexpr double frameHeight = 150; // of the axis, the names and the key
@@ -61,9 +61,9 @@ RiverPlan planRivers(const PageStudy& study, const PageLimits& limits) {
     for (const std::size_t river : plan.rivers)
         plan.placesInAll += pointsOf(study, study.network().rivers[river]);
     plan.mostPlaces = limits.values / valuesOfPlace(study);
-    // The base's band has two edges; targets and samples count as a curve each.
+    // Every run's band has two edges; targets and samples count as a curve each.
     const std::size_t curves =
-        std::max<std::size_t>(1, plan.rivers.size()) * series * (study.runs().size() + 4);
+        std::max<std::size_t>(1, plan.rivers.size()) * series * (3 * study.runs().size() + 2);
     plan.verticesOfCurve = limits.vertices / curves;
     return plan;
 }
@@ -133,7 +133,7 @@ std::string seriesWords(const PageStudy& study, const std::vector<int>& series) 
     for (const int each : series) {
         words += (words.empty() ? "" : ", ") + study.seriesTitle(each);
         if (study.base().results().kindOf(each) == SeriesKind::concentration)
-            words += " (" + statisticWords(shownStatistic(study, each)) + ")";
+            words += " (" + wordsOf(shownStatistic(study, each)) + ")";
     }
     return words;
 }
@@ -150,7 +150,7 @@ class RiverWriter {
         const River& river = m_study.network().rivers[index];
         const Study runs(m_runs);
         const auto path = std::make_shared<const StudyPath>(studyPath(runs, river.reaches));
-        const std::string id = "river-" + std::to_string(index + 1);
+        const std::string id = riverId(index);
         m_html.open("section", {{"class", "river"}, {"id", id}, {"aria-labelledby", id + "-h"}}).line();
         m_html.open("h3", {{"id", id + "-h"}}).name(river.name).close().line();
         m_html.element("p", factsOf(river), {{"class", "quiet"}}).line();
@@ -218,8 +218,11 @@ class RiverWriter {
 
 } // namespace
 
-void writeRivers(PageHtml& html, const PageStudy& study, const PageLimits& limits) {
-    const RiverPlan plan = planRivers(study, limits);
+std::string riverId(std::size_t river) {
+    return "river-" + std::to_string(river + 1);
+}
+
+void writeRivers(PageHtml& html, const PageStudy& study, const RiverPlan& plan) {
     openSection(html, "rivers", "Down the rivers");
     html.element("div", "", {{"class", "tools"}, {"id", "tools"}}).line();
     if (plan.rivers.size() < study.network().rivers.size())

@@ -13,7 +13,7 @@ namespace korvel {
 
 // How much a page takes.
 inline constexpr std::size_t mostPageValues = 2'000'000;
-inline constexpr std::size_t mostPageVertices = 300'000;
+inline constexpr std::size_t mostPageVertices = 200'000; // beside the networks and the fit's
 inline constexpr std::size_t mostPagePanels = 2000;
 
 struct PageLimits {
@@ -36,7 +36,9 @@ RiverPlan planRivers(const PageStudy& study, const PageLimits& limits = {});
 std::vector<std::size_t> keptPlaces(const StudyPath& path, std::size_t most,
                                     const std::vector<int>& basePointsToKeep);
 
-void writeRivers(PageHtml& html, const PageStudy& study, const PageLimits& limits = {});
+std::string riverId(std::size_t river); // "river-3"
+
+void writeRivers(PageHtml& html, const PageStudy& study, const RiverPlan& plan);
 
 // The numbers of the page's frame for the script: runs and series.
 void writePageSetup(PageHtml& html, const PageStudy& study);

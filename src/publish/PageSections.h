@@ -11,12 +11,15 @@
 namespace korvel {
 
 void writeSummary(PageHtml& html, const PageStudy& study, const std::vector<PageSources>& sources);
-void writeNetwork(PageHtml& html, const PageStudy& study);
+// `rivers`: those that have panels, in order.
+void writeNetwork(PageHtml& html, const PageStudy& study, const std::vector<std::size_t>& rivers);
 void writeCompliance(PageHtml& html, const PageStudy& study);
 void writeChanges(PageHtml& html, const PageStudy& study);
 void writeSources(PageHtml& html, const PageStudy& study, const std::vector<PageSources>& sources);
 void writeFit(PageHtml& html, const PageStudy& study);
 void writeNotes(PageHtml& html, const PageStudy& study);
+// What is too long to stand where it belongs.
+void writeLongTexts(PageHtml& html);
 
 // A section with its heading; the caller closes it.
 void openSection(PageHtml& html, const std::string& id, const std::string& heading);

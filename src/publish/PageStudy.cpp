@@ -104,13 +104,9 @@ std::vector<PageSources> pageSources(const PageStudy& study) {
     if (std::ranges::find(study.request().series, 0) != study.request().series.end())
         all.push_back(sourcesAt(study, 0, "Flow"));
     for (const int determinand : study.judging().determinands)
-        all.push_back(sourcesAt(study, results.determinandCount + determinand,
-                                pageText(determinandName(results, determinand))));
+        all.push_back(
+            sourcesAt(study, results.loadOf(determinand), pageText(determinandName(results, determinand))));
     return all;
-}
-
-std::string statisticWords(Statistic statistic) {
-    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
 }
 
 } // namespace korvel

@@ -64,7 +64,4 @@ struct PageSources {
 // Of the flow and of each determinand that is shown.
 std::vector<PageSources> pageSources(const PageStudy& study);
 
-// "mean", "90 percentile"
-std::string statisticWords(Statistic statistic);
-
 } // namespace korvel

@@ -1,3 +1,4 @@
+#include "analysis/ReachTally.h"
 #include "publish/PageSections.h"
 #include "publish/PageText.h"
 #include "tables/PeopleNumbers.h"
@@ -11,48 +12,10 @@ namespace korvel {
 
 namespace {
 
-// The verdicts of a run's reaches, all determinands taken together.
-struct ReachTally {
-    int sureFails = 0;
-    int unsureFails = 0; // the value fails, its limits don't
-    int unsurePasses = 0;
-    int surePasses = 0;
-    int unjudged = 0;
-
-    int fails() const { return sureFails + unsureFails; }
-    int judged() const { return fails() + unsurePasses + surePasses; }
-};
-
-ReachTally tallyOf(const PageRun& run) {
-    ReachTally tally;
-    for (const OverallRow& row : run.overall) {
-        const bool sure = row.overall.confident == row.overall.verdict;
-        if (row.overall.verdict == Verdict::none)
-            ++tally.unjudged;
-        else if (row.overall.verdict == Verdict::fail)
-            ++(sure ? tally.sureFails : tally.unsureFails);
-        else
-            ++(sure ? tally.surePasses : tally.unsurePasses);
-    }
-    return tally;
-}
-
-std::string tallyWords(const ReachTally& tally) {
-    if (tally.judged() == 0) return "Nothing is judged: there are no targets.";
-    std::string words = tally.fails() == 0
-                            ? "All of " + counted(tally.judged(), "reach", "reaches") + " meet their targets"
-                            : std::to_string(tally.fails()) + " of " +
-                                  counted(tally.judged(), "reach", "reaches") + " miss at least one target";
-    if (tally.fails() > 0) words += ", " + std::to_string(tally.sureFails) + " of them for sure";
-    words += "; " + std::to_string(tally.surePasses) + " pass for sure";
-    return words +
-           (tally.unsurePasses > 0 ? ", " + std::to_string(tally.unsurePasses) + " pass but unsure." : ".");
-}
-
 void writeVerdicts(PageHtml& html, const PageStudy& study) {
     html.open("article", {{"class", "card"}}).element("h3", "Does the river comply?").line();
     for (std::size_t k = 0; k < study.runs().size(); ++k) {
-        const ReachTally tally = tallyOf(study.runs()[k]);
+        const ReachTally tally = tallyOf(study.runs()[k].overall);
         const double all = std::max(1, tally.judged());
         html.open("div", {{"class", "verdicts"}}).open("h4");
         writeRunName(html, study, k);
@@ -85,7 +48,25 @@ DeterminandTally tallyOf(const PageRun& run, const ComplianceSumRow& sums) {
     return tally;
 }
 
-void writeDeterminandCell(PageHtml& html, const DeterminandTally& tally) {
+// Where a determinand fails on the longest stretches.
+void writeFailingReaches(PageHtml& html, const PageStudy& study, const PageRun& run, int determinand) {
+    std::vector<const ComplianceRow*> failing;
+    for (const ComplianceRow& row : run.compliance)
+        if (row.determinand.number == determinand && row.reach.verdict == Verdict::fail)
+            failing.push_back(&row);
+    std::ranges::stable_sort(failing, std::ranges::greater(),
+                             [](const ComplianceRow* row) { return row->reach.sums.failingLength; });
+    constexpr std::size_t most = 3;
+    html.open("small");
+    for (std::size_t k = 0; k < std::min(most, failing.size()); ++k)
+        html.words(k > 0 ? ", " : "")
+            .element("bdi", study.reachTitle(run.run.reaches().number(failing[k]->place)));
+    if (failing.size() > most) html.words(" and " + std::to_string(failing.size() - most) + " more");
+    html.close();
+}
+
+void writeDeterminandCell(PageHtml& html, const PageStudy& study, const PageRun& run,
+                          const DeterminandTally& tally) {
     const ComplianceSums& sums = tally.row.sums;
     html.open("td");
     if (tally.row.reachesJudged == 0) {
@@ -102,6 +83,7 @@ void writeDeterminandCell(PageHtml& html, const DeterminandTally& tally) {
     else
         html.words("in all of " + counted(tally.row.reachesJudged, "reach", "reaches"));
     writeBar(html, {{sums.judgedLength > 0 ? sums.failingLength / sums.judgedLength : 0, "fail"}});
+    if (fails) writeFailingReaches(html, study, run, tally.row.determinand.number);
     html.close();
 }
 
@@ -124,12 +106,12 @@ const ComplianceSumRow* sumsOf(const PageRun& run, int determinand) {
 void writeDeterminandRow(PageHtml& html, const PageStudy& study, const JudgedDeterminand& determinand) {
     html.open("tr").open("th", {{"scope", "row"}});
     html.name(determinandName(study.base().results(), determinand.number)).words(" ");
-    html.element("small", statisticWords(determinand.statistic) +
-                              (determinand.side == BadSide::low ? ", bad when low" : ""));
+    html.element("small",
+                 wordsOf(determinand.statistic) + (determinand.side == BadSide::low ? ", bad when low" : ""));
     html.close();
     for (const PageRun& run : study.runs())
         if (const ComplianceSumRow* sums = sumsOf(run, determinand.number))
-            writeDeterminandCell(html, tallyOf(run, *sums));
+            writeDeterminandCell(html, study, run, tallyOf(run, *sums));
         else
             html.element("td", "");
     html.closeLine();

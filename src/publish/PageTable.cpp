@@ -19,6 +19,14 @@ std::string classOf(std::string_view text) {
     return "t";
 }
 
+// As a rounded number without the noughts at its end, which the page's script leaves out, too.
+bool isSaidBy(std::string_view shown, std::string_view exact) {
+    if (shown == exact) return true;
+    if (shown.find('.') == shown.npos || shown.find('e') != shown.npos) return false;
+    const std::size_t last = shown.find_last_not_of('0');
+    return shown.substr(0, shown[last] == '.' ? last : last + 1) == exact;
+}
+
 class PageRows : public RowTaker {
   public:
     PageRows(PageHtml& html, std::size_t headers) : m_html(html), m_headers(headers) {}
@@ -38,11 +46,14 @@ class PageRows : public RowTaker {
   private:
     // Rows make up most of a page: their ends, and quotes around words, are left out as HTML allows.
     void begin(std::size_t column, std::string_view kind, std::string_view exact = "") {
+        beginCell(column, kind);
+        if (!exact.empty()) m_html.markup(" data-v=").markup(exact);
+        m_html.markup(">");
+    }
+    void beginCell(std::size_t column, std::string_view kind) {
         m_html.markup(column < m_headers ? "<th scope=row" : "<td");
         if (!kind.empty()) m_html.markup(kind.find(' ') == kind.npos ? " class=" : " class=\"").markup(kind);
         if (kind.find(' ') != kind.npos) m_html.markup("\"");
-        if (!exact.empty()) m_html.markup(" data-v=").markup(exact);
-        m_html.markup(">");
     }
     void cell(std::size_t column, Nothing) { begin(column, ""); }
     void cell(std::size_t column, bool value) {
@@ -57,12 +68,14 @@ class PageRows : public RowTaker {
     void cell(std::size_t column, double value) {
         if (!std::isfinite(value)) return cell(column, Nothing());
         const std::string exact = shortestNumber(value), shown = shownNumber(value);
-        begin(column, "", exact == shown ? "" : exact);
+        begin(column, "", isSaidBy(shown, exact) ? "" : exact);
         m_html.markup(shown);
     }
     void cell(std::size_t column, std::string_view value) {
-        begin(column, classOf(value));
-        m_html.name(value);
+        beginCell(column, classOf(value));
+        if (const std::size_t number = m_html.longText(value))
+            m_html.markup(" data-text=" + std::to_string(number));
+        m_html.markup(">").name(value);
     }
     void cell(std::size_t column, std::span<const std::string> names) {
         std::string joined;

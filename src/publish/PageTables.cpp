@@ -1,7 +1,5 @@
 #include "publish/PageTables.h"
 
-#include "analysis/FitTable.h"
-
 #include <algorithm>
 #include <memory>
 
@@ -116,36 +114,11 @@ Table pageChangesTable(const PageStudy& study, const PageRun& run) {
 
 namespace {
 
-// A source, and what each run has of it; null where it has none.
-struct ComparedSource {
-    std::vector<const Contribution*> runs;
-
-    const Contribution& any() const {
-        return **std::ranges::find_if(runs, [](const Contribution* each) { return each != nullptr; });
-    }
-};
-
-std::vector<Contribution> namesOf(const std::vector<ComparedSource>& sources) {
-    std::vector<Contribution> names;
-    for (const ComparedSource& source : sources)
-        names.push_back(source.any());
-    return names;
-}
-
 std::vector<ComparedSource> comparedSources(const PageSources& sources) {
-    std::vector<ComparedSource> all;
-    for (std::size_t k = 0; k < sources.runs.size(); ++k) {
-        const std::vector<Contribution>& own = sources.runs[k].contributions;
-        const std::vector<int> partners = matchSources(own, namesOf(all));
-        for (std::size_t c = 0; c < own.size(); ++c) {
-            if (partners[c] < 0)
-                all.push_back({std::vector<const Contribution*>(sources.runs.size(), nullptr)});
-            ComparedSource& source =
-                partners[c] < 0 ? all.back() : all[static_cast<std::size_t>(partners[c])];
-            source.runs[k] = &own[c];
-        }
-    }
-    return all;
+    std::vector<std::span<const Contribution>> runs;
+    for (const LoadSources& run : sources.runs)
+        runs.emplace_back(run.contributions);
+    return compareSources(runs);
 }
 
 void addRunColumns(std::vector<Column>& columns, const PageStudy& study) {
@@ -174,6 +147,51 @@ Table comparedSourcesTable(const PageStudy& study, const PageSources& sources) {
                                                std::string_view(reach), cellOf(any.distance)};
                     for (const Contribution* each : source.runs)
                         addPart(cells, each);
+                    taker.row(cells);
+                }
+            }};
+}
+
+namespace {
+
+// Losses as if they were sources, so that those of runs are matched as sources are.
+PageSources lossesAsSources(const PageSources& sources) {
+    PageSources losses;
+    for (const LoadSources& run : sources.runs) {
+        LoadSources lost;
+        for (const Loss& loss : run.losses) {
+            const bool atStart = !loss.distance && loss.name.starts_with("Start of ");
+            lost.contributions.push_back({atStart ? SourceKind::startOfReach : SourceKind::other, loss.name,
+                                          loss.reach, loss.distance, loss.load, 0, std::nullopt});
+        }
+        losses.runs.push_back(std::move(lost));
+    }
+    return losses;
+}
+
+void sortByBase(std::vector<ComparedSource>& losses) {
+    std::ranges::stable_sort(losses, std::ranges::greater(), [](const ComparedSource& each) {
+        return each.runs.front() ? each.runs.front()->load : 0;
+    });
+}
+
+} // namespace
+
+Table comparedLossesTable(const PageStudy& study, const PageSources& sources) {
+    std::vector<Column> columns = columnsOf({"name", "reach", "reach_name", "distance"});
+    for (const PageRun& run : study.runs())
+        append(columns, columnsOf({"lost"}, study.runs().size() > 1 ? run.run.name : ""));
+    return {"losses", columns, [&study, &sources](RowTaker& taker) {
+                const PageSources asSources = lossesAsSources(sources);
+                std::vector<ComparedSource> losses = comparedSources(asSources);
+                sortByBase(losses);
+                for (const ComparedSource& loss : losses) {
+                    const Contribution& any = loss.any();
+                    const std::string reach = study.base().file->reachName(any.reach);
+                    std::vector<Cell> cells = {std::string_view(any.name), any.reach, std::string_view(reach),
+                                               cellOf(any.distance)};
+                    for (const Contribution* each : loss.runs)
+                        cells.push_back(each ? Cell(each->load) : Cell(Nothing()));
                     taker.row(cells);
                 }
             }};
@@ -210,6 +228,8 @@ std::vector<Statistic> fittedStatistics(const PageStudy& study, const PageRun& r
     return statistics;
 }
 
+} // namespace
+
 std::vector<FitRow> pageFitRows(const PageStudy& study, const PageRun& run) {
     const std::vector<ReachGroup> whole = {wholeGroup(*run.run.file, {})};
     std::vector<FitRow> rows;
@@ -222,8 +242,6 @@ std::vector<FitRow> pageFitRows(const PageStudy& study, const PageRun& run) {
     }
     return rows;
 }
-
-} // namespace
 
 Table pageFitTable(const PageStudy& study, const PageRun& run) {
     const std::vector<Column> columns =

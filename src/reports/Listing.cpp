@@ -97,7 +97,7 @@ class LinePainter {
 
 TextSize cellSize(const TextMetrics& metrics) {
     const TextSize blank = metrics.measure(" ", listingFont);
-    return {blank.width / twipsToAnInch, blank.height / twipsToAnInch};
+    return {blank.width / twipsPerInch, blank.height / twipsPerInch};
 }
 
 } // namespace

@@ -27,12 +27,12 @@ Drawing emptyPage(Orientation orientation) {
 PrintedPage::PrintedPage(Orientation orientation, const TextMetrics& metrics)
     : font(reportFont),
       m_metrics(metrics),
-      m_lineHeight(metrics.measure(" ", font).height / twipsToAnInch),
+      m_lineHeight(metrics.measure(" ", font).height / twipsPerInch),
       m_drawing(emptyPage(orientation)) {}
 
 TextSize PrintedPage::sizeOf(const std::string& text) const {
     const TextSize twips = m_metrics.measure(text, font);
-    return {twips.width / twipsToAnInch, twips.height / twipsToAnInch};
+    return {twips.width / twipsPerInch, twips.height / twipsPerInch};
 }
 
 FittedText PrintedPage::fitted(const std::string& text) const {

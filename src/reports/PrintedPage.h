@@ -3,14 +3,13 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "drawing/Units.h"
 #include "platform/Paper.h"
 
 #include <limits>
 #include <string>
 
 namespace korvel {
-
-inline constexpr double twipsToAnInch = 1440;
 
 // A page with nothing on it, as large as the printable area.
 Drawing emptyPage(Orientation orientation);

@@ -67,7 +67,7 @@ class ReportChoices {
   private:
     bool& box(ReportBox box) { return m_boxes[static_cast<int>(box)]; }
 
-    CheckedArray<bool, 0, 9> m_boxes;
+    CheckedArray<bool, 0, static_cast<int>(ReportBox::upstream)> m_boxes;
     std::vector<ListEntry> m_determinands;
     std::vector<ListEntry> m_reaches;
     std::vector<int> m_reachNumbers; // by line of the list

@@ -66,7 +66,8 @@ void frmListing::layOut() {
     bar->addWidget(&cmdPrint);
     bar->addWidget(&cmdClose);
     auto* all = new QVBoxLayout(&client());
-    all->setContentsMargins(12, 10, 12, 12);
+    all->setContentsMargins(looks::margin, looks::margin, looks::margin, looks::margin);
+    all->setSpacing(looks::gap);
     all->addLayout(bar);
     all->addWidget(&txtListing, 1);
 }
@@ -95,9 +96,7 @@ void frmListing::view(const std::string& fileName) {
 
 // Ctrl and the wheel change it, too.
 void frmListing::setDesignFont() {
-    QFont font("Courier New", 10);
-    font.setStyleHint(QFont::Monospace);
-    txtListing.setFont(font);
+    txtListing.setFont(looks::fixedFont());
 }
 
 // From the cursor on, and round at the end of the file.

@@ -298,16 +298,13 @@ bool frmReports::onKey(int key, Qt::KeyboardModifiers) {
 void frmReports::setBusy(const std::string& doing) {
     m_busy = true;
     m_cancelled = false;
+    m_focusBefore = focusWidget();
     frameExplain.hide();
     lblProgress.setText(shown(doing));
     lblCancel.show();
     Progress.setValue(0);
     frameProgress.show();
-    menuBar()->setEnabled(false);
-    mnuWorkbook.setEnabled(false);
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
-        control->setEnabled(false);
+    enableChoices(false);
     setFocus();
     services().windows.updateScreen();
 }
@@ -315,11 +312,17 @@ void frmReports::setBusy(const std::string& doing) {
 void frmReports::setIdle() {
     m_busy = false;
     frameProgress.hide();
-    menuBar()->setEnabled(true);
-    mnuWorkbook.setEnabled(m_loaded);
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions, &Check[0], &Check[8]})
-        control->setEnabled(true);
+    enableChoices(true);
+    if (m_focusBefore != nullptr) m_focusBefore->setFocus(); // keys go on where they were
+}
+
+void frmReports::enableChoices(bool enabled) {
+    menuBar()->setEnabled(enabled);
+    mnuWorkbook.setEnabled(enabled && m_loaded);
+    for (QWidget* control : std::initializer_list<QWidget*>{&lstDets, &lstReaches, &frameOptions})
+        control->setEnabled(enabled);
+    for (const ReportBox box : {ReportBox::allDeterminands, ReportBox::allReaches})
+        Check[static_cast<int>(box)].setEnabled(enabled);
 }
 
 void frmReports::showExplanation() {

@@ -51,6 +51,7 @@ class frmReports : public Form {
     std::optional<std::string> askForFile();
     void setBusy(const std::string& doing);
     void setIdle();
+    void enableChoices(bool enabled);
     void centreFrames();
 
     void refresh();
@@ -94,6 +95,7 @@ class frmReports : public Form {
     bool m_loaded = false;
     int m_loadsSeen = 0; // of the first slot, by number
     bool m_busy = false;
+    QWidget* m_focusBefore = nullptr; // one of this form's controls, while it is busy
     bool m_cancelled = false;
 };
 

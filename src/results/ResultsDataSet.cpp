@@ -15,6 +15,10 @@ int ResultsDataSet::determinandOf(int series) const {
     return kindOf(series) == SeriesKind::load ? series - determinandCount : series;
 }
 
+int ResultsDataSet::loadOf(int determinand) const {
+    return determinand == 0 ? 0 : determinandCount + determinand;
+}
+
 SeriesName ResultsDataSet::nameOf(int series) const {
     const std::string& name = seriesNames[series];
     if (kindOf(series) == SeriesKind::flow) return {name, ""};

@@ -19,6 +19,7 @@ inline constexpr int MaxSeries = 20; // flow, and concentration and load of ten 
 inline constexpr int MaxDeterminands = 10;
 inline constexpr int MaxReachNumber = 59999;
 inline constexpr int InterpolatedPointType = 99;
+inline constexpr int UnjudgedDeterminandType = 4; // a determinand that is not judged and shows no targets
 
 enum class SeriesKind { flow, concentration, load };
 
@@ -40,6 +41,7 @@ struct ResultsDataSet {
     CheckedArray<std::string, 0, MaxSeries> seriesNames;
     SeriesKind kindOf(int series) const;
     int determinandOf(int series) const; // 0 of the flow
+    int loadOf(int determinand) const;   // its series; the flow of 0
     SeriesName nameOf(int series) const;
     CheckedArray<int, 1, MaxDeterminands> determinandTypes;
     CheckedArray<int, 1, MaxDeterminands> determinandStatistics;

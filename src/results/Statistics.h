@@ -4,7 +4,8 @@
 // follow.
 #pragma once
 
-#include "results/ValueStore.h"
+#include "basic/Text.h"
+#include "results/ValueField.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvel {
 
@@ -55,6 +57,13 @@ constexpr auto allOfTable() {
     return all;
 }
 
+inline std::vector<std::string> namesOf(std::span<const StatisticFacts> some) {
+    std::vector<std::string> names;
+    for (const StatisticFacts& each : some)
+        names.emplace_back(each.name);
+    return names;
+}
+
 } // namespace statistics
 
 inline constexpr auto allStatistics = statistics::allOfTable();
@@ -77,6 +86,30 @@ constexpr Statistic percentileOfLevel(int level) {
 constexpr std::optional<Statistic> percentileOfMode(int mode) {
     if (mode > 3) return std::nullopt;
     return mode == 2 ? Statistic::p90 : mode == 3 ? Statistic::p99 : Statistic::p95;
+}
+
+// What a determinand's standard is set for, by the code in its line of the file; none for the other codes.
+constexpr std::optional<Statistic> statisticOfStandard(int code) {
+    switch (code) {
+    case 1: return Statistic::mean;
+    case 2: return Statistic::p95;
+    case 3: return Statistic::p90;
+    case 6: return Statistic::p99;
+    default: return std::nullopt;
+    }
+}
+
+// "mean", "95 percentile"
+inline std::string wordsOf(Statistic statistic) {
+    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
+}
+
+// "mean, 90, 95 or 99", and the levels alone.
+inline std::string statisticChoice() {
+    return inWords(statistics::namesOf(statistics::table), "or");
+}
+inline std::string levelChoice() {
+    return inWords(statistics::namesOf(statistics::percentiles), "or");
 }
 
 // "mean,90,95,99": how a list of them is typed.

@@ -15,7 +15,7 @@ namespace korvel {
 namespace {
 
 constexpr int seriesExtent = 21;
-constexpr int levelExtent = 3;
+using statistics::levels;
 
 // Where a field's columns begin among those of its series: first what the flow lacks, so that in the flow's
 // own place, the first one, the gap lies at the beginning of the mapping, where no page of it is touched.
@@ -29,17 +29,17 @@ constexpr FieldPlace placeOf(ValueField field) {
     case ValueField::meanLimit1: return {0, 1};
     case ValueField::meanLimit2: return {1, 1};
     case ValueField::targetValue: return {2, 1};
-    case ValueField::percentileLimit1: return {3, levelExtent};
-    case ValueField::percentileLimit2: return {6, levelExtent};
-    case ValueField::meanValue: return {9, 1};
-    case ValueField::observedMean: return {10, 1};
-    case ValueField::percentileValues: return {11, levelExtent};
-    case ValueField::observedPercentiles: return {14, levelExtent};
+    case ValueField::percentileLimit1: return {3, levels};
+    case ValueField::percentileLimit2: return {3 + levels, levels};
+    case ValueField::meanValue: return {3 + 2 * levels, 1};
+    case ValueField::observedMean: return {4 + 2 * levels, 1};
+    case ValueField::percentileValues: return {5 + 2 * levels, levels};
+    case ValueField::observedPercentiles: return {5 + 3 * levels, levels};
     }
     return {};
 }
 
-constexpr int columnsOfSeries = 17;
+constexpr int columnsOfSeries = 5 + 4 * levels;
 constexpr std::size_t columns = std::size_t{seriesExtent} * columnsOfSeries;
 constexpr std::size_t valueBytes = columns * ValueStore::points * sizeof(double);
 constexpr std::size_t largePage = std::size_t(2) << 20;

@@ -4,23 +4,12 @@
 // that a file's columns are the beginning of the mapping.
 #pragma once
 
+#include "results/ValueField.h"
+
 #include <cstddef>
 #include <span>
 
 namespace korvel {
-
-// Extents: series 0..20 for all; level 0..2 for the percentile fields.
-enum class ValueField {
-    meanValue,
-    meanLimit1,
-    meanLimit2,
-    observedMean,
-    targetValue,
-    percentileValues,
-    percentileLimit1,
-    percentileLimit2,
-    observedPercentiles
-};
 
 class ValueStore {
   public:

@@ -40,7 +40,7 @@ ControlArray<QRadioButton> frmBatch::options() {
                                 "Run type 8: seek to meet river standards (with no deterioration)",
                                 "Run type 9: seek to meet river standards (mid-class upstream quality)",
                                 "Set up flow and quality gap filling"}) {
-        const Place place = at(120, 2220 + index * 300.0, 5400, 270);
+        const Place place = at(150, 2220 + index * 300.0, 5370, 270);
         array.add(index, optionButton(array.elementName(index), caption, place));
         ++index;
     }
@@ -74,7 +74,7 @@ frmBatch::frmBatch(Platform& services)
       })) {
     lblBatch[0].setBuddy(&txtBatch);
     lblBatch[1].setBuddy(&lstSelectedFiles);
-    setTextColour(lblBatch[10], {20, 102, 58});
+    onTheme();
     connectList();
     connectRun();
     arrangeTabOrder();
@@ -164,6 +164,10 @@ void frmBatch::refresh() {
 bool frmBatch::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) handlers().run([this] { refresh(); });
     return Form::event(event);
+}
+
+void frmBatch::onTheme() {
+    setTextColour(lblBatch[10], looks::done.in(theme()));
 }
 
 void frmBatch::refreshList() {

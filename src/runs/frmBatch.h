@@ -14,6 +14,7 @@ class frmBatch : public Form {
 
   protected:
     bool onClose() override;
+    void onTheme() override;
     bool event(QEvent* event) override;
 
   private:

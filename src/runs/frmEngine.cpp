@@ -64,13 +64,11 @@ void frmEngine::layOut() {
     txtOutput.setUndoRedoEnabled(false);
     txtOutput.setMaximumBlockCount(mostLines);
     txtOutput.setLineWrapMode(QPlainTextEdit::NoWrap);
-    QFont font("Courier New", 11);
-    font.setStyleHint(QFont::Monospace);
-    txtOutput.setFont(font);
+    txtOutput.setFont(looks::fixedFont());
 
     auto* head = new QHBoxLayout;
     head->addWidget(&lblState);
-    head->addSpacing(24);
+    head->addSpacing(looks::wideGap);
     head->addWidget(&lblFile, 1);
     head->addWidget(&lblTime);
     auto* foot = new QHBoxLayout;
@@ -80,8 +78,8 @@ void frmEngine::layOut() {
     foot->addWidget(&cmdStop);
     foot->addWidget(&cmdClose);
     auto* all = new QVBoxLayout(&client());
-    all->setContentsMargins(16, 12, 16, 12);
-    all->setSpacing(10);
+    all->setContentsMargins(looks::margin, looks::margin, looks::margin, looks::margin);
+    all->setSpacing(looks::gap);
     all->addLayout(head);
     all->addWidget(&txtOutput, 1);
     all->addLayout(foot);
@@ -91,6 +89,7 @@ void frmEngine::onActivate() {
     if (m_started) return;
     m_started = true;
     m_clock.start();
+    m_notes.begin();
     m_tick.start(tickMilliseconds);
     startEngine();
 }
@@ -143,6 +142,7 @@ void frmEngine::engineFinished(int status) {
     m_state = m_stopRequested ? State::stopped : status == 0 ? State::finished : State::failed;
     refresh();
     cmdClose.setFocus();
+    m_notes.note(m_run, stateText(), m_state == State::finished ? RunEnd::withResults : RunEnd::without);
 }
 
 bool frmEngine::wantsToStop() {
@@ -158,8 +158,10 @@ void frmEngine::askedToStop() {
 }
 
 bool frmEngine::onClose() {
-    if (!m_engine.running()) return true;
-    return wantsToStop(); // the engine ends with the window
+    if (m_engine.running()) return wantsToStop(); // the engine ends with the window
+    if (m_notes.isReading()) hide();              // and nobody waits for it
+    m_notes.finish();
+    return true;
 }
 
 // As many as stand side by side.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "runs/EngineOutput.h"
+#include "runs/frmEngineNotes.h"
 #include "toolkit/forms/Form.h"
 #include "toolkit/process/EngineProcess.h"
 
@@ -51,6 +52,7 @@ class frmEngine : public Form {
     StartTurn m_turn;
     EngineProcess m_engine;
     EngineOutput m_output;
+    EngineNotes m_notes{services(), handlers()};
     QElapsedTimer m_clock;
     QTimer m_tick;
     State m_state = State::running;

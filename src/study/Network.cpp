@@ -177,4 +177,18 @@ std::optional<std::vector<int>> pathBetween(const Network& network, int from, in
     return std::nullopt;
 }
 
+std::vector<double> outflowsOf(const RunFile& run, const Network& network, std::span<const double> values) {
+    std::vector<double> outflows(network.next.size(), 0);
+    for (const int place : network.downward) {
+        double& outflow = outflows[at(place)];
+        const std::span<const int> points = run.reaches.pointsOf(place);
+        if (!points.empty())
+            outflow = values[at(points.back())];
+        else
+            for (const int inflow : network.inflows[at(place)])
+                outflow += outflows[at(inflow)];
+    }
+    return outflows;
+}
+
 } // namespace korvel

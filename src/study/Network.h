@@ -5,6 +5,7 @@
 #include "study/RunFile.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,10 @@ struct Network {
     std::vector<int> riverOf;
 
     bool hasCircles() const { return !circles.empty(); }
+    // The river that a reach is part of; not where there are circles.
+    const River& riverAt(int place) const {
+        return rivers[static_cast<std::size_t>(riverOf[static_cast<std::size_t>(place)])];
+    }
 };
 
 Network networkOf(const RunFile& run);
@@ -45,5 +50,9 @@ std::optional<std::string> circlesIn(const Network& network, const RunFile& run)
 // The reaches from one down to another along the flow, both included; nothing where the second isn't
 // downstream of the first.
 std::optional<std::vector<int>> pathBetween(const Network& network, int from, int to);
+
+// What leaves each reach: the value at its last point; of a reach without points what runs into it. By place;
+// 0 throughout where there are circles.
+std::vector<double> outflowsOf(const RunFile& run, const Network& network, std::span<const double> values);
 
 } // namespace korvel

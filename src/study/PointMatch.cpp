@@ -1,30 +1,14 @@
 #include "study/PointMatch.h"
 
-#include <functional>
+#include "study/Spot.h"
+
 #include <unordered_map>
 
 namespace korvel {
 
 namespace {
 
-bool isSamePlace(const ResultsDataSet& a, int i, const ResultsDataSet& b, int j) {
-    return a.pointDistance[i] == b.pointDistance[j] && a.pointSide[i] == b.pointSide[j];
-}
-
-struct Place {
-    double distance;
-    std::string_view side;
-    bool operator==(const Place&) const = default;
-};
-
-struct PlaceHash {
-    std::size_t operator()(const Place& place) const {
-        const double distance = place.distance == 0 ? 0 : place.distance; // 0 and -0 are equal
-        return std::hash<double>()(distance) * 31 + std::hash<std::string_view>()(place.side);
-    }
-};
-
-Place placeOf(const ResultsDataSet& results, int point) {
+Spot spotOf(const ResultsDataSet& results, int point) {
     return {results.pointDistance[point], results.pointSide[point]};
 }
 
@@ -37,22 +21,22 @@ class ReachMatch {
     void match(std::span<const int> ofBase, std::span<const int> ofRun) {
         std::size_t same = 0;
         const std::size_t shorter = std::min(ofBase.size(), ofRun.size());
-        for (; same < shorter && isSamePlace(m_base, ofBase[same], m_run, ofRun[same]); ++same)
+        for (; same < shorter && spotOf(m_base, ofBase[same]) == spotOf(m_run, ofRun[same]); ++same)
             pair(ofBase[same], ofRun[same]);
-        matchByPlace(ofBase.subspan(same), ofRun.subspan(same));
+        matchBySpot(ofBase.subspan(same), ofRun.subspan(same));
     }
 
   private:
-    void matchByPlace(std::span<const int> ofBase, std::span<const int> ofRun) {
+    void matchBySpot(std::span<const int> ofBase, std::span<const int> ofRun) {
         struct Waiting {
             std::vector<int> points;
             std::size_t next = 0;
         };
-        std::unordered_map<Place, Waiting, PlaceHash> waiting;
+        std::unordered_map<Spot, Waiting, SpotHash> waiting;
         for (const int point : ofRun)
-            waiting[placeOf(m_run, point)].points.push_back(point);
+            waiting[spotOf(m_run, point)].points.push_back(point);
         for (const int point : ofBase) {
-            const auto found = waiting.find(placeOf(m_base, point));
+            const auto found = waiting.find(spotOf(m_base, point));
             if (found == waiting.end() || found->second.next == found->second.points.size()) continue;
             pair(point, found->second.points[found->second.next++]);
         }

@@ -2,6 +2,8 @@
 
 #include "results/FirstDataSet.h"
 
+#include <numeric>
+
 namespace korvel {
 
 SeriesValues seriesValues(const ResultsDataSet& results, int series, Statistic statistic) {
@@ -16,6 +18,12 @@ SeriesValues seriesValues(const ResultsDataSet& results, int series, Statistic s
     values.limit2 = column(facts.limit2);
     values.target = store.column(ValueField::targetValue, series);
     return values;
+}
+
+std::vector<int> allSeries(const ResultsDataSet& results) {
+    std::vector<int> series(static_cast<std::size_t>(results.seriesCount + 1));
+    std::iota(series.begin(), series.end(), 0);
+    return series;
 }
 
 std::string determinandName(const ResultsDataSet& results, int determinand) {

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <span>
+#include <string>
+#include <vector>
 
 namespace korvel {
 
@@ -37,8 +39,11 @@ inline bool isFlow(int series) {
     return series == 0;
 }
 inline bool isLoad(const ResultsDataSet& results, int series) {
-    return series > results.determinandCount;
+    return results.kindOf(series) == SeriesKind::load;
 }
+
+// Flow, concentrations and loads, as they are taken where nobody has chosen some of them.
+std::vector<int> allSeries(const ResultsDataSet& results);
 
 // As it is shown: without the blanks around it and points at its end.
 std::string determinandName(const ResultsDataSet& results, int determinand);

@@ -69,13 +69,10 @@ bool isFormatFor(TableUse use, const TableFormat& format) {
 }
 
 std::string formatNames(TableUse use) {
-    std::vector<std::string_view> names;
+    std::vector<std::string> names;
     for (const TableFormat& format : formats)
-        if (isFormatFor(use, format)) names.push_back(format.name);
-    std::string text(names.front());
-    for (std::size_t k = 1; k < names.size(); ++k)
-        (text += k + 1 < names.size() ? ", " : " or ") += names[k];
-    return text;
+        if (isFormatFor(use, format)) names.emplace_back(format.name);
+    return inWords(names, "or");
 }
 
 const TableFormat* formatNamed(std::string_view name) {

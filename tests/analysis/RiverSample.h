@@ -1,6 +1,7 @@
 // Small rivers for the analyses: one determinand, BOD, whose concentration is series 1 and load series 2.
 #pragma once
 
+#include "analysis/MainRiver.h"
 #include "fakes/StudySample.h"
 
 namespace korvel {
@@ -44,6 +45,12 @@ inline ResultsFileBuilder oneReach(const std::vector<PointSample>& points,
                                    const std::string& determinand = "BOD") {
     ResultsFileBuilder file = riverOf({{1, 10}}, 1, determinand);
     return addPoints(file, 1, points);
+}
+
+// The places of the reaches that a study is shown along where nobody has chosen others.
+inline std::vector<int> mainReaches(const Study& study) {
+    const Network network = networkOf(*study.base().file);
+    return mainRiver(*study.base().file, network)->reaches;
 }
 
 } // namespace korvel

@@ -255,6 +255,21 @@ TEST(SourcesByKind, AddUpInTheKindsOrder) {
     EXPECT_EQ(nameOf(kinds[2].kind), "industry");
 }
 
+namespace {
+
+// By source the name that each run has for it, "-" for none.
+std::vector<std::string> comparedNames(const std::vector<std::vector<Contribution>>& runs) {
+    std::vector<std::string> names;
+    for (const ComparedSource& source : compareSources({runs.begin(), runs.end()})) {
+        std::string& text = names.emplace_back();
+        for (const Contribution* each : source.runs)
+            text += (text.empty() ? "" : " ") + (each ? each->name : "-");
+    }
+    return names;
+}
+
+} // namespace
+
 TEST(SourcesOverRuns, MatchByKindReachAndDistance) {
     using enum SourceKind;
     const std::vector<Contribution> first = {{sewageWorks, "W", 1, 2, 0, 0, {}},
@@ -265,14 +280,24 @@ TEST(SourcesOverRuns, MatchByKindReachAndDistance) {
                                               {sewageWorks, "X", 1, 2, 0, 0, {}},
                                               {sewageWorks, "Y", 1, 2, 0, 0, {}},
                                               {industry, "I", 2, 2, 0, 0, {}}};
-    EXPECT_EQ(matchSources(first, second), (std::vector<int>{1, 2, 0, -1}));
+    EXPECT_EQ(comparedNames({first, second}),
+              (std::vector<std::string>{"W X", "V Y", "Along Along", "I -", "- I"}));
 }
 
 TEST(SourcesOverRuns, MatchWhereOneHasMore) {
     const Contribution head{SourceKind::headwater, "Head", 1, 0, 0, 0, {}},
         along{SourceKind::diffuse, "Along", 1, {}, 0, 0, {}};
-    EXPECT_EQ(matchSources({head}, {along, head}), (std::vector<int>{1}));
-    EXPECT_EQ(matchSources({along, head}, {head}), (std::vector<int>{-1, 0}));
+    EXPECT_EQ(comparedNames({{head}, {along, head}}), (std::vector<std::string>{"Head Head", "- Along"}));
+    EXPECT_EQ(comparedNames({{along, head}, {head}}), (std::vector<std::string>{"Along -", "Head Head"}));
+}
+
+TEST(SourcesOverRuns, OfThreeRunsStandInTheOrderOfTheFirstThatHasThem) {
+    const Contribution head{SourceKind::headwater, "Head", 1, 0, 0, 0, {}},
+        works{SourceKind::sewageWorks, "W", 1, 2, 0, 0, {}},
+        second{SourceKind::sewageWorks, "V", 1, 2, 0, 0, {}};
+    EXPECT_EQ(comparedNames({{head}, {works, head}, {works, second}}),
+              (std::vector<std::string>{"Head Head -", "- W W", "- - V"}));
+    EXPECT_TRUE(comparedNames({{}, {}}).empty());
 }
 
 } // namespace korvel

@@ -127,6 +127,13 @@ TEST(Text, CountsCharactersAsShown) {
     EXPECT_EQ(firstShown("", 5), "");
 }
 
+TEST(Text, ListsPartsInWords) {
+    EXPECT_EQ(inWords({}, "or"), "");
+    EXPECT_EQ(inWords({"a"}, "or"), "a");
+    EXPECT_EQ(inWords({"a", "b"}, "and"), "a and b");
+    EXPECT_EQ(inWords({"90", "95", "99"}, "or"), "90, 95 or 99");
+}
+
 } // namespace
 
 } // namespace korvel

@@ -1,16 +1,10 @@
-#include "commands/Commands.h"
-#include "fakes/FakePlatform.h"
-#include "fakes/ResultsFileBuilder.h"
-
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "commands/CommandFixture.h"
 
 namespace korvel {
 
 namespace {
 
-class AtlasCommand : public testing::Test {
+class AtlasCommand : public CommandFixture {
   protected:
     static ResultsFileBuilder river() {
         ResultsFileBuilder file;
@@ -19,13 +13,6 @@ class AtlasCommand : public testing::Test {
         return file;
     }
 
-    int run(const std::vector<std::string>& arguments) {
-        std::ostringstream outStream, errorStream;
-        const int status = runCommand(arguments, fake.platform(), outStream, errorStream, {});
-        out = outStream.str();
-        errors = errorStream.str();
-        return status;
-    }
     // All texts of what was printed last.
     std::string printedWords() {
         std::string words;
@@ -36,16 +23,7 @@ class AtlasCommand : public testing::Test {
     }
     bool printed(const std::string& part) { return printedWords().find(part) != std::string::npos; }
 
-    FakePlatform fake;
-    std::string out, errors;
-    std::string a, b;
-
-    AtlasCommand() {
-        fake.putFile("a.sgr", river().text());
-        fake.putFile("b.sgr", river().text());
-        a = hostPathOf(fake.pathOf("a.sgr"));
-        b = hostPathOf(fake.pathOf("b.sgr"));
-    }
+    std::string a = put("a.sgr", river()), b = put("b.sgr", river());
 };
 
 } // namespace

@@ -1,6 +1,4 @@
-#include "commands/Commands.h"
-#include "fakes/FakePlatform.h"
-#include "fakes/ResultsFileBuilder.h"
+#include "commands/CommandFixture.h"
 #include "global/GLOBAL.h"
 #include "results/ResultsDataSet.h"
 
@@ -17,7 +15,7 @@ const std::string readError =
     "is in the "
     "wrong format.  Or it may hold more plotting points than the set maximum of 59999.";
 
-class Info : public testing::Test {
+class Info : public CommandFixture {
   protected:
     Info() {
         GLOBAL = {};
@@ -37,27 +35,10 @@ class Info : public testing::Test {
             .setAll(0.1);
     }
 
-    std::string put(const std::string& name, const ResultsFileBuilder& file) {
-        fake.putFile(name, file.text());
-        return hostPathOf(fake.pathOf(name));
-    }
-
     int run(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), "info");
-        std::ostringstream outStream, errorStream;
-        const int status = runCommand(arguments, fake.platform(), outStream, errorStream);
-        out = outStream.str();
-        errors = errorStream.str();
-        return status;
+        return CommandFixture::run(arguments);
     }
-
-    void expectHolds(const std::string& part) {
-        EXPECT_NE(out.find(part), std::string::npos) << part << "\nin " << out;
-    }
-
-    FakePlatform fake;
-    std::string out;
-    std::string errors;
 };
 
 } // namespace

@@ -1,12 +1,7 @@
-#include "commands/Commands.h"
-#include "fakes/FakePlatform.h"
-#include "fakes/ResultsFileBuilder.h"
-
-#include <gtest/gtest.h>
+#include "commands/CommandFixture.h"
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace korvel {
 
@@ -14,7 +9,7 @@ namespace {
 
 using enum ValueField;
 
-class PublishCommand : public testing::Test {
+class PublishCommand : public CommandFixture {
   protected:
     static ResultsFileBuilder river() {
         ResultsFileBuilder file;
@@ -26,16 +21,9 @@ class PublishCommand : public testing::Test {
         return file;
     }
 
-    std::string put(const std::string& name, const ResultsFileBuilder& file) {
-        fake.putFile(name, file.text());
-        return hostPathOf(fake.pathOf(name));
-    }
-
     int run(const std::vector<std::string>& arguments, const ConsoleTraits& console = {}) {
-        std::ostringstream outStream, errorStream;
-        const int status = runCommand(arguments, fake.platform(), outStream, errorStream, console);
-        EXPECT_EQ(outStream.str(), "");
-        errors = errorStream.str();
+        const int status = CommandFixture::run(arguments, console);
+        EXPECT_EQ(out, "");
         return status;
     }
 
@@ -50,9 +38,7 @@ class PublishCommand : public testing::Test {
         return (std::filesystem::path(a).parent_path() / name).string();
     }
 
-    FakePlatform fake;
     std::string a = put("a.sgr", river()), b = put("b.sgr", river());
-    std::string errors;
 };
 
 TEST_F(PublishCommand, WritesAPageBesideTheFirstFile) {

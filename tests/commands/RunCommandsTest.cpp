@@ -1,7 +1,6 @@
 // The commands that start the engine, against the run-control files that the forms write.
 #include "basic/DiskNames.h"
-#include "commands/Commands.h"
-#include "fakes/FakePlatform.h"
+#include "commands/CommandFixture.h"
 #include "global/GLOBAL.h"
 #include "runs/BatchRun.h"
 #include "runs/RunModel.h"
@@ -15,7 +14,7 @@ namespace korvel {
 
 namespace {
 
-class RunCommands : public testing::Test {
+class RunCommands : public CommandFixture {
   protected:
     RunCommands() {
         GLOBAL = {};
@@ -23,13 +22,6 @@ class RunCommands : public testing::Test {
     }
     ~RunCommands() override { GLOBAL = {}; }
 
-    int run(const std::vector<std::string>& arguments) {
-        std::ostringstream outStream, errorStream;
-        const int status = runCommand(arguments, fake.platform(), outStream, errorStream);
-        out = outStream.str();
-        errors = errorStream.str();
-        return status;
-    }
     std::string put(const std::string& name) {
         fake.putFile(name, "");
         return hostPathOf(fake.pathOf(name));
@@ -37,10 +29,6 @@ class RunCommands : public testing::Test {
     std::string runControl() { return fake.fileText("RUNDAT.TMP"); }
     bool started() { return contains(fake.takeTranscript(), "engine"); }
     void removeEngine() { std::remove(hostPathOf(fake.pathOf("korvelf157.exe")).c_str()); }
-
-    FakePlatform fake;
-    std::string out;
-    std::string errors;
 };
 
 const std::string notFound = "[critical] : Run-time error '53': File not found\n";

@@ -198,13 +198,22 @@ def near(shown, value):
     return abs(float(shown) - value) <= 0.0006 * abs(value) + 0.06 * (abs(value) >= 100)
 
 
-class ExplorerTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
+def window_named(title):
+    return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], capture_output=True, text=True).stdout
+
+
+def run_samples():
+    if not os.path.exists(os.path.join(FOLDER.name, "ALDER2.SGR")):
         for name in ("ALDER", "ALDER2"):
             shutil.copy(SAMPLES / f"{name}.DAT", FOLDER.name)
             subprocess.run([BUILD / "app" / "korvel", "run", f"{name}.DAT", "--wait"], cwd=FOLDER.name, check=True,
                            capture_output=True, timeout=120, env={**os.environ, "QT_QPA_PLATFORM": "offscreen"})
+
+
+class ExplorerTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        run_samples()
 
     def setUp(self):
         self.explorer = Explorer(FOLDER.name, ["ALDER.SGR", "ALDER2.SGR"])
@@ -327,6 +336,77 @@ class ExplorerTest(unittest.TestCase):
                        (row["River"], row["Series"], row["Statistic"]))
             self.assertEqual(int(row["n"]), fit["n"])
             self.assertTrue(near(row["RMSE"], fit["rmse"]), row)
+
+
+def drag(start, *path):
+    """With the left button, slowly enough for what is dragged over to be told."""
+    subprocess.run(["xdotool", "mousemove", *map(str, start), "mousedown", "1"], check=True)
+    for place in path:
+        time.sleep(0.3)
+        subprocess.run(["xdotool", "mousemove", *map(str, place)], check=True)
+    time.sleep(0.5)
+    subprocess.run(["xdotool", "mouseup", "1"], check=True)
+
+
+class WaysInTest(unittest.TestCase):
+    """Opened by the dialog, by what is dropped, and put into another order by dragging."""
+
+    @classmethod
+    def setUpClass(cls):
+        run_samples()
+
+    def open(self, *files):
+        self.explorer = Explorer(FOLDER.name, files)
+        self.addCleanup(self.explorer.close)
+
+    def runs(self):
+        return [line.get_name() for line in self.run_lines()]
+
+    def run_lines(self):
+        runs = self.explorer.find(Atspi.Role.LIST, "Runs")
+        return [runs.get_child_at_index(k) for k in range(runs.get_child_count())] if runs else []
+
+    def wait_for_runs(self, *names):
+        wait(lambda: self.runs() == list(names), f"{names}, there are {self.runs()}")
+
+    def middle_of(self, thing):
+        place = thing.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        return place.x + place.width // 2, place.y + place.height // 2
+
+    def test_an_empty_window_says_what_to_do_and_opens_several_files_at_once(self):
+        self.open()
+        self.explorer.thing(Atspi.Role.LABEL, "Look down any river")
+        self.explorer.focus(Atspi.Role.PUSH_BUTTON, "Open results ...")
+        keys("Return")
+        wait(lambda: window_named("Open results"), "the dialog")
+        type_text('"ALDER.SGR" "ALDER2.SGR"')
+        keys("Return")
+        self.wait_for_runs("ALDER.SGR  (base)", "ALDER2.SGR")
+        self.explorer.close()
+        self.open()
+        recent = self.explorer.thing(Atspi.Role.LIST, "Opened lately")
+        self.assertTrue(recent.get_child_at_index(0).get_name().startswith("ALDER2.SGR"))
+        self.explorer.click(recent.get_child_at_index(0), times=2)
+        self.wait_for_runs("ALDER2.SGR  (base)")
+
+    def test_files_that_are_dropped_are_opened_and_stay_where_they_are(self):
+        self.open("ALDER.SGR")
+        self.wait_for_runs("ALDER.SGR  (base)")
+        source = subprocess.Popen([BUILD / "bin" / "drag_source", "ALDER2.SGR"], cwd=FOLDER.name)
+        self.addCleanup(source.wait)
+        self.addCleanup(source.terminate)
+        wait(lambda: window_named("Drag source"), "what is dragged from")
+        time.sleep(0.5)
+        drag((30, 30), (45, 45), (400, 300), (900, 500), (905, 505))
+        self.wait_for_runs("ALDER.SGR  (base)", "ALDER2.SGR")
+        self.assertTrue(os.path.exists(os.path.join(FOLDER.name, "ALDER2.SGR")))
+
+    def test_runs_are_dragged_into_another_order(self):
+        self.open("ALDER.SGR", "ALDER2.SGR")
+        self.wait_for_runs("ALDER.SGR  (base)", "ALDER2.SGR")
+        first, second = (self.middle_of(line) for line in self.run_lines())
+        drag(second, (second[0], second[1] - 6), (first[0], first[1] - 4), (first[0], first[1] - 6))
+        self.wait_for_runs("ALDER2.SGR  (base)", "ALDER.SGR")
 
 
 def main():

@@ -25,6 +25,15 @@ TEST_F(PathChoice, BeginsWithTheRiverToTheMouthOfTheLargestFlow) {
     EXPECT_EQ(firstPath(run, network), (PathEnds{1, 3}));
 }
 
+TEST(FirstPath, EndsAtAMouthWithoutPointsWhereMostFlowsIn) {
+    ResultsFileBuilder file;
+    file.determinand(1, "BOD").reach(1, "Small", 5, 0).reach(2, "Large", 5, 3).reach(3, "Mouth", 1, 0);
+    file.point(1, 1, "A", 10).setAll(1);
+    file.point(2, 1, "B", 10).setAll(2);
+    const SharedRun run = runOf(file);
+    EXPECT_EQ(firstPath(*run, networkOf(*run)), (PathEnds{2, 3}));
+}
+
 TEST_F(PathChoice, TakesTheRiverThroughAReach) {
     for (const auto& [reach, expected] :
          {std::pair{1, PathEnds{1, 3}}, {3, {1, 3}}, {2, {2, 2}}, {9, {9, 9}}, {77, {0, 0}}})

@@ -23,7 +23,8 @@ TEST(RunList, RefusesARunOfAnotherCatchmentAndChangesNothing) {
 
 TEST(RunList, RefusesTheThirteenthRun) {
     ExploreState state = stateOf("abcdefghijkl");
-    EXPECT_EQ(addRun(state, runOfThreeReaches('m')), "There are 12 runs, as many as there can be.");
+    EXPECT_EQ(addRun(state, runOfThreeReaches('m')),
+              "m.sgr: there are 12 runs already, as many as there can be.");
     EXPECT_EQ(lettersOf(state), "abcdefghijkl");
 }
 

@@ -165,7 +165,7 @@ TEST_F(FrmExplore, SavesAStudyAndOpensItAgainAsItWas) {
     EXPECT_EQ(form->state().hidden, saved.hidden);
     EXPECT_EQ(memory.recentStudies().size(), 1u);
     choose("cboView", "Ratio");
-    platform.willAnswer(Answer::yes);
+    platform.willAnswer(Answer::save);
     form->close();
     EXPECT_NE(platform.fileText("kept.korvel-study").find("\"ratio\""), std::string::npos);
     platform.expectDone();

@@ -14,21 +14,6 @@ ChangeRows changeRowsOf(const TableScope& scope) {
     return {scope, matched};
 }
 
-// The cells of a table, a row a line.
-class Lines : public RowTaker {
-  public:
-    void row(std::span<const Cell> cells) override {
-        std::string line;
-        for (const Cell& cell : cells)
-            line += shownCell(cell, CellLook::exact).text + "|";
-        lines.push_back(line);
-    }
-    ReadyCells ready(std::size_t, std::span<const Cell>) override { return {}; }
-    void row(const ReadyCells&, const ReadyCells&, std::span<const Cell> last) override { row(last); }
-
-    std::vector<std::string> lines;
-};
-
 // The same without the columns that the Explorer's table has beside them: run and reach's name.
 std::vector<std::string> linesOf(const ChangeRows& rows) {
     std::vector<std::string> lines;

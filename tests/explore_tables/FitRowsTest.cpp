@@ -2,7 +2,6 @@
 #include "ScopeSample.h"
 #include "analysis/FitTable.h"
 #include "analysis/PlainRiver.h"
-#include "explore/rows/FitScatter.h"
 #include "fakes/FixedTextMetrics.h"
 
 #include <gtest/gtest.h>
@@ -10,21 +9,6 @@
 namespace korvel {
 
 namespace {
-
-// The cells of a table, a row a line.
-class Lines : public RowTaker {
-  public:
-    void row(std::span<const Cell> cells) override {
-        std::string line;
-        for (const Cell& cell : cells)
-            line += shownCell(cell, CellLook::exact).text + "|";
-        lines.push_back(line);
-    }
-    ReadyCells ready(std::size_t, std::span<const Cell>) override { return {}; }
-    void row(const ReadyCells&, const ReadyCells&, std::span<const Cell> last) override { row(last); }
-
-    std::vector<std::string> lines;
-};
 
 // Without the run, and without the names of reaches.
 std::vector<std::string> linesOf(const FitRows& rows) {
@@ -160,7 +144,7 @@ TEST(FitScatter, FindsTheNearestPointWithinReach) {
 
 TEST(FitScatter, NamesItsPoints) {
     const FitScatter scatter = scatterOf(pointsOfSample());
-    EXPECT_EQ(scatter.words(scatter.points[2]),
+    EXPECT_EQ(wordsOf(scatter, scatter.points[2]),
               "0.1 km, Works, reach 5 Reach 5: observed 4.000, simulated 8.000");
 }
 

@@ -32,4 +32,19 @@ inline std::string rowText(const RowSource& rows, int row) {
     return text;
 }
 
+// The cells of a table, a row a line.
+class Lines : public RowTaker {
+  public:
+    void row(std::span<const Cell> cells) override {
+        std::string line;
+        for (const Cell& cell : cells)
+            line += shownCell(cell, CellLook::exact).text + "|";
+        lines.push_back(line);
+    }
+    ReadyCells ready(std::size_t, std::span<const Cell>) override { return {}; }
+    void row(const ReadyCells&, const ReadyCells&, std::span<const Cell> last) override { row(last); }
+
+    std::vector<std::string> lines;
+};
+
 } // namespace korvel

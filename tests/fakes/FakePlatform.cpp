@@ -38,6 +38,9 @@ std::string nameOf(Answer answer) {
     case Answer::ok: return "ok";
     case Answer::yes: return "yes";
     case Answer::no: return "no";
+    case Answer::save: return "save";
+    case Answer::discard: return "discard";
+    case Answer::cancel: return "cancel";
     }
     return "";
 }
@@ -47,7 +50,13 @@ std::string quoted(const std::string& text) {
 }
 
 bool suits(Answer answer, Buttons buttons) {
-    return (answer == Answer::ok) == (buttons == Buttons::ok);
+    switch (buttons) {
+    case Buttons::ok: return answer == Answer::ok;
+    case Buttons::yesNo: return answer == Answer::yes || answer == Answer::no;
+    case Buttons::saveDiscardCancel:
+        return answer == Answer::save || answer == Answer::discard || answer == Answer::cancel;
+    }
+    return false;
 }
 
 // The folder as a dialog leaves it: without a backslash at the end, but for a root.
@@ -73,6 +82,12 @@ void FakePlatform::willAnswer(Answer answer) {
 }
 void FakePlatform::willChoose(const std::string& modelName) {
     m_deeds.emplace_back(Choice{{modelName, {}}});
+}
+void FakePlatform::willChooseFiles(const std::vector<std::string>& modelNames) {
+    Choices choices;
+    for (const std::string& name : modelNames)
+        choices.files.push_back({name, {}});
+    m_deeds.emplace_back(std::move(choices));
 }
 void FakePlatform::willChooseRefused(const std::string& modelName, const std::string& refusal) {
     m_deeds.emplace_back(Choice{{modelName, refusal}});
@@ -176,6 +191,17 @@ std::optional<ChosenFile> FakePlatform::chooseFile(FileDialogKind kind, const Fi
     note(question + " -> " + choice->file.name);
     m_currentFolder = currentFolderAfter(choice->file.name);
     return choice->file;
+}
+
+std::vector<ChosenFile> FakePlatform::chooseFiles(const FileDialogSettings& settings) {
+    if (m_deeds.empty() || !std::holds_alternative<Choices>(m_deeds.front()))
+        return Dialogs::chooseFiles(settings);
+    const std::vector<ChosenFile> files = std::get<Choices>(nextDeed("open dialog")).files;
+    std::string line = "open dialog " + quoted(settings.title) + " ->";
+    for (const ChosenFile& file : files)
+        line += " " + file.name;
+    note(line);
+    return files;
 }
 
 void FakePlatform::choosePrinter(const std::string& objectName) {

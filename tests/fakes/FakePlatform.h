@@ -45,6 +45,7 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     // What the user will do.
     void willAnswer(Answer answer);
     void willChoose(const std::string& modelName);
+    void willChooseFiles(const std::vector<std::string>& modelNames); // in a dialog that takes several
     void willChooseRefused(const std::string& modelName, const std::string& refusal);
     void willCancel(); // a file dialog
     void willFailDialog(const RunTimeError& error);
@@ -83,6 +84,11 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
 
     std::string guide = "/share/guide.html";
     bool opensGuide = true;
+    std::string samples = "Z:\\share\\examples";
+
+    std::vector<LastRun> rememberedRuns;   // what the machine has of the user's last runs
+    std::vector<LastRun> notedRuns;        // what the program gave it to remember
+    std::function<void()> lastRunsChanged; // what it asked to be called then
 
     WorkArea desktop;
     Date day{5, 11, 2026};
@@ -94,6 +100,9 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
   private:
     struct Choice {
         ChosenFile file;
+    };
+    struct Choices {
+        std::vector<ChosenFile> files;
     };
     struct Cancel {};
     struct PrinterChoice {};
@@ -107,10 +116,12 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
         std::string formName;
         std::function<void(ShownForm&)> action;
     };
-    using Deed = std::variant<Answer, Choice, Cancel, Failure, PrinterChoice, PrinterFailure, FormAction>;
+    using Deed =
+        std::variant<Answer, Choice, Choices, Cancel, Failure, PrinterChoice, PrinterFailure, FormAction>;
 
     Answer show(const Message& message) override;
     std::optional<ChosenFile> chooseFile(FileDialogKind kind, const FileDialogSettings& settings) override;
+    std::vector<ChosenFile> chooseFiles(const FileDialogSettings& settings) override;
     void choosePrinter(const std::string& objectName) override;
 
     std::string currentFolder() override { return m_currentFolder; }
@@ -132,6 +143,10 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
         note("guide " + file);
         return opensGuide;
     }
+    std::string samplesFolder() override { return samples; }
+    std::vector<LastRun> lastRuns() override { return rememberedRuns; }
+    void noteRun(const LastRun& run) override { notedRuns.push_back(run); }
+    void watchLastRuns(std::function<void()> onChange) override { lastRunsChanged = std::move(onChange); }
 
     void showModal(ShownForm& form) override;
     void showModeless(ShownForm& form) override;

@@ -3,6 +3,7 @@
 #include "help/frmHelp.h"
 #include "reports/frmListing.h"
 #include "runs/frmEngine.h"
+#include "toolkit/desktop/Theme.h"
 
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
@@ -106,6 +107,25 @@ std::string wordsOf(const QWidget& control) {
     return "";
 }
 
+void expectWordsStandOut(QWidget& form) {
+    for (QWidget* control : form.findChildren<QWidget*>()) {
+        const bool isShadow = control->objectName() == "lblKorvel_0"; // of the same words
+        if (!control->isVisible() || !control->isEnabled() || isShadow || wordsOf(*control).empty()) continue;
+        EXPECT_GE(paintedContrast(*control), leastContrast) << nameOf(*control) << ": " << wordsOf(*control);
+    }
+}
+
+// What a form is painted with in its lower right corner, where no control stands.
+QRgb groundOf(QWidget& form) {
+    const QImage image = form.grab().toImage();
+    return image.pixel(image.width() - 3, image.height() - 3);
+}
+
+struct Dark {
+    Dark() { QApplication::setPalette(paletteOf(Theme::dark)); }
+    ~Dark() { QApplication::setPalette(paletteOf(Theme::light)); }
+};
+
 class Access : public CleanGlobals, public testing::WithParamInterface<const char*> {
   protected:
     Access() {
@@ -205,14 +225,23 @@ TEST_P(Access, EveryStopTellsNameAndRole) {
 }
 
 TEST_P(Access, WordsStandOutFromTheirGround) {
+    withForm(expectWordsStandOut);
+}
+
+TEST_P(Access, WordsStandOutOnADarkDesktop) {
+    const Dark dark;
+    withForm(expectWordsStandOut);
+}
+
+// The desktop changes while the form is there.
+TEST_P(Access, WordsStandOutWhenTheDesktopGrowsDark) {
     withForm([](QWidget& form) {
-        for (QWidget* control : form.findChildren<QWidget*>()) {
-            const bool isShadow = control->objectName() == "lblKorvel_0"; // of the same words
-            if (!control->isVisible() || !control->isEnabled() || isShadow || wordsOf(*control).empty())
-                continue;
-            EXPECT_GE(paintedContrast(*control), leastContrast)
-                << nameOf(*control) << ": " << wordsOf(*control);
-        }
+        const QRgb before = groundOf(form);
+        const Dark dark;
+        passEvents();
+        EXPECT_GT(qGray(before), 200);
+        EXPECT_LT(qGray(groundOf(form)), 60);
+        expectWordsStandOut(form);
     });
 }
 

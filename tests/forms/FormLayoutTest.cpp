@@ -88,6 +88,10 @@ void expectWholeLines(const QListWidget& list) {
     EXPECT_GE(inside, 3 * list.sizeHintForRow(0)) << nameOf(list);
 }
 
+int linesOf(const QListWidget& list) {
+    return (list.height() - 2 * list.frameWidth()) / list.sizeHintForRow(0);
+}
+
 bool isTitle(const QWidget& control) {
     return control.objectName().startsWith("lblKorvel");
 }
@@ -261,6 +265,29 @@ TEST_P(FormLayout, SetUpFormWhileItWaits) {
     control<QLabel>(form, "Label_2").show();
     control<QProgressBar>(form, "Progress").show();
     expectLaidOut(form);
+    expectLaidOutWhenSmall(form, GetParam());
+}
+
+// Line by line: what a taller form has more is the lists'.
+TEST_P(FormLayout, SetUpFormGivesItsHeightToTheLists) {
+    startMainForm();
+    QWidget& form = formNamed("frmGraphData");
+    showFramed(form);
+    loadResults(form);
+    auto& features = control<QListWidget>(form, "lstFeatures");
+    EXPECT_EQ(linesOf(features), features.count()) << "no empty line, none hidden";
+    for (const char* const name : {"lstDets", "lstSites"}) {
+        auto& list = control<QListWidget>(form, name);
+        const int before = linesOf(list);
+        form.resize(form.width(), form.height() + 8 * features.sizeHintForRow(0));
+        passEvents();
+        EXPECT_GE(linesOf(list), before + 3) << name;
+        EXPECT_LT(list.parentWidget()->height() - list.geometry().bottom(), 4 * features.sizeHintForRow(0));
+        form.resize(form.width(), form.height() - 8 * features.sizeHintForRow(0));
+        passEvents();
+    }
+    expectLaidOut(form);
+    EXPECT_EQ(control<QWidget>(form, "txtTitle_1").height(), control<QWidget>(form, "Combo_1").height());
 }
 
 TEST_P(FormLayout, SetUpFormTabOrder) {

@@ -4,6 +4,7 @@
 #include "basic/DiskNames.h"
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
+#include "forms/GraphForms.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -45,7 +46,53 @@ class FrmEngine : public testing::Test {
     frmEngine form{platform};
 };
 
+// A script in Wine's place, and a folder of Wine's own that a first start would make.
+class OnWine : public FrmEngine {
+  protected:
+    OnWine() {
+        platform.putFile("wine", "#!/bin/sh\necho \"Wine runs ${1##*/}\"\n");
+        std::filesystem::permissions(hostPathOf(platform.pathOf("wine")), std::filesystem::perms::owner_all);
+        qputenv("PATH", QByteArray::fromStdString(hostPathOf(platform.folder())) + ":" + m_path);
+        qputenv("WINEPREFIX", QByteArray::fromStdString(hostPathOf(platform.folder())));
+        putEngine("MZ and what no script is");
+    }
+    ~OnWine() override {
+        qputenv("PATH", m_path);
+        qunsetenv("WINEPREFIX");
+    }
+    std::string outputFor(const std::vector<std::string>& dataFiles) {
+        frmEngine window(platform, {.dataFiles = dataFiles});
+        window.show();
+        static_cast<ShownForm&>(window).activate();
+        waitFor([&] { return control<QLabel>(window, "lblState").text() == "Finished"; });
+        return control<QPlainTextEdit>(window, "txtOutput").toPlainText().toStdString();
+    }
+
+  private:
+    const QByteArray m_path = qgetenv("PATH");
+};
+
+const std::string ran = "Wine runs korvelf157.exe\n";
+
 } // namespace
+
+TEST_F(OnWine, SaysWhatItWaitsForAtTheFirstStart) {
+    const std::string waits = "Wine prepares itself for its first start. This takes about half a minute.\n";
+    EXPECT_EQ(outputFor({"Z:\\DATA\\RIVER.DAT"}), waits + ran);
+    platform.putFile("system.reg", "made\r\n");
+    EXPECT_EQ(outputFor({"Z:\\DATA\\RIVER.DAT"}), ran);
+}
+
+TEST_F(OnWine, WarnsOfLettersThatAWindowsEngineMayNotRead) {
+    platform.putFile("system.reg", "made\r\n");
+    EXPECT_EQ(
+        outputFor({"Z:\\DATA\\PLAIN NAME.DAT", "Z:\\DATA\\\xC3\x89TANG.DAT"}),
+        "The engine is a Windows program. It may not find Z:\\DATA\\\xC3\x89TANG.DAT, as the name holds "
+        "letters outside its code page.\n" +
+            ran);
+    putEngine("#!/bin/sh\necho native\n");
+    EXPECT_EQ(outputFor({"Z:\\DATA\\\xC3\x89TANG.DAT"}), "native\n") << "one of this machine reads them all";
+}
 
 TEST_F(FrmEngine, ShowsOutputAndThatTheEngineHasFinished) {
     putEngine("#!/bin/sh\necho 'KORVEL demonstration engine'\npwd\necho \"arguments: $#\"\n");
@@ -214,6 +261,76 @@ TEST_F(FrmEngine, StaysQuickWhereALineNeverEnds) {
     show();
     EXPECT_TRUE(waitForState("Finished"));
     EXPECT_LT(longest, 1000) << "milliseconds without an event";
+}
+
+TEST_F(FrmEngine, RemembersARunAndWhatItsResultsSay) {
+    putEngine("#!/bin/sh\ncp river A.SGR\n");
+    platform.putFile("river", longRiver());
+    frmEngine window(platform, {6, {platform.pathOf("A.DAT")}});
+    window.show();
+    static_cast<ShownForm&>(window).activate();
+    ASSERT_TRUE(waitFor([&] { return platform.notedRuns.size() == 2; }));
+    const LastRun &ended = platform.notedRuns[0], &judged = platform.notedRuns[1];
+    EXPECT_EQ(ended.dataFile, platform.pathOf("A.DAT"));
+    EXPECT_EQ(ended.resultsFile, platform.pathOf("A.SGR"));
+    EXPECT_EQ(ended.runType, 6);
+    EXPECT_EQ(ended.state, "Finished");
+    EXPECT_EQ(ended.verdict, "");
+    EXPECT_EQ(judged.dataFile, ended.dataFile);
+    EXPECT_EQ(judged.ended, ended.ended);
+    EXPECT_EQ(judged.verdict, "No targets to judge by");
+    EXPECT_GT(judged.resultsStamp, 0);
+}
+
+TEST_F(FrmEngine, JudgesStillWhereItIsClosedAtOnce) {
+    putEngine("#!/bin/sh\ncp river A.SGR\ncp river B.SGR\n");
+    platform.putFile("river", longRiver());
+    frmEngine window(platform, {0, {platform.pathOf("A.DAT"), platform.pathOf("B.DAT")}});
+    window.show();
+    static_cast<ShownForm&>(window).activate();
+    ASSERT_TRUE(waitFor([&] { return !platform.notedRuns.empty(); }));
+    window.close();
+    ASSERT_EQ(platform.notedRuns.size(), 4U);
+    EXPECT_LT(platform.notedRuns[0].ended, platform.notedRuns[1].ended) << "of a batch one after the other";
+    for (const std::size_t k : {2U, 3U})
+        EXPECT_EQ(platform.notedRuns[k].verdict, "No targets to judge by");
+}
+
+TEST_F(FrmEngine, RemembersThatARunFailedAndJudgesNothing) {
+    putEngine("#!/bin/sh\ncp river A.SGR\nexit 3\n");
+    platform.putFile("river", longRiver());
+    frmEngine window(platform, {0, {platform.pathOf("A.DAT")}});
+    window.show();
+    static_cast<ShownForm&>(window).activate();
+    ASSERT_TRUE(waitFor([&] { return !platform.notedRuns.empty(); }));
+    window.close();
+    ASSERT_EQ(platform.notedRuns.size(), 1U);
+    EXPECT_EQ(platform.notedRuns[0].state, "Failed (status 3)");
+    EXPECT_EQ(platform.notedRuns[0].verdict, "");
+}
+
+TEST_F(FrmEngine, JudgesNoResultsThatAreOlderThanTheRun) {
+    putEngine("#!/bin/sh\ntouch -d '1 hour ago' A.SGR\n");
+    platform.putFile("A.SGR", longRiver());
+    frmEngine window(platform, {0, {platform.pathOf("A.DAT"), platform.pathOf("NONE.DAT")}});
+    window.show();
+    static_cast<ShownForm&>(window).activate();
+    ASSERT_TRUE(waitFor([&] { return platform.notedRuns.size() == 2; }));
+    window.close();
+    EXPECT_EQ(platform.notedRuns.size(), 2U);
+}
+
+TEST_F(FrmEngine, RemembersNoMoreOfABatchThanIsListed) {
+    putEngine("#!/bin/sh\nexit 0\n");
+    StartedRun batch;
+    for (int k = 0; k < 25; ++k)
+        batch.dataFiles.push_back(platform.pathOf("A" + std::to_string(k) + ".DAT"));
+    frmEngine window(platform, batch);
+    window.show();
+    static_cast<ShownForm&>(window).activate();
+    ASSERT_TRUE(waitFor([&] { return !platform.notedRuns.empty(); }));
+    ASSERT_EQ(platform.notedRuns.size(), MostLastRuns);
+    EXPECT_EQ(platform.notedRuns.back().dataFile, batch.dataFiles.back());
 }
 
 TEST(EngineProcesses, AreNeverWinesOwn) {

@@ -345,4 +345,11 @@ TEST_F(FrmReportsOutput, ReplacesNoResultsByTheirSpreadsheetFile) {
     EXPECT_TRUE(frame("frameProgress").isHidden());
 }
 
+TEST_F(FrmReportsOutput, GivesTheKeysBackWhereTheyWereBeforeItWasBusy) {
+    open();
+    determinands().setFocus();
+    open();
+    EXPECT_EQ(QApplication::focusWidget(), &determinands());
+}
+
 } // namespace korvel

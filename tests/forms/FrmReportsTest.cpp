@@ -1,42 +1,19 @@
 // The report form: its lists, boxes, menus and messages.
 #include "forms/ReportsForm.h"
 
-#include "results/LoadResultsFile.h"
-
 #include <QTest>
 
 namespace korvel {
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class FrmReports : public ReportsForm {
   protected:
-    // As after a run of the model.
-    void finishRun(const std::string& results) {
-        GLOBAL.fileNames[0] = platform.pathOf(results);
-        GLOBAL.reportResultsPending = true;
-        activate();
-    }
-    void readAsTheSetUpFormDoes(const std::string& results) {
-        GLOBAL.fileNames[0] = platform.pathOf(results);
-        GLOBAL.currentSlot = 0;
-        LoadResultsFile(platform, true);
-    }
-    QLabel& label(int index) { return control<QLabel>(form, "Label_" + std::to_string(index)); }
     std::vector<int> tickedBoxes() {
         std::vector<int> ticked;
         for (int index = 0; index <= 9; ++index)
             if (box(index).isChecked()) ticked.push_back(index);
         return ticked;
-    }
-    void expectVerdict(int columns, const std::string& fit, QColor colour) {
-        EXPECT_EQ(label(7).text().toStdString(),
-                  "Number of columns selected for printing =  " + std::to_string(columns));
-        EXPECT_EQ(label(8).text().toStdString(), fit);
-        for (const int index : {7, 8})
-            EXPECT_EQ(label(index).grab().toImage().pixelColor(2, 2), colour) << columns << " columns";
     }
     // The first `count` lines, with the mouse.
     void chooseDeterminands(int count) {
@@ -44,23 +21,6 @@ class FrmReports : public ReportsForm {
         clickLine(determinands(), count - 1, Qt::ShiftModifier);
     }
 };
-
-// Ten determinands, so twenty lines in the list; one reach, one point.
-ResultsFileBuilder wideRiver(int mode = 0) {
-    ResultsFileBuilder river;
-    river.title("Wide river").mode(mode);
-    for (int d = 1; d <= 10; ++d)
-        river.determinand(1, "Substance " + std::to_string(d));
-    river.reach(7, "Only reach").point(7, 0, "Head");
-    return river;
-}
-
-const QColor lightGreen(0, 255, 0), lightYellow(255, 255, 0), lightRed(255, 0, 0);
-
-std::string openDialog(const std::string& folder) {
-    return "open dialog \"Open results file\" filter \"Korvel graph files (*.SGR)|*.SGR\" folder \"" +
-           folder + "\" overwritePrompt no -> ";
-}
 
 } // namespace
 
@@ -103,48 +63,6 @@ TEST_F(FrmReports, IsEmptyBeforeResultsAreLoaded) {
         click(box(index));
         EXPECT_EQ(greyedItems(*form.menuBar()), (Lines{"mnuPrint", "mnuSpreadsheet"})) << index;
     }
-}
-
-TEST_F(FrmReports, OpensAResultsFile) {
-    open();
-    EXPECT_EQ(platform.takeTranscript(), openDialog("") + "{app}\\RIVER.SGR\ncurrent folder {app}\n");
-    EXPECT_EQ(GLOBAL.fileNames[0], platform.pathOf("RIVER.SGR"));
-    EXPECT_EQ(GLOBAL.currentSlot, 0);
-    EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("RIVER.SGR"));
-    EXPECT_EQ(selectedLines(determinands()),
-              (Lines{"BOD (Conc)", "Ammonia (Conc)", "BOD (Load)", "Ammonia (Load)"}));
-    EXPECT_EQ(selectedLines(reaches()), (Lines{"1 Upper Mill      ", "12 Lower Mill      "}));
-    EXPECT_EQ(determinands().count(), 4);
-    EXPECT_EQ(reaches().count(), 2);
-    EXPECT_TRUE(greyedItems(*form.menuBar()).empty());
-    EXPECT_TRUE(frame("frameProgress").isHidden());
-}
-
-TEST_F(FrmReports, TrimsTheChosenName) {
-    platform.willChoose(platform.pathOf("RIVER.SGR") + "  ");
-    choose(form, "mnuOpen");
-    EXPECT_EQ(GLOBAL.fileNames[0], platform.pathOf("RIVER.SGR"));
-    EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("RIVER.SGR"));
-}
-
-TEST_F(FrmReports, LeavesAllAsItWasWhereNoFileIsChosen) {
-    open();
-    clickLine(reaches(), 1);
-    platform.takeTranscript();
-    const std::string title = form.windowTitle().toStdString();
-    platform.willCancel();
-    choose(form, "mnuOpen");
-    EXPECT_EQ(platform.takeTranscript(), openDialog("{app}\\") + "cancel\n");
-    platform.willChooseRefused(platform.pathOf("X.SGR"), "The name can't be used.");
-    platform.willAnswer(Answer::ok);
-    choose(form, "mnuOpen");
-    EXPECT_EQ(platform.takeTranscript(), openDialog("{app}\\") +
-                                             "{app}\\X.SGR\ncurrent folder {app}\n"
-                                             "box [exclamation] File name: The name can't be used. -> ok\n");
-    EXPECT_EQ(form.windowTitle().toStdString(), title);
-    EXPECT_EQ(GLOBAL.fileNames[0], platform.pathOf("RIVER.SGR"));
-    EXPECT_EQ(selectedLines(reaches()), Lines{"12 Lower Mill      "});
-    EXPECT_TRUE(enabled("mnuPrint"));
 }
 
 TEST_F(FrmReports, SetsTheBoxesAsTheResultsSuggest) {
@@ -250,68 +168,6 @@ TEST_F(FrmReports, TellsWhichPageTheTableFits) {
     EXPECT_TRUE(enabled("mnuPrint"));
 }
 
-TEST_F(FrmReports, LoadsTheResultsOfARunOnce) {
-    finishRun("RIVER.SGR");
-    EXPECT_EQ(platform.takeTranscript(), "");
-    EXPECT_EQ(form.windowTitle(), "Korvel Reports");
-    EXPECT_EQ(selectedLines(reaches()).size(), 2U);
-    EXPECT_TRUE(enabled("mnuPrint"));
-    EXPECT_TRUE(enabled("mnuSpreadsheet"));
-    EXPECT_FALSE(GLOBAL.reportResultsPending);
-    expectVerdict(8, "Print orientation: Portrait", lightGreen);
-
-    clickLine(reaches(), 0);
-    activate();
-    EXPECT_EQ(selectedLines(reaches()), Lines{"1 Upper Mill      "}) << "nothing is loaded again";
-}
-
-TEST_F(FrmReports, LoadsIntoTheFirstSlotUnderItsOwnCaption) {
-    open();
-    GLOBAL.currentSlot = 1;
-    platform.putFile("NEXT.SGR", wideRiver().text());
-    finishRun("NEXT.SGR");
-    EXPECT_EQ(GLOBAL.currentSlot, 0);
-    EXPECT_EQ(form.windowTitle(), "Korvel Reports");
-    EXPECT_EQ(selectedLines(reaches()), Lines{"7 Only reach      "});
-    EXPECT_EQ(determinands().count(), 20);
-}
-
-TEST_F(FrmReports, KeepsItsListsWhereTheResultsOfARunCannotBeRead) {
-    open();
-    platform.takeTranscript();
-    platform.willAnswer(Answer::ok);
-    finishRun("NONE.SGR");
-    EXPECT_TRUE(
-        platform.takeTranscript().starts_with("box [exclamation] Error: There is an error in reading"));
-    EXPECT_EQ(selectedLines(reaches()).size(), 2U);
-    EXPECT_EQ(selectedLines(determinands()).size(), 4U);
-    EXPECT_EQ(form.windowTitle(), "Korvel Reports");
-    EXPECT_FALSE(GLOBAL.reportResultsPending);
-    EXPECT_EQ(greyedItems(*form.menuBar()), (Lines{"mnuPrint", "mnuSpreadsheet"}));
-    click(box(1));
-    clickLine(reaches(), 0);
-    EXPECT_EQ(greyedItems(*form.menuBar()), (Lines{"mnuPrint", "mnuSpreadsheet"}));
-    EXPECT_TRUE(frame("frameProgress").isHidden());
-    open();
-    EXPECT_TRUE(greyedItems(*form.menuBar()).empty());
-}
-
-TEST_F(FrmReports, KeepsItsListsWhereTheOpenedFileCannotBeRead) {
-    open();
-    platform.takeTranscript();
-    platform.putFile("BAD.SGR", "Title\r\n0\r\n1\r\nnonsense");
-    platform.willChoose(platform.pathOf("BAD.SGR"));
-    platform.willAnswer(Answer::ok);
-    choose(form, "mnuOpen");
-    EXPECT_NE(platform.takeTranscript().find("box [exclamation] Error: There is an error in reading"),
-              std::string::npos);
-    EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("BAD.SGR"));
-    EXPECT_EQ(selectedLines(reaches()), (Lines{"1 Upper Mill      ", "12 Lower Mill      "}));
-    EXPECT_EQ(selectedLines(determinands()).size(), 4U);
-    EXPECT_FALSE(enabled("mnuPrint"));
-    EXPECT_FALSE(enabled("mnuSpreadsheet"));
-}
-
 TEST_F(FrmReports, KeepsItsSelectionsWhileHidden) {
     open();
     clickLine(determinands(), 1);
@@ -328,56 +184,6 @@ TEST_F(FrmReports, ExitCloses) {
     choose(form, "mnuExit");
     EXPECT_EQ(platform.takeTranscript(), "close frmReports\n");
     EXPECT_FALSE(form.isVisible());
-}
-
-TEST_F(FrmReports, TakesOverAnotherFileThatTheSetUpFormHasRead) {
-    open();
-    platform.putFile("OTHER.SGR", wideRiver().text());
-    readAsTheSetUpFormDoes("OTHER.SGR");
-    activate();
-    EXPECT_EQ(reaches().count(), 1);
-    EXPECT_EQ(determinands().count(), 20);
-    EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("OTHER.SGR"));
-}
-
-TEST_F(FrmReports, FillsItsListsAnewWhereTheSameFileIsReadAgain) {
-    open();
-    reaches().clearSelection();
-    readAsTheSetUpFormDoes("RIVER.SGR");
-    activate();
-    EXPECT_EQ(reaches().selectedItems().size(), 2);
-    EXPECT_TRUE(box(8).isChecked());
-    clickLine(reaches(), 0);
-    activate();
-    EXPECT_EQ(reaches().selectedItems().size(), 1) << "nothing was read since";
-}
-
-TEST_F(FrmReports, TakesOverWhatTheSetUpFormReadFirst) {
-    readAsTheSetUpFormDoes("RIVER.SGR");
-    activate();
-    EXPECT_EQ(form.windowTitle().toStdString(), "Reports for " + platform.pathOf("RIVER.SGR"));
-    EXPECT_EQ(selectedLines(reaches()).size(), 2U);
-    EXPECT_TRUE(greyedItems(*form.menuBar()).empty());
-}
-
-TEST_F(FrmReports, SaysThatResultsCouldNotBeRead) {
-    const auto hint = [&] { return control<QLabel>(form, "lblNextStep").text().toStdString(); };
-    EXPECT_EQ(hint(), "Next: choose Open and pick a results file.");
-    platform.putFile("BAD.SGR", "nonsense");
-    platform.willChoose(platform.pathOf("BAD.SGR"));
-    platform.willAnswer(Answer::ok);
-    choose(form, "mnuOpen");
-    EXPECT_EQ(hint(), "The results could not be read. Choose Open and pick a results file.");
-    open();
-    EXPECT_EQ(hint(),
-              "Choose reaches, determinands and options, then Print tabular output or Spreadsheet file.");
-}
-
-TEST_F(FrmReports, OffersTheLastFolderBeforeAFileWasOpened) {
-    GLOBAL.LastFolder = "Z:\\RIVERS\\";
-    platform.willCancel();
-    choose(form, "mnuOpen");
-    EXPECT_EQ(platform.takeTranscript(), openDialog("Z:\\RIVERS\\") + "cancel\n");
 }
 
 TEST_F(FrmReports, PicksLinesFromTheMenusOfItsLists) {
@@ -414,17 +220,6 @@ TEST_F(FrmReports, SaysHowManyDeterminandsFit) {
     EXPECT_EQ(hint(), "With these options at most 1 determinand fits.") << "16 columns";
     chooseDeterminands(1);
     EXPECT_EQ(hint(), "");
-}
-
-TEST_F(FrmReports, MakesNothingOfAFileThatTheSetUpFormCouldNotRead) {
-    open();
-    platform.putFile("OTHER.SGR", "cut short");
-    platform.willAnswer(Answer::ok);
-    readAsTheSetUpFormDoes("OTHER.SGR");
-    activate();
-    EXPECT_FALSE(enabled("mnuPrint"));
-    EXPECT_FALSE(enabled("mnuSpreadsheet"));
-    EXPECT_EQ(form.windowTitle(), "Korvel Reports");
 }
 
 } // namespace korvel

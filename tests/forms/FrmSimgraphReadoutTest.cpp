@@ -27,7 +27,7 @@ class FrmSimgraphReadout : public DrawnGraphForm {
         drawing.height = area().height;
         GraphPrimitives primitives(drawing, GraphForm::graph, platform.platform().screenMetrics,
                                    platform.platform().paper.metrics());
-        const GraphLayout layout = DrawGraphs(primitives, false, area(), "01/02/2026");
+        const GraphLayout layout = DrawGraphs(primitives, OutputTarget::screen, area(), "01/02/2026");
         const PlotArea& panel = layout.blocks[0].panels[0].area;
         return {static_cast<int>(std::lround(xOf(layout, {0, index}) / 15)),
                 static_cast<int>(std::lround((drawing.height - (panel.bottom + panel.top) / 2) / 15))};

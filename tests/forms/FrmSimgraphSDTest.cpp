@@ -25,7 +25,7 @@ class FrmSimgraphSD : public DrawnGraphForm {
         Drawing drawing{.width = area().width, .height = area().height, .commands = {}};
         const FixedTextMetrics metrics;
         GraphPrimitives primitives(drawing, GraphForm::capture, metrics, metrics);
-        DrawGraphs(primitives, false, area(), dayMonthYear(platform.day));
+        DrawGraphs(primitives, OutputTarget::screen, area(), dayMonthYear(platform.day));
         return drawing;
     }
     QImage savedImage() {

@@ -44,6 +44,10 @@ class MemoryPlatform : private Dialogs, private Files, private Machine, private 
     void showFolder(const std::string&) override {}
     std::string guideFile() override { return ""; }
     bool openGuide(const std::string&) override { return false; }
+    std::string samplesFolder() override { return ""; }
+    std::vector<LastRun> lastRuns() override { return {}; }
+    void noteRun(const LastRun&) override {}
+    void watchLastRuns(std::function<void()>) override {}
 
     void showModal(ShownForm&) override {}
     void showModeless(ShownForm&) override {}

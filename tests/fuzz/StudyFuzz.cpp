@@ -7,6 +7,7 @@
 #include "analysis/Sources.h"
 #include "analysis/TidyTable.h"
 #include "fuzz/Fuzzing.h"
+#include "study/SeriesValues.h"
 #include "study/Study.h"
 #include "tables/Csv.h"
 #include "tables/Json.h"
@@ -14,7 +15,6 @@
 #include <cmath>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <numeric>
 
 namespace korvel {
 
@@ -76,12 +76,6 @@ void requireWritable(const Table& table) {
     require(nlohmann::json::accept(json), "a table is JSON");
 }
 
-std::vector<int> allSeries(const StudyRun& run) {
-    std::vector<int> series(static_cast<std::size_t>(2 * run.results().determinandCount + 1));
-    std::iota(series.begin(), series.end(), 0);
-    return series;
-}
-
 void requireNetwork(const RunFile& run, const Network& network) {
     std::size_t reaches = 0;
     for (const River& river : network.rivers) {
@@ -110,7 +104,7 @@ void requireMatch(const StudyRun& base, const StudyRun& run) {
 void requireChanges(const StudyRun& base, const StudyRun& run, const Network& network) {
     const ComparedRun pair = compared(base, run);
     for (const Statistic statistic : statistics) {
-        const ChangeRequest request{allSeries(base), statistic, {}, true};
+        const ChangeRequest request{allSeries(base.results()), statistic, {}, true};
         for (const ChangeRow& row : changeRows(pair, groupsByReach(*base.file, {}), request)) {
             const ChangeSummary& sums = row.summary;
             require(sums.clearRises + sums.clearFalls <= sums.points, "clear changes are at points");
@@ -156,7 +150,7 @@ void requireCompliance(const StudyRun& base, const StudyRun& run, const Network&
 
 void requireFit(const StudyRun& run) {
     FitRequest request;
-    request.series = allSeries(run);
+    request.series = allSeries(run.results());
     request.series.resize(static_cast<std::size_t>(run.results().determinandCount) + 1);
     request.statistics = {allStatistics.begin(), allStatistics.end()};
     for (const FitRow& row : fitRows(run, {wholeGroup(*run.file, {})}, request)) {
@@ -208,8 +202,8 @@ void requireAnalyses(const Study& study) {
         requireSources(each, networkOf(*each.file));
         requireCheck(each);
     }
-    requireWritable(
-        tidyTable(sequenceOf(study), {allSeries(base), {Statistic::mean, Statistic::p99}, {}, true}));
+    requireWritable(tidyTable(sequenceOf(study),
+                              {allSeries(base.results()), {Statistic::mean, Statistic::p99}, {}, true}));
 }
 
 } // namespace

@@ -47,7 +47,7 @@ class PrintGraphTest : public testing::Test {
         Drawing drawing{.width = area.width, .height = area.height, .commands = {}};
         const FixedTextMetrics metrics;
         GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
-        DrawGraphs(primitives, false, area, dayMonthYear(platform.day));
+        DrawGraphs(primitives, OutputTarget::screen, area, dayMonthYear(platform.day));
         return drawing;
     }
 

@@ -1,11 +1,11 @@
 #include "many/ClusterRun.h"
 
 #include "basic/Text.h"
+#include "commands/SingleRunRules.h"
 #include "fakes/ResultsFileBuilder.h"
 #include "many/ClusterTask.h"
 #include "many/FakeEngineRun.h"
 #include "many/FakeTools.h"
-#include "many/Rules.h"
 #include "platform/TemporaryFolder.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ struct Cluster : testing::Test {
             folder.put(std::string(base) + ".DAT", "good");
             text += std::string(base) + "," + base + ".DAT," + (*base == 'B' ? "4" : "0") + "\n";
         }
-        runs = readPlan(text, folder.path(), rulesOfRuns()).runs;
+        runs = readPlan(text, folder.path(), rulesOfSingleRuns()).runs;
         engine.what = [this](const std::string& where, const std::string&) {
             const std::string base = where.substr(where.rfind('/') + 1);
             if (folder.textOf(base + ".DAT") != "good") return EngineEnd{1, false, ""};
@@ -64,7 +64,7 @@ struct Cluster : testing::Test {
                 {"--time=1"}, afterFailure, {}};
     }
     void runTasks() {
-        const RunSetting setting = runSetting(places, rulesOfRuns(), folder.path("app"), "1");
+        const RunSetting setting = runSetting(places, rulesOfSingleRuns(), folder.path("app"), "1");
         for (const Submission& submission : submissionsOf(places))
             for (std::size_t task = 0; task < submission.tasks(); ++task)
                 if (!std::filesystem::exists(submission.record(task)))
@@ -244,7 +244,7 @@ TEST_F(Cluster, HasTasksThatEndWithTheirSubmission) {
         submission.remove();
         return EngineEnd{0, false, ""};
     };
-    const RunSetting setting = runSetting(places, rulesOfRuns(), folder.path("app"), "1");
+    const RunSetting setting = runSetting(places, rulesOfSingleRuns(), folder.path("app"), "1");
     EXPECT_EQ(carryOutTask(submission, 1, setting, engine), TaskEnd::notAll);
     EXPECT_EQ(engine.runs, 1);
     EXPECT_TRUE(submission.isGone());

@@ -1,5 +1,6 @@
 #include "many/FinishedRuns.h"
 
+#include "many/PlanPlaces.h"
 #include "many/RunRecord.h"
 #include "platform/TemporaryFolder.h"
 

@@ -1,10 +1,10 @@
 #include "many/LocalRun.h"
 
 #include "basic/RunTimeError.h"
+#include "commands/SingleRunRules.h"
 #include "fakes/ResultsFileBuilder.h"
 #include "many/FakeEngineRun.h"
 #include "many/FakeWorkers.h"
-#include "many/Rules.h"
 #include "platform/TemporaryFolder.h"
 
 #include <algorithm>
@@ -40,14 +40,14 @@ struct FiveRuns : testing::Test {
         std::string text = "name,data_file,type,title\n";
         for (const char* base : {"A", "B", "C", "D", "E"})
             text += std::string(base) + "," + base + ".DAT,0," + title + "\n";
-        runs = readPlan(text, folder.path(), rulesOfRuns()).runs;
+        runs = readPlan(text, folder.path(), rulesOfSingleRuns()).runs;
     }
 
     // One call of `korvel runs`. What ran stands in `ran`.
     DealEnd call(const std::string& resume = "", AfterFailure afterFailure = AfterFailure::goOn) {
         ran.clear();
         const RunSetting setting =
-            runSetting(placesOfPlan(folder.path("p.csv")), rulesOfRuns(), folder.path("app"), "1");
+            runSetting(placesOfPlan(folder.path("p.csv")), rulesOfSingleRuns(), folder.path("app"), "1");
         RecordFile record(setting.places.record, 0ms);
         workers.work = [&](const std::string& job) {
             if (onJob) onJob(job);

@@ -2,7 +2,7 @@
 
 #include "basic/ModelName.h"
 #include "basic/Text.h"
-#include "many/Rules.h"
+#include "commands/SingleRunRules.h"
 #include "platform/TemporaryFolder.h"
 
 #include <filesystem>
@@ -21,7 +21,7 @@ struct Catchments : testing::Test {
         folder.put("NAMEOFTHIRTYONECHARACTERSXX.DAT");
     }
 
-    Plan plan(const std::string& text) const { return readPlan(text, folder.path(""), rulesOfRuns()); }
+    Plan plan(const std::string& text) const { return readPlan(text, folder.path(""), rulesOfSingleRuns()); }
     std::vector<std::string> refusals(const std::string& text) const {
         EXPECT_FALSE(plan(text).problems.empty()) << text;
         return problemLines(plan(text), "p.csv");

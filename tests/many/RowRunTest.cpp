@@ -1,9 +1,9 @@
 #include "many/RowRun.h"
 
 #include "basic/RunTimeError.h"
+#include "commands/SingleRunRules.h"
 #include "fakes/ResultsFileBuilder.h"
 #include "many/FakeEngineRun.h"
-#include "many/Rules.h"
 #include "many/Sums.h"
 #include "platform/TemporaryFolder.h"
 
@@ -40,11 +40,12 @@ struct RowRunTest : testing::Test {
     }
 
     RunSetting setting() const {
-        return runSetting(placesOfPlan(folder.path("p.csv")), rulesOfRuns(), folder.path("app"), "1.2.3");
+        return runSetting(placesOfPlan(folder.path("p.csv")), rulesOfSingleRuns(), folder.path("app"),
+                          "1.2.3");
     }
     RunRecord run() {
         const Plan plan =
-            readPlan("name,data_file,type,title\nten %,A.DAT,4,T\n", folder.path(), rulesOfRuns());
+            readPlan("name,data_file,type,title\nten %,A.DAT,4,T\n", folder.path(), rulesOfSingleRuns());
         const RunSetting now = setting();
         return carryOut(now, plan.runs.at(0), startedRecord(now, plan.runs[0]), engine);
     }
@@ -87,7 +88,7 @@ TEST_F(RowRunTest, TellsTheResultsInTheFolderOfTheDataFile) {
         return EngineEnd{0, false, ""};
     };
     const Plan plan =
-        readPlan("name,data_file,type,title\nwet,wet/2020/A.DAT,4,T\n", folder.path(), rulesOfRuns());
+        readPlan("name,data_file,type,title\nwet,wet/2020/A.DAT,4,T\n", folder.path(), rulesOfSingleRuns());
     const RunSetting now = setting();
     const RunRecord record = carryOut(now, plan.runs.at(0), startedRecord(now, plan.runs[0]), engine);
     EXPECT_EQ(record.results, "wet/2020/A.SGR") << record.message;
@@ -107,8 +108,8 @@ TEST_F(RowRunTest, HasAFolderWithTheEnginesFilesAndItsOwnRunControlFile) {
     run();
     std::ranges::sort(names);
     EXPECT_EQ(names, (std::vector<std::string>{"ENGINE.DLL", "RUNDAT.TMP", "korvelf157.exe"}));
-    const RunFiles files = std::get<RunFiles>(rulesOfRuns().dataFile(folder.model("A.DAT")));
-    EXPECT_EQ(control, rulesOfRuns().runControlText(files, 4));
+    const RunFiles files = std::get<RunFiles>(rulesOfSingleRuns().dataFile(folder.model("A.DAT")));
+    EXPECT_EQ(control, rulesOfSingleRuns().runControlText(files, 4));
 }
 
 TEST_F(RowRunTest, StartsFromAnEmptyFolderAfterAFailure) {
@@ -205,7 +206,7 @@ TEST_F(RowRunTest, FailsWhereItsFilesChangeMeanwhile) {
 TEST_F(RowRunTest, TellsTheSumOfAnEngineThatWasReplacedSinceTheCallBegan) {
     const RunSetting before = setting();
     folder.put("app/korvelf157.exe", "another");
-    const Plan plan = readPlan("name,data_file,type\na,A.DAT,4\n", folder.path(), rulesOfRuns());
+    const Plan plan = readPlan("name,data_file,type\na,A.DAT,4\n", folder.path(), rulesOfSingleRuns());
     const RunRecord record = carryOut(before, plan.runs.at(0), startedRecord(before, plan.runs[0]), engine);
     EXPECT_EQ(record.state, RunState::done);
     EXPECT_EQ(record.engineSum, sha256Of("another"));

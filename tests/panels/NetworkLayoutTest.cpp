@@ -222,11 +222,11 @@ TEST(NetworkLayout, KeepsNamesApartAndInside) {
             EXPECT_LE(reach.y, layout.axisY);
         }
         for (std::size_t a = 0; a < layout.names.size(); ++a) {
-            const DrawnText& text = layout.names[a];
+            const DrawnText& text = layout.names[a].text;
             EXPECT_GE(text.corner.x, 0);
             EXPECT_LE(text.corner.x + text.width, layout.width);
             for (std::size_t b = 0; b < a; ++b) {
-                const DrawnText& other = layout.names[b];
+                const DrawnText& other = layout.names[b].text;
                 const bool apart = text.corner.x >= other.corner.x + other.width ||
                                    other.corner.x >= text.corner.x + text.width ||
                                    std::abs(text.corner.y - other.corner.y) >= 0.8 * text.height - 1;

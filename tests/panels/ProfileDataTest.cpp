@@ -19,8 +19,7 @@ ProfileView bodView(ProfileKind kind = ProfileKind::values) {
 
 ProfileData dataOf(const std::vector<ResultsFileBuilder>& files, const ProfileView& view) {
     const Study study = studyOf(files);
-    const auto reaches = firstPath(study, networkOf(*study.base().file));
-    return profileData(study, std::make_shared<const StudyPath>(studyPath(study, reaches)), view);
+    return profileData(study, std::make_shared<const StudyPath>(studyPath(study, mainReaches(study))), view);
 }
 
 const RunInPanel& runOfPanel(const ProfileData& data, std::size_t index = 0) {

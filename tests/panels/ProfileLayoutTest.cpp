@@ -24,8 +24,8 @@ struct Profile {
 };
 
 Profile profileOf(const Study& study, const ProfileView& view) {
-    const auto reaches = firstPath(study, networkOf(*study.base().file));
-    return {profileData(study, std::make_shared<const StudyPath>(studyPath(study, reaches)), view), view};
+    return {profileData(study, std::make_shared<const StudyPath>(studyPath(study, mainReaches(study))), view),
+            view};
 }
 
 ProfileView viewOf(std::vector<int> series) {

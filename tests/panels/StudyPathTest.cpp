@@ -32,7 +32,7 @@ ResultsFileBuilder withPoints(const std::vector<Labelled>& points) {
 }
 
 StudyPath wholePath(const Study& study) {
-    return studyPath(study, firstPath(study, networkOf(*study.base().file)));
+    return studyPath(study, mainReaches(study));
 }
 
 std::string placesOf(const Study& study, const StudyPath& path) {
@@ -131,31 +131,6 @@ TEST(StudyPath, CountsBothSidesOfAFeatureOnce) {
     EXPECT_EQ(nextFeature(path, 6, Along::down), std::nullopt);
     EXPECT_EQ(nextFeature(path, 6, Along::up), 1U);
     EXPECT_EQ(nextFeature(path, 1, Along::up), std::nullopt);
-}
-
-TEST(StudyPath, FirstGoesDownTheRiverOfTheLargestFlow) {
-    const auto file = [](double flowA, double flowB) {
-        ResultsFileBuilder file;
-        file.determinand(1, "BOD");
-        file.reach(1, "Long", 50, 0).reach(2, "Head", 3, 3).reach(3, "Mouth", 4, 0).reach(5, "Side", 1, 3);
-        file.point(1, 1, "A", 10).setAll(1).set(ValueField::meanValue, 0, flowA);
-        file.point(3, 1, "B", 10).setAll(1).set(ValueField::meanValue, 0, flowB);
-        return file;
-    };
-    const auto first = [&](double flowA, double flowB) {
-        const Study study = studyOf({file(flowA, flowB)});
-        return firstPath(study, networkOf(*study.base().file));
-    };
-    EXPECT_EQ(first(1, 2), (std::vector<int>{1, 2}));
-    EXPECT_EQ(first(2, 1), (std::vector<int>{0}));
-    EXPECT_EQ(first(2, 2), (std::vector<int>{0})); // of equals the first
-}
-
-TEST(StudyPath, TakesTheFirstReachWhereReachesRunInCircles) {
-    ResultsFileBuilder file;
-    file.determinand(1, "BOD").reach(1, "A", 5, 2).reach(2, "B", 5, 1).point(1, 1, "P", 10);
-    const Study study = studyOf({file});
-    EXPECT_EQ(firstPath(study, networkOf(*study.base().file)), (std::vector<int>{0}));
 }
 
 TEST(StudyPath, MayHaveNoPoints) {

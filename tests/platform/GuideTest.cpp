@@ -12,6 +12,12 @@ TEST(Guide, LiesWhereItIsInstalledOrBesideTheBuildsProgram) {
     EXPECT_EQ(guidePlaces("/usr/lib/korvel"), places);
 }
 
+TEST(Guide, HasTheSamplesLieBesideIt) {
+    const std::vector<std::string> places{"/usr/lib/korvel/../../share/doc/korvel/examples",
+                                          "/usr/lib/korvel/../../../samples"};
+    EXPECT_EQ(samplesPlaces("/usr/lib/korvel"), places);
+}
+
 TEST(Guide, IsOpened) {
     FakePlatform platform;
     OpenGuide(platform);

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <array>
+
 namespace korvel {
 
 namespace {
@@ -33,13 +35,38 @@ TEST_F(PageData, HoldsValuesLimitsTargetsAndSamples) {
     EXPECT_EQ(river["km"], json::parse("[0,4,10,10,15]"));
     EXPECT_EQ(river["reaches"], json::parse(R"([[0,"1 Reach 1",0],[10,"2 Reach 2",3]])"));
     const json& bod = river["series"][1][0];
-    EXPECT_EQ(bod["m"], json::parse("[2,6,3,3,4.5]"));
-    EXPECT_EQ(bod["ml"], json::parse("[1.5,5,2.5,2,4]"));
-    EXPECT_EQ(bod["mh"], json::parse("[2.5,7,3.5,4,5.5]"));
+    EXPECT_EQ(bod["m"], "2 6 3 3 4.5");
+    EXPECT_EQ(bod["ml"], "1.5 5 2.5 2 4");
+    EXPECT_EQ(bod["mh"], "2.5 7 3.5 4 5.5");
     EXPECT_EQ(bod["mo"], json::parse("[[1,5.5]]"));
     EXPECT_EQ(bod["t"], json::parse("[[0,4],[3,5]]"));
     EXPECT_FALSE(bod.contains("j")) << "BOD is judged by its mean";
     EXPECT_FALSE(river["series"][0][0].contains("ml")) << "the flow has no limits";
+}
+
+TEST_F(PageData, HoldsLimitsOfLoads) {
+    ResultsFileBuilder file = riverOf({{1, 10}});
+    using enum ValueField;
+    for (const auto& [km, value, first, second] : {std::array{0, 10, 12, 8}, {1, 20, 24, 24}, {2, 30, 36, 1}})
+        file.point(1, km, "P", 10)
+            .setAll(0)
+            .set(meanValue, 2, value)
+            .set(meanLimit1, 2, first)
+            .set(meanLimit2, 2, second);
+    read({file});
+    const json& load = river["series"][2][0];
+    EXPECT_EQ(load["m"], "10 20 30");
+    EXPECT_EQ(load["ml"], "8  1") << "the second point's limits are no two";
+    EXPECT_EQ(load["mh"], "12  36");
+}
+
+TEST_F(PageData, TellsOfAnotherRunWhatIsNotLikeTheBase) {
+    read({millRiver(), millRiver(3), millRiver()});
+    const json& bod = river["series"][1];
+    EXPECT_EQ(bod[1]["m"], "= 3 =3");
+    EXPECT_EQ(bod[1]["ml"], "= 2 =3");
+    EXPECT_EQ(bod[2]["m"], "=5");
+    EXPECT_EQ(river["series"][0][1]["m"], "=5") << "the flow";
 }
 
 TEST_F(PageData, KeepsWhatIsJudgedBesideTheMean) {
@@ -47,7 +74,7 @@ TEST_F(PageData, KeepsWhatIsJudgedBesideTheMean) {
     addPoints(file, 1, {{.distance = 0, .value = 2, .target = 4}, {.distance = 1, .value = 2, .target = 4}});
     file.set(ValueField::percentileValues, 1, 3.25, 1);
     read({file});
-    EXPECT_EQ(river["series"][1][0]["j"], json::parse("[0,3.25]"));
+    EXPECT_EQ(river["series"][1][0]["j"], "0 3.25");
     EXPECT_EQ(setup["series"][1]["other"], "95 percentile");
     EXPECT_TRUE(setup["series"][0]["other"].is_null());
 }
@@ -57,8 +84,8 @@ TEST_F(PageData, HasNothingWhereARunHasNoPoint) {
     addPoints(other, 1, {{.distance = 5, .value = 1}});
     read({millRiver(), other});
     EXPECT_EQ(river["km"], json::parse("[0,4,5,10,10,15]"));
-    EXPECT_EQ(river["series"][1][0]["m"], json::parse("[2,6,null,3,3,4.5]"));
-    EXPECT_EQ(river["series"][1][1]["m"], json::parse("[null,null,1,null,null,null]"));
+    EXPECT_EQ(river["series"][1][0]["m"], "2 6  3 3 4.5");
+    EXPECT_EQ(river["series"][1][1]["m"], "  1   ");
 }
 
 TEST_F(PageData, NamesRunsAndSeries) {
@@ -110,7 +137,7 @@ TEST(PageThinning, StaysWithinTheLimits) {
     EXPECT_EQ(plan.mostPlaces, 7U);
     EXPECT_EQ(plan.placesInAll, 5U);
     EXPECT_EQ(plan.rivers.size(), 1U);
-    EXPECT_EQ(plan.verticesOfCurve, 600U / (3 * 6));
+    EXPECT_EQ(plan.verticesOfCurve, 600U / (3 * 8));
 }
 
 } // namespace

@@ -45,8 +45,7 @@ inline ResultsFileBuilder millRiver(double atMill = 6, const std::string& label 
 
 inline PageRequest requestOf(const Study& study) {
     PageRequest request;
-    for (int series = 0; series < study.base().results().seriesCount + 1; ++series)
-        request.series.push_back(series);
+    request.series = allSeries(study.base().results());
     return request;
 }
 

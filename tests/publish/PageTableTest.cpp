@@ -41,10 +41,21 @@ TEST(PageTable, KeepsExactNumbersBesideRoundedOnes) {
     EXPECT_TRUE(holds(html, "<th scope=row class=t>a&lt;b<td data-v=0.3333333333333333>0.3333<td>7"
                             "<td class=t data-v=true>yes\n"))
         << html;
-    EXPECT_TRUE(holds(html, "<th scope=row class=t>c<td><td data-v=2.5>2.500<td class=t data-v=false>no\n"))
-        << html;
+    EXPECT_TRUE(holds(html, "<th scope=row class=t>c<td><td>2.500<td class=t data-v=false>no\n")) << html;
     EXPECT_TRUE(holds(html, "<caption id=\"t-c\">Caption &lt;1&gt;</caption>")) << html;
     EXPECT_TRUE(holds(html, "data-name=\"failing_length\"")) << html;
+}
+
+TEST(PageTable, LeavesOutWhatTheRoundedNumberSays) {
+    for (const auto& [value, cell] : {std::pair{1.84, "<td>1.840\n"},
+                                      {3.0, "<td>3.000\n"},
+                                      {1200.0, "<td>1200\n"},
+                                      {1.23456, "<td data-v=1.23456>1.235\n"},
+                                      {0.0, "<td>0\n"}}) {
+        const Table table{
+            "t", {{"value"}}, [value = value](RowTaker& taker) { taker.row(std::vector<Cell>{value}); }};
+        EXPECT_TRUE(holds(written(table, {"t", "c", 0}), cell)) << written(table, {"t", "c", 0});
+    }
 }
 
 TEST(PageTable, MarksVerdicts) {
@@ -85,6 +96,21 @@ TEST(PageTables, TellTheWorstFirst) {
     const std::string later = written(worstComplianceTable(judged.runs()[1]));
     EXPECT_GT(later.find(">Reach 1<"), later.find(">Reach 2<"));
     EXPECT_NE(later.find("fail to pass"), std::string::npos);
+}
+
+TEST(PageTables, HoldLossesOfRunsSideBySide) {
+    const Study study = studyOf({millRiver(), millRiver(3)});
+    const PageRequest request = requestOf(study);
+    const PageStudy judged(study, request);
+    PageSources sources;
+    sources.runs.resize(2);
+    sources.runs[0].losses = {{"Along Upper", 1, {}, 2.5}, {"Mill", 1, 4.0, 7.25}};
+    sources.runs[1].losses = {{"Mill", 1, 4.0, 1.75}, {"Start of Lower", 2, {}, 9}};
+    const std::string table = written(comparedLossesTable(judged, sources));
+    EXPECT_TRUE(holds(table, ">Mill<td>1<td class=t>Reach 1<td>4.000<td>7.250<td>1.750\n")) << table;
+    EXPECT_TRUE(holds(table, ">Along Upper<td>1<td class=t>Reach 1<td><td>2.500<td>\n")) << table;
+    EXPECT_TRUE(holds(table, ">Start of Lower<td>2<td class=t>Reach 2<td><td><td>9.000\n")) << table;
+    EXPECT_LT(table.find(">Mill<"), table.find(">Along Upper<")) << "the base's largest first";
 }
 
 TEST(PageTables, HoldSourcesOfRunsSideBySide) {

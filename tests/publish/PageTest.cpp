@@ -77,6 +77,30 @@ TEST(Page, CutsTextsThatAreVeryLong) {
     const std::string page = pageOf(studyOf({millRiver(6, std::string(100000, 'W'))}));
     EXPECT_LT(page.size(), 300000U);
     EXPECT_TRUE(holds(page, std::string(400, 'W') + "\u2026"));
+    const std::string whole = "id=\"text-1\">" + std::string(100000, 'W') + "</p>";
+    EXPECT_TRUE(holds(page, whole)) << "it stands once, whole";
+    EXPECT_TRUE(holds(page, "data-text=1>")) << "and tables lead to it";
+    EXPECT_TRUE(holds(page, "<a href=\"#text-1\">(whole text)</a>"));
+    EXPECT_FALSE(holds(pageOf(studyOf({millRiver()})), "id=\"texts\""));
+}
+
+TEST(Page, LeadsFromTheNetworkToItsRivers) {
+    const std::string page = pageOf(studyOf({millRiver()}));
+    EXPECT_TRUE(holds(page, "<a href=\"#river-1\" fill="));
+    EXPECT_TRUE(holds(page, "<section class=\"river\" id=\"river-1\""));
+    EXPECT_TRUE(holds(page, "role=\"group\" aria-labelledby=\"network-1-t network-1-d\""));
+}
+
+TEST(Page, ColoursEachRunsLimitsAsTheRun) {
+    const std::string page = pageOf(studyOf({millRiver(), millRiver(3)}));
+    for (const char* band : {"class=\"band run-0\"", "class=\"band run-1\""})
+        EXPECT_TRUE(holds(page, band)) << band;
+}
+
+TEST(Page, SetsModelAgainstSamplesInAPicture) {
+    const std::string page = pageOf(studyOf({millRiver(), millRiver(3)}));
+    EXPECT_TRUE(holds(page, "Observed and simulated, BOD, mean, a.sgr"));
+    EXPECT_TRUE(holds(page, "Observed and simulated, BOD, mean, b.sgr"));
 }
 
 TEST(Page, IsTheSameForTheSameRuns) {

@@ -35,7 +35,7 @@ std::vector<Drawing> pagesOf(const std::string& text) {
 // ends.
 class EvenMetrics : public TextMetrics {
   public:
-    explicit EvenMetrics(int cells) : m_width((8.26 / 1.043 - 0.3) / cells * twipsToAnInch) {}
+    explicit EvenMetrics(int cells) : m_width((8.26 / 1.043 - 0.3) / cells * twipsPerInch) {}
     TextSize measure(std::string_view text, const Font&) const override {
         return {static_cast<double>(text.size()) * m_width, 144};
     }
@@ -124,7 +124,7 @@ TEST(Listing, LosesWhatLiesBeyondThePaper) {
 
 TEST(Listing, LosesACharacterThatStartsAtTheVeryEdgeOfThePaper) {
     const EvenMetrics metrics(4);
-    const double cell = metrics.measure(" ", {}).width / twipsToAnInch;
+    const double cell = metrics.measure(" ", {}).width / twipsPerInch;
     ASSERT_EQ(0.3 + 4 * cell, 8.26 / 1.043);
     EXPECT_EQ(textsOf(pagesOf("abcde", metrics).at(0)), (Texts{"0.30 0.30 abcd"}));
     EXPECT_TRUE(linesOf(pagesOf("abcd\xC4", metrics).at(0)).empty());

@@ -128,6 +128,16 @@ TEST(SeriesValues, TakeEachStatisticFromItsPlace) {
     }
 }
 
+TEST(SeriesValues, AreOfFlowConcentrationsAndLoads) {
+    const SharedRun run =
+        runOf(ResultsFileBuilder().determinand(1, "BOD").determinand(1, "DO").reach(1, "A", 5, 0));
+    EXPECT_EQ(allSeries(run->results), (std::vector<int>{0, 1, 2, 3, 4}));
+    EXPECT_EQ(run->results.loadOf(2), 4);
+    EXPECT_EQ(run->results.loadOf(0), 0);
+    EXPECT_TRUE(isLoad(run->results, 3));
+    EXPECT_FALSE(isLoad(run->results, 2));
+}
+
 TEST(SeriesValues, OfFlowHaveNoLimitsAndNoTarget) {
     const SharedRun run = runOf(ResultsFileBuilder().determinand(1, "BOD").reach(1, "A").point(1, 0, "P"));
     const SeriesValues flow = seriesValues(run->results, 0, Statistic::p95);

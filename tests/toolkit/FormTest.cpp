@@ -4,6 +4,7 @@
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 
+#include <QAccessible>
 #include <QTest>
 
 namespace korvel {
@@ -16,6 +17,7 @@ class SampleForm : public Form {
         onClick(mnuFail, [] { throw RunTimeError(errors::fileNotFound); });
         on(cmdGo, &QPushButton::clicked, [this] { happened += "go "; });
     }
+    using Form::clearBackground;
     using Form::controlPlace;
     using Form::ScaleFormControls;
     using Form::setBackground;
@@ -87,6 +89,12 @@ TEST_F(FormTest, NamesItsControlsForThoseWhoCannotSeeThem) {
     EXPECT_EQ(control<QListWidget>(form, "lstReaches").accessibleName(), "Reaches");
 }
 
+TEST_F(FormTest, HasItsLabelsReadAsTheyAreNow) {
+    auto& label = control<QLabel>(form, "lblName");
+    label.setText("Finished");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), "Finished");
+}
+
 TEST_F(FormTest, ScalesPlacesAndTruncatesFonts) {
     form.ScaleFormControls(2, 1.5);
     EXPECT_EQ(placeOf("lblName"), QRect(20, 30, 200, 24));
@@ -119,6 +127,21 @@ TEST_F(FormTest, ColoursABackground) {
     SampleForm::setBackground(inner, Rgb{255, 255, 0});
     form.show();
     EXPECT_EQ(inner.grab().toImage().pixelColor(inner.rect().center()), QColor(255, 255, 0));
+}
+
+// Words are read on the colours that columns, modes and progress have, whatever the desktop's.
+TEST_F(FormTest, WritesReadablyOnAGivenGround) {
+    auto& inner = control<QFrame>(form, "frameInner");
+    using Given = std::pair<Rgb, Qt::GlobalColor>;
+    for (const auto& [ground, words] :
+         {Given({255, 255, 0}, Qt::black), Given({255, 0, 0}, Qt::black), Given({0, 255, 0}, Qt::black),
+          Given({255, 255, 255}, Qt::black), Given({0, 0, 128}, Qt::white)}) {
+        SampleForm::setBackground(inner, ground);
+        EXPECT_EQ(inner.palette().color(QPalette::WindowText), QColor(words));
+    }
+    SampleForm::clearBackground(inner);
+    EXPECT_EQ(inner.palette().color(QPalette::WindowText), form.palette().color(QPalette::WindowText));
+    EXPECT_EQ(inner.palette().color(QPalette::Window), form.palette().color(QPalette::Window));
 }
 
 TEST_F(FormTest, TakesItsOuterPlace) {

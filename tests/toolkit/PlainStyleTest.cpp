@@ -1,12 +1,18 @@
 #include "toolkit/forms/PlainStyle.h"
 
+#include "forms/FormDriver.h"
+
 #include <QImage>
+#include <QListWidget>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 
 #include <QCheckBox>
@@ -70,6 +76,53 @@ TEST(PlainStyle, LetsEmptyBoxesBeSeenOnAnyGround) {
     QPalette dark(QColor(0x2d, 0x34, 0x38), QColor(0x22, 0x27, 0x2a));
     dark.setColor(QPalette::PlaceholderText, QColor(0x7d, 0x88, 0x8d));
     EXPECT_GT(outlineStandsOut(dark), 80);
+}
+
+// How wide an arrow's dark part is in a button of this size.
+int widthOfArrow(int side) {
+    PlainStyle style;
+    QToolButton button;
+    button.setArrowType(Qt::UpArrow);
+    QImage image(side, side, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QStyleOption option;
+    option.rect = image.rect();
+    option.palette.setColor(QPalette::ButtonText, Qt::black);
+    style.drawPrimitive(QStyle::PE_IndicatorArrowUp, &option, &painter, &button);
+    painter.end();
+    int left = side, right = 0;
+    for (int x = 0; x < side; ++x)
+        for (int y = 0; y < side; ++y)
+            if (qGray(image.pixel(x, y)) < 128) left = qMin(left, x), right = qMax(right, x);
+    return right - left + 1;
+}
+
+TEST(PlainStyle, LetsArrowsGrowWithTheirButton) {
+    EXPECT_NEAR(widthOfArrow(40), 17, 2);
+    EXPECT_NEAR(widthOfArrow(80), 35, 3);
+}
+
+// Fusion shows it of neither: of a list by its current line alone, of a flat button not at all.
+TEST(PlainStyle, ShowsTheFocusOfEmptyListsAndFlatButtons) {
+    PlainStyle style;
+    QWidget window;
+    QListWidget list(&window);
+    QPushButton button("More", &window), other(&window);
+    button.setFlat(true);
+    list.setGeometry(10, 10, 80, 60);
+    button.setGeometry(10, 80, 80, 24);
+    other.setGeometry(10, 120, 80, 24);
+    const std::array<QWidget*, 2> both{&list, &button};
+    for (QWidget* each : both)
+        each->setStyle(&style);
+    showActive(window);
+    for (QWidget* each : both) {
+        other.setFocus();
+        const QImage without = each->grab().toImage();
+        each->setFocus();
+        EXPECT_NE(each->grab().toImage(), without) << each->metaObject()->className();
+    }
 }
 
 TEST(PlainStyle, LeavesTheOtherIconsToFusion) {

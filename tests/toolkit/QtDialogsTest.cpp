@@ -9,7 +9,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -92,6 +94,62 @@ TEST_F(QtDialogsTest, AsksAQuestionWithYesAndNo) {
     EXPECT_EQ(answerTo(question, pressing(QMessageBox::Yes)), Answer::yes);
     EXPECT_EQ(answerTo(question, pressing(QMessageBox::No)), Answer::no);
     EXPECT_EQ(answerTo(question, [](QMessageBox& box) { box.reject(); }), Answer::no) << "Escape";
+}
+
+TEST_F(QtDialogsTest, AsksWhetherToSaveWithAWayBack) {
+    const Message question{"Save?", "", Icon::question, Buttons::saveDiscardCancel};
+    const auto pressing = [](QMessageBox::StandardButton button) {
+        return [button](QMessageBox& box) { box.button(button)->click(); };
+    };
+    EXPECT_EQ(answerTo(question, pressing(QMessageBox::Save)), Answer::save);
+    EXPECT_EQ(answerTo(question, pressing(QMessageBox::Discard)), Answer::discard);
+    EXPECT_EQ(answerTo(question, pressing(QMessageBox::Cancel)), Answer::cancel);
+    EXPECT_EQ(answerTo(question, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }),
+              Answer::cancel);
+    EXPECT_EQ(answerTo(question, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }),
+              Answer::save);
+}
+
+TEST_F(QtDialogsTest, OpensSeveralFilesAtOnce) {
+    m_folder.put("a.sgr", "x");
+    m_folder.put("b.sgr", "x");
+    m_folder.put("c.sgr", "x");
+    std::vector<ChosenFile> files;
+    const auto choosing = [&](const QString& names) {
+        inTheNext<QFileDialog>([names](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(names);
+            static_cast<QDialog&>(dialog).accept();
+        });
+        FileDialogSettings settings;
+        settings.initialFolder = m_folder.model();
+        files = m_dialogs.chooseFiles(settings);
+    };
+    choosing("\"a.sgr\" \"c.sgr\"");
+    ASSERT_EQ(files.size(), 2u);
+    EXPECT_EQ(files[0].name, m_folder.model("a.sgr"));
+    EXPECT_EQ(files[1].name, m_folder.model("c.sgr"));
+    EXPECT_EQ(QDir::currentPath().toStdString(), m_folder.path());
+    choosing("b.sgr");
+    ASSERT_EQ(files.size(), 1u);
+    inTheNext<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    EXPECT_TRUE(m_dialogs.chooseFiles({}).empty());
+}
+
+TEST_F(QtDialogsTest, ProposesANameAndEndsItAsTheChosenKindOfFile) {
+    FileDialogSettings settings;
+    settings.initialFolder = m_folder.model();
+    settings.filter = "Comma separated (*.csv)|*.csv|Workbook (*.xlsx)|*.xlsx";
+    settings.defaultExtension = "csv";
+    settings.proposedName = "values.csv";
+    const auto proposed = chosenIn(FileDialogKind::save, settings,
+                                   [](QFileDialog& dialog) { static_cast<QDialog&>(dialog).accept(); });
+    EXPECT_EQ(proposed.value_or(ChosenFile{}).name, m_folder.model("values.csv"));
+    const auto workbook = chosenIn(FileDialogKind::save, settings, [](QFileDialog& dialog) {
+        emit dialog.filterSelected("Workbook (*.xlsx)");
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("values");
+        static_cast<QDialog&>(dialog).accept();
+    });
+    EXPECT_EQ(workbook.value_or(ChosenFile{}).name, m_folder.model("values.xlsx"));
 }
 
 TEST_F(QtDialogsTest, OpensTheFileDialogAsItsSettingsSay) {

@@ -52,7 +52,7 @@ class DrawTest(unittest.TestCase):
         for name in ("src/basic/Text.cpp", "src/graphs/draw/Panel.h", "engine/DataRow.cpp", "src/drawing/Axis.cpp"):
             self.assertTrue(mutate.is_core(name), name)
         for name in ("src/help/frmHelp.cpp", "src/app/main.cpp", "src/toolkit/forms/Form.cpp", "src/commands/Words.cpp",
-                     "src/drawing/paint/GlyphFonts.cpp", "src/explore/window/Theme.cpp", "tests/basic/TextTest.cpp",
+                     "src/drawing/paint/GlyphFonts.cpp", "src/explore/window/Icons.cpp", "tests/basic/TextTest.cpp",
                      "src/basic/CMakeLists.txt"):
             self.assertFalse(mutate.is_core(name), name)
 

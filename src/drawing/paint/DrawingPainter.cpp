@@ -1,5 +1,6 @@
 #include "drawing/paint/DrawingPainter.h"
 
+#include "drawing/Units.h"
 #include "drawing/paint/CrossStamps.h"
 #include "drawing/paint/MergedLines.h"
 #include "drawing/paint/PageTexts.h"
@@ -25,7 +26,6 @@ namespace {
 
 constexpr double screenDotsPerInch = 96;
 constexpr double pageDotsPerInch = 300;
-constexpr double pointsPerInch = 72;
 constexpr double finerGrid = 8; // steps a logical pixel where lines are stored, not painted
 
 bool storesLines(const QPainter& painter) {

@@ -20,6 +20,9 @@ namespace korvel {
 
 namespace {
 
+constexpr double screenDotsPerInch = 96; // at a device pixel a pixel
+constexpr double metresOfInch = 0.0254;
+
 QSize logicalSize(const Drawing& drawing) {
     return {pixels(drawing.width), pixels(drawing.height)};
 }
@@ -41,7 +44,12 @@ std::string withoutControls(std::string xml) {
 }
 
 std::string pngBytes(const Drawing& drawing, double pixelRatio) {
-    return imageBytes(pictureOf(drawing, pixelRatio), "PNG");
+    QImage picture = pictureOf(drawing, pixelRatio);
+    // So that documents which take it up show it as large as it was laid out.
+    const int dotsPerMetre = qRound(screenDotsPerInch * pixelRatio / metresOfInch);
+    picture.setDotsPerMeterX(dotsPerMetre);
+    picture.setDotsPerMeterY(dotsPerMetre);
+    return imageBytes(picture, "PNG");
 }
 
 std::string bmpBytes(const Drawing& drawing, double pixelRatio) {
@@ -67,22 +75,11 @@ std::string svgBytes(const Drawing& drawing, double) {
     return withoutControls(buffer.data().toStdString());
 }
 
-std::vector<const PictureFormat*> chosenFormats(PictureChoice choice) {
-    std::vector<const PictureFormat*> chosen;
+std::string choiceOf(PictureChoice choice, const char* PictureFormat::*part, const std::string& conjunction) {
+    std::vector<std::string> parts;
     for (const PictureFormat& format : pictureFormats())
-        if (choice == PictureChoice::all || !format.hasOwnDialog) chosen.push_back(&format);
-    return chosen;
-}
-
-// "a, b or c"
-std::string inWords(PictureChoice choice, const char* PictureFormat::*part, const std::string& conjunction) {
-    const std::vector<const PictureFormat*> formats = chosenFormats(choice);
-    std::string words;
-    for (const PictureFormat* format : formats) {
-        if (!words.empty()) words += format == formats.back() ? " " + conjunction + " " : ", ";
-        words += format->*part;
-    }
-    return words;
+        if (choice == PictureChoice::all || !format.hasOwnDialog) parts.emplace_back(format.*part);
+    return inWords(parts, conjunction);
 }
 
 } // namespace
@@ -102,22 +99,23 @@ const PictureFormat* pictureFormatOf(const std::string& fileName) {
 }
 
 std::string pictureExtensions(PictureChoice choice, const std::string& conjunction) {
-    return inWords(choice, &PictureFormat::extension, conjunction);
+    return choiceOf(choice, &PictureFormat::extension, conjunction);
 }
 
 std::string pictureNames(PictureChoice choice, const std::string& conjunction) {
-    return inWords(choice, &PictureFormat::name, conjunction);
+    return choiceOf(choice, &PictureFormat::name, conjunction);
 }
 
 std::string pictureFilter() {
     std::string patterns;
-    for (const PictureFormat* format : chosenFormats(PictureChoice::ofDialog))
-        patterns += (patterns.empty() ? "*" : " *") + std::string(format->extension);
+    for (const PictureFormat& format : pictureFormats())
+        if (!format.hasOwnDialog) patterns += (patterns.empty() ? "*" : " *") + std::string(format.extension);
     return "Picture files (" + patterns + ")|" + patterns;
 }
 
 QImage pictureOf(const Drawing& drawing, double pixelRatio) {
-    QImage image(logicalSize(drawing) * pixelRatio, QImage::Format_RGB32);
+    const auto pixelsOf = [&](double twips) { return qRound(twips / twipsPerPixel * pixelRatio); };
+    QImage image(pixelsOf(drawing.width), pixelsOf(drawing.height), QImage::Format_RGB32);
     if (image.isNull()) throw RunTimeError(errors::outOfMemory);
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::white);

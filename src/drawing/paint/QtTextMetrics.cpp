@@ -1,5 +1,6 @@
 #include "drawing/paint/QtTextMetrics.h"
 
+#include "drawing/Units.h"
 #include "drawing/paint/Shown.h"
 
 #include <algorithm>
@@ -9,7 +10,6 @@ namespace korvel {
 namespace {
 
 constexpr int referencePixels = 256;
-constexpr double twipsPerPoint = 20;
 
 QFont evenFont(const Font& font) {
     QFont qt(shown(font.name));

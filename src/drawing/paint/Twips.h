@@ -1,11 +1,11 @@
-// 15 twips are one logical pixel.
+// Twips as pixels.
 #pragma once
+
+#include "drawing/Units.h"
 
 #include <cmath>
 
 namespace korvel {
-
-inline constexpr double twipsPerPixel = 15;
 
 inline int pixels(double twips) {
     return static_cast<int>(std::lround(twips / twipsPerPixel));

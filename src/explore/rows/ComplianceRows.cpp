@@ -30,10 +30,6 @@ std::set<int> targetedIn(const TableScope& scope) {
     return targeted;
 }
 
-std::string statisticWords(Statistic statistic) {
-    return statistic == Statistic::mean ? "mean" : std::string(nameOf(statistic)) + " percentile";
-}
-
 // 0 to 1, growing with the ratio; what has none is worst.
 double badness(const WorstPoint& worst) {
     if (!worst.judgement.ratio) return 1;
@@ -44,7 +40,7 @@ std::string worstNote(const ReachCompliance& reach, const StudyRun& run, const J
     const PointJudgement& worst = reach.worst->judgement;
     const bool high = judged.side == BadSide::high;
     std::string text = "worst at " + pointTitle(run.results(), reach.worst->point) + ": " +
-                       statisticWords(judged.statistic) + " " + shownNumber(worst.value) + ", target " +
+                       wordsOf(judged.statistic) + " " + shownNumber(worst.value) + ", target " +
                        shortestNumber(worst.target) + (high ? "" : ", bad when low");
     if (reach.needed.value_or(0) > 0)
         text += ", " + shownDecimals(*reach.needed, 0) + (high ? " % less" : " % more") + " is needed";

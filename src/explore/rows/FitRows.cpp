@@ -1,6 +1,7 @@
 #include "explore/rows/FitRows.h"
 
 #include "study/SeriesValues.h"
+#include "tables/PeopleNumbers.h"
 
 #include <algorithm>
 
@@ -191,6 +192,14 @@ std::string FitRows::whyEmpty() const {
     if (m_hasCircles) return "Reaches run in a circle, so that there are no rivers.";
     return m_runs.size() == 1 ? "Nothing of these series is observed in this file."
                               : "Nothing of these series is observed in these files.";
+}
+
+std::string wordsOf(const FitScatter& scatter, const ScatterPoint& point) {
+    const ResultsDataSet& results = scatter.run.results();
+    const int at = point.observed.point;
+    return pointTitle(results, at) + ", reach " + reachTitle(*scatter.run.file, results.pointReach[at]) +
+           ": observed " + shownNumber(point.observed.observed) + ", simulated " +
+           shownNumber(point.observed.value);
 }
 
 } // namespace korvel

@@ -5,6 +5,7 @@
 #include "analysis/ReachGroups.h"
 #include "explore/rows/RowSource.h"
 #include "explore/rows/TableScope.h"
+#include "panels/FitScatter.h"
 
 #include <vector>
 
@@ -26,12 +27,7 @@ class FitRows : public RowSource {
     std::string whyEmpty() const override;
 
     // The points behind a row, and what they are points of.
-    struct Points {
-        StudyRun run;
-        int series = 0;
-        Statistic statistic = Statistic::mean;
-        std::vector<ObservedPoint> points;
-    };
+    using Points = FittedPoints;
     Points pointsOf(int row) const;
 
   private:
@@ -60,5 +56,8 @@ class FitRows : public RowSource {
     mutable std::vector<FitFigures> m_figures; // by row
     mutable std::vector<bool> m_isFigured;
 };
+
+// "24.3 km, Holcombe STW, reach 3 Upper Alder: observed 5.1, simulated 5.42"
+std::string wordsOf(const FitScatter& scatter, const ScatterPoint& point);
 
 } // namespace korvel

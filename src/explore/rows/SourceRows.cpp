@@ -35,14 +35,6 @@ std::string quantity(const StudyRun& base, int determinand) {
     return determinand == 0 ? "flow" : "load of " + determinandName(base.results(), determinand);
 }
 
-// As a contribution of no kind of its own, so that losses match as sources do.
-std::vector<Contribution> asContributions(const std::vector<Loss>& losses) {
-    std::vector<Contribution> contributions;
-    for (const Loss& loss : losses)
-        contributions.push_back({SourceKind::other, loss.name, loss.reach, loss.distance, loss.load, 0, {}});
-    return contributions;
-}
-
 } // namespace
 
 SourceRows::SourceRows(const TableScope& scope, const SourcesChoice& choice)
@@ -50,7 +42,7 @@ SourceRows::SourceRows(const TableScope& scope, const SourcesChoice& choice)
       m_runs(scope.runs),
       m_determinand(choice.determinand),
       m_byKind(choice.by == SourcesBy::kind) {
-    m_series = choice.determinand == 0 ? 0 : scope.base.results().determinandCount + choice.determinand;
+    m_series = scope.base.results().loadOf(choice.determinand);
     find(scope, choice);
     if (m_sources.size() != m_runs.size() || m_sources.empty()) return;
     if (m_byKind) {
@@ -99,39 +91,29 @@ std::optional<SourcePlace> SourceRows::placeFor(const TableScope& scope, const S
     return mouth;
 }
 
-// Gives every contribution of a run its row, a new one where no run before it has the same.
-void SourceRows::takeMatched(std::size_t run, const std::vector<Contribution>& found,
-                             std::vector<Contribution>& rows, std::vector<std::size_t>& rowOf) {
-    const std::vector<int> same = matchSources(found, rows);
-    for (std::size_t k = 0; k < found.size(); ++k) {
-        const Contribution& each = found[k];
-        std::size_t row = 0;
-        if (same[k] >= 0) {
-            row = rowOf[static_cast<std::size_t>(same[k])];
-        } else {
-            row = m_rows.size();
-            m_rows.push_back({std::string(nameOf(each.kind)), each.name, each.reach, each.distance,
-                              std::vector<Figures>(m_runs.size())});
-            rows.push_back(each);
-            rowOf.push_back(row);
-        }
-        m_rows[row].runs[run] = {each.load, each.arrives, each.share};
+void SourceRows::takeCompared(const std::vector<std::span<const Contribution>>& runs) {
+    for (const ComparedSource& source : compareSources(runs)) {
+        const Contribution& any = source.any();
+        Row row{std::string(nameOf(any.kind)), any.name, any.reach, any.distance, {}};
+        for (const Contribution* each : source.runs)
+            row.runs.push_back(each ? Figures{each->load, each->arrives, each->share} : Figures());
+        m_rows.push_back(std::move(row));
     }
 }
 
 void SourceRows::takeSources() {
-    std::vector<Contribution> rows;
-    std::vector<std::size_t> rowOf;
-    for (std::size_t run = 0; run < m_runs.size(); ++run)
-        takeMatched(run, m_sources[run].contributions, rows, rowOf);
+    std::vector<std::span<const Contribution>> runs;
+    for (const LoadSources& sources : m_sources)
+        runs.emplace_back(sources.contributions);
+    takeCompared(runs);
 }
 
 void SourceRows::takeLosses() {
-    std::vector<Contribution> rows;
-    std::vector<std::size_t> rowOf;
+    std::vector<std::vector<Contribution>> losses;
+    for (const LoadSources& sources : m_sources)
+        losses.push_back(asContributions(sources.losses));
     const std::size_t first = m_rows.size();
-    for (std::size_t run = 0; run < m_runs.size(); ++run)
-        takeMatched(run, asContributions(m_sources[run].losses), rows, rowOf);
+    takeCompared({losses.begin(), losses.end()});
     for (std::size_t row = first; row < m_rows.size(); ++row) {
         m_rows[row].kind = lossKind;
         for (Figures& each : m_rows[row].runs)

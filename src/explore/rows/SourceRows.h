@@ -6,6 +6,7 @@
 #include "explore/rows/RowSource.h"
 #include "explore/rows/TableScope.h"
 
+#include <span>
 #include <vector>
 
 namespace korvel {
@@ -49,8 +50,8 @@ class SourceRows : public RowSource {
     void takeSources();
     void takeLosses();
     void takeKinds();
-    void takeMatched(std::size_t run, const std::vector<Contribution>& found, std::vector<Contribution>& rows,
-                     std::vector<std::size_t>& rowOf);
+    // A row for each source of the runs.
+    void takeCompared(const std::vector<std::span<const Contribution>>& runs);
     std::string headingFor(const TableScope& scope) const;
 
     std::vector<StudyRun> m_runs;

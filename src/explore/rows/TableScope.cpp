@@ -1,23 +1,12 @@
 #include "explore/rows/TableScope.h"
 
 #include "analysis/Judging.h"
+#include "explore/PathChoice.h"
 #include "tables/PeopleNumbers.h"
 
 #include <algorithm>
 
 namespace korvel {
-
-namespace {
-
-std::vector<int> pathOf(const ExploreState& state) {
-    const ReachPoints& reaches = state.study->base().reaches();
-    if (!state.network || state.from == 0 || state.to == 0) return {};
-    const int from = reaches.placeOf(state.from), to = reaches.placeOf(state.to);
-    if (from < 0 || to < 0) return {};
-    return pathBetween(*state.network, from, to).value_or(std::vector<int>());
-}
-
-} // namespace
 
 TableScope scopeOf(const ExploreState& state) {
     TableScope scope;

@@ -72,7 +72,7 @@ RowsView& ExploreTables::addView(Tab tab, const char* name, const QString& capti
 void ExploreTables::addPages() {
     m_tabs->addTab(&addView(values, "tblValues", tr("Values")), tr("Values"));
     m_tabs->addTab(&addView(changes, "tblChanges", tr("Changes")), tr("Changes"));
-    m_tabs->addTab(&addView(compliance, "tblCompliance", tr("Compliance")), tr("Compliance"));
+    m_tabs->addTab(makeCompliancePage(), tr("Compliance"));
     m_tabs->addTab(makeFitPage(), tr("Fit"));
     m_tabs->addTab(makeSourcesPage(), tr("Sources"));
 }
@@ -82,9 +82,34 @@ QComboBox& ExploreTables::choiceBox(const char* name, const QString& accessibleN
     auto* box = new QComboBox(this);
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);
-    box->setAccessibleDescription(accessibleName); // as a name screen readers are told the choice itself
     box->addItems(choices);
     return *box;
+}
+
+// Of a box Qt tells screen readers the choice as its name, and what it is for by the label that belongs to
+// it.
+QLabel& ExploreTables::caption(const QString& text, QComboBox& box) {
+    auto* label = new QLabel(text, this);
+    label->setBuddy(&box);
+    return *label;
+}
+
+QWidget* ExploreTables::makeCompliancePage() {
+    RowsView& view = addView(compliance, "tblCompliance", tr("Compliance"));
+    m_lowIsBad = new LowIsBadButton(m_handlers, this);
+    m_lowIsBad->onChosen = [this](int determinand, bool isLow) { emit lowIsBadChosen(determinand, isLow); };
+    auto* words = new QLabel(tr("Judged by the statistic that each target is for, as surely as the limits "
+                                "allow. A double click shows a reach and determinand above."),
+                             this);
+    words->setObjectName("lblCompliance");
+    words->setWordWrap(true);
+    auto* choices = new QHBoxLayout;
+    choices->addWidget(m_lowIsBad);
+    choices->addWidget(words, 1);
+    auto* layout = new QVBoxLayout;
+    layout->addLayout(choices);
+    layout->addWidget(&view, 1);
+    return pageOf(layout);
 }
 
 QWidget* ExploreTables::makeFitPage() {
@@ -98,6 +123,7 @@ QWidget* ExploreTables::makeFitPage() {
     caution->setObjectName("lblFit");
     caution->setWordWrap(true);
     auto* choices = new QHBoxLayout;
+    choices->addWidget(&caption(tr("Fit over"), *m_fitBy));
     choices->addWidget(m_fitBy);
     choices->addWidget(m_fitLogarithmic);
     choices->addWidget(caution, 1);
@@ -130,6 +156,9 @@ QWidget* ExploreTables::makeSourcesPage() {
     m_sourcesHeading->setObjectName("lblSources");
     m_sourcesHeading->setWordWrap(true);
     auto* choices = new QHBoxLayout;
+    choices->addWidget(&caption(tr("Sources of"), *m_sourcesOf));
+    caption(tr("Place"), *m_sourcesAt).hide(); // the choices themselves say it
+    caption(tr("Listed"), *m_sourcesBy).hide();
     for (QComboBox* box : {m_sourcesOf, m_sourcesAt, m_sourcesBy}) {
         choices->addWidget(box);
         connect(box, &QComboBox::currentIndexChanged, this, m_handlers.guarded([this] { makeOld(sources); }));
@@ -160,6 +189,7 @@ void ExploreTables::show(const ExploreState& state) {
     const std::optional<ExplorePlace> cursor = m_state.cursor;
     m_state = state;
     m_state.cursor = cursor; // until it is followed
+    if (!state.isEmpty()) m_lowIsBad->show(state);
     if (newStudy && !state.isEmpty()) {
         m_matched->keepOnly(state.study->base(), state.study->runs());
         listDeterminands();

@@ -5,6 +5,7 @@
 #include "explore/ExploreState.h"
 #include "explore/rows/FitRows.h"
 #include "explore/rows/SourceRows.h"
+#include "explore/tables/LowIsBadButton.h"
 #include "explore/tables/RowsView.h"
 #include "explore/tables/ScatterPicture.h"
 
@@ -35,6 +36,7 @@ class ExploreTables : public QWidget {
   signals:
     void placeChosen(int reach, double distance, const QString& side);
     void seriesChosen(int series);
+    void lowIsBadChosen(int determinand, bool isLow);
 
   private:
     enum Tab { values, changes, compliance, fit, sources, tabs };
@@ -45,10 +47,12 @@ class ExploreTables : public QWidget {
 
     RowsView& addView(Tab tab, const char* name, const QString& caption);
     void addPages();
+    QWidget* makeCompliancePage();
     QWidget* makeFitPage();
     QWidget* makeSourcesPage();
     void addFilter();
     QComboBox& choiceBox(const char* name, const QString& accessibleName, const QStringList& choices);
+    QLabel& caption(const QString& text, QComboBox& box);
     void listDeterminands();
 
     Tab front() const { return static_cast<Tab>(m_tabs->currentIndex()); }
@@ -70,6 +74,7 @@ class ExploreTables : public QWidget {
     std::array<Page, tabs> m_pages;
     QTabWidget* m_tabs;
     QLineEdit* m_filter = nullptr;
+    LowIsBadButton* m_lowIsBad = nullptr;
     QComboBox* m_fitBy = nullptr;
     QCheckBox* m_fitLogarithmic = nullptr;
     ScatterPicture* m_scatter = nullptr;

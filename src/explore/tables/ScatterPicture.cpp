@@ -4,6 +4,7 @@
 #include "drawing/paint/QtTextMetrics.h"
 #include "drawing/paint/Shown.h"
 #include "explore/tables/TableColours.h"
+#include "toolkit/forms/Spoken.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -40,6 +41,7 @@ QColor onGround(const QColor& colour, const QColor& ground) {
 
 ScatterPicture::ScatterPicture(Handlers& handlers, QWidget* parent) : QWidget(parent), m_handlers(handlers) {
     setObjectName("picFit");
+    tellAsChart(*this);
     setAccessibleName(tr("Observed and simulated values"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -64,9 +66,9 @@ void ScatterPicture::layOut() {
 }
 
 void ScatterPicture::mark(int point) {
-    setAccessibleDescription(point < 0
-                                 ? shown(m_scatter.title)
-                                 : shown(m_scatter.words(m_scatter.points[static_cast<std::size_t>(point)])));
+    setAccessibleDescription(
+        point < 0 ? shown(m_scatter.title)
+                  : shown(wordsOf(m_scatter, m_scatter.points[static_cast<std::size_t>(point)])));
     if (m_marked != point) update();
     m_marked = point;
 }
@@ -149,7 +151,7 @@ bool ScatterPicture::event(QEvent* event) {
             QToolTip::hideText();
         else
             QToolTip::showText(help->globalPos(),
-                               shown(m_scatter.words(m_scatter.points[static_cast<std::size_t>(point)])),
+                               shown(wordsOf(m_scatter, m_scatter.points[static_cast<std::size_t>(point)])),
                                this);
     });
     return true;

@@ -1,7 +1,7 @@
 // The picture of observed and simulated values: a point is named under the pointer, and chosen by a click.
 #pragma once
 
-#include "explore/rows/FitScatter.h"
+#include "explore/rows/FitRows.h"
 #include "toolkit/forms/Handlers.h"
 
 #include <QWidget>

@@ -115,10 +115,11 @@ QCheckBox* ExploreBar::addSwitch(const char* name, const QString& caption, const
     return box;
 }
 
-void ExploreBar::addLabel(const QString& text) {
+QLabel* ExploreBar::addLabel(const QString& text) {
     auto* label = new QLabel(text, this);
     label->setContentsMargins(gap / 2, 0, gap / 2, 0);
     addWidget(label);
+    return label;
 }
 
 void ExploreBar::addGap() {
@@ -128,10 +129,12 @@ void ExploreBar::addGap() {
 }
 
 void ExploreBar::addWays() {
-    addLabel("From");
+    QLabel *from = addLabel("From"), *to = nullptr;
     m_from = addChoice("cboFrom", "From reach", {}, wayLetters);
-    addLabel("to");
+    from->setBuddy(m_from);
+    to = addLabel("to");
     m_to = addChoice("cboTo", "To reach", {}, wayLetters);
+    to->setBuddy(m_to);
     for (QComboBox* box : {m_from, m_to})
         box->view()->setMinimumWidth(box->fontMetrics().averageCharWidth() * 2 * wayLetters);
     connect(m_from, &QComboBox::activated, this,
@@ -141,9 +144,13 @@ void ExploreBar::addWays() {
 }
 
 void ExploreBar::addLooks() {
+    QLabel* show = addLabel("View");
     m_view = addChoice("cboView", "View", {"Values", "Change", "Ratio"}, 7);
+    show->setBuddy(m_view);
     m_view->setToolTip("Values as they are, each run less the base, or values by their targets");
+    QLabel* of = addLabel("of the");
     m_statistic = addChoice("cboStatistic", "Statistic", {}, 5);
+    of->setBuddy(m_statistic);
     m_statistic->setToolTip("The mean, or a percentile");
     for (const Statistic each : allStatistics)
         m_statistic->addItem(shown(nameOf(each)));

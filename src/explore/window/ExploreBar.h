@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
@@ -47,7 +48,7 @@ class ExploreBar : public QToolBar {
     QComboBox* addChoice(const char* name, const QString& accessibleName, const QStringList& choices,
                          int letters);
     QCheckBox* addSwitch(const char* name, const QString& caption, const QString& tip);
-    void addLabel(const QString& text);
+    QLabel* addLabel(const QString& text);
     void addGap();
     void addWays();
     void addLooks();

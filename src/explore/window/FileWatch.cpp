@@ -14,6 +14,8 @@ namespace korvel {
 namespace {
 
 constexpr int betweenLooks = 250; // milliseconds, while a file settles
+// Of file systems that tell of no changes that another machine makes.
+constexpr int betweenVisits = 5000;
 
 QString pathOf(const std::string& file) {
     return QFile::decodeName(hostPathOf(file).c_str());
@@ -31,15 +33,23 @@ FileWatch::FileWatch(Handlers& handlers) {
     m_clock.start();
     m_soon.setInterval(betweenLooks);
     m_soon.setSingleShot(true);
+    m_visits.setInterval(betweenVisits);
     const auto lookNow = handlers.guarded([this] { look(); });
     QObject::connect(&m_soon, &QTimer::timeout, lookNow);
+    QObject::connect(&m_visits, &QTimer::timeout, lookNow);
+    m_visits.start();
     QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, lookNow);
     QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, lookNow);
 }
 
+void FileWatch::watchPath(const std::string& file) {
+    const QString path = pathOf(file);
+    if (!m_watcher.files().contains(path) && QFileInfo::exists(path)) m_watcher.addPath(path);
+}
+
 void FileWatch::watch(const std::string& file) {
     m_files.try_emplace(file, stampOf(file));
-    m_watcher.addPath(pathOf(file));
+    watchPath(file);
     m_watcher.addPath(QFileInfo(pathOf(file)).path());
 }
 
@@ -63,8 +73,7 @@ void FileWatch::look() {
         lookAgain = lookAgain || heard == SettledFile::News::unsettled;
         if (heard != SettledFile::News::nothing && heard != SettledFile::News::unsettled)
             news.emplace_back(file, heard);
-        if (heard == SettledFile::News::unsettled)
-            m_watcher.addPath(pathOf(file)); // another file of the name
+        watchPath(file); // where it was replaced or came back it is another one
     }
     if (lookAgain) m_soon.start();
     for (const auto& [file, heard] : news)

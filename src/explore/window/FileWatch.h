@@ -29,10 +29,11 @@ class FileWatch {
     void wasRead(const std::string& file);
 
   private:
+    void watchPath(const std::string& file);
     void look();
 
     QFileSystemWatcher m_watcher; // of files and their folders: a file that is replaced is another one
-    QTimer m_soon;
+    QTimer m_soon, m_visits;
     QElapsedTimer m_clock;
     std::map<std::string, SettledFile> m_files;
 };

@@ -9,36 +9,20 @@
 #include "platform/Printing.h"
 #include "publish/Atlas.h"
 #include "publish/Page.h"
+#include "study/SeriesValues.h"
 #include "tables/TableFormats.h"
 #include "toolkit/paper/PdfPaper.h"
 #include "toolkit/paper/PrintPreview.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QProgressDialog>
-#include <QSpinBox>
-
-#include <numeric>
 
 namespace korvel {
 
 namespace {
 
 constexpr int screenDots = 96; // of an inch, at a device pixel a pixel
-constexpr int leastSide = 200, mostSide = 10000;
-constexpr double twipsOfInch = 1440;
-
-QSpinBox* numberBox(const char* name, int least, int most, int value, const char* unit) {
-    auto* box = new QSpinBox;
-    box->setObjectName(name);
-    box->setRange(least, most);
-    box->setValue(value);
-    box->setSuffix(unit);
-    return box;
-}
 
 // What takes long can be given up.
 class WritingProgress {
@@ -58,37 +42,24 @@ class WritingProgress {
     QProgressDialog m_dialog;
 };
 
-// As the commands have it where no series are named.
-std::vector<int> allSeries(const ResultsDataSet& results) {
-    std::vector<int> series(static_cast<std::size_t>(2 * results.determinandCount + 1));
-    std::iota(series.begin(), series.end(), 0);
-    return series;
-}
-
 bool isForOneTable(const TableFormat& format) {
     return format.write && format.kind != TableFormatKind::forPeople;
 }
 
-std::string tableFilter() {
+std::string filterOfTables() {
     std::string filter;
-    for (const TableFormat& format : tableFormats()) {
-        if (!isForOneTable(format)) continue;
-        const std::string extension(format.extension);
-        filter +=
-            (filter.empty() ? "" : "|") + std::string(format.title) + " (*" + extension + ")|*" + extension;
-    }
+    for (const TableFormat& format : tableFormats())
+        if (isForOneTable(format)) filter += (filter.empty() ? "" : "|") + tableFilter(format);
     return filter;
 }
 
 } // namespace
 
 HandingOn::HandingOn(Platform& services, HandedOn what, QWidget& window)
-    : m_services(services), m_what(std::move(what)), m_window(window) {
-    askSize = [this](PictureSize size) { return askForSize(size); };
-}
+    : m_services(services), m_what(std::move(what)), m_window(window) {}
 
 std::optional<std::string> HandingOn::chooseFile(const std::string& title, const std::string& filter,
-                                                 const std::string& extension) {
+                                                 const std::string& what, const std::string& extension) {
     FileDialogSettings dialog;
     dialog.objectName = "cdExport";
     dialog.title = title;
@@ -96,6 +67,7 @@ std::optional<std::string> HandingOn::chooseFile(const std::string& title, const
     dialog.initialFolder = folderOf(m_what.base());
     dialog.overwritePrompt = true;
     dialog.defaultExtension = extension;
+    dialog.proposedName = fileOf(besideResults(m_what.base(), "-" + what + "." + extension));
     const auto chosen = m_services.dialogs.chooseFile(FileDialogKind::save, dialog);
     if (!chosen) return {};
     if (chosen->refusal)
@@ -124,35 +96,19 @@ bool HandingOn::tell(const std::string& file, const std::function<void()>& write
     return false;
 }
 
-std::optional<PictureSize> HandingOn::askForSize(PictureSize size) {
-    QDialog dialog(&m_window);
-    dialog.setObjectName("dlgPicture");
-    dialog.setWindowTitle("Size of the picture");
-    auto* width = numberBox("txtWidth", leastSide, mostSide, size.pixels.width(), " pixels");
-    auto* height = numberBox("txtHeight", leastSide, mostSide, size.pixels.height(), " pixels");
-    auto* dots = numberBox("txtResolution", screenDots, 600, size.dotsPerInch, " dots an inch");
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    auto* rows = new QFormLayout(&dialog);
-    rows->addRow("&Width", width);
-    rows->addRow("&Height", height);
-    rows->addRow("&Resolution", dots);
-    rows->addRow(buttons);
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    if (dialog.exec() != QDialog::Accepted) return {};
-    return PictureSize{{width->value(), height->value()}, dots->value()};
-}
-
 void HandingOn::savePicture() {
-    const auto size = askSize(m_size);
-    if (!size) return;
-    m_size = *size;
-    const auto file = chooseFile("Save picture", pictureFilter(), "png");
-    if (file) tell(*file, [&] { writePicture(*file, *size); });
+    const auto wish = askForPicture(m_wish, m_window);
+    if (!wish) return;
+    m_wish = *wish;
+    const PictureFormat& format = *pictureFormatOf(wish->extension);
+    const std::string filter =
+        std::string(format.name) + " picture (*" + format.extension + ")|*" + format.extension;
+    const auto file = chooseFile("Save picture", filter, "profile", wish->extension.substr(1));
+    if (file) tell(*file, [&] { writePicture(*file, *wish); });
 }
 
 // More dots an inch make texts and lines larger in pixels: the picture stays the same on paper.
-void HandingOn::writePicture(const std::string& file, PictureSize size) {
+void HandingOn::writePicture(const std::string& file, const PictureWish& wish) {
     const PictureFormat* const format = pictureFormatOf(file);
     if (!format) {
         m_services.dialogs.show(
@@ -160,10 +116,10 @@ void HandingOn::writePicture(const std::string& file, PictureSize size) {
              "Save picture", Icon::exclamation, Buttons::ok});
         return;
     }
-    const double dotsPerPixel = size.dotsPerInch / static_cast<double>(screenDots);
+    const double dotsPerPixel = wish.dotsPerInch / static_cast<double>(screenDots);
     const double twipsPerDot = twipsPerPixel / dotsPerPixel;
     const Drawing drawing =
-        m_what.picture(size.pixels.width() * twipsPerDot, size.pixels.height() * twipsPerDot, Theme::paper);
+        m_what.picture(wish.pixels.width() * twipsPerDot, wish.pixels.height() * twipsPerDot, Theme::paper);
     m_services.files.writeWhole(file, format->bytes(drawing, dotsPerPixel));
 }
 
@@ -175,7 +131,7 @@ void HandingOn::copyPicture() {
 
 void HandingOn::print() {
     const Drawing page =
-        m_what.picture(printableLongSide * twipsOfInch, printableShortSide * twipsOfInch, Theme::paper);
+        m_what.picture(printableLongSide * twipsPerInch, printableShortSide * twipsPerInch, Theme::paper);
     if (!showPrintPreview({page}, Orientation::landscape, m_services.dialogs, m_window)) return;
     const std::string beside = besideResults(m_what.base(), "-profile.pdf");
     try {
@@ -189,7 +145,8 @@ void HandingOn::print() {
 }
 
 void HandingOn::saveTable() {
-    const auto file = chooseFile("Save table " + m_what.tableName(), tableFilter(), "csv");
+    const auto file = chooseFile("Save table " + m_what.tableName(), filterOfTables(),
+                                 lowerCase(m_what.tableName()), "csv");
     if (file) tell(*file, [&] { writeTable(*file); });
 }
 
@@ -209,7 +166,7 @@ void HandingOn::writeTable(const std::string& file) {
 }
 
 void HandingOn::savePage() {
-    const auto file = chooseFile("Save page", "Page for browsers (*.html)|*.html", "html");
+    const auto file = chooseFile("Save page", "Page for browsers (*.html)|*.html", "page", "html");
     if (file) tell(*file, [&] { writePageTo(*file); });
 }
 
@@ -228,7 +185,7 @@ void HandingOn::writePageTo(const std::string& file) {
 }
 
 void HandingOn::saveAtlas() {
-    const auto file = chooseFile("Save atlas", "PDF document (*.pdf)|*.pdf", "pdf");
+    const auto file = chooseFile("Save atlas", "PDF document (*.pdf)|*.pdf", "atlas", "pdf");
     if (file) tell(*file, [&] { writeAtlasTo(*file); });
 }
 

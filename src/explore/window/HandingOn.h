@@ -3,12 +3,11 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "explore/window/PictureDialog.h"
 #include "panels/RunStyle.h"
 #include "platform/Platform.h"
 #include "study/Study.h"
 #include "tables/Table.h"
-
-#include <QSize>
 
 #include <functional>
 #include <memory>
@@ -20,11 +19,6 @@
 class QWidget;
 
 namespace korvel {
-
-struct PictureSize {
-    QSize pixels = {1600, 900};
-    int dotsPerInch = 96; // 96: a pixel a dot
-};
 
 // What is handed on, made when it is asked for.
 struct HandedOn {
@@ -48,23 +42,20 @@ class HandingOn {
     void savePage();
     void saveAtlas();
 
-    // How the size of a picture is asked for; nothing where the user cancels.
-    std::function<std::optional<PictureSize>(PictureSize)> askSize;
-
   private:
+    // `what` is proposed as a name behind the base's: "ALDER-values.csv".
     std::optional<std::string> chooseFile(const std::string& title, const std::string& filter,
-                                          const std::string& extension);
-    void writePicture(const std::string& file, PictureSize size);
+                                          const std::string& what, const std::string& extension);
+    void writePicture(const std::string& file, const PictureWish& wish);
     void writeTable(const std::string& file);
     void writePageTo(const std::string& file);
     void writeAtlasTo(const std::string& file);
     bool tell(const std::string& file, const std::function<void()>& write);
-    std::optional<PictureSize> askForSize(PictureSize size);
 
     Platform& m_services;
     HandedOn m_what;
     QWidget& m_window;
-    PictureSize m_size;
+    PictureWish m_wish; // the last one
 };
 
 } // namespace korvel

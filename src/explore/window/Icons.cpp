@@ -34,8 +34,20 @@ QByteArray svgOf(Picture picture, const QColor& colour) {
         .toUtf8();
 }
 
-// Painted at whatever size is asked for, sharp on every screen, in the colours that the program has then.
-class PictureEngine : public QIconEngine {
+// Painted at whatever size is asked for, sharp on every screen.
+class PaintedEngine : public QIconEngine {
+  public:
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return picture;
+    }
+};
+
+// In the colours that the program has when it is painted.
+class PictureEngine : public PaintedEngine {
   public:
     explicit PictureEngine(Picture picture) : m_picture(picture) {}
 
@@ -44,13 +56,6 @@ class PictureEngine : public QIconEngine {
         QSvgRenderer svg(svgOf(m_picture, QGuiApplication::palette().color(group, QPalette::ButtonText)));
         painter->setRenderHint(QPainter::Antialiasing);
         svg.render(painter, QRectF(rect));
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return picture;
     }
     QIconEngine* clone() const override { return new PictureEngine(*this); }
 
@@ -69,7 +74,7 @@ constexpr Qt::PenStyle penStyle(Dash dash) {
     return Qt::SolidLine;
 }
 
-class SwatchEngine : public QIconEngine {
+class SwatchEngine : public PaintedEngine {
   public:
     explicit SwatchEngine(RunStyle style) : m_style(style) {}
 
@@ -79,13 +84,6 @@ class SwatchEngine : public QIconEngine {
         painter->setPen(pen);
         const double middle = rect.center().y() + 0.5;
         painter->drawLine(QPointF(rect.left(), middle), QPointF(rect.right() + 1, middle));
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return picture;
     }
     QIconEngine* clone() const override { return new SwatchEngine(*this); }
 

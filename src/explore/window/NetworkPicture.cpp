@@ -3,6 +3,8 @@
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
+#include "explore/PathChoice.h"
+#include "toolkit/forms/Spoken.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -32,6 +34,7 @@ DrawnPoint twipsAt(QPointF at) {
 NetworkPicture::NetworkPicture(const TextMetrics& metrics, Handlers& handlers, QWidget* parent)
     : QWidget(parent), m_metrics(metrics), m_handlers(handlers) {
     setObjectName("picNetwork");
+    tellAsChart(*this);
     setAccessibleName("Network of rivers");
     setAccessibleDescription("A click on a river looks down it; the boxes From and to do the same.");
     setMouseTracking(true);
@@ -71,18 +74,11 @@ const NetworkLayout& NetworkPicture::layoutShown() {
     return *m_layout;
 }
 
-std::vector<int> NetworkPicture::chosenPlaces() const {
-    const ReachPoints& reaches = m_state.study->base().reaches();
-    const int from = reaches.placeOf(m_state.from), to = reaches.placeOf(m_state.to);
-    if (from < 0 || to < 0) return {};
-    return pathBetween(*m_state.network, from, to).value_or(std::vector<int>());
-}
-
 Drawing NetworkPicture::drawn(const NetworkLayout& layout) const {
     Drawing drawing;
     drawing.width = layout.width;
     drawing.height = layout.height;
-    paintChosen(layout, chosenPlaces(), drawing);
+    paintChosen(layout, pathOf(m_state), drawing);
     paint(layout, drawing);
     return drawing;
 }

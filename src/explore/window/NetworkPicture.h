@@ -38,7 +38,6 @@ class NetworkPicture : public QWidget {
     Drawing drawn(const NetworkLayout& layout) const;
     void paintPicture();
     void paintAll(QPainter& painter);
-    std::vector<int> chosenPlaces() const;
     std::optional<NetworkSpot> spotUnder(QPointF at);
     std::string nameUnder(QPointF at);
     void refresh();

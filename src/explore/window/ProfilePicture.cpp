@@ -2,6 +2,7 @@
 
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/Twips.h"
+#include "toolkit/forms/Spoken.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -51,6 +52,7 @@ ProfilePicture::ProfilePicture(Navigator& navigator, const ExploreScene& scene, 
       m_handlers(handlers),
       m_told(std::move(told)) {
     setObjectName("picProfile");
+    tellAsChart(*this);
     setAccessibleName("Profile along the river");
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);

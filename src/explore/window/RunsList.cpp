@@ -4,8 +4,8 @@
 #include "explore/window/Icons.h"
 
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QSignalBlocker>
 
 #include <array>
@@ -37,6 +37,7 @@ RunsList::RunsList(Handlers& handlers, QWidget* parent) : QListWidget(parent), m
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSpacing(betweenLines);
     viewport()->setAutoFillBackground(false);
+    setDragDropMode(InternalMove); // into another order; files are dropped on the window
     connect(this, &QListWidget::itemChanged, this, handlers.guarded([this](QListWidgetItem* item) {
         onShown(static_cast<std::size_t>(row(item)), item->checkState() == Qt::Checked);
     }));
@@ -48,10 +49,16 @@ void RunsList::show(const std::vector<ListedRun>& runs, Theme theme) {
     while (count() > static_cast<int>(runs.size()))
         delete takeItem(count() - 1);
     while (count() < static_cast<int>(runs.size()))
-        addItem(QString());
+        addRun();
     fill(runs, theme);
     setCurrentRow(std::min(current, count() - 1));
     fitHeight();
+}
+
+// Others are dropped between runs, not on one.
+void RunsList::addRun() {
+    auto* line = new QListWidgetItem(this);
+    line->setFlags(line->flags() & ~Qt::ItemIsDropEnabled);
 }
 
 // As high as the runs need, so that the series get what is left.
@@ -83,16 +90,31 @@ bool RunsList::canDo(Deed deed) const {
 void RunsList::act(Deed deed) {
     if (!canDo(deed)) return;
     const auto run = static_cast<std::size_t>(currentRow());
-    const auto moveTo = [&](std::size_t to) {
-        onMove(run, to);
-        setCurrentRow(static_cast<int>(to));
-    };
     switch (deed) {
     case Deed::makeBase: onMakeBase(run); return setCurrentRow(0);
     case Deed::moveUp: return moveTo(run - 1);
     case Deed::moveDown: return moveTo(run + 1);
     case Deed::remove: return onRemove(run);
     }
+}
+
+void RunsList::moveTo(std::size_t to) {
+    onMove(static_cast<std::size_t>(currentRow()), to);
+    setCurrentRow(static_cast<int>(to));
+}
+
+// The list itself is made anew from the runs: Qt must not take the dragged line away.
+void RunsList::dropEvent(QDropEvent* event) {
+    const QModelIndex at = indexAt(event->position().toPoint());
+    const int from = currentRow();
+    int to = at.isValid() ? at.row() + (dropIndicatorPosition() == BelowItem ? 1 : 0) : count();
+    if (to > from) --to;
+    event->setDropAction(Qt::IgnoreAction);
+    event->accept();
+    stopAutoScroll();
+    setState(NoState);
+    viewport()->update();
+    if (from >= 0 && to != from) m_handlers.run([&] { moveTo(static_cast<std::size_t>(to)); });
 }
 
 void RunsList::keyPressEvent(QKeyEvent* event) {
@@ -107,6 +129,13 @@ void RunsList::keyPressEvent(QKeyEvent* event) {
 
 void RunsList::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
+    fillMenu(menu);
+    menu.exec(event->globalPos());
+}
+
+void RunsList::fillMenu(QMenu& menu) {
+    menu.clear();
+    if (currentRow() < 0 && count() > 0) setCurrentRow(0);
     const auto add = [&](const char* caption, Picture picture, Deed deed) {
         QAction* action = menu.addAction(iconOf(picture), caption);
         action->setEnabled(canDo(deed));
@@ -116,7 +145,6 @@ void RunsList::contextMenuEvent(QContextMenuEvent* event) {
     add("Move &up\tCtrl+Up", Picture::up, Deed::moveUp);
     add("Move &down\tCtrl+Down", Picture::down, Deed::moveDown);
     add("&Remove\tDel", Picture::remove, Deed::remove);
-    menu.exec(event->globalPos());
 }
 
 } // namespace korvel

@@ -6,6 +6,7 @@
 #include "toolkit/forms/Handlers.h"
 
 #include <QListWidget>
+#include <QMenu>
 
 #include <cstddef>
 #include <functional>
@@ -33,18 +34,23 @@ class RunsList : public QListWidget {
 
     void show(const std::vector<ListedRun>& runs, Theme theme);
     using QListWidget::show;
+    // What can be done with the current run.
+    void fillMenu(QMenu& menu);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     enum class Deed { makeBase, moveUp, moveDown, remove };
 
     void fill(const std::vector<ListedRun>& runs, Theme theme);
+    void addRun();
     void fitHeight();
     bool canDo(Deed deed) const;
     void act(Deed deed);
+    void moveTo(std::size_t to);
 
     Handlers& m_handlers;
 };

@@ -29,18 +29,15 @@ SidePanel::SidePanel(Handlers& handlers, QWidget* parent)
       m_handlers(handlers),
       m_switchRows(new QGridLayout),
       m_runs(new RunsList(handlers, this)),
+      m_arrange(new QToolButton(this)),
       m_add(new QToolButton(this)),
       m_series(new QListWidget(this)) {
     makeSeries();
-    m_add->setObjectName("cmdAddRun");
-    m_add->setText("Add ...");
-    m_add->setToolTip("Add results files to the runs (Ctrl+O)");
-    m_add->setAutoRaise(true);
-    connect(m_add, &QToolButton::clicked, this, handlers.guarded([this] { onAddRun(); }));
+    makeRunButtons();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(between);
-    column->addWidget(makeHeading("Runs", m_add));
+    column->addWidget(makeHeading("Runs", {m_arrange, m_add}));
     column->addWidget(m_runs, 1);
     column->addSpacing(betweenParts);
     column->addWidget(makeHeading("Series"));
@@ -52,6 +49,29 @@ SidePanel::SidePanel(Handlers& handlers, QWidget* parent)
     for (int k = 0; k < static_cast<int>(m_switches.size()); ++k)
         m_switchRows->addWidget(m_switches[static_cast<std::size_t>(k)].box, k / 2, k % 2);
     column->addLayout(m_switchRows);
+    for (QWidget* each : std::initializer_list<QWidget*>{m_runs, m_arrange, m_add, m_series})
+        takeTab(*each);
+    for (const Switch& each : m_switches)
+        takeTab(*each.box);
+}
+
+// What the context menu of the list offers, for those who don't look for one.
+void SidePanel::makeRunButtons() {
+    m_add->setObjectName("cmdAddRun");
+    m_add->setText("Add ...");
+    m_add->setToolTip("Add results files to the runs (Ctrl+O)");
+    m_arrange->setObjectName("cmdArrange");
+    m_arrange->setText("Arrange");
+    m_arrange->setToolTip("Make the chosen run the base, move or remove it");
+    m_arrange->setPopupMode(QToolButton::InstantPopup);
+    auto* menu = new QMenu(m_arrange);
+    m_arrange->setMenu(menu);
+    for (QToolButton* button : {m_arrange, m_add}) {
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
+    }
+    connect(menu, &QMenu::aboutToShow, this, m_handlers.guarded([this, menu] { m_runs->fillMenu(*menu); }));
+    connect(m_add, &QToolButton::clicked, this, m_handlers.guarded([this] { onAddRun(); }));
 }
 
 void SidePanel::addChoice(const QString& caption, QComboBox& box) {
@@ -60,9 +80,16 @@ void SidePanel::addChoice(const QString& caption, QComboBox& box) {
     const int row = m_switchRows->rowCount();
     m_switchRows->addWidget(label, row, 0);
     m_switchRows->addWidget(&box, row, 1);
+    takeTab(box);
 }
 
-QWidget* SidePanel::makeHeading(const QString& text, QWidget* beside) {
+// As the eye goes: from the last one to this.
+void SidePanel::takeTab(QWidget& control) {
+    if (m_lastControl) setTabOrder(m_lastControl, &control);
+    m_lastControl = &control;
+}
+
+QWidget* SidePanel::makeHeading(const QString& text, const std::vector<QWidget*>& beside) {
     auto* row = new QWidget(this);
     auto* heading = new QLabel(text, row);
     QFont font = heading->font();
@@ -71,7 +98,8 @@ QWidget* SidePanel::makeHeading(const QString& text, QWidget* beside) {
     auto* across = new QHBoxLayout(row);
     across->setContentsMargins(0, 0, 0, 0);
     across->addWidget(heading, 1);
-    if (beside) across->addWidget(beside);
+    for (QWidget* each : beside)
+        across->addWidget(each);
     return row;
 }
 
@@ -135,7 +163,7 @@ void SidePanel::showSeries(const ExploreState& state) {
     const QSignalBlocker quiet(m_series);
     m_lowIsBad = lowIsBadOf(state);
     m_determinands = state.isEmpty() ? 0 : state.study->base().results().determinandCount;
-    const int count = state.isEmpty() ? 0 : 2 * state.study->base().results().determinandCount + 1;
+    const int count = state.isEmpty() ? 0 : state.study->base().results().seriesCount + 1;
     while (m_series->count() > count)
         delete m_series->takeItem(m_series->count() - 1);
     while (m_series->count() < count)
@@ -145,16 +173,6 @@ void SidePanel::showSeries(const ExploreState& state) {
         line.setText(shown(state.study->base().results().seriesNames[series]));
         const bool isChosen = std::ranges::find(state.series, series) != state.series.end();
         line.setCheckState(isChosen ? Qt::Checked : Qt::Unchecked);
-    }
-}
-
-void SidePanel::showCurrentSeries(int series) {
-    for (int line = 0; line < m_series->count(); ++line) {
-        QFont font = m_series->item(line)->font();
-        if (font.bold() == (line == series)) continue;
-        const QSignalBlocker quiet(m_series);
-        font.setBold(line == series);
-        m_series->item(line)->setFont(font);
     }
 }
 

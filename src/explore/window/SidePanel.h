@@ -37,8 +37,6 @@ class SidePanel : public QWidget {
 
     void show(const ExploreState& state, const std::vector<ListedRun>& runs, Theme theme);
     using QWidget::show;
-    // The list lays stress on a panel.
-    void showCurrentSeries(int series);
 
   private:
     struct Switch {
@@ -48,7 +46,9 @@ class SidePanel : public QWidget {
 
     void makeSeries();
     void makeSwitches();
-    QWidget* makeHeading(const QString& text, QWidget* beside = nullptr);
+    void makeRunButtons();
+    QWidget* makeHeading(const QString& text, const std::vector<QWidget*>& beside = {});
+    void takeTab(QWidget& control);
     void showSeries(const ExploreState& state);
     std::vector<int> chosenSeries() const;
     void showSeriesMenu(QPoint at);
@@ -56,9 +56,10 @@ class SidePanel : public QWidget {
     Handlers& m_handlers;
     QGridLayout* m_switchRows;
     RunsList* m_runs;
-    QToolButton* m_add;
+    QToolButton *m_arrange, *m_add;
     QListWidget* m_series;
     std::vector<Switch> m_switches;
+    QWidget* m_lastControl = nullptr; // in the order of the Tab key
     int m_determinands = 0;
     std::set<int> m_lowIsBad;
 };

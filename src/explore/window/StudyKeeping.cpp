@@ -5,6 +5,8 @@
 #include "basic/RunTimeError.h"
 #include "basic/Text.h"
 
+#include <algorithm>
+
 namespace korvel {
 
 namespace {
@@ -13,6 +15,10 @@ const char* const extension = ".korvel-study";
 
 std::string hostFolderOf(const std::string& file) {
     return hostPathOf(withoutLast(folderOf(file), 1));
+}
+
+bool holdsFile(const std::vector<StudyFileRun>& runs, const std::string& file) {
+    return std::ranges::any_of(runs, [&](const StudyFileRun& run) { return run.file == file; });
 }
 
 } // namespace
@@ -43,6 +49,9 @@ std::optional<StudyFile> StudyKeeping::read(const std::string& file) {
 void StudyKeeping::wasOpened(const std::string& file, const StudyFile& study) {
     m_file = file;
     m_saved = studyFileOf(m_state, study.origin);
+    m_missing.clear();
+    for (std::size_t place = 0; place < study.runs.size(); ++place)
+        if (!holdsFile(m_saved.runs, study.runs[place].file)) m_missing.push_back({place, study.runs[place]});
     m_memory.noteStudy(hostPathOf(file));
 }
 
@@ -59,7 +68,8 @@ void StudyKeeping::saveAs() {
 }
 
 bool StudyKeeping::write(const std::string& file) {
-    const StudyFile study = studyFileOf(m_state, m_saved.origin);
+    StudyFile study = studyFileOf(m_state, m_saved.origin);
+    putBackMissing(study.runs);
     try {
         m_services.files.writeWhole(file, studyFileText(study, hostFolderOf(file)));
     } catch (const RunTimeError& error) {
@@ -71,7 +81,15 @@ bool StudyKeeping::write(const std::string& file) {
     return true;
 }
 
+void StudyKeeping::putBackMissing(std::vector<StudyFileRun>& runs) const {
+    for (const auto& [place, run] : m_missing) {
+        if (runs.size() == MaxRuns || holdsFile(runs, run.file)) continue;
+        runs.insert(runs.begin() + static_cast<std::ptrdiff_t>(std::min(place, runs.size())), run);
+    }
+}
+
 void StudyKeeping::forget() {
+    m_missing.clear();
     m_file.clear();
     m_saved = {};
 }
@@ -83,8 +101,9 @@ bool StudyKeeping::isChanged() const {
 bool StudyKeeping::mayClose() {
     if (!isChanged()) return true;
     const Message question{"Do you wish to save the changes to " + fileOf(m_file) + "?", "Study",
-                           Icon::question, Buttons::yesNo};
-    return m_services.dialogs.show(question) == Answer::no || write(m_file);
+                           Icon::question, Buttons::saveDiscardCancel};
+    const Answer answer = m_services.dialogs.show(question);
+    return answer == Answer::discard || (answer == Answer::save && write(m_file));
 }
 
 } // namespace korvel

@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace korvel {
 
@@ -26,11 +27,17 @@ class StudyKeeping {
 
     bool isChanged() const;
     const std::string& file() const { return m_file; } // "" where it has no name
-    // False where the user wants to save and can't.
+    // False where the user wants to stay, or to save and can't.
     bool mayClose();
 
   private:
+    struct MissingRun {
+        std::size_t place;
+        StudyFileRun run;
+    };
+
     bool write(const std::string& file);
+    void putBackMissing(std::vector<StudyFileRun>& runs) const;
 
     Platform& m_services;
     ExploreMemory& m_memory;
@@ -38,6 +45,7 @@ class StudyKeeping {
     FileDialogSettings m_dialog;
     std::string m_file;
     StudyFile m_saved;
+    std::vector<MissingRun> m_missing; // could not be read; they stay in the file where they stood
 };
 
 } // namespace korvel

@@ -1,5 +1,7 @@
 // The marks of a graph. The layout works in graph coordinates (twips, y upward from the bottom left); the
-// primitives turn them into the drawing's, and choose font and line width for the target.
+// primitives turn them into the drawing's, and choose font and line width for the target. Their names and
+// codes are those by which marks of a graph are known outside; everything above them works with the types of
+// GraphSheet.
 #pragma once
 
 #include "drawing/Drawing.h"

@@ -22,7 +22,7 @@ Drawing printedGraph(Platform& platform, const DrawingArea& area) {
     page.width = area.width;
     page.height = area.height;
     GraphPrimitives primitives(page, GraphForm::graph, platform.screenMetrics, platform.paper.metrics());
-    DrawGraphs(primitives, true, area, dayMonthYear(platform.machine.today()));
+    DrawGraphs(primitives, OutputTarget::printer, area, dayMonthYear(platform.machine.today()));
     return page;
 }
 

@@ -11,10 +11,9 @@ GraphLayout drawProfileGraph(GraphPrimitives& primitives, OutputTarget target, c
     return layout;
 }
 
-GraphLayout DrawGraphs(GraphPrimitives& primitives, bool pr, const DrawingArea& area,
+GraphLayout DrawGraphs(GraphPrimitives& primitives, OutputTarget target, const DrawingArea& area,
                        const std::string& date) {
-    return drawProfileGraph(primitives, pr ? OutputTarget::printer : OutputTarget::screen,
-                            {RESULTS, GLOBAL, GLOBAL, GLOBAL, area, date});
+    return drawProfileGraph(primitives, target, {RESULTS, GLOBAL, GLOBAL, GLOBAL, area, date});
 }
 
 } // namespace korvel

@@ -11,8 +11,8 @@ namespace korvel {
 // Lays out the whole graph and paints it; the drawing's size is the drawing area's.
 GraphLayout drawProfileGraph(GraphPrimitives& primitives, OutputTarget target, const GraphInputs& inputs);
 
-// The same of what the set-up form handed over, from the shared state. `pr`: on the printer.
-GraphLayout DrawGraphs(GraphPrimitives& primitives, bool pr, const DrawingArea& area,
+// The same of what the set-up form handed over, from the shared state.
+GraphLayout DrawGraphs(GraphPrimitives& primitives, OutputTarget target, const DrawingArea& area,
                        const std::string& date);
 
 } // namespace korvel

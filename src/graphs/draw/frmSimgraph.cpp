@@ -10,16 +10,18 @@
 #include "graphs/draw/PrintGraph.h"
 #include "graphs/draw/ProfileGraph.h"
 #include "platform/OwnInput.h"
+#include "toolkit/forms/Spoken.h"
 #include "toolkit/paper/PdfPaper.h"
 
 #include <QApplication>
 #include <QClipboard>
 
+#include <algorithm>
+
 namespace korvel {
 
 namespace {
 
-constexpr double readoutSize = 7; // points
 constexpr int leastColumns = 3;   // of the width of that with the buttons
 constexpr int leastReadout = 100; // pixels
 
@@ -49,6 +51,7 @@ BoxLine boxLine(const ReadoutLine& line) {
 frmSimgraph::frmSimgraph(Platform& services)
     : Form(services, "frmSimgraph", "Korvel Graphical Results", Scaling::follows),
       m_primitives(m_drawing, GraphForm::graph, services.screenMetrics, services.paper.metrics()) {
+    tellAsChart(picGraph);
     picGraph.setAccessibleName("Graph");
     Label.hide();
     lblSets.hide();
@@ -64,7 +67,8 @@ frmSimgraph::frmSimgraph(Platform& services)
     setTabOrder(&Cmd[3], &Cmd[1]); // as they stand, from the top
     setTabOrder(&Cmd[1], &Cmd[2]);
     Cmd[1].setFocus();
-    ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    // On a tall screen the buttons stay as they are wide, and the readout has the room.
+    ScaleFormControls(GLOBAL.ScaleX, std::min(GLOBAL.ScaleX, GLOBAL.ScaleY));
     client().setMinimumSize(leastColumns * Shape2.width(), cmdMore.geometry().bottom() + leastReadout);
     QFont narrow = Label.font();
     narrow.setFamily("Arial Narrow");
@@ -82,12 +86,13 @@ ControlArray<QPushButton> frmSimgraph::buttons() {
     return array;
 }
 
-QToolButton& frmSimgraph::arrow(const char* name, const char* says, Qt::ArrowType type, Place place) {
+QToolButton& frmSimgraph::arrow(const char* name, const char* caption, const char* says, Qt::ArrowType type,
+                                Place place) {
     auto* control = new QToolButton(&Shape2);
     control->setObjectName(name);
     control->setArrowType(type);
     control->setToolTip(says);
-    control->setAccessibleName(says);
+    control->setAccessibleName(caption);
     Form::place(*control, "PictureBox", place);
     return *control;
 }
@@ -161,7 +166,7 @@ QAction& frmSimgraph::pictureItem(const char* name, const char* caption) {
 LineBox& frmSimgraph::readoutBox(Place place) {
     auto* control = new LineBox(&Shape2);
     control->setObjectName("lblReadout");
-    Form::place(*control, "Label", place, readoutSize);
+    Form::place(*control, "Label", place, looks::readoutText);
     return *control;
 }
 
@@ -213,7 +218,7 @@ void frmSimgraph::redraw() {
     m_primitives.CloseGraph();
     m_drawing.width = area.width;
     m_drawing.height = area.height;
-    m_layout = DrawGraphs(m_primitives, false, area, dayMonthYear(services().machine.today()));
+    m_layout = DrawGraphs(m_primitives, OutputTarget::screen, area, dayMonthYear(services().machine.today()));
     picGraph.showAnew();
     refresh();
 }

@@ -32,7 +32,8 @@ class frmSimgraph : public Form {
 
   private:
     ControlArray<QPushButton> buttons();
-    QToolButton& arrow(const char* name, const char* says, Qt::ArrowType type, Place place);
+    QToolButton& arrow(const char* name, const char* caption, const char* says, Qt::ArrowType type,
+                       Place place);
     void connectButtons();
     void connectKeys();
     void connectPictureMenu();
@@ -66,16 +67,18 @@ class frmSimgraph : public Form {
 
     QFrame& Shape2 = frame("Shape2", at(8280, 0, 1320, 6780));
     ControlArray<QPushButton> Cmd = buttons();
-    QToolButton& picUp = arrow("picUp", "Scrolls up the display by one quarter of its current height.",
-                               Qt::UpArrow, at(480, 1650, 360, 360));
-    QToolButton& picLeft =
-        arrow("picLeft", "Scrolls left across the display by one quarter of its current width.",
-              Qt::LeftArrow, at(90, 2040, 360, 360));
-    QToolButton& picRight =
-        arrow("picRight", "Scrolls right across the display by one quarter of its current width.",
-              Qt::RightArrow, at(870, 2040, 360, 360));
-    QToolButton& picDown = arrow("picDown", "Scrolls down the display by one quarter of its current height.",
-                                 Qt::DownArrow, at(480, 2430, 360, 360));
+    QToolButton& picUp =
+        arrow("picUp", "Scroll up", "Scrolls up the display by one quarter of its current height.",
+              Qt::UpArrow, at(480, 1650, 360, 360));
+    QToolButton& picLeft = arrow("picLeft", "Scroll left",
+                                 "Scrolls left across the display by one quarter of its current width.",
+                                 Qt::LeftArrow, at(90, 2040, 360, 360));
+    QToolButton& picRight = arrow("picRight", "Scroll right",
+                                  "Scrolls right across the display by one quarter of its current width.",
+                                  Qt::RightArrow, at(870, 2040, 360, 360));
+    QToolButton& picDown =
+        arrow("picDown", "Scroll down", "Scrolls down the display by one quarter of its current height.",
+              Qt::DownArrow, at(480, 2430, 360, 360));
     QLabel& Label =
         label("Label",
               "Auto-interpolated points have not been plotted - too many reaches, determinands or plotting "

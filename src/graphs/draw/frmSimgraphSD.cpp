@@ -40,7 +40,7 @@ void frmSimgraphSD::DrawGraphs() {
     m_primitives.CloseGraph();
     m_drawing.width = m_area.width;
     m_drawing.height = m_area.height;
-    korvel::DrawGraphs(m_primitives, false, m_area, dayMonthYear(services().machine.today()));
+    korvel::DrawGraphs(m_primitives, OutputTarget::screen, m_area, dayMonthYear(services().machine.today()));
     ScreenCapture.update();
 }
 

@@ -9,7 +9,6 @@ namespace korvel {
 
 namespace {
 
-constexpr int specialDeterminandType = 4; // has no targets to show
 constexpr int noPoint = 0;
 
 Message missing(const char* text) {
@@ -57,9 +56,11 @@ void handOverChoices(const GraphChoices& choices, GraphHandOver& graph) {
     graph.displayLevel = std::clamp(choices.displayLevel, 0, 3);
 }
 
-void takePercentileLevel(int statistic, ResultsDataSet& results) {
-    if (statistic != 3 && statistic != 6) return;
-    const StatisticFacts& percentile = factsOf(statistic == 3 ? Statistic::p90 : Statistic::p99);
+// A standard for the 95 percentile leaves the level as it is.
+void takePercentileLevel(int code, ResultsDataSet& results) {
+    const auto standard = statisticOfStandard(code);
+    if (standard != Statistic::p90 && standard != Statistic::p99) return;
+    const StatisticFacts& percentile = factsOf(*standard);
     results.percentileLevel = percentile.name;
     results.percentileCaption = percentile.caption;
 }
@@ -75,7 +76,7 @@ void handOverTargets(const GraphChoices& choices, ResultsDataSet& results, Graph
     for (int d = 1; d <= results.determinandCount; ++d) {
         const int statistic = results.determinandStatistics[d];
         takePercentileLevel(statistic, results);
-        if (results.determinandTypes[d] != specialDeterminandType)
+        if (results.determinandTypes[d] != UnjudgedDeterminandType)
             graph.showTargets.push_back(showsTargets(choices, statistic));
     }
 }

@@ -50,7 +50,7 @@ frmGraphData::frmGraphData(Platform& services, frmSimgraph& graph)
     setToolTips();
     arrangeTabOrder();
     ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
-    keepRoomForControls();
+    keepLeastRoom();
     refresh();
 }
 
@@ -224,6 +224,7 @@ void frmGraphData::enterMode2() {
 
 void frmGraphData::refresh() {
     refreshFiles();
+    showModes();
     refreshMode1();
     refreshMode2();
     refreshOptions();
@@ -241,7 +242,6 @@ void frmGraphData::refreshFiles() {
 
 void frmGraphData::refreshMode1() {
     const QSignalBlocker quietUpstream(Combo[1]), quietDownstream(Combo[2]), quietSeries(lstDets);
-    setBackground(frameMode_1, modeColour(m_choices.displayMode1));
     showItems(Combo[1], textsOf(m_choices.reaches), m_choices.upstream);
     showItems(Combo[2], textsOf(m_choices.downstreamReaches), m_choices.downstream);
     showItems(lstDets, m_choices.series, m_choices.selectedSeries);
@@ -249,16 +249,14 @@ void frmGraphData::refreshMode1() {
 
 void frmGraphData::refreshMode2() {
     const QSignalBlocker quietDeterminand(Combo[3]), quietSites(lstSites);
-    setBackground(frameMode_2, modeColour(!m_choices.displayMode1));
     showItems(Combo[3], m_choices.series, m_choices.determinand);
     showItems(lstSites, textsOf(m_choices.reaches), m_choices.selectedSites);
 }
 
-Rgb frmGraphData::modeColour(bool current) const {
-    if (current) return paletteColour(GLOBAL.highlightColour);
-    const QColor normal = palette().color(QPalette::Window);
-    return {static_cast<std::uint8_t>(normal.red()), static_cast<std::uint8_t>(normal.green()),
-            static_cast<std::uint8_t>(normal.blue())};
+void frmGraphData::showModes() {
+    QFrame& current = m_choices.displayMode1 ? frameMode_1 : frameMode_2;
+    clearBackground(m_choices.displayMode1 ? frameMode_2 : frameMode_1);
+    setBackground(current, paletteColour(GLOBAL.highlightColour));
 }
 
 void frmGraphData::refreshOptions() {

@@ -18,6 +18,8 @@ class frmGraphData : public Form {
   protected:
     void onActivate() override;
     bool onClose() override;
+    void onResize() override { arrange(); }
+    void onTheme() override { showModes(); }
 
   private:
     void connectMenus();
@@ -49,7 +51,26 @@ class frmGraphData : public Form {
     void refreshMode1();
     void refreshMode2();
     void refreshOptions();
-    Rgb modeColour(bool current) const;
+    void showModes();
+
+    // Pixels, of what stands line by line; `across`: a twip of the design.
+    struct Measures {
+        int line = 0, box = 0, gap = 0, small = 0;
+        double across = 0;
+        int x(double twips) const { return qRound(twips * across); }
+    };
+    Measures measures() const;
+    int modeHeight(const Measures& its, const QLabel& title, int lines) const;
+    int optionsHeight(const Measures& its, int row) const;
+    int featuresHeight(const Measures& its) const;
+    int featureLines() const;
+    void keepLeastRoom();
+    void arrange();
+    void arrangeFiles(const Measures& its, int top);
+    void arrangeMode(const Measures& its, int mode, int top, int height);
+    void arrangeTitles(const Measures& its, int top);
+    void arrangeOptions(const Measures& its, int top, int row);
+    void arrangeFeatures(const Measures& its, int top);
     std::string nextStep() const;
 
     ControlArray<QLabel> labels();
@@ -58,7 +79,7 @@ class frmGraphData : public Form {
     ControlArray<QRadioButton> plotTypes();
     ControlArray<QLineEdit> titleBoxes();
 
-    // The controls in the designer's order.
+    // The controls in the designer's order, with its places; arrange() lets them follow the form's size.
     QMenu& mnuOpen = submenu("mnuOpen", "&Open");
     QAction& mnuDataFile1 = menuItem("mnuDataFile1", "Data File 1", &mnuOpen);
     QAction& mnuDataFile2 = menuItem("mnuDataFile2", "Data file 2", &mnuOpen);

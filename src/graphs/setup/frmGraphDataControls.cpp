@@ -18,7 +18,8 @@ ControlArray<QLabel> frmGraphData::labels() {
     const Look bold2{.bold = true, .in = &frameMode_2, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true};
     add(0, "Data file 1", at(150, 75, 1020, 285), {.bold = true});
     add(1, "Data file 2", at(4860, 75, 930, 285), {.bold = true});
-    add(2, "PLEASE WAIT - DATA FILE LOADING", at(150, 390, 4500, 270), {.bold = true});
+    add(2, "PLEASE WAIT - DATA FILE LOADING", at(5880, 5700, 3480, 300),
+        {.bold = true, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
     add(3, "Display Mode 1: Display a number of determinands for a group of contiguous reaches.",
         at(120, 60, 5400, 405), bold1);
     add(4, "Display Mode 2: Display a single determinand for a number of individual reaches.",
@@ -73,6 +74,8 @@ ControlArray<QRadioButton> frmGraphData::plotTypes() {
     add(3, "90", at(2130, 1935, 600, 240));
     add(4, "95", at(2130, 2190, 600, 240));
     add(5, "99", at(2130, 2445, 600, 240));
+    for (const int level : {3, 4, 5})
+        array[level].setAccessibleDescription("Percentile to plot");
     return array;
 }
 

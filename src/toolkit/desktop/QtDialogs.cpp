@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
+#include <QRegularExpression>
 
 namespace korvel {
 
@@ -34,6 +35,28 @@ QMessageBox::Icon iconOf(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
+QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::yesNo: return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::saveDiscardCancel: return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
+    case Buttons::ok: break;
+    }
+    return QMessageBox::Ok;
+}
+
+// Esc is the most careful answer.
+Answer answerOf(int pressed, Buttons buttons) {
+    switch (buttons) {
+    case Buttons::yesNo: return pressed == QMessageBox::Yes ? Answer::yes : Answer::no;
+    case Buttons::saveDiscardCancel:
+        return pressed == QMessageBox::Save      ? Answer::save
+               : pressed == QMessageBox::Discard ? Answer::discard
+                                                 : Answer::cancel;
+    case Buttons::ok: break;
+    }
+    return Answer::ok;
+}
+
 // "caption|pattern|caption|pattern" as Qt lists it. A caption that names its own pattern stands as it is.
 QStringList nameFilters(const std::string& filter) {
     const QStringList parts = shown(filter).split('|');
@@ -43,6 +66,20 @@ QStringList nameFilters(const std::string& filter) {
         filters << (namesPattern ? parts[i] : parts[i] + " (" + parts[i + 1] + ')');
     }
     return filters;
+}
+
+// "csv" of "Table (*.csv)".
+QString firstExtension(const QString& nameFilter) {
+    static const QRegularExpression extension("\\*\\.([^\\s)]+)");
+    return extension.match(nameFilter).captured(1);
+}
+
+// The ending of a name that has none goes with the kind of file that is chosen.
+void followFilter(QFileDialog& dialog) {
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        const QString extension = firstExtension(filter);
+        if (!extension.isEmpty()) dialog.setDefaultSuffix(extension);
+    });
 }
 
 // The dialog takes any name: what is wrong with it is the program's own check to say.
@@ -55,8 +92,15 @@ void prepare(QFileDialog& dialog, FileDialogKind kind, const FileDialogSettings&
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !settings.overwritePrompt);
     dialog.setNameFilters(nameFilters(settings.filter));
     dialog.setDefaultSuffix(shown(settings.defaultExtension));
+    if (!settings.defaultExtension.empty()) followFilter(dialog);
     if (!settings.initialFolder.empty())
         dialog.setDirectory(QFile::decodeName(hostPathOf(settings.initialFolder).c_str()));
+    if (!settings.proposedName.empty()) dialog.selectFile(shown(settings.proposedName));
+}
+
+ChosenFile chosenFile(const QString& path, NameUse use) {
+    const std::string hostPath = QFile::encodeName(path).toStdString();
+    return {modelNameOfHostPath(hostPath), whyNotAModelName(hostPath, use)};
 }
 
 // The dialog only chooses: nothing is printed when it closes.
@@ -95,12 +139,9 @@ Answer QtDialogs::show(const Message& message) {
     box.setTextFormat(Qt::PlainText);
     box.setText(shown(message.text));
     box.setIcon(iconOf(message.icon));
-    const bool asks = message.buttons == Buttons::yesNo;
-    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No
-                                : QMessageBox::StandardButtons(QMessageBox::Ok));
-    const int pressed = box.exec();
-    if (!asks) return Answer::ok;
-    return pressed == QMessageBox::Yes ? Answer::yes : Answer::no;
+    box.setStandardButtons(buttonsOf(message.buttons));
+    if (message.buttons == Buttons::saveDiscardCancel) box.setDefaultButton(QMessageBox::Save);
+    return answerOf(box.exec(), message.buttons);
 }
 
 std::optional<ChosenFile> QtDialogs::chooseFile(FileDialogKind kind, const FileDialogSettings& settings) {
@@ -109,8 +150,19 @@ std::optional<ChosenFile> QtDialogs::chooseFile(FileDialogKind kind, const FileD
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     const QString path = QDir::cleanPath(dialog.selectedFiles().constFirst());
     QDir::setCurrent(QFileInfo(path).absolutePath());
-    const std::string hostPath = QFile::encodeName(path).toStdString();
-    return ChosenFile{modelNameOfHostPath(hostPath), whyNotAModelName(hostPath, settings.nameUse)};
+    return chosenFile(path, settings.nameUse);
+}
+
+std::vector<ChosenFile> QtDialogs::chooseFiles(const FileDialogSettings& settings) {
+    QFileDialog dialog(topForm());
+    prepare(dialog, FileDialogKind::open, settings);
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    std::vector<ChosenFile> files;
+    for (const QString& path : dialog.selectedFiles())
+        files.push_back(chosenFile(QDir::cleanPath(path), settings.nameUse));
+    QDir::setCurrent(QFileInfo(dialog.selectedFiles().constFirst()).absolutePath());
+    return files;
 }
 
 void QtDialogs::choosePrinter(const std::string& objectName) {

@@ -13,6 +13,7 @@ class QtDialogs : public Dialogs {
 
     Answer show(const Message& message) override;
     std::optional<ChosenFile> chooseFile(FileDialogKind kind, const FileDialogSettings& settings) override;
+    std::vector<ChosenFile> chooseFiles(const FileDialogSettings& settings) override;
     void choosePrinter(const std::string& objectName) override;
 
   private:

@@ -6,6 +6,7 @@
 #include "basic/Text.h"
 #include "drawing/paint/Twips.h"
 #include "platform/Guide.h"
+#include "toolkit/desktop/LastRunMemory.h"
 #include "toolkit/process/EngineProcess.h"
 #include "toolkit/process/EngineStart.h"
 #include "toolkit/process/EngineWindowCall.h"
@@ -13,8 +14,10 @@
 #include <QCoreApplication>
 #include <QDate>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QFileSystemWatcher>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
@@ -41,6 +44,10 @@ std::string enginePath(const std::string& program) {
 }
 
 } // namespace
+
+QtMachine::QtMachine(std::function<std::string()> findFolder) : m_findFolder(std::move(findFolder)) {}
+
+QtMachine::~QtMachine() = default;
 
 std::string QtMachine::applicationFolder() {
     if (m_applicationFolder.empty()) m_applicationFolder = modelNameOfHostPath(m_findFolder());
@@ -112,6 +119,30 @@ std::string QtMachine::guideFile() {
 
 bool QtMachine::openGuide(const std::string& guide) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(guide)));
+}
+
+std::string QtMachine::samplesFolder() {
+    for (const std::string& place : samplesPlaces(QCoreApplication::applicationDirPath().toStdString())) {
+        const QFileInfo folder(QString::fromStdString(place));
+        if (folder.isDir()) return modelNameOfHostPath(folder.canonicalFilePath().toStdString());
+    }
+    return "";
+}
+
+std::vector<LastRun> QtMachine::lastRuns() {
+    return LastRunMemory().runs();
+}
+
+void QtMachine::noteRun(const LastRun& run) {
+    LastRunMemory().note(run);
+}
+
+// The folder, as the file is replaced whole.
+void QtMachine::watchLastRuns(std::function<void()> onChange) {
+    const QString folder = LastRunMemory().folder();
+    QDir().mkpath(folder);
+    m_watcher = std::make_unique<QFileSystemWatcher>(QStringList{folder});
+    QObject::connect(m_watcher.get(), &QFileSystemWatcher::directoryChanged, std::move(onChange));
 }
 
 } // namespace korvel

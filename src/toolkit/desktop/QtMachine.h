@@ -4,13 +4,18 @@
 #include "basic/DiskNames.h"
 #include "platform/Machine.h"
 
+#include <memory>
+
+class QFileSystemWatcher;
+
 namespace korvel {
 
 class QtMachine : public Machine {
   public:
     // `findFolder`: the host path of the application folder, asked for once, at its first use; its failure is
     // the caller's.
-    explicit QtMachine(std::function<std::string()> findFolder) : m_findFolder(std::move(findFolder)) {}
+    explicit QtMachine(std::function<std::string()> findFolder);
+    ~QtMachine() override;
 
     std::string applicationFolder() override;
     WorkArea workArea() override;
@@ -25,12 +30,17 @@ class QtMachine : public Machine {
     void showFolder(const std::string& folder) override;
     std::string guideFile() override;
     bool openGuide(const std::string& guide) override;
+    std::string samplesFolder() override;
+    std::vector<LastRun> lastRuns() override;
+    void noteRun(const LastRun& run) override;
+    void watchLastRuns(std::function<void()> onChange) override;
 
   private:
     std::string hostFolder() { return hostPathOf(applicationFolder()); }
 
     std::function<std::string()> m_findFolder;
     std::string m_applicationFolder;
+    std::unique_ptr<QFileSystemWatcher> m_watcher; // of the last runs, once somebody wants to know
 };
 
 } // namespace korvel

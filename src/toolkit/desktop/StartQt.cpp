@@ -1,29 +1,14 @@
 #include "toolkit/desktop/StartQt.h"
 
+#include "toolkit/desktop/Theme.h"
+#include "toolkit/forms/Looks.h"
 #include "toolkit/forms/PlainStyle.h"
 
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
-#include <QPalette>
 
 namespace korvel {
-
-namespace {
-
-QPalette lightPalette() {
-    QPalette palette(QColor(0xf4, 0xf6, 0xf7));
-    palette.setColor(QPalette::Window, QColor(0xf4, 0xf6, 0xf7));
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Button, QColor(0xe6, 0xea, 0xec));
-    palette.setColor(QPalette::Highlight, QColor(0x1d, 0x6f, 0x91));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(0x8a, 0x93, 0x98));
-    return palette;
-}
-
-} // namespace
 
 void settleBeforeQt() {
     qputenv("QT_FONT_DPI", "96");
@@ -41,8 +26,8 @@ void settleExplorerLook() {
 
 void settleLook() {
     QApplication::setStyle(new PlainStyle); // Qt deletes it
-    QApplication::setPalette(lightPalette());
-    QApplication::setFont(QFont("Arial", 10));
+    QApplication::setPalette(paletteOf(namedTheme().value_or(Theme::light)));
+    QApplication::setFont(looks::windowFont());
 }
 
 } // namespace korvel

@@ -14,6 +14,8 @@ namespace korvel {
 
 namespace {
 
+constexpr int darkestForBlack = 70; // grey value: on a pure red, black words are read best
+
 std::string withoutAccessKey(std::string caption) {
     std::erase(caption, '&');
     return trim(caption);
@@ -27,14 +29,6 @@ int lineHeight(QListWidget& list) {
     const int height = list.sizeHintForRow(0);
     list.clear();
     return height;
-}
-
-// A list shows whole lines: its height is taken down to a whole number of them.
-void showWholeLines(QListWidget& list) {
-    const int line = lineHeight(list);
-    const int border = 2 * list.frameWidth();
-    const int lines = qMax(1, (list.height() - border) / line);
-    list.resize(list.width(), lines * line + border);
 }
 
 } // namespace
@@ -106,12 +100,13 @@ void Form::place(QWidget& control, const std::string& typeName, Place place, dou
           place, {.fontSize = fontSize});
 }
 
+// A label is read by its text, which may change.
 QLabel& Form::label(const char* name, const std::string& caption, Place place, Look look) {
     auto* control = new QLabel(shown(caption), parentFor(look));
     control->setTextFormat(Qt::PlainText);
     control->setAlignment(look.align);
     control->setWordWrap(look.wraps);
-    return added(control, name, "Label", caption, place, look);
+    return added(control, name, "Label", "", place, look);
 }
 
 QPushButton& Form::button(const char* name, const std::string& caption, Place place, Look look) {
@@ -201,6 +196,13 @@ void Form::ScaleFormControls(double scaleX, double scaleY) {
     }
 }
 
+void Form::showWholeLines(QListWidget& list) {
+    const int line = lineHeight(list);
+    const int border = 2 * list.frameWidth();
+    const int lines = qMax(1, (list.height() - border) / line);
+    list.resize(list.width(), lines * line + border);
+}
+
 void Form::keepRoomForControls() {
     QRect room(0, 0, 1, 1);
     for (const Placed& placed : m_placed)
@@ -227,20 +229,28 @@ void Form::setControlPlace(QWidget& control, const Place& place) {
 }
 
 void Form::setBackground(QWidget& control, Rgb colour) {
-    QPalette palette = control.palette();
-    palette.setColor(QPalette::Window, QColor(colour.red, colour.green, colour.blue));
+    const QColor ground(colour.red, colour.green, colour.blue);
+    const bool isLight = qGray(ground.rgb()) > darkestForBlack;
+    QPalette palette = paletteOf(isLight ? Theme::light : Theme::dark);
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::WindowText, isLight ? Qt::black : Qt::white);
     control.setAutoFillBackground(true);
     control.setPalette(palette);
+}
+
+void Form::clearBackground(QWidget& control) {
+    control.setPalette({});
 }
 
 void Form::setTextColour(QWidget& control, Rgb colour) {
     QPalette palette = control.palette();
     palette.setColor(QPalette::WindowText, QColor(colour.red, colour.green, colour.blue));
+    control.setForegroundRole(QPalette::WindowText); // also on a ground of another role
     control.setPalette(palette);
 }
 
 void Form::setFontSize(QWidget& control, double points, bool bold) {
-    QFont font("Arial");
+    QFont font(looks::textFamily);
     font.setPointSizeF(qMax(1.0, points));
     font.setBold(bold);
     control.setFont(font);
@@ -289,6 +299,11 @@ void Form::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     for (const int milliseconds : {0, 50, 200, 600})
         QTimer::singleShot(milliseconds, this, [this] { fitOuterFrame(); });
+}
+
+void Form::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) m_handlers.run([this] { onTheme(); });
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {

@@ -5,7 +5,9 @@
 #include "basic/FormScaling.h"
 #include "basic/Palette.h"
 #include "platform/Platform.h"
+#include "toolkit/desktop/Theme.h"
 #include "toolkit/forms/Handlers.h"
+#include "toolkit/forms/Looks.h"
 #include "toolkit/forms/Shape.h"
 #include "toolkit/forms/Watches.h"
 
@@ -32,7 +34,7 @@ constexpr Place at(double left, double top, double width, double height) {
 }
 
 struct Look {
-    double fontSize = 8; // points
+    double fontSize = looks::designText; // points
     bool bold = false;
     QWidget* in = nullptr; // the frame that holds the control; none: the form
     Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
@@ -70,6 +72,9 @@ class Form : public QMainWindow, public ShownForm {
     // Before the form closes; false keeps it open.
     virtual bool onClose() { return true; }
     virtual void onResize() {}
+    // The desktop has become light or dark: what has colours of its own takes those of theme().
+    virtual void onTheme() {}
+    Theme theme() const { return themeOf(palette()); }
     // Works at something during which events pass.
     virtual bool isBusy() const { return false; }
     // Keys that no control took; true when used.
@@ -89,18 +94,23 @@ class Form : public QMainWindow, public ShownForm {
     QProgressBar& progressBar(const char* name, Place place, Look look = {});
     Shape& shape(const std::string& name, Shape::Kind kind, Rgb fill, Place place);
     // Any other control, registered with its type's name for the scaling.
-    void place(QWidget& control, const std::string& typeName, Place place, double fontSize = 8);
+    void place(QWidget& control, const std::string& typeName, Place place,
+               double fontSize = looks::designText);
 
     QMenu& submenu(const char* name, const std::string& caption, QMenu* in = nullptr);
     QAction& menuItem(const char* name, const std::string& caption, QMenu* in = nullptr);
 
     // Rescales every control in place and returns to whole lines in the lists.
     void ScaleFormControls(double scaleX, double scaleY);
+    // A list's height is taken down to a whole number of lines.
+    static void showWholeLines(QListWidget& list);
     // The window can't be made smaller than it takes to show all controls where they are.
     void keepRoomForControls();
     Place controlPlace(const QWidget& control) const;
     void setControlPlace(QWidget& control, const Place& place);
+    // A given ground. What stands on it looks as on a desktop that is as light as this ground.
     static void setBackground(QWidget& control, Rgb colour);
+    static void clearBackground(QWidget& control);
     static void setTextColour(QWidget& control, Rgb colour);
     static void setFontSize(QWidget& control, double points, bool bold);
 
@@ -128,6 +138,7 @@ class Form : public QMainWindow, public ShownForm {
     void moveEvent(QMoveEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void onShortcutUnlessBusy(const QKeySequence& keys, std::function<void()> action);

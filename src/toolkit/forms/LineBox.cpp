@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace korvel {
 
 namespace {
@@ -19,7 +21,9 @@ QPen penOf(const BoxLine& line) {
     return {colour, 1, line.sample == BoxLine::Sample::dottedLine ? Qt::DotLine : Qt::SolidLine};
 }
 
+// In the colour of the graph, and on its paper.
 void paintSample(QPainter& painter, const BoxLine& line, const QRect& place) {
+    painter.fillRect(place, Qt::white);
     painter.setPen(penOf(line));
     const QPoint middle = place.center();
     if (line.sample == BoxLine::Sample::cross) {
@@ -37,6 +41,14 @@ int widthOf(const QPainter& painter, const std::string& text) {
 void paintText(QPainter& painter, const QRect& place, Qt::Alignment align, const std::string& text) {
     const QString fitting = painter.fontMetrics().elidedText(shown(text), Qt::ElideRight, place.width());
     painter.drawText(place, align | Qt::AlignVCenter, fitting);
+}
+
+// A value's name must be read whole: which set it is of stands at its end.
+bool fitsIn(const BoxLine& line, const QFont& font, int width) {
+    if (line.value.empty()) return true;
+    const QFontMetrics metrics(font);
+    const auto wide = [&](const std::string& text) { return metrics.horizontalAdvance(shown(text)); };
+    return sampleWidth + gap + wide(line.text) + gap + wide(line.value) <= width;
 }
 
 QFont fontOf(QFont font, BoxLine::Look look) {
@@ -85,9 +97,14 @@ std::size_t LineBox::room(const QFont& font) const {
 }
 
 QFont LineBox::fittingFont() const {
-    const std::size_t wanted = m_lines ? m_lines(everyLine).size() : 0;
+    const std::vector<BoxLine> wanted = m_lines ? m_lines(everyLine) : std::vector<BoxLine>();
     QFont fitting = font();
-    while (room(fitting) < wanted && fitting.pointSizeF() > leastSize)
+    const auto fits = [&] {
+        return wanted.size() <= room(fitting) && std::ranges::all_of(wanted, [&](const BoxLine& line) {
+                   return fitsIn(line, fitting, width());
+               });
+    };
+    while (!fits() && fitting.pointSizeF() > leastSize)
         fitting.setPointSizeF(qMax(leastSize, fitting.pointSizeF() - 1));
     return fitting;
 }

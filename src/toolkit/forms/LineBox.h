@@ -38,12 +38,13 @@ class LineBox : public QLabel {
 
     // As shown.
     std::vector<BoxLine> lines() const;
+    // Small enough for every line, and for every value beside its name.
+    QFont fittingFont() const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    QFont fittingFont() const;
     std::size_t room(const QFont& font) const;
 
     Lines m_lines;

@@ -2,6 +2,7 @@
 
 #include "basic/Product.h"
 #include "basic/RunTimeError.h"
+#include "drawing/Units.h"
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/Shown.h"
 
@@ -13,7 +14,6 @@ namespace korvel {
 namespace {
 
 constexpr int dotsPerInch = 300;
-constexpr double pointsPerInch = 72;
 
 QPageLayout sheetOf(Orientation orientation) {
     const bool landscape = orientation == Orientation::landscape;

@@ -1,10 +1,9 @@
 #include "toolkit/paper/PdfTarget.h"
 
+#include "basic/Interrupted.h"
 #include "basic/RunTimeError.h"
 
 #include <cerrno>
-#include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <unistd.h>
 #include <utility>
@@ -17,31 +16,23 @@ namespace {
     throw runTimeErrorOfErrno(errno);
 }
 
-int openNamelessFile() {
+std::string temporaryFolder() {
     std::error_code unknown;
     const std::filesystem::path folder = std::filesystem::temp_directory_path(unknown);
-    std::string path = (unknown ? "/tmp" : folder) / "korvel-XXXXXX";
-    const int file = mkostemp(path.data(), O_CLOEXEC);
-    if (file < 0) failWithErrno();
-    ::unlink(path.c_str());
-    return file;
+    return unknown ? "/tmp" : folder.string();
 }
 
 } // namespace
 
 QueueTarget::QueueTarget(QueueJob job) : m_job(std::move(job)) {
     requireReady(m_job.queue);
-    m_file = openNamelessFile();
-}
-
-QueueTarget::~QueueTarget() {
-    if (m_file >= 0) ::close(m_file);
+    m_file.emplace(temporaryFolder());
 }
 
 void QueueTarget::write(std::string_view bytes) {
     while (!bytes.empty()) {
-        const auto count = ::write(m_file, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) continue;
+        const auto count =
+            untilNotInterrupted([&] { return ::write(m_file->descriptor(), bytes.data(), bytes.size()); });
         if (count < 0) failWithErrno();
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
@@ -49,7 +40,7 @@ void QueueTarget::write(std::string_view bytes) {
 
 void QueueTarget::finish() {
     requireReady(m_job.queue);
-    printFile(m_job, "/proc/self/fd/" + std::to_string(m_file));
+    printFile(m_job, m_file->path());
 }
 
 } // namespace korvel

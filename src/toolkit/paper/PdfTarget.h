@@ -1,10 +1,12 @@
 // Where the bytes of a PDF document go: a file, or a print queue.
 #pragma once
 
+#include "basic/ScratchFile.h"
 #include "platform/Files.h"
 #include "toolkit/paper/PrintQueue.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,13 +35,12 @@ class FileTarget : public PdfTarget {
 class QueueTarget : public PdfTarget {
   public:
     explicit QueueTarget(QueueJob job);
-    ~QueueTarget() override;
     void write(std::string_view bytes) override;
     void finish() override;
 
   private:
     QueueJob m_job;
-    int m_file = -1; // a private temporary file without a name, so that nothing of it can be left behind
+    std::optional<ScratchFile> m_file; // made when the queue takes jobs
 };
 
 } // namespace korvel

@@ -4,6 +4,7 @@
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/GlyphFonts.h"
 
+#include <QAbstractScrollArea>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPainter>
@@ -65,7 +66,8 @@ bool showPrintPreview(const std::vector<Drawing>& pages, Orientation orientation
     dialog.setWindowTitle("Print");
     dialog.resize(window.size() * shareOfWindow);
     auto* preview = new QPrintPreviewWidget(&printer);
-    preview->setAccessibleName("Preview");
+    for (QWidget* view : preview->findChildren<QAbstractScrollArea*>()) // which takes the focus
+        view->setAccessibleName("Preview");
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     auto* print = buttons->addButton("&Print", QDialogButtonBox::AcceptRole);
     auto* setup = buttons->addButton("Printer &Setup ...", QDialogButtonBox::ActionRole);

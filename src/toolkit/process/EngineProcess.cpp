@@ -1,5 +1,7 @@
 #include "toolkit/process/EngineProcess.h"
 
+#include "toolkit/process/Spawning.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QProcessEnvironment>
@@ -12,7 +14,6 @@ namespace korvel {
 namespace {
 
 constexpr int patienceMilliseconds = 2000;
-constexpr int signalBase = 128;
 const char* const windowsBeginning = "MZ";
 
 std::string firstTwoBytes(const std::string& path) {

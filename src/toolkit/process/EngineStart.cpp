@@ -2,15 +2,14 @@
 
 #include "basic/RunTimeError.h"
 #include "toolkit/process/EngineProcess.h"
+#include "toolkit/process/Spawning.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <fcntl.h>
 #include <optional>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,41 +21,17 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using OnOutput = std::function<void(std::string_view)>;
 
-constexpr int signalBase = 128;
-constexpr const char* nullDevice = "/dev/null";
 constexpr std::chrono::milliseconds longestDrain{1000};
 constexpr int betweenQuestions = 50; // milliseconds, where the system tells of no process's end
 
-void check(int errorCode) {
-    if (errorCode != 0) throw runTimeErrorOfErrno(errorCode);
-}
-
-// How the new process differs from this one.
-class Spawning {
+class EngineSpawning : public Spawning {
   public:
-    explicit Spawning(const std::string& folder) {
-        check(posix_spawn_file_actions_init(&m_actions));
-        check(posix_spawnattr_init(&m_attributes));
-        check(posix_spawn_file_actions_addchdir_np(&m_actions, folder.c_str()));
-        check(posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, nullDevice, O_RDONLY, 0));
+    explicit EngineSpawning(const std::string& folder) {
+        checkCall(posix_spawn_file_actions_addchdir_np(&m_actions, folder.c_str()));
     }
-    ~Spawning() {
-        posix_spawn_file_actions_destroy(&m_actions);
-        posix_spawnattr_destroy(&m_attributes);
-    }
-    Spawning(const Spawning&) = delete;
-    Spawning& operator=(const Spawning&) = delete;
 
-    void sendOutputTo(int descriptor) {
-        check(posix_spawn_file_actions_adddup2(&m_actions, descriptor, STDOUT_FILENO));
-        check(posix_spawn_file_actions_adddup2(&m_actions, descriptor, STDERR_FILENO));
-    }
-    void dropOutput() {
-        for (const int output : {STDOUT_FILENO, STDERR_FILENO})
-            check(posix_spawn_file_actions_addopen(&m_actions, output, nullDevice, O_WRONLY, 0));
-    }
     // So that the end of a terminal doesn't end the engine.
-    void startSession() { check(posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSID)); }
+    void startSession() { checkCall(posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSID)); }
 
     pid_t start(EngineCommand command) {
         if (command.program.empty()) throw RunTimeError(errors::fileNotFound, command.problem);
@@ -66,24 +41,10 @@ class Spawning {
         std::array<char*, 3> arguments = {command.program.data(),
                                           command.argument ? command.argument->data() : nullptr, nullptr};
         pid_t process = 0;
-        check(posix_spawn(&process, command.program.c_str(), &m_actions, &m_attributes, arguments.data(),
-                          environ));
+        checkCall(posix_spawn(&process, command.program.c_str(), &m_actions, &m_attributes, arguments.data(),
+                              environ));
         return process;
     }
-
-  private:
-    posix_spawn_file_actions_t m_actions{};
-    posix_spawnattr_t m_attributes{};
-};
-
-struct Pipe {
-    Pipe() {
-        std::array<int, 2> ends{};
-        if (pipe2(ends.data(), O_CLOEXEC) != 0) check(errno);
-        readEnd = Descriptor(ends[0]);
-        writeEnd = Descriptor(ends[1]);
-    }
-    Descriptor readEnd, writeEnd;
 };
 
 // Hands on what can be read without waiting; closes the end of a pipe that nobody writes to any more.
@@ -106,9 +67,9 @@ Descriptor endOf(pid_t process) {
 std::optional<int> statusOf(pid_t process) {
     int status = 0;
     const pid_t ended = waitpid(process, &status, WNOHANG);
-    if (ended < 0 && errno != EINTR) check(errno);
+    if (ended < 0 && errno != EINTR) checkCall(errno);
     if (ended != process) return std::nullopt;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
+    return exitStatusOf(status);
 }
 
 // Sleeps until there is something to do: output, the engine's end, the end of its turn.
@@ -156,8 +117,9 @@ void keepTurn(TurnOfEngine turn, pid_t process) {
 } // namespace
 
 void startEngineAlone(const std::string& enginePath, const std::string& folder, StartTurn turn) {
-    Spawning spawning(folder);
-    spawning.dropOutput();
+    EngineSpawning spawning(folder);
+    for (const int output : {STDOUT_FILENO, STDERR_FILENO})
+        spawning.drop(output);
     spawning.startSession();
     TurnOfEngine turnOfEngine(std::move(turn), folder);
     const pid_t process = spawning.start(engineCommandOf(enginePath));
@@ -167,8 +129,9 @@ void startEngineAlone(const std::string& enginePath, const std::string& folder, 
 int runEngine(const std::string& enginePath, const std::string& folder, const OnOutput& onOutput,
               StartTurn turn) {
     Pipe output;
-    Spawning spawning(folder);
-    spawning.sendOutputTo(output.writeEnd.number());
+    EngineSpawning spawning(folder);
+    for (const int channel : {STDOUT_FILENO, STDERR_FILENO})
+        spawning.send(channel, output.writeEnd);
     TurnOfEngine turnOfEngine(std::move(turn), folder);
     const pid_t process = spawning.start(engineCommandOf(enginePath));
     output.writeEnd.close();

@@ -1,5 +1,6 @@
 #include "toolkit/process/ForkedWorkers.h"
 
+#include "basic/Interrupted.h"
 #include "basic/RunTimeError.h"
 
 #include <array>
@@ -25,19 +26,13 @@ void check(bool holds) {
 // One message; "" where the other side has gone.
 std::string messageFrom(int socket) {
     std::array<char, longestMessage> bytes{};
-    ssize_t count = 0;
-    do {
-        count = ::recv(socket, bytes.data(), bytes.size(), 0);
-    } while (count < 0 && errno == EINTR);
+    const ssize_t count = untilNotInterrupted([&] { return ::recv(socket, bytes.data(), bytes.size(), 0); });
     return {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))};
 }
 
 bool send(int socket, const std::string& message) {
-    ssize_t count = 0;
-    do {
-        count = ::send(socket, message.data(), std::min(message.size(), longestMessage), MSG_NOSIGNAL);
-    } while (count < 0 && errno == EINTR);
-    return count >= 0;
+    const std::size_t length = std::min(message.size(), longestMessage);
+    return untilNotInterrupted([&] { return ::send(socket, message.data(), length, MSG_NOSIGNAL); }) >= 0;
 }
 
 } // namespace
@@ -114,8 +109,7 @@ WorkerEvent ForkedWorkers::receive(std::size_t worker) {
 std::string ForkedWorkers::endOf(Copy& copy) {
     ::close(copy.socket);
     int status = 0;
-    while (waitpid(copy.process, &status, 0) < 0 && errno == EINTR) {
-    }
+    untilNotInterrupted([&] { return waitpid(copy.process, &status, 0); });
     copy = Copy();
     if (WIFSIGNALED(status)) return std::string("ended by the signal ") + strsignal(WTERMSIG(status));
     return "ended with status " + std::to_string(WEXITSTATUS(status));

@@ -1,8 +1,10 @@
 #include "toolkit/process/GuardedEngine.h"
 
 #include "basic/Descriptor.h"
+#include "basic/Interrupted.h"
 #include "basic/RunTimeError.h"
 #include "toolkit/process/EngineProcess.h"
+#include "toolkit/process/Spawning.h"
 
 #include <array>
 #include <cerrno>
@@ -20,7 +22,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int signalBase = 128;
 constexpr std::chrono::milliseconds togetherness(300); // between two processes that get one signal
 constexpr std::chrono::seconds patience(2);            // between asking the engine to end and ending it
 
@@ -90,10 +91,7 @@ bool nextStop(std::chrono::milliseconds atMost) {
 // The child's errno where it could not become the engine, else 0.
 int problemOf(int descriptor) {
     int code = 0;
-    ssize_t count = 0;
-    do {
-        count = ::read(descriptor, &code, sizeof code);
-    } while (count < 0 && errno == EINTR);
+    const ssize_t count = untilNotInterrupted([&] { return ::read(descriptor, &code, sizeof code); });
     return count == static_cast<ssize_t>(sizeof code) ? code : 0;
 }
 
@@ -101,7 +99,7 @@ int problemOf(int descriptor) {
 int takeEnd(pid_t engine, int status, bool& stopped) {
     if (WIFSIGNALED(status) && !stopped) stopped = nextStop(togetherness);
     if (stopped) ::kill(-engine, SIGKILL); // what is left of its children
-    return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
+    return exitStatusOf(status);
 }
 
 } // namespace
@@ -122,20 +120,17 @@ EngineEnd GuardedEngine::run(const std::string& program, const std::string& fold
                                       command.argument ? command.argument->data() : nullptr, nullptr};
     const Descriptor input = opened(::open("/dev/null", O_RDONLY | O_CLOEXEC));
     const Descriptor said = opened(::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-    std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0) throw runTimeErrorOfErrno(errno);
-    const Descriptor problem(ends[0]);
-    Descriptor problemEnd(ends[1]);
+    Pipe problem;
 
     const pid_t self = getpid();
     const pid_t engine = fork();
     if (engine < 0) throw runTimeErrorOfErrno(errno);
     if (engine == 0)
         becomeEngine({command.program.c_str(), arguments.data(), folder.c_str(), input.number(),
-                      said.number(), problemEnd.number(), self});
+                      said.number(), problem.writeEnd.number(), self});
     setpgid(engine, engine); // whoever of the two is first
-    problemEnd.close();
-    const int code = problemOf(problem.number());
+    problem.writeEnd.close();
+    const int code = problemOf(problem.readEnd.number());
     bool stopped = false;
     const int status = waitFor(engine, stopped);
     if (code != 0)

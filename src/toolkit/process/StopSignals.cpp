@@ -26,23 +26,19 @@ StopSignals::StopSignals() {
     const sigset_t signals = stopSignals();
     sigprocmask(SIG_BLOCK, &signals, nullptr);
     std::signal(SIGPIPE, SIG_IGN); // a reader that has gone is no reason to leave runs behind
-    m_descriptor = signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
-    if (m_descriptor < 0) throw runTimeErrorOfErrno(errno);
-}
-
-StopSignals::~StopSignals() {
-    ::close(m_descriptor);
+    m_signals = Descriptor(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+    if (!m_signals.isOpen()) throw runTimeErrorOfErrno(errno);
 }
 
 StopWish StopSignals::wait(std::chrono::milliseconds atMost) {
-    pollfd waited{m_descriptor, POLLIN, 0};
+    pollfd waited{descriptor(), POLLIN, 0};
     ::poll(&waited, 1, static_cast<int>(atMost.count()));
     return next();
 }
 
 StopWish StopSignals::next() const {
     signalfd_siginfo info{};
-    if (::read(m_descriptor, &info, sizeof info) != static_cast<ssize_t>(sizeof info)) return StopWish::none;
+    if (::read(descriptor(), &info, sizeof info) != static_cast<ssize_t>(sizeof info)) return StopWish::none;
     return info.ssi_signo == SIGHUP ? StopWish::hangUp : StopWish::stop;
 }
 

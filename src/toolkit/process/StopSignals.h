@@ -3,6 +3,7 @@
 // from it.
 #pragma once
 
+#include "basic/Descriptor.h"
 #include "platform/Tools.h"
 
 namespace korvel {
@@ -10,17 +11,14 @@ namespace korvel {
 class StopSignals : public StopWishes {
   public:
     StopSignals();
-    ~StopSignals() override;
-    StopSignals(const StopSignals&) = delete;
-    StopSignals& operator=(const StopSignals&) = delete;
 
     StopWish wait(std::chrono::milliseconds atMost) override;
     // Readable where a signal waits; next() takes it.
-    int descriptor() const { return m_descriptor; }
+    int descriptor() const { return m_signals.number(); }
     StopWish next() const;
 
   private:
-    int m_descriptor = -1;
+    Descriptor m_signals;
 };
 
 } // namespace korvel

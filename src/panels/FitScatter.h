@@ -1,15 +1,24 @@
 // Observed against simulated: points in a square, with the line on which both are equal.
 #pragma once
 
+#include "analysis/Fit.h"
 #include "drawing/Axis.h"
 #include "drawing/Drawing.h"
-#include "explore/rows/FitRows.h"
+#include "study/Study.h"
 
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace korvel {
+
+// What a run has of a series where it was observed.
+struct FittedPoints {
+    StudyRun run;
+    int series = 0;
+    Statistic statistic = Statistic::mean;
+    std::vector<ObservedPoint> points;
+};
 
 struct ScatterPoint {
     DrawnPoint at;
@@ -29,12 +38,10 @@ struct FitScatter {
 
     // The point nearest to a place of the drawing, none further away than `reach`.
     const ScatterPoint* pointAt(const DrawnPoint& place, double reach) const;
-    // "24.3 km, Holcombe STW, reach 3 Upper Alder: observed 5.1, simulated 5.42"
-    std::string words(const ScatterPoint& point) const;
 };
 
 // In twips; from 0, or logarithmic where that is chosen and all is above 0.
-FitScatter layOutScatter(const FitRows::Points& points, double width, double height, ScaleKind kind,
+FitScatter layOutScatter(const FittedPoints& points, double width, double height, ScaleKind kind,
                          const TextMetrics& metrics);
 
 // `marked`: the point under the pointer, or null.

@@ -1,8 +1,10 @@
-#include "explore/window/Theme.h"
+#include "toolkit/desktop/Theme.h"
 
+#include <QApplication>
 #include <QColor>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QVariant>
 
@@ -23,12 +25,16 @@ uint numberIn(QVariant value) {
     return value.toUInt();
 }
 
+QDBusMessage schemeQuestion() {
+    QDBusMessage question = QDBusMessage::createMethodCall(service, path, settings, "Read");
+    question << QString("org.freedesktop.appearance") << QString("color-scheme");
+    return question;
+}
+
 bool desktopIsDark() {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return false;
-    QDBusMessage question = QDBusMessage::createMethodCall(service, path, settings, "Read");
-    question << QString("org.freedesktop.appearance") << QString("color-scheme");
-    const QDBusMessage answer = bus.call(question, QDBus::Block, patience);
+    const QDBusMessage answer = bus.call(schemeQuestion(), QDBus::Block, patience);
     return answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty() &&
            numberIn(answer.arguments().first()) == prefersDark;
 }
@@ -40,14 +46,28 @@ constexpr Colours light = {0xfff7f8f9, 0xffffffff, 0xfff4f6f7, 0xff1c2529, 0xff8
                            0xffeef1f2, 0xff1d6f91, 0xffffffff, 0xffd5dbde};
 constexpr Colours dark = {0xff22272a, 0xff191d20, 0xff1f2427, 0xffe4e9eb, 0xff7d888d,
                           0xff2d3438, 0xff3d9cc4, 0xff0d1214, 0xff3c454a};
+constexpr int darkest = 127; // lightness, of a ground that counts as dark
+
+void showAll(Theme theme) {
+    if (themeOf(QApplication::palette()) != theme) QApplication::setPalette(paletteOf(theme));
+}
 
 } // namespace
 
-Theme desktopTheme() {
+std::optional<Theme> namedTheme() {
     const QByteArray wanted = qgetenv("KORVEL_THEME").toLower();
     if (wanted == "dark") return Theme::dark;
     if (wanted == "light") return Theme::light;
+    return std::nullopt;
+}
+
+Theme desktopTheme() {
+    if (const std::optional<Theme> named = namedTheme()) return *named;
     return desktopIsDark() ? Theme::dark : Theme::light;
+}
+
+Theme themeOf(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() > darkest ? Theme::light : Theme::dark;
 }
 
 QColor accentOf(Theme theme) {
@@ -78,8 +98,19 @@ ThemeWatch::ThemeWatch(std::function<void()> onChange) {
     m_settled.setSingleShot(true);
     m_settled.setInterval(0);
     QObject::connect(&m_settled, &QTimer::timeout, std::move(onChange));
-    QDBusConnection::sessionBus().connect(service, path, settings, "SettingChanged", &m_settled,
-                                          SLOT(start()));
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) return;
+    bus.connect(service, path, settings, "SettingChanged", &m_settled, SLOT(start()));
+    // A portal that had to be started first may have kept the window waiting too long.
+    auto* late = new QDBusPendingCallWatcher(bus.asyncCall(schemeQuestion()), &m_settled);
+    QObject::connect(late, &QDBusPendingCallWatcher::finished, &m_settled, [this, late] {
+        if (!late->isError()) m_settled.start();
+        late->deleteLater();
+    });
+}
+
+ThemeFollower::ThemeFollower() {
+    if (!namedTheme()) m_watch.emplace([] { showAll(desktopTheme()); });
 }
 
 } // namespace korvel

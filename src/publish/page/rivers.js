@@ -1,123 +1,3 @@
-"use strict";
-(() => {
-const byId = id => document.getElementById(id);
-const all = (selector, from = document) => [...from.querySelectorAll(selector)];
-const dataOf = id => JSON.parse(byId(id).textContent);
-const setup = dataOf("setup");
-const dark = matchMedia("(prefers-color-scheme: dark)");
-const svgSpace = "http://www.w3.org/2000/svg";
-
-// make("p", {class: "note"}, "text", child ...): texts are always texts.
-function make(name, attributes = {}, ...children) {
-  const element = document.createElement(name);
-  for (const [key, value] of Object.entries(attributes)) element.setAttribute(key, value);
-  element.append(...children);
-  return element;
-}
-
-function swatch(run) {
-  const svg = document.createElementNS(svgSpace, "svg");
-  for (const [key, value] of Object.entries({class: "swatch", viewBox: "0 0 28 8", width: 28, height: 8, "aria-hidden": "true"}))
-    svg.setAttribute(key, value);
-  const path = document.createElementNS(svgSpace, "path");
-  path.setAttribute("d", "M1 4H27");
-  path.setAttribute("class", "line run-" + run);
-  svg.append(path);
-  return svg;
-}
-
-// About four figures, as in the tables.
-function shown(value) {
-  const size = Math.abs(value);
-  if (size === 0) return "0";
-  if (size >= 1e9 || size < 1e-5) return value.toExponential(3);
-  const magnitude = Math.floor(Math.log10(size));
-  return value.toFixed(magnitude >= 3 ? 0 : 3 - magnitude);
-}
-
-function save(name, type, text) {
-  const link = make("a", {href: URL.createObjectURL(new Blob([text], {type})), download: name});
-  document.body.append(link);
-  link.click();
-  link.remove();
-  setTimeout(() => URL.revokeObjectURL(link.href), 60000);
-}
-
-const fileName = (id, ending) => {
-  const title = document.title.replace(/[^A-Za-z0-9]+/g, "-").replace(/^-+|-+$/g, "").slice(0, 40);
-  return (title ? title + "-" : "") + id + ending;
-};
-
-// --- Tables: sorting, and taken as CSV -------------------------------------------------------------------
-
-const exact = cell => cell.dataset.v ?? cell.textContent.trim();
-const isNumber = cell => !cell.classList.contains("t") && !cell.classList.contains("v") && Boolean(cell.closest(".data"));
-
-function csvText(cell) {
-  let text = exact(cell);
-  if (!isNumber(cell) && /^[=+\-@\t\r]/.test(text)) text = "'" + text;
-  return /[",\r\n]/.test(text) ? '"' + text.replaceAll('"', '""') + '"' : text;
-}
-
-function csvOf(table) {
-  const heading = [...table.tHead.rows[0].cells].map(cell => cell.dataset.name ?? cell.textContent);
-  const rows = [...table.tBodies[0].rows].map(row => [...row.cells].map(csvText).join(","));
-  return [heading.map(name => /[",]/.test(name) ? '"' + name.replaceAll('"', '""') + '"' : name).join(","), ...rows].join("\r\n") + "\r\n";
-}
-
-const order = new Intl.Collator("en", {numeric: true}).compare;
-
-// What has no value stands below, whichever way.
-function compareCells(a, b, way) {
-  const [x, y] = [exact(a), exact(b)];
-  if (x === "" || y === "") return x === y ? 0 : x === "" ? 1 : -1;
-  return way * (isNumber(a) && isNumber(b) ? Number(x) - Number(y) : order(x, y));
-}
-
-function sortBy(table, column) {
-  const header = table.tHead.rows[0].cells[column];
-  const way = header.getAttribute("aria-sort") === "ascending" ? -1 : 1;
-  for (const cell of table.tHead.rows[0].cells) cell.removeAttribute("aria-sort");
-  header.setAttribute("aria-sort", way > 0 ? "ascending" : "descending");
-  const rows = [...table.tBodies[0].rows];
-  rows.sort((a, b) => compareCells(a.cells[column], b.cells[column], way));
-  table.tBodies[0].append(...rows);
-}
-
-function equipTable(table) {
-  [...table.tHead.rows[0].cells].forEach((cell, column) => {
-    const button = make("button", {type: "button"}, ...cell.childNodes);
-    cell.append(button);
-    button.addEventListener("click", () => sortBy(table, column));
-  });
-  const button = make("button", {type: "button", class: "act"}, "Save as CSV");
-  button.setAttribute("aria-label", "Save as CSV: " + (table.caption?.textContent ?? table.id));
-  button.addEventListener("click", () => save(fileName(table.id, ".csv"), "text/csv;charset=utf-8", csvOf(table)));
-  const frame = table.closest(".table");
-  frame.after(make("p", {class: "save"}, button));
-}
-
-// --- Pictures: taken as SVG -------------------------------------------------------------------------------
-
-function svgOf(picture) {
-  const copy = picture.cloneNode(true);
-  setup.runs.forEach((run, k) => {
-    if (hidden.has(k)) all(".run-" + k, copy).forEach(element => element.remove());
-  });
-  const box = copy.getAttribute("viewBox").split(" ");
-  copy.setAttribute("width", box[2]);
-  copy.setAttribute("height", box[3]);
-  return '<?xml version="1.0" encoding="UTF-8"?>\n' + new XMLSerializer().serializeToString(copy) + "\n";
-}
-
-function saveButton(picture, number = "") {
-  const title = picture.querySelector("title").textContent;
-  const button = make("button", {type: "button", class: "act"}, "Save picture" + number);
-  button.setAttribute("aria-label", "Save picture" + number + ": " + title);
-  button.addEventListener("click", () => save(fileName(picture.id, ".svg"), "image/svg+xml", svgOf(picture)));
-  return button;
-}
-
 // --- Rivers: panels with one cursor -----------------------------------------------------------------------
 
 const hidden = new Set();         // runs
@@ -127,6 +7,17 @@ const rivers = [];
 
 const colourOf = run => dark.matches ? setup.runs[run].dark : setup.runs[run].light;
 const ink = name => getComputedStyle(document.documentElement).getPropertyValue(name).trim();
+
+// Numbers of a column: "2 6  =3" has nothing between two blanks, and three times what the base has there.
+function numbersOf(text, like) {
+  const values = [];
+  for (const part of text.split(" ")) {
+    if (part === "") values.push(null);
+    else if (part[0] !== "=") values.push(Number(part));
+    else for (let k = Number(part.slice(1) || 1); k > 0; --k) values.push(like[values.length]);
+  }
+  return values;
+}
 
 class River {
   constructor(section) {
@@ -166,7 +57,8 @@ class River {
       this.readout.append(button);
     }
     const pictures = all("svg.picture", this.section);
-    pictures.forEach((picture, k) => this.readout.append(saveButton(picture, pictures.length > 1 ? " " + (k + 1) : "")));
+    this.live.after(make("p", {class: "save"}, ...pictures.map((picture, k) =>
+      saveButton(picture, pictures.length > 1 ? " " + (k + 1) : ""))));
   }
 
   // With Ctrl to the next feature that has a name.
@@ -201,26 +93,28 @@ class River {
   }
 
   column(panel, run, part = "") {
-    return panel.runs[run][this.prefix(panel, run) + part];
+    return this.numbers(panel, run, this.prefix(panel, run) + part);
+  }
+
+  // Read when they are first looked at.
+  numbers(panel, run, name) {
+    const values = panel.runs[run][name];
+    if (typeof values !== "string") return values;
+    const like = run > 0 ? this.numbers(panel, 0, name) : null;
+    return panel.runs[run][name] = numbersOf(values, like);
   }
 
   draw(panel) {
     panel.uplot?.destroy();
     const isOther = statistic === "judged" && panel.series.other;
     panel.note.textContent = isOther ? panel.series.other : "mean";
-    const band = !hidden.has(0) && this.column(panel, 0, "l");
     // A value that a run lacks is joined over, so it is undefined.
     const joined = values => values.map(value => value ?? undefined);
     const data = [this.data.km, ...setup.runs.map((_, run) => joined(this.column(panel, run)))];
     const series = [{}, ...setup.runs.map((run, k) => ({
       show: !hidden.has(k), stroke: () => colourOf(k), width: 1.75, dash: run.dash ? run.dash.split(" ").map(Number) : undefined,
       points: {show: false}}))];
-    let bands;
-    if (band) {
-      data.push(joined(this.column(panel, 0, "h")), joined(band));
-      series.push({stroke: "transparent", points: {show: false}}, {stroke: "transparent", points: {show: false}});
-      bands = [{series: [data.length - 2, data.length - 1], fill: () => colourOf(0) + "26"}];
-    }
+    const bands = this.bands(panel, data, series, joined);
     const axis = {stroke: () => ink("--axis"), grid: {stroke: () => ink("--grid"), width: 1}, ticks: {show: false}, font: "11px system-ui,sans-serif"};
     panel.uplot = new uPlot({
       width: Math.max(200, panel.plot.clientWidth), height: 150, series, bands, legend: {show: false},
@@ -237,6 +131,18 @@ class River {
       },
     }, data, panel.plot);
     panel.uplot.over.addEventListener("dblclick", () => this.show(this.whole));
+  }
+
+  // The confidence limits of each run that is shown: two more curves, and what lies between them.
+  bands(panel, data, series, joined) {
+    const opacity = setup.runs.length <= 2 ? "2e" : setup.runs.length <= 4 ? "1f" : "12";
+    return setup.runs.flatMap((_, run) => {
+      const low = !hidden.has(run) && this.column(panel, run, "l");
+      if (!low) return [];
+      data.push(joined(this.column(panel, run, "h")), joined(low));
+      series.push({stroke: "transparent", points: {show: false}}, {stroke: "transparent", points: {show: false}});
+      return [{series: [data.length - 2, data.length - 1], fill: () => colourOf(run) + opacity}];
+    });
   }
 
   // What is seen of targets and samples counts, too.
@@ -427,83 +333,3 @@ class River {
         panel.uplot.setSize({width: panel.plot.clientWidth, height: 150});
   }
 }
-
-// --- What is shown ------------------------------------------------------------------------------------------
-
-const redrawAll = () => rivers.forEach(river => river.redraw());
-
-function box(type, name, words, checked, change, sign) {
-  const input = make("input", {type, name});
-  input.checked = checked;
-  input.addEventListener("change", () => change(input.checked));
-  const label = make("label", {}, input);
-  if (sign) label.append(sign);
-  label.append(make("bdi", {}, words));
-  return label;
-}
-
-function group(words, ...boxes) {
-  return make("fieldset", {}, make("legend", {}, words), ...boxes);
-}
-
-function toggle(set, member, isIn) {
-  isIn ? set.add(member) : set.delete(member);
-}
-
-function hideRun(run, isShown) {
-  toggle(hidden, run, !isShown);
-  all("svg.picture .run-" + run).forEach(element => isShown ? element.removeAttribute("display") : element.setAttribute("display", "none"));
-  redrawAll();
-}
-
-function buildTools() {
-  const tools = byId("tools");
-  if (!tools) return;
-  if (setup.runs.length > 1)
-    tools.append(group("Runs", ...setup.runs.map((run, k) => box("checkbox", "run", run.name, true, on => hideRun(k, on), swatch(k)))));
-  const loads = setup.series.some(series => series.kind !== "load");
-  setup.series.forEach((series, k) => (series.kind !== "load" || !loads) && shownSeries.add(k));
-  tools.append(group("Series", ...setup.series.map((series, k) =>
-    box("checkbox", "series", series.title, shownSeries.has(k), on => { toggle(shownSeries, k, on); redrawAll(); }))));
-  if (setup.series.some(series => series.other)) {
-    const choose = which => () => { statistic = which; redrawAll(); };
-    tools.append(group("Values", box("radio", "statistic", "judged statistic", true, choose("judged")), box("radio", "statistic", "mean", false, choose("mean"))));
-  }
-}
-
-function buildChoice() {
-  const place = byId("choose-sources"), choices = all(".choice");
-  if (!place || choices.length < 2) return;
-  const select = make("select", {}, ...choices.map((choice, k) => make("option", {value: k}, choice.dataset.choice)));
-  const show = () => choices.forEach((choice, k) => { choice.hidden = k !== Number(select.value); });
-  select.addEventListener("change", show);
-  place.append(make("label", {class: "choose"}, "Determinand", select));
-  show();
-}
-
-function whenNear(elements, act) {
-  const watch = new IntersectionObserver(entries => {
-    for (const entry of entries) {
-      if (!entry.isIntersecting) continue;
-      watch.unobserve(entry.target);
-      act(entry.target);
-    }
-  }, {rootMargin: "800px"});
-  elements.forEach(element => watch.observe(element));
-}
-
-all("table[id]").forEach(equipTable);
-buildTools();
-buildChoice();
-all("#network svg.picture").forEach(picture => picture.after(make("p", {class: "save"}, saveButton(picture))));
-const sections = all(".river");
-sections.forEach(section => rivers.push(new River(section)));
-whenNear(sections, section => rivers[sections.indexOf(section)].build());
-dark.addEventListener("change", redrawAll);
-let resizing;
-addEventListener("resize", () => {
-  clearTimeout(resizing);
-  resizing = setTimeout(() => rivers.forEach(river => river.resize()), 100);
-});
-document.documentElement.dataset.ready = "yes";
-})();

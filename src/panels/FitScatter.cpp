@@ -1,6 +1,4 @@
-#include "explore/rows/FitScatter.h"
-
-#include "tables/PeopleNumbers.h"
+#include "panels/FitScatter.h"
 
 #include <algorithm>
 #include <array>
@@ -63,7 +61,7 @@ double widest(const std::vector<AxisTick>& ticks, const TextMetrics& metrics) {
     return width;
 }
 
-std::string titleOf(const FitRows::Points& points) {
+std::string titleOf(const FittedPoints& points) {
     return points.run.results().seriesNames[points.series] + ", " + std::string(nameOf(points.statistic)) +
            ", " + points.run.name;
 }
@@ -131,14 +129,7 @@ const ScatterPoint* FitScatter::pointAt(const DrawnPoint& place, double reach) c
     return nearest;
 }
 
-std::string FitScatter::words(const ScatterPoint& point) const {
-    const int at = point.observed.point;
-    return pointTitle(run.results(), at) + ", reach " + reachTitle(*run.file, run.results().pointReach[at]) +
-           ": observed " + shownNumber(point.observed.observed) + ", simulated " +
-           shownNumber(point.observed.value);
-}
-
-FitScatter layOutScatter(const FitRows::Points& points, double width, double height, ScaleKind kind,
+FitScatter layOutScatter(const FittedPoints& points, double width, double height, ScaleKind kind,
                          const TextMetrics& metrics) {
     FitScatter scatter;
     scatter.run = points.run;

@@ -1,4 +1,4 @@
-// The rules of a single run, as the command hands them to the plan.
+// The rules of a single run, as they are handed to whoever carries out a plan of many.
 #pragma once
 
 #include "many/EngineRules.h"
@@ -7,7 +7,7 @@
 
 namespace korvel {
 
-inline EngineRules rulesOfRuns() {
+inline EngineRules rulesOfSingleRuns() {
     return {[](const std::string& modelName) -> std::variant<RunFiles, std::string> {
                 const DataFileVerdict verdict = dataFileToOpen(modelName);
                 if (const Message* refusal = std::get_if<Message>(&verdict)) return refusal->text;

@@ -1,0 +1,239 @@
+#include "app/frmStartPage.h"
+
+#include "basic/DiskNames.h"
+#include "drawing/paint/Shown.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace korvel {
+
+namespace {
+
+constexpr int between = 6;       // pixels, between what stands below each other
+constexpr int betweenRuns = 2;   // pixels around each run in the list
+constexpr int buttonWidth = 220; // pixels at most
+
+constexpr const char* firstSteps =
+    "No model has been run yet. Three steps to the first results:\n\n"
+    "1.  Choose RUN THE KORVEL MODEL, then 0 BASIC RUN, and a data file. Without one of your own, copy a "
+    "sample into a folder of yours.\n\n"
+    "2.  When the model has finished, close its window.\n\n"
+    "3.  The run stands here then, with what it says about the targets. Graphs, Reports and the Explorer "
+    "open on it. \"Guide\" leads through all of it.";
+
+QString hostPath(const std::string& file) {
+    return QFile::decodeName(hostPathOf(file).c_str());
+}
+
+// "today 14:03", "21 Nov 2026 14:03"
+QString timeWords(long long milliseconds) {
+    const QDateTime time = QDateTime::fromMSecsSinceEpoch(milliseconds);
+    const QString clock = time.toString("HH:mm");
+    if (time.date() == QDate::currentDate()) return "today " + clock;
+    return QLocale::c().toString(time.date(), "d MMM yyyy ") + clock;
+}
+
+QString capitalised(QString words) {
+    if (!words.isEmpty()) words[0] = words[0].toUpper();
+    return words;
+}
+
+} // namespace
+
+StartPage::StartPage(QWidget& form, Platform& services, Handlers& handlers, Deeds deeds)
+    : m_services(services),
+      m_runs(*new QWidget(&form)),
+      m_next(*new QWidget(&form)),
+      lblLastRuns(text(m_runs, "lblLastRuns")),
+      lstLastRuns(*new QListWidget(&m_runs)),
+      lblNoRuns(text(m_runs, "lblNoRuns")),
+      cmdSamples(*new QPushButton("&Samples", &m_runs)),
+      lblRun(text(m_next, "lblRun")),
+      lblRunFacts(text(m_next, "lblRunFacts")),
+      lblVerdict(text(m_next, "lblVerdict")),
+      cmdRunAgain(button("cmdRunAgain", "Run &again", "Start the model on this data file once more")),
+      cmdRunGraphs(button("cmdRunGraphs", "Grap&hs", "Open the graphs on this run's results")),
+      cmdRunReports(button("cmdRunReports", "Re&ports", "Open the reports on this run's results")),
+      cmdRunExplore(button("cmdRunExplore", "Exp&lore", "Look down any river of this run")) {
+    layOutRuns();
+    layOutNext();
+    connectDeeds(handlers, deeds);
+    m_runs.show(); // what is made after its form was shown stays hidden else
+}
+
+QLabel& StartPage::text(QWidget& in, const char* name) {
+    auto& label = *new QLabel(&in);
+    label.setObjectName(name);
+    label.setTextFormat(Qt::PlainText);
+    label.setWordWrap(true);
+    return label;
+}
+
+QPushButton& StartPage::button(const char* name, const char* caption, const char* tip) {
+    auto& button = *new QPushButton(caption, &m_next);
+    button.setObjectName(name);
+    button.setToolTip(tip);
+    button.setMaximumWidth(buttonWidth);
+    button.setAutoDefault(true);
+    return button;
+}
+
+void StartPage::layOutRuns() {
+    m_runs.setObjectName("frameLastRuns");
+    lblLastRuns.setText("Las&t runs");
+    QFont bold = lblLastRuns.font();
+    bold.setBold(true);
+    lblLastRuns.setFont(bold);
+    lblLastRuns.setBuddy(&lstLastRuns);
+    lstLastRuns.setObjectName("lstLastRuns");
+    lstLastRuns.setAccessibleName("Last runs");
+    lstLastRuns.setAccessibleDescription("The buttons that follow act on the selected run");
+    lstLastRuns.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    lstLastRuns.setUniformItemSizes(true);
+    lstLastRuns.setSpacing(betweenRuns);
+    lblNoRuns.setText(firstSteps);
+    cmdSamples.setObjectName("cmdSamples");
+    cmdSamples.setAutoDefault(true);
+    cmdSamples.setToolTip("Show the folder of the sample catchment");
+    cmdSamples.setAccessibleDescription(cmdSamples.toolTip());
+    cmdSamples.setVisible(!m_services.machine.samplesFolder().empty());
+    auto* column = new QVBoxLayout(&m_runs);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(between);
+    column->addWidget(&lblLastRuns);
+    column->addWidget(&lstLastRuns, 1);
+    column->addWidget(&lblNoRuns);
+    column->addWidget(&cmdSamples, 0, Qt::AlignLeft);
+    column->addStretch(0);
+}
+
+void StartPage::layOutNext() {
+    m_next.setObjectName("frameNextSteps");
+    lblRun.setFont(lblLastRuns.font());
+    auto* column = new QVBoxLayout(&m_next);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(between);
+    for (QLabel* label : {&lblRun, &lblRunFacts, &lblVerdict})
+        column->addWidget(label);
+    column->addSpacing(between);
+    for (QPushButton* each : {&cmdRunAgain, &cmdRunGraphs, &cmdRunReports, &cmdRunExplore})
+        column->addWidget(each);
+    column->addStretch(1);
+}
+
+void StartPage::connectDeeds(Handlers& handlers, const Deeds& deeds) {
+    const auto onSelected = [this](const std::function<void(const LastRun&)>& deed) {
+        return [this, deed] {
+            const Listed* const chosen = selected();
+            if (chosen == nullptr) return;
+            const LastRun run = chosen->run; // the list may be filled anew meanwhile
+            deed(run);
+        };
+    };
+    const auto connectTo = [&](QPushButton& button, const std::function<void(const LastRun&)>& deed) {
+        QObject::connect(&button, &QPushButton::clicked, handlers.guarded(onSelected(deed)));
+    };
+    connectTo(cmdRunAgain, deeds.runAgain);
+    connectTo(cmdRunGraphs, deeds.graphs);
+    connectTo(cmdRunReports, deeds.reports);
+    connectTo(cmdRunExplore, deeds.explore);
+    QObject::connect(&cmdSamples, &QPushButton::clicked, handlers.guarded(deeds.samples));
+    QObject::connect(&lstLastRuns, &QListWidget::currentRowChanged,
+                     handlers.guarded([this] { showSelected(); }));
+    QObject::connect(&lstLastRuns, &QListWidget::itemActivated, handlers.guarded([this, deeds, onSelected] {
+        if (cmdRunGraphs.isEnabled()) onSelected(deeds.graphs)();
+    }));
+}
+
+void StartPage::setRoom(const QRect& left, const QRect& right) {
+    m_runs.setGeometry(left);
+    m_next.setGeometry(right);
+    fitTexts();
+}
+
+std::vector<QWidget*> StartPage::stops() const {
+    return {&lstLastRuns, &cmdSamples, &cmdRunAgain, &cmdRunGraphs, &cmdRunReports, &cmdRunExplore};
+}
+
+RunToday StartPage::today(const LastRun& run) const {
+    RunToday today;
+    today.hasData = m_services.files.exists(run.dataFile);
+    today.hasResults = m_services.files.exists(run.resultsFile);
+    if (today.hasResults && !run.verdict.empty()) {
+        const QFileInfo results(hostPath(run.resultsFile));
+        today.resultsAreOthers = results.lastModified().toMSecsSinceEpoch() != run.resultsStamp;
+    }
+    return today;
+}
+
+void StartPage::reload() {
+    const Listed* const before = selected();
+    const QString kept = before != nullptr ? shown(before->run.dataFile) : QString();
+    m_listed.clear();
+    for (LastRun& run : m_services.machine.lastRuns()) {
+        const RunToday state = today(run);
+        m_listed.push_back({std::move(run), state});
+    }
+    fillList(kept);
+    const bool some = !m_listed.empty();
+    lstLastRuns.setVisible(some);
+    lblNoRuns.setVisible(!some);
+    m_next.setVisible(some);
+    showSelected();
+}
+
+void StartPage::fillList(const QString& selected) {
+    const QSignalBlocker quiet(lstLastRuns);
+    lstLastRuns.clear();
+    int row = 0;
+    for (const Listed& listed : m_listed) {
+        const QString words = shown(nameOf(listed.run)) + ", " + timeWords(listed.run.ended) + "\n" +
+                              shown(briefVerdict(listed.run, listed.today));
+        auto* item = new QListWidgetItem(words, &lstLastRuns);
+        item->setToolTip(hostPath(listed.run.dataFile));
+        if (shown(listed.run.dataFile) == selected) row = lstLastRuns.count() - 1;
+    }
+    if (!m_listed.empty()) lstLastRuns.setCurrentRow(row);
+}
+
+const StartPage::Listed* StartPage::selected() const {
+    const int row = lstLastRuns.currentRow();
+    return row >= 0 && row < static_cast<int>(m_listed.size()) ? &m_listed[static_cast<std::size_t>(row)]
+                                                               : nullptr;
+}
+
+void StartPage::showSelected() {
+    const Listed* const chosen = selected();
+    if (chosen == nullptr) return;
+    const auto& [run, today] = *chosen;
+    const QString name = shown(nameOf(run));
+    lblRun.setText(name);
+    lblRunFacts.setText(capitalised(timeWords(run.ended)) + ", " + shown(runTypeWords(run.runType)) +
+                        ", in " + QFileInfo(hostPath(run.dataFile)).path());
+    lblVerdict.setText(shown(fullVerdict(run, today)));
+    cmdRunAgain.setEnabled(today.hasData);
+    for (QPushButton* each : {&cmdRunGraphs, &cmdRunReports, &cmdRunExplore})
+        each->setEnabled(today.hasResults);
+    for (QPushButton* each : {&cmdRunAgain, &cmdRunGraphs, &cmdRunReports, &cmdRunExplore})
+        each->setAccessibleDescription(name + ": " + each->toolTip());
+    fitTexts();
+}
+
+// On a small desktop the buttons come first; the list tells the verdict in brief.
+void StartPage::fitTexts() {
+    lblRunFacts.setVisible(true);
+    lblVerdict.setVisible(!lblVerdict.text().isEmpty());
+    QLayout& column = *m_next.layout();
+    for (QLabel* each : {&lblRunFacts, &lblVerdict}) {
+        column.invalidate();
+        if (column.heightForWidth(m_next.width()) <= m_next.height()) return;
+        each->hide();
+    }
+}
+
+} // namespace korvel

@@ -1,0 +1,255 @@
+"""Walks through every window by Tab, as one does who can't see the screen, and records what a screen reader is told. At each stop:
+a name, a role that says what it is, the focus to be seen by those who do see; no stop twice, none missed.
+
+access_test.py BUILD SAMPLES [TEST...]      with KORVEL_RECORD=FILE the record is written there
+
+Skipped (status 77) where a program or a package for it is missing.
+"""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+import screen_reader
+from screen_reader import cut, end, keys, picture
+
+BUILD, SAMPLES = (pathlib.Path(name).resolve() for name in sys.argv[1:3])
+KORVEL = BUILD / "app" / "korvel"
+HOME = tempfile.TemporaryDirectory(prefix="korvel")
+SCREEN = screen_reader.start_screen(HOME.name)
+READER = screen_reader.Reader()
+WORK, OWN = screen_reader.prepared_folder(SAMPLES, BUILD / "app")(HOME.name)
+RECORD = []
+MOST_STOPS = 60
+SAYS_NOTHING = {"filler", "panel", "unknown", "frame", "invalid", "viewport", "redundant object"}
+
+
+class Window:
+    """One window, and what is read in it stop by stop."""
+
+    def __init__(self, frame, title):
+        self.frame, self.title = frame, title
+        self.things, self.lines, self.unseen = [], [], []
+        self.is_round = False
+
+    def walk(self):
+        shot, last = None, None
+        while len(self.things) < MOST_STOPS:
+            stop = self.next_stop(last)
+            if stop is None:
+                break
+            before, shot = shot, picture()
+            if before is not None:
+                self.compare(before, shot, last, stop)
+            if stop in self.things:
+                self.is_round = stop == self.things[0]
+                break
+            self.things.append(stop)
+            self.lines.append(READER.spoken(stop))
+            last = stop
+            keys("Tab")
+        RECORD.append(f"{self.title}\n" + "".join(f"    {line}\n" for line in self.lines))
+        return self
+
+    def next_stop(self, last):
+        """Once the focus has moved on; the machine may be slow. None where it stays."""
+        patience = time.monotonic() + (3 if last is not None else screen_reader.PATIENCE)
+        while time.monotonic() < patience:
+            try:
+                stop = READER.focused(self.frame)
+            except READER.gone:
+                stop = None
+            if stop is not None and stop != last:
+                return stop
+            time.sleep(0.05)
+        return None
+
+    def compare(self, before, after, left, reached):
+        """The focus shows where it has been and where it is; at first not before a key for moving it was used."""
+        ways = [(reached, "is reached")] if len(self.things) == 1 else [(left, "is left"), (reached, "is reached")]
+        for thing, what in ways:
+            place = READER.place(thing)
+            if cut(before, place) == cut(after, place):
+                self.unseen.append(f"{READER.spoken(thing)}: nothing changes when it {what}")
+
+    def missed(self):
+        """What can take the focus and was not met. A line, a cell or one of several options is reached by arrows."""
+        inner = {"list item", "table cell", "tree item", "table column header", "table row header", "menu item", "check menu item",
+                 "label"}
+        for thing in READER.all_of(self.frame):
+            states = [READER.is_(thing, state) for state in ("FOCUSABLE", "SHOWING", "SENSITIVE")]
+            option = thing.get_role() == READER.role.RADIO_BUTTON and not READER.is_(thing, "CHECKED")
+            if all(states) and not option and thing.get_role_name() not in inner and thing not in self.things:
+                yield READER.spoken(thing)
+
+
+class AccessTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        for name in ("ALDER", "ALDER2"):
+            subprocess.run([KORVEL, "--application-folder", OWN, "run", f"{name}.DAT", "--wait"], cwd=WORK, check=True,
+                           capture_output=True, timeout=120, env={**os.environ, "QT_QPA_PLATFORM": "offscreen"})
+
+    def setUp(self):
+        self.programs = []
+
+    def tearDown(self):
+        end(self.programs)
+        for pid in {frame.get_process_id() for frame in READER.frames(None)}:  # windows that a window has opened
+            if b"korvel" in pathlib.Path(f"/proc/{pid}/cmdline").read_bytes():
+                os.kill(pid, 15)
+
+    def start(self, *arguments):
+        self.programs.append(subprocess.Popen([KORVEL, "--application-folder", OWN, *arguments], cwd=WORK))
+        return self.programs[-1].pid
+
+    def check(self, frame, title, may_miss=(), quiet=()):
+        """May miss: what only a pointer reaches, with another way for keys. Quiet: whose focus is told otherwise."""
+        window = Window(frame, title).walk()
+        self.assertTrue(window.is_round or len(window.things) == 1, f"{title}: {window.lines}")
+        for thing, line in zip(window.things, window.lines):
+            self.assertNotIn("(no name)", line, title)
+            self.assertNotIn(thing.get_role_name(), SAYS_NOTHING, line)
+        missed = [line for line in window.missed() if not line.startswith(tuple(may_miss) or "\0")]
+        self.assertEqual(missed, [], title)
+        unseen = [line for line in window.unseen if not line.startswith(tuple(quiet) or "\0")]
+        self.assertEqual(unseen, [], title)
+        return window
+
+    def read(self, window, *beginnings):
+        """These lines, in this order."""
+        rest = iter(window.lines)
+        for beginning in beginnings:
+            self.assertTrue(any(line.startswith(beginning) for line in rest), f"{beginning} in {window.lines}")
+
+    def other(self, program, known, what):
+        """A window that has come besides those known."""
+        return READER.wait(lambda: next((f for f in READER.frames(program) if f not in known), None), what)
+
+    def main_form(self):
+        program = self.start()
+        frame = READER.window("KORVEL", program)
+        READER.wait(lambda: any(t.get_name() == "Last runs" for t in READER.all_of(frame)), "the start page")
+        return program, frame
+
+    def file_dialog(self, program, known, name):
+        dialog = self.other(program, known, "a file dialog")
+        READER.wait(lambda: READER.focused(dialog), "the file dialog's focus")
+        subprocess.run(["xdotool", "type", "--delay", "20", name], check=True)
+        keys("Return")
+
+    def open_reports(self, program, frame):
+        keys("alt+o", "Escape", "Escape", "alt+r", "Escape", "alt+r", "Return")
+        reports = self.other(program, [frame], "the report form")
+        READER.wait(lambda: READER.focused(reports), "the report form's focus")
+        return reports
+
+    def test_main_form_run_and_engine_window(self):
+        program, frame = self.main_form()
+        self.check(frame, "Main form, before the first run")
+        keys("alt+o", "Escape", "Escape", "alt+r", "0")
+        dialog = self.other(program, [frame], "the open dialog")
+        READER.wait(lambda: READER.focused(dialog), "the dialog's focus")
+        self.check(dialog, "Open dialog (Qt's own)", quiet=("Files", "Sidebar"))
+        keys("Escape")
+        READER.wait(lambda: READER.frames(program) == [frame], "the dialog's end")
+        keys("alt+o", "Escape", "Escape", "alt+r", "0")
+        self.file_dialog(program, [frame], "ALDER.DAT")
+        engine = READER.window("KORVEL model run: Finished")
+        read = self.check(engine, "Engine's window", quiet=("Output of the model",))
+        self.read(read, "Close, push button", "Output of the model, text, 'KORVEL demonstration engine")
+        labels = [thing.get_name() for thing in READER.all_of(engine) if thing.get_role() == READER.role.LABEL]
+        self.assertIn("Finished", labels)
+        keys("alt+c")
+        READER.wait(lambda: any(thing.get_name() == "ALDER.DAT" for thing in READER.all_of(frame)), "the run on the start page")
+        READER.wait(lambda: READER.focused(frame), "the main form's focus")
+        read = self.check(frame, "Main form, after a run")
+        self.read(read, "Last runs, list, 1 lines, selected: ALDER.DAT, today")
+        self.assertTrue(any("9 of 14 reaches miss a target" in line for line in read.lines), read.lines)
+        self.assertTrue(any(line.startswith("Run again, push button, ALDER.DAT: ") for line in read.lines), read.lines)
+
+    def test_set_up_and_graph_form(self):
+        program = self.start("ALDER.SGR")
+        frame = READER.window("Korvel Graphical Results", program)
+        READER.wait(lambda: READER.focused(frame), "the set-up form's focus")
+        read = self.check(frame, "Graph set-up form")
+        self.read(read, "Select upstream reach, combo box", "Select 1 to 5 determinands to be plotted., list, 17 lines",
+                  "Plot means, check box, checked")
+        keys("Down", "Down", "Down", "Tab", "End", "Tab", "Home", "space")
+        keys("alt+p")
+        known = [f for f in READER.frames(program) if f == frame or f.get_name().startswith("KORVEL")]
+        graph = self.other(program, known, "the graph")
+        READER.wait(lambda: READER.focused(graph), "the graph's focus")
+        read = self.check(graph, "Graph form")
+        self.read(read, "Small text, push button", "Zoom In, push button")
+        drawn = next(thing for thing in READER.all_of(graph) if thing.get_name() == "Graph")
+        self.assertEqual(drawn.get_role_name(), "chart")
+
+    def test_report_form_listing_viewer_and_help(self):
+        program, frame = self.main_form()
+        reports = self.open_reports(program, frame)
+        self.check(reports, "Report form, nothing loaded")
+        keys("alt+o")
+        self.file_dialog(program, [frame, reports], "ALDER.SGR")
+        READER.wait(lambda: READER.frames(program) == [frame, reports] and reports.get_name().startswith("Reports for"), "a load")
+        READER.wait(lambda: READER.focused(reports), "the focus after a load")
+        read = self.check(reports, "Report form")
+        self.read(read, "REACHES, list, 14 lines, selected: 1 High Alder and 13 more", "DETERMINANDS, list, 16 lines")
+        keys("F1")
+        help_form = self.other(program, [frame, reports], "help")
+        READER.wait(lambda: READER.focused(help_form), "the focus of help")
+        self.check(help_form, "Help")
+        keys("Escape")
+        READER.wait(lambda: READER.frames(program) == [frame, reports], "the end of help")
+
+    def test_batch_form(self):
+        program, frame = self.main_form()
+        keys("alt+b")
+        batch = self.other(program, [frame], "the batch form")
+        READER.wait(lambda: READER.focused(batch), "the batch form's focus")
+        read = self.check(batch, "Batch form")
+        self.read(read, "Step 1 - Select files, push button", "Title of run:, text, empty")
+
+    def test_printer_setup_and_a_message(self):
+        program, frame = self.main_form()
+        keys("alt+o", "p")
+        dialog = self.other(program, [frame], "the printer's dialog")
+        READER.wait(lambda: READER.focused(dialog), "its focus")
+        self.check(dialog, "Printer dialog (Qt's own)", quiet=("Copies",))
+        keys("Escape")
+        READER.wait(lambda: READER.frames(program) == [frame], "the dialog's end")
+        keys("alt+g")
+        set_up = self.other(program, [frame], "the set-up form")
+        READER.wait(lambda: READER.focused(set_up), "its focus")
+        keys("alt+p")
+        message = self.other(program, [frame, set_up], "a message")
+        READER.wait(lambda: READER.focused(message), "the message's focus")
+        self.check(message, "Message")
+        self.assertTrue(any(thing.get_role() == READER.role.LABEL and thing.get_name() for thing in READER.all_of(message)))
+
+    def test_explorer_and_its_preview(self):
+        program = self.start("explore", "ALDER.SGR", "ALDER2.SGR")
+        frame = self.other(program, [], "the Explorer")
+        READER.wait(lambda: READER.focused(frame), "the Explorer's focus")
+        self.check(frame, "Explorer", quiet=("Values", "Network of rivers", "Profile along the river"))
+        keys("ctrl+p")
+        preview = self.other(program, [frame], "the preview")
+        READER.wait(lambda: READER.focused(preview), "its focus")
+        self.check(preview, "Print preview", quiet=("Preview",))
+
+
+def main():
+    result = unittest.main(argv=[sys.argv[0], "-v", *sys.argv[3:]], exit=False).result
+    end(SCREEN)
+    print("\nWhat was read\n\n" + "\n".join(RECORD))
+    if os.environ.get("KORVEL_RECORD"):
+        pathlib.Path(os.environ["KORVEL_RECORD"]).write_text("\n".join(RECORD), encoding="utf-8")
+    sys.exit(0 if result.wasSuccessful() else 1)
+
+
+if __name__ == "__main__":
+    main()
