@@ -1,3 +1,4 @@
+#include "drawing/Units.h"
 #include "panels/FitScatter.h"
 #include "publish/PageMetrics.h"
 #include "publish/PagePicture.h"
@@ -12,7 +13,6 @@ namespace korvel {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
 constexpr double width = 270, height = 290; // pixels
 constexpr std::size_t verticesOfMark = 4;
 constexpr std::size_t mostFitVertices = 40'000; // of all pictures
@@ -58,7 +58,7 @@ bool writeScatter(PageHtml& html, const PageStudy& study, std::size_t run, const
                                        height * twipsPerPixel, ScaleKind::linear, metrics);
     const std::size_t all = scatter.points.size();
     thin(scatter.points, most);
-    scatter.title = study.seriesTitle(fitted.series) + ", " + statisticWords(fitted.statistic);
+    scatter.title = study.seriesTitle(fitted.series) + ", " + wordsOf(fitted.statistic);
     const Drawing drawing = drawScatter(scatter, width * twipsPerPixel, height * twipsPerPixel, nullptr,
                                         {look.text, look.grid, runStyle(run, Theme::light).colour}, metrics);
     const std::string name = pageText(study.runs()[run].run.name);
