@@ -16,8 +16,8 @@ constexpr const char* loads[] = {"", " load"};
 
 class Writer {
   public:
-    Writer(const std::filesystem::path& path, ResultsForm form)
-        : m_file(std::fopen(path.c_str(), "wb")), m_form(form) {
+    Writer(const std::filesystem::path& path, ResultsForm form, unsigned draw)
+        : m_file(std::fopen(path.c_str(), "wb")), m_form(form), m_values(draw) {
         if (!m_file) std::exit(1);
     }
     ~Writer() {
@@ -105,17 +105,17 @@ class Writer {
     std::FILE* m_file;
     ResultsForm m_form;
     std::string m_text;
-    std::mt19937 m_values{1}; // the same values in every form
+    std::mt19937 m_values; // the same values in every form
     std::mt19937 m_random{2};
     std::lognormal_distribution<double> m_amount{1.0, 2.0};
 };
 
 } // namespace
 
-void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form) {
-    Writer writer(path, form);
+void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form, int points, unsigned draw) {
+    Writer writer(path, form, draw);
     writer.header();
-    for (int index = 1; index <= largePoints; ++index)
+    for (int index = 1; index <= points; ++index)
         writer.point(index);
 }
 

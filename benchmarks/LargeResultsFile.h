@@ -15,6 +15,8 @@ enum class ResultsForm {
     blanks // one blank between numbers as short as they are, captions of varying length, LF, CR and CR LF
 };
 
-void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form);
+// Another draw has other values at the same points.
+void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form, int points = largePoints,
+                           unsigned draw = 1);
 
 } // namespace korvel

@@ -13,10 +13,6 @@ constexpr double nextToZero = 1e-300; // stands for limits below 0 on a logarith
 constexpr double lightFill = 0.13;
 constexpr double clearFill = 0.45;
 
-bool isInView(const Scale& distance, double km) {
-    return km >= distance.bottom && km <= distance.top;
-}
-
 class RangeTaking {
   public:
     explicit RangeTaking(ScaleKind kind) : m_kind(kind) {}
@@ -92,7 +88,8 @@ class PanelFilling {
     void addCurve(const RunInPanel& run) {
         bool thinned = false;
         ProfileCurve curve{run.run, curvePen(run.run, m_context.look), {}};
-        curve.traced = tracedSeries(run.series.curve, m_place, m_context.look.pixel, thinned);
+        curve.traced =
+            tracedSeries(run.series.curve, m_place, m_context.look.pixel, thinned, &m_context.columns);
         // Dashes can't be told where a column of pixels holds several points.
         if (thinned) curve.pen.dash = Dash::solid;
         m_panel.curves.push_back(std::move(curve));
@@ -159,8 +156,10 @@ class PanelFilling {
         const Pen pen = targetPen(run.run, m_context.look);
         const Scale& distance = m_context.distance;
         const double mark = m_place.mark;
-        for (const TargetRun& target : run.targets) {
-            if (target.to < distance.bottom || target.from > distance.top) continue;
+        const PlacedValues::InView seen = run.targetsByPlace.inView(distance, 2 * mark);
+        m_panel.targetsThinned = m_panel.targetsThinned || seen.thinned;
+        for (const std::size_t place : seen.places) {
+            const TargetRun& target = run.targets[place];
             const double y = m_panel.values.scale.place(target.target);
             double left = distance.place(std::max(target.from, distance.bottom));
             double right = distance.place(std::min(target.to, distance.top));
@@ -174,12 +173,13 @@ class PanelFilling {
 
     void addObserved(const RunInPanel& run) {
         const Pen pen = observedPen(run.run, m_context.look);
-        for (const ObservedMark& mark : run.observed)
-            if (isInView(m_context.distance, mark.km))
-                m_panel.observed.push_back(
-                    {run.run,
-                     pen,
-                     {m_context.distance.place(mark.km), m_panel.values.scale.place(mark.value)}});
+        const PlacedValues::InView seen = run.observedByPlace.inView(m_context.distance, 2 * m_place.mark);
+        m_panel.observedThinned = m_panel.observedThinned || seen.thinned;
+        for (const std::size_t place : seen.places) {
+            const ObservedMark& mark = run.observed[place];
+            m_panel.observed.push_back(
+                {run.run, pen, {m_context.distance.place(mark.km), m_panel.values.scale.place(mark.value)}});
+        }
     }
 
     std::size_t leftOutInView(const RunInPanel& run) const {
@@ -203,11 +203,8 @@ std::optional<NumberRange> valuesInView(const PanelContext& context, const Panel
         taking.take(rangeInView(run.series.curve, context.way()));
         taking.take(rangeInView(run.series.limits.above, context.way()));
         taking.take(rangeInView(run.series.limits.below, context.way()));
-        for (const TargetRun& target : run.targets)
-            if (target.to >= context.distance.bottom && target.from <= context.distance.top)
-                taking.take(target.target);
-        for (const ObservedMark& mark : run.observed)
-            if (isInView(context.distance, mark.km)) taking.take(mark.value);
+        taking.take(run.targetsByPlace.rangeInView(context.distance));
+        taking.take(run.observedByPlace.rangeInView(context.distance));
     }
     if (taking.range && context.view.kind == ProfileKind::change) taking.take(0);
     if (taking.range && context.view.kind == ProfileKind::ratio) taking.take(1);
@@ -218,9 +215,10 @@ void fillPanel(const PanelContext& context, const PanelData& data, ProfilePanel&
     PanelFilling(context, data, panel).fill();
 }
 
-TracedCurve tracedSeries(const PathValues& values, const CurvePlace& place, double pixel, bool& thinned) {
+TracedCurve tracedSeries(const PathValues& values, const CurvePlace& place, double pixel, bool& thinned,
+                         PixelColumnsOfKm* columns) {
     TracedCurve all;
-    for (VisiblePiece& piece : visiblePieces(values, {place.distance, place.value.kind, pixel})) {
+    for (VisiblePiece& piece : visiblePieces(values, {place.distance, place.value.kind, pixel, columns})) {
         thinned = thinned || piece.thinned;
         TracedCurve traced =
             traceCurve({CurveKind::joined, CurveValues(std::move(piece.values))}, piece.km, place);

@@ -14,8 +14,9 @@ struct PanelContext {
     const PanelLook& look;
     const PanelMeasures& measures;
     const Scale& distance;
+    PixelColumnsOfKm& columns; // of this distance scale
 
-    VisibleWay way() const { return {distance, data.view.scale, look.pixel}; }
+    VisibleWay way() const { return {distance, data.view.scale, look.pixel, &columns}; }
 };
 
 // Of everything that the panel shows; nothing where it shows nothing.
@@ -25,6 +26,7 @@ std::optional<NumberRange> valuesInView(const PanelContext& context, const Panel
 void fillPanel(const PanelContext& context, const PanelData& data, ProfilePanel& panel);
 
 // A series in a place, as a panel has it.
-TracedCurve tracedSeries(const PathValues& values, const CurvePlace& place, double pixel, bool& thinned);
+TracedCurve tracedSeries(const PathValues& values, const CurvePlace& place, double pixel, bool& thinned,
+                         PixelColumnsOfKm* columns = nullptr);
 
 } // namespace korvel

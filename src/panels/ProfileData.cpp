@@ -61,7 +61,21 @@ std::vector<ObservedMark> observedAlong(const StudyRun& run, const PathRun& poin
         if (const auto value = observedValue(values, point, view, side))
             marks.push_back({points.km[j], *value});
     }
+    std::ranges::stable_sort(marks, {}, &ObservedMark::km);
     return marks;
+}
+
+PlacedValues byPlace(const std::vector<TargetRun>& targets) {
+    std::vector<PlacedValue> values;
+    for (const TargetRun& target : targets)
+        values.push_back({target.from, target.to, target.target});
+    return PlacedValues(values);
+}
+PlacedValues byPlace(const std::vector<ObservedMark>& marks) {
+    std::vector<PlacedValue> values;
+    for (const ObservedMark& mark : marks)
+        values.push_back({mark.km, mark.km, mark.value});
+    return PlacedValues(values);
 }
 
 // Both go down the way, so what is looked for lies further on in the base's, too.
@@ -95,6 +109,7 @@ class DataMaking {
         panel.title = titleOf(panel);
         panel.note = noteOf(panel, judged);
         if (m_view.kind == ProfileKind::ratio && !judged) return panel;
+        // The base first, where it is shown: others are held against its targets and samples.
         for (std::size_t run = 0; run < m_study.runs().size(); ++run) {
             const bool isZero = m_view.kind == ProfileKind::change && run == 0;
             if (m_view.shows(run) && !isZero) panel.runs.push_back(runIn(panel, run));
@@ -144,6 +159,8 @@ class DataMaking {
         }
         if (m_view.targets && m_view.kind == ProfileKind::values) addTargets(panel, made);
         if (m_view.observed && m_view.kind != ProfileKind::change) addObserved(panel, made);
+        made.targetsByPlace = byPlace(made.targets);
+        made.observedByPlace = byPlace(made.observed);
         return made;
     }
 
@@ -173,6 +190,24 @@ class DataMaking {
     const ProfileView& m_view;
 };
 
+// Series of the same points share their distances, so that what is found among them is found once.
+class SharedKm {
+  public:
+    void share(PathSeries& series) {
+        for (PathValues* values : {&series.curve, &series.limits.above, &series.limits.below})
+            if (values->km) share(values->km);
+    }
+
+  private:
+    using Km = std::shared_ptr<const std::vector<double>>;
+    void share(Km& km) {
+        for (const Km& known : m_known)
+            if (*known == *km) return void(km = known);
+        m_known.push_back(km);
+    }
+    std::vector<Km> m_known;
+};
+
 } // namespace
 
 ProfileData profileData(const Study& study, std::shared_ptr<const StudyPath> path, const ProfileView& view) {
@@ -181,6 +216,10 @@ ProfileData profileData(const Study& study, std::shared_ptr<const StudyPath> pat
     const DataMaking making(study, *data.path, data.view);
     for (const int series : view.series)
         data.panels.push_back(making.panel(series));
+    SharedKm shared;
+    for (PanelData& panel : data.panels)
+        for (RunInPanel& run : panel.runs)
+            shared.share(run.series);
     return data;
 }
 

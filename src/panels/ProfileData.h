@@ -3,6 +3,7 @@
 #pragma once
 
 #include "panels/PathSeries.h"
+#include "panels/PlacedValues.h"
 #include "panels/ProfileView.h"
 #include "panels/StudyPath.h"
 
@@ -33,7 +34,8 @@ struct RunInPanel {
     PathSeries series;
     // Only those in which the run differs from the base: samples and targets are mostly of the river.
     std::vector<TargetRun> targets;
-    std::vector<ObservedMark> observed;
+    std::vector<ObservedMark> observed; // never back along the way
+    PlacedValues targetsByPlace, observedByPlace;
 };
 
 struct PanelData {

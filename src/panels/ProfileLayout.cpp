@@ -63,11 +63,14 @@ class ProfileMaking {
         m_layout.distance.scale = {from, to, 0, m_layout.width};
     }
 
-    PanelContext context() const { return {m_data, m_view, m_look, m_measures, m_layout.distance.scale}; }
+    PanelContext context(PixelColumnsOfKm& columns) const {
+        return {m_data, m_view, m_look, m_measures, m_layout.distance.scale, columns};
+    }
 
     void findRanges() {
+        PixelColumnsOfKm columns; // those of the whole width: the panels' place isn't known yet
         for (const PanelData& panel : m_data.panels)
-            m_ranges.push_back(valuesInView(context(), panel));
+            m_ranges.push_back(valuesInView(context(columns), panel));
     }
 
     Axis axisOf(std::size_t k, const PlotArea& area) const {
@@ -172,6 +175,7 @@ class ProfileMaking {
 
     void placePanels() {
         double top = m_top;
+        PixelColumnsOfKm columns;
         for (std::size_t k = 0; k < count(); ++k) {
             ProfilePanel panel;
             panel.series = m_data.panels[k].series;
@@ -179,7 +183,7 @@ class ProfileMaking {
             panel.area = {distance.from, distance.to, top + m_measures.title() + m_plot,
                           top + m_measures.title()};
             panel.values = axisOf(k, panel.area);
-            fillPanel(context(), m_data.panels[k], panel);
+            fillPanel(context(columns), m_data.panels[k], panel);
             addTitle(m_data.panels[k], top, panel);
             addNumbers(panel);
             m_layout.panels.push_back(std::move(panel));
@@ -206,6 +210,8 @@ class ProfileMaking {
         };
         if (panel.leftOut == 1) add("1 value not above 0 is left out");
         if (panel.leftOut > 1) add(std::to_string(panel.leftOut) + " values not above 0 are left out");
+        if (panel.observedThinned) add("more observed values than fit: zoom in for all");
+        if (panel.targetsThinned) add("more targets than fit: zoom in for all");
         const bool nothing =
             panel.curves.empty() || std::ranges::all_of(panel.curves, [](const ProfileCurve& curve) {
                 return curve.traced.runs.empty() && curve.traced.strokes.empty();

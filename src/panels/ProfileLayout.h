@@ -45,9 +45,10 @@ struct ProfilePanel {
     std::vector<ProfileCurve> curves; // the base last, on top of the others
     std::vector<ProfileStroke> targets;
     std::vector<ProfileMark> observed;
-    std::optional<double> reference; // y of the line at 0 of changes, at 1 of ratios
-    std::size_t leftOut = 0;         // values in view that are not above 0 on a logarithmic scale
-    std::vector<DrawnText> texts;    // title, note, numbers
+    std::optional<double> reference;                      // y of the line at 0 of changes, at 1 of ratios
+    bool targetsThinned = false, observedThinned = false; // there are more than can be told apart
+    std::size_t leftOut = 0;      // values in view that are not above 0 on a logarithmic scale
+    std::vector<DrawnText> texts; // title, note, numbers
 };
 
 enum class KeySampleKind { line, band, target, cross };
@@ -101,6 +102,8 @@ ProfileLayout layOutProfile(const ProfileData& data, const ProfileView& view, co
                             ProfileCommon* common = nullptr);
 
 void paint(const ProfileLayout& layout, Drawing& drawing);
+// The same; the layout can be asked for places afterwards, but has no curves, bands and marks any more.
+void paintAway(ProfileLayout& layout, Drawing& drawing);
 
 // The panel in whose plot area a place lies.
 std::optional<std::size_t> panelAt(const ProfileLayout& layout, DrawnPoint at);

@@ -1,19 +1,21 @@
 #include "panels/ProfileLayout.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvel {
 
 namespace {
 
+// What is long is taken out of the layout, not copied.
 class ProfilePainting {
   public:
-    ProfilePainting(const ProfileLayout& layout, Drawing& drawing)
+    ProfilePainting(ProfileLayout& layout, Drawing& drawing)
         : m_layout(layout), m_look(layout.look), m_drawing(drawing) {}
 
     void paint() {
         m_drawing.commands.reserve(m_drawing.commands.size() + roughCount());
-        for (const ProfilePanel& panel : m_layout.panels)
+        for (ProfilePanel& panel : m_layout.panels)
             paintPanel(panel);
         paintBelow();
         for (const ProfileKeyEntry& entry : m_layout.key)
@@ -39,17 +41,17 @@ class ProfilePainting {
         if (!text.text.empty()) m_drawing.commands.push_back(text);
     }
 
-    void paintPanel(const ProfilePanel& panel) {
+    void paintPanel(ProfilePanel& panel) {
         paintGround(panel);
-        for (const ProfileBand& band : panel.bands)
-            m_drawing.commands.push_back(band.drawn);
+        for (ProfileBand& band : std::exchange(panel.bands, {}))
+            m_drawing.commands.push_back(std::move(band.drawn));
         if (panel.reference)
             line({panel.area.left, *panel.reference}, {panel.area.right, *panel.reference},
                  hair(m_look.text));
         paintFrame(panel.area);
         for (const ProfileStroke& target : panel.targets)
             line(target.stroke.from, target.stroke.to, target.pen);
-        for (const ProfileCurve& curve : panel.curves)
+        for (ProfileCurve& curve : std::exchange(panel.curves, {}))
             paintCurve(curve);
         for (const ProfileMark& mark : panel.observed)
             m_drawing.commands.push_back(DrawnMarker{mark.centre, m_layout.markHalf, mark.pen});
@@ -76,9 +78,9 @@ class ProfilePainting {
         line({area.left, area.bottom}, {area.right, area.bottom}, hair(m_look.axis));
     }
 
-    void paintCurve(const ProfileCurve& curve) {
-        for (const std::vector<DrawnPoint>& run : curve.traced.runs)
-            m_drawing.commands.push_back(DrawnRun{run, curve.pen});
+    void paintCurve(ProfileCurve& curve) {
+        for (std::vector<DrawnPoint>& run : curve.traced.runs)
+            m_drawing.commands.push_back(DrawnRun{std::move(run), curve.pen});
         for (const CurveStroke& stroke : curve.traced.strokes)
             line(stroke.from, stroke.to, curve.pen);
     }
@@ -123,7 +125,7 @@ class ProfilePainting {
         text(entry.text);
     }
 
-    const ProfileLayout& m_layout;
+    ProfileLayout& m_layout;
     const PanelLook& m_look;
     Drawing& m_drawing;
 };
@@ -137,10 +139,15 @@ void paintDiamond(DrawnPoint at, double half, Rgb colour, Drawing& drawing) {
 
 } // namespace
 
-void paint(const ProfileLayout& layout, Drawing& drawing) {
+void paintAway(ProfileLayout& layout, Drawing& drawing) {
     drawing.width = std::max(drawing.width, layout.width);
     drawing.height = std::max(drawing.height, layout.height);
     ProfilePainting(layout, drawing).paint();
+}
+
+void paint(const ProfileLayout& layout, Drawing& drawing) {
+    ProfileLayout copy = layout;
+    paintAway(copy, drawing);
 }
 
 void paintCursor(const ProfileLayout& layout, const ProfileData& data, std::size_t place, Drawing& drawing) {

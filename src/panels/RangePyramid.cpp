@@ -73,4 +73,29 @@ NumberRange RangePyramid::range(std::span<const double> numbers, std::size_t beg
     return range;
 }
 
+// Whole blocks that can't hold it are passed, the largest that begin there first.
+std::size_t RangePyramid::find(std::span<const double> numbers, std::size_t begin, std::size_t end,
+                               double number) const {
+    const auto passed = [&](std::size_t at) {
+        std::size_t steps = 0, size = block;
+        for (const std::vector<NumberRange>& blocks : m_levels) {
+            if (at % size != 0 || at + size > end) break;
+            const NumberRange& range = blocks[at / size];
+            if (range.lowest <= number && number <= range.highest) break;
+            steps = size;
+            size *= block;
+        }
+        return steps;
+    };
+    while (begin < end) {
+        if (const std::size_t steps = passed(begin)) {
+            begin += steps;
+            continue;
+        }
+        if (numbers[begin] == number) return begin;
+        ++begin;
+    }
+    return end;
+}
+
 } // namespace korvel

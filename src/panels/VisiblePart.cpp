@@ -82,14 +82,54 @@ class PieceCutting {
             return;
         }
         piece.thinned = true;
+        PixelColumnsOfKm own;
+        const auto& beginnings = (m_way.columns != nullptr ? *m_way.columns : own).beginnings(*of.km, m_way);
+        auto next = std::ranges::upper_bound(beginnings, offset + first);
+        piece.km.reserve(4 * static_cast<std::size_t>(beginnings.end() - next + 2));
+        piece.values.reserve(piece.km.capacity());
         for (std::size_t begin = first; begin < end;) {
-            const std::size_t next = endOfColumn(begin, end);
-            addColumn(of, offset, begin, next, piece);
-            begin = next;
+            const bool goesOn = next != beginnings.end() && *next < offset + end;
+            const std::size_t last = goesOn ? *next++ - offset : end;
+            addColumn(of, offset, begin, last, piece);
+            begin = last;
         }
     }
 
-    // Pixels as the painter rounds to them.
+    void addColumn(const PathValues& of, std::size_t offset, std::size_t begin, std::size_t end,
+                   VisiblePiece& piece) const {
+        add(piece, m_km[begin], m_values[begin]);
+        if (end - begin > 2) {
+            const NumberRange range = of.pyramid.range(of.values, offset + begin, offset + end);
+            add(piece, m_km[begin], range.lowest);
+            add(piece, m_km[begin], range.highest);
+        }
+        if (end - begin > 1) add(piece, m_km[end - 1], m_values[end - 1]);
+    }
+
+    static std::ptrdiff_t at(std::size_t j) { return static_cast<std::ptrdiff_t>(j); }
+
+    std::span<const double> m_km;
+    std::span<const double> m_values;
+    const VisibleWay& m_way;
+};
+
+// Pixels as the painter rounds to them.
+class ColumnFinding {
+  public:
+    ColumnFinding(const std::vector<double>& km, const VisibleWay& way) : m_km(km), m_way(way) {}
+
+    std::vector<std::size_t> beginnings() const {
+        std::vector<std::size_t> found;
+        const auto index = [this](auto at) { return static_cast<std::size_t>(at - m_km.begin()); };
+        const std::size_t end = index(std::ranges::upper_bound(m_km, m_way.distance.top));
+        for (std::size_t begin = index(std::ranges::lower_bound(m_km, m_way.distance.bottom)); begin < end;) {
+            begin = endOfColumn(begin, end);
+            if (begin < end) found.push_back(begin);
+        }
+        return found;
+    }
+
+  private:
     double columnOf(std::size_t j) const {
         return std::floor(m_way.distance.place(m_km[j]) / m_way.pixel + 0.5);
     }
@@ -108,21 +148,8 @@ class PieceCutting {
         }
         return outside;
     }
-    void addColumn(const PathValues& of, std::size_t offset, std::size_t begin, std::size_t end,
-                   VisiblePiece& piece) const {
-        add(piece, m_km[begin], m_values[begin]);
-        if (end - begin > 2) {
-            const NumberRange range = of.pyramid.range(of.values, offset + begin, offset + end);
-            add(piece, m_km[begin], range.lowest);
-            add(piece, m_km[begin], range.highest);
-        }
-        if (end - begin > 1) add(piece, m_km[end - 1], m_values[end - 1]);
-    }
 
-    static std::ptrdiff_t at(std::size_t j) { return static_cast<std::ptrdiff_t>(j); }
-
-    std::span<const double> m_km;
-    std::span<const double> m_values;
+    const std::vector<double>& m_km;
     const VisibleWay& m_way;
 };
 
@@ -158,6 +185,13 @@ void forPieces(const PathValues& values, Use use) {
 }
 
 } // namespace
+
+const std::vector<std::size_t>& PixelColumnsOfKm::beginnings(const std::vector<double>& km,
+                                                             const VisibleWay& way) {
+    const auto known = std::ranges::find(m_known, &km, &Known::km);
+    if (known != m_known.end()) return known->beginnings;
+    return m_known.emplace_back(Known{&km, ColumnFinding(km, way).beginnings()}).beginnings;
+}
 
 std::vector<VisiblePiece> visiblePieces(const PathValues& values, const VisibleWay& way) {
     std::vector<VisiblePiece> pieces;

@@ -4,6 +4,7 @@
 #include "drawing/Scale.h"
 #include "panels/PathSeries.h"
 
+#include <deque>
 #include <optional>
 #include <vector>
 
@@ -16,10 +17,27 @@ struct VisiblePiece {
     bool thinned = false; // each column of pixels has its first, lowest, highest and last value
 };
 
+struct VisibleWay;
+
+// Where the columns of pixels begin among the distances of series, found once for all series that share them.
+class PixelColumnsOfKm {
+  public:
+    // Indices at which columns after the first in view begin.
+    const std::vector<std::size_t>& beginnings(const std::vector<double>& km, const VisibleWay& way);
+
+  private:
+    struct Known {
+        const std::vector<double>* km;
+        std::vector<std::size_t> beginnings;
+    };
+    std::deque<Known> m_known;
+};
+
 struct VisibleWay {
     const Scale& distance; // its ends are those of the view
     ScaleKind values = ScaleKind::linear;
-    double pixel = 15; // of the device, in units of the scale's places
+    double pixel = 15;                   // of the device, in units of the scale's places
+    PixelColumnsOfKm* columns = nullptr; // of this way
 };
 
 std::vector<VisiblePiece> visiblePieces(const PathValues& values, const VisibleWay& way);

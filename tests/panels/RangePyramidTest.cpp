@@ -22,6 +22,12 @@ TEST(RangePyramid, FindsWhatAPlainWalkFinds) {
                                     numbers.begin() + static_cast<std::ptrdiff_t>(end) + 1);
             ASSERT_EQ(pyramid.range(numbers, begin, end + 1), (NumberRange{*low, *high}))
                 << size << ' ' << begin << ' ' << end;
+            for (const double number : {*low, *high}) {
+                const auto first = std::find(numbers.begin() + static_cast<std::ptrdiff_t>(begin),
+                                             numbers.begin() + static_cast<std::ptrdiff_t>(end) + 1, number);
+                ASSERT_EQ(pyramid.find(numbers, begin, end + 1, number),
+                          static_cast<std::size_t>(first - numbers.begin()));
+            }
         }
     }
 }

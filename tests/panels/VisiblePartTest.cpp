@@ -171,4 +171,28 @@ TEST(PartOf, CutsAPieceAtBothEnds) {
     EXPECT_EQ(partOf(piece, 0, 20, ScaleKind::linear).values, piece.values);
 }
 
+TEST(VisiblePieces, AreTheSameWhereSeriesShareTheColumnsOfTheirDistances) {
+    std::mt19937 random(8);
+    Numbers km, one, other;
+    for (int k = 0; k < 4000; ++k) {
+        km.push_back(0.025 * k);
+        one.push_back(std::uniform_real_distribution(0.0, 9.0)(random));
+        other.push_back(std::uniform_real_distribution(0.0, 9.0)(random));
+    }
+    PathValues first = pathValues(km, one, {0, 1111, 2500}), second = pathValues(km, other);
+    second.km = first.km;
+    const Scale distance{7, 93, 0, 1500};
+    PixelColumnsOfKm columns;
+    for (const PathValues* values : {&first, &second}) {
+        const auto alone = visiblePieces(*values, {distance, ScaleKind::linear, 15});
+        const auto shared = visiblePieces(*values, {distance, ScaleKind::linear, 15, &columns});
+        ASSERT_EQ(alone.size(), shared.size());
+        for (std::size_t k = 0; k < alone.size(); ++k) {
+            EXPECT_TRUE(alone[k].thinned);
+            EXPECT_EQ(alone[k].km, shared[k].km);
+            EXPECT_EQ(alone[k].values, shared[k].values);
+        }
+    }
+}
+
 } // namespace korvel

@@ -1,6 +1,7 @@
 #include "drawing/paint/DrawingPainter.h"
 
 #include "drawing/Units.h"
+#include "drawing/paint/BandColumns.h"
 #include "drawing/paint/CrossStamps.h"
 #include "drawing/paint/MergedLines.h"
 #include "drawing/paint/PageTexts.h"
@@ -118,14 +119,14 @@ class DrawingPlayer {
     void draw(const DrawnBand& band) {
         flush();
         m_pen.reset();
+        if (!m_stored)
+            if (const auto picture = bandByColumns(band, m_scale.grid, m_bandPixels))
+                return m_painter.drawImage(picture->corner, picture->image);
         QPolygon outline = thinnedPolygon(band.above, m_scale.grid);
         const QPolygon below = thinnedPolygon(band.below, m_scale.grid);
         std::copy(below.rbegin(), below.rend(), std::back_inserter(outline));
-        const Rgb& filled = band.fill.colour;
-        QColor colour(filled.red, filled.green, filled.blue);
-        colour.setAlphaF(static_cast<float>(band.fill.opacity));
         m_painter.setPen(Qt::NoPen);
-        m_painter.setBrush(colour);
+        m_painter.setBrush(colourOf(band));
         m_painter.drawPolygon(outline);
         m_painter.setBrush(Qt::NoBrush);
     }
@@ -217,6 +218,7 @@ class DrawingPlayer {
     double m_ascent = 0;
     std::vector<QLine> m_lines; // not painted yet, all of m_pen
     std::vector<Cross> m_crosses;
+    std::vector<QRgb> m_bandPixels;
 };
 
 // Where a screen's scale is broken, a form's parts stand between pixels; there, a line, a box and an image of

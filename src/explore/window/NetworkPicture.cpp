@@ -51,8 +51,21 @@ void NetworkPicture::show(const ExploreState& state, NetworkView view) {
 
 void NetworkPicture::showCursor(const std::optional<ExplorePlace>& cursor) {
     if (m_state.cursor == cursor) return;
+    update(spotOfCursor());
     m_state.cursor = cursor;
-    update();
+    update(spotOfCursor());
+}
+
+// The pixels of its mark; none while nothing is laid out, when all will be painted.
+QRect NetworkPicture::spotOfCursor() const {
+    if (!m_layout || !m_state.cursor || m_state.isEmpty()) return {};
+    const int place = m_state.study->base().reaches().placeOf(m_state.cursor->reach);
+    const auto at = placeOf(*m_layout, {place, m_state.cursor->distance});
+    if (!at) return {};
+    const double half = 2 * m_layout->symbolHalf;
+    return QRectF((at->x - half) / twipsPerPixel, (at->y - half) / twipsPerPixel, 2 * half / twipsPerPixel,
+                  2 * half / twipsPerPixel)
+        .toAlignedRect();
 }
 
 void NetworkPicture::setTheme(Theme theme) {

@@ -41,6 +41,7 @@ class NetworkPicture : public QWidget {
     std::optional<NetworkSpot> spotUnder(QPointF at);
     std::string nameUnder(QPointF at);
     void refresh();
+    QRect spotOfCursor() const;
 
     const TextMetrics& m_metrics;
     Handlers& m_handlers;

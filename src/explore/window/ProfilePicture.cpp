@@ -63,7 +63,7 @@ ProfilePicture::ProfilePicture(Navigator& navigator, const ExploreScene& scene, 
 
 void ProfilePicture::refresh() {
     m_layout.reset();
-    m_picture = {};
+    m_pictureIsOld = true;
     update();
 }
 
@@ -105,9 +105,13 @@ void ProfilePicture::paintPicture() {
     Drawing drawing;
     drawing.width = width() * twipsPerPixel;
     drawing.height = height() * twipsPerPixel;
-    paint(layoutShown(), drawing);
-    m_picture = QPixmap(sizeInDots());
+    m_layout.reset(); // curves were taken out of one that was painted before
+    layoutShown();
+    paintAway(*m_layout, drawing);
+    // Memory that is there already: asking for as much again takes longer than filling it.
+    if (m_picture.size() != sizeInDots()) m_picture = QPixmap(sizeInDots());
     m_picture.setDevicePixelRatio(devicePixelRatioF());
+    m_pictureIsOld = false;
     m_picture.fill(colourOf(layoutShown().look.background));
     QPainter painter(&m_picture);
     paintOnScreen(drawing, painter);
@@ -134,7 +138,7 @@ void ProfilePicture::paintAll(QPainter& painter) {
         painter.fillRect(rect(), palette().color(QPalette::Base));
         return;
     }
-    if (m_picture.size() != sizeInDots()) paintPicture();
+    if (m_pictureIsOld || m_picture.size() != sizeInDots()) paintPicture();
     painter.drawPixmap(0, 0, m_picture);
     if (const auto place = m_navigator.place()) {
         Drawing cursor;

@@ -68,8 +68,9 @@ class ProfilePicture : public QWidget {
     Theme m_theme = Theme::light;
 
     std::optional<ProfileLayout> m_layout;
-    QPixmap m_picture; // null where it is to be painted anew
-    QRect m_strip;     // where the cursor was painted
+    QPixmap m_picture;
+    bool m_pictureIsOld = true; // to be painted anew
+    QRect m_strip;              // where the cursor was painted
     Gesture m_gesture = Gesture::none;
     QPointF m_pressed, m_pointer;
     double m_kmPerPixel = 0; // when the drag began

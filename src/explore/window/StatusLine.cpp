@@ -7,11 +7,21 @@ namespace {
 constexpr int progressWidth = 160; // pixels
 constexpr int runsOfALine = 4;     // in the readout
 
+// Has the height that it is given: asking a long text for its own with each move of the cursor takes longer
+// than painting it.
+class ReadoutLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+    QSize sizeHint() const override { return {0, minimumHeight()}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+    int heightForWidth(int) const override { return minimumHeight(); }
+};
+
 } // namespace
 
 StatusLine::StatusLine(QStatusBar& bar)
     : QObject(&bar),
-      lblReadout(new QLabel(&bar)),
+      lblReadout(new ReadoutLabel(&bar)),
       m_progressText(new QLabel(&bar)),
       m_progress(new QProgressBar(&bar)) {
     lblReadout->setObjectName("lblReadout");
