@@ -6,6 +6,7 @@
 #include "explore/PathChoice.h"
 #include "explore/RunList.h"
 
+#include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -15,8 +16,26 @@ namespace {
 
 constexpr int sideWidth = 250; // pixels, at first
 constexpr int networkShare = 130, pictureShare = 420, tableShare = 180;
-constexpr int cursorRest = 40;         // milliseconds
-constexpr double shareOfScreen = 0.85; // of a window that is not maximised any more
+constexpr int leastProfile = 120, panelMargin = 12; // pixels
+constexpr int cursorRest = 40;                      // milliseconds
+constexpr double shareOfScreen = 0.85;              // of a window that is not maximised any more
+
+// Panels can be more than there is room for.
+QScrollArea* scrolled(ProfilePicture& profile) {
+    auto* area = new QScrollArea;
+    area->setObjectName("scrProfile");
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setMinimumHeight(leastProfile);
+    area->setWidget(&profile);
+    profile.onPanel = [area](int top, int bottom) {
+        area->ensureVisible(0, bottom, 0, panelMargin);
+        area->ensureVisible(0, top, 0, panelMargin);
+    };
+    return area;
+}
 
 } // namespace
 
@@ -48,7 +67,7 @@ void frmExplore::layOut() {
     m_tables = new ExploreTables(handlers(), this);
     m_network = new NetworkPicture(services().screenMetrics, handlers(), this);
     m_parts->addWidget(m_network);
-    m_parts->addWidget(m_profile);
+    m_parts->addWidget(scrolled(*m_profile));
     m_parts->addWidget(m_tables);
     m_parts->setSizes({networkShare, pictureShare, tableShare});
     int part = 0;

@@ -1,6 +1,9 @@
 #include "panels/NetworkLayout.h"
 
 #include <algorithm>
+#include <cmath>
+#include <map>
+#include <utility>
 
 namespace korvel {
 
@@ -22,8 +25,10 @@ class NetworkPainting {
             paintReach(reach);
         for (const NetworkFeature& feature : m_layout.features)
             paintFeature(feature.at);
-        for (const NetworkReach& reach : m_layout.reaches)
-            paintReachSymbol(reach);
+        // Those that must be seen take their room first.
+        for (const Verdict verdict : {Verdict::fail, Verdict::unsure, Verdict::pass})
+            for (const NetworkReach& reach : m_layout.reaches)
+                if (reach.verdict == verdict) paintReachSymbol(reach);
         paintKey();
         for (const NetworkName& name : m_layout.names)
             m_drawing.commands.push_back(name.text);
@@ -57,14 +62,31 @@ class NetworkPainting {
         line({at.x, at.y}, {at.x, at.y + 0.75 * m_layout.symbolHalf}, hair(m_look.quietText));
     }
 
-    // A failing reach always has its symbol, others where it has room.
+    // A failing reach has its symbol however short it is, unless that of another one covers it; others where
+    // they have room.
     void paintReachSymbol(const NetworkReach& reach) {
         const bool room = reach.to - reach.from > 4 * m_layout.symbolHalf;
-        if (reach.verdict == Verdict::none || (!room && reach.verdict != Verdict::fail)) return;
+        if (!room && reach.verdict != Verdict::fail) return;
+        if (!takesRoom({(reach.from + reach.to) / 2, reach.y})) return;
         const NetworkSymbol symbol = reach.verdict == Verdict::pass   ? NetworkSymbol::pass
                                      : reach.verdict == Verdict::fail ? NetworkSymbol::fail
                                                                       : NetworkSymbol::unsure;
         paintSymbol(symbol, {(reach.from + reach.to) / 2, reach.y}, reach.pen.colour);
+    }
+
+    // False where another symbol stands there.
+    bool takesRoom(DrawnPoint at) {
+        const double side = 2.8 * m_layout.symbolHalf;
+        const auto column = static_cast<long>(std::floor(at.x / side)), row = std::lround(at.y / side);
+        for (long x = column - 1; x <= column + 1; ++x)
+            for (long y = row - 1; y <= row + 1; ++y) {
+                const auto other = m_symbols.find({x, y});
+                if (other == m_symbols.end()) continue;
+                const DrawnPoint& there = other->second;
+                if (std::abs(there.x - at.x) < side && std::abs(there.y - at.y) < side) return false;
+            }
+        m_symbols.emplace(std::pair{column, row}, at);
+        return true;
     }
 
     // On a ground of its own, so that the line does not run through it.
@@ -111,6 +133,7 @@ class NetworkPainting {
     const NetworkLayout& m_layout;
     const PanelLook& m_look;
     Drawing& m_drawing;
+    std::map<std::pair<long, long>, DrawnPoint> m_symbols; // on a grid of their size
 };
 
 } // namespace

@@ -156,14 +156,25 @@ class ProfileMaking {
                 m_look.quietText);
     }
 
+    // Where reaches on both sides are too short to be told apart a line between them says nothing.
+    bool isBoundaryTold(std::size_t reach) const {
+        const auto width = [this](const PathReach& of) {
+            return of.length * m_layout.distance.scale.perUnit();
+        };
+        const double told = 1.2 * m_measures.line;
+        return width(path().reaches[reach]) >= told ||
+               (reach > 0 && width(path().reaches[reach - 1]) >= told);
+    }
+
     void addReachNames(double top) {
         const Scale& distance = m_layout.distance.scale;
         const Pen pen{m_look.axis, m_look.hairline, Dash::solid};
-        for (const PathReach& reach : path().reaches) {
+        for (std::size_t k = 0; k < path().reaches.size(); ++k) {
+            const PathReach& reach = path().reaches[k];
             const double from = std::max(distance.place(reach.from), distance.from);
             const double to = std::min(distance.place(reach.to()), distance.to);
             if (to <= from) continue;
-            if (reach.from > distance.bottom)
+            if (reach.from > distance.bottom && isBoundaryTold(k))
                 m_layout.lines.push_back({{from, top}, {from, top + m_measures.line}, pen});
             const std::string name =
                 reach.name.empty() ? std::to_string(reach.number) : shownUtf8(reach.name);
@@ -236,7 +247,8 @@ class ProfileMaking {
         const Scale& distance = m_layout.distance.scale;
         for (std::size_t k = 1; k < path().reaches.size(); ++k) {
             const double km = path().reaches[k].from;
-            if (km > distance.bottom && km < distance.top) m_layout.boundaries.push_back(distance.place(km));
+            if (km > distance.bottom && km < distance.top && isBoundaryTold(k))
+                m_layout.boundaries.push_back(distance.place(km));
         }
     }
 
@@ -264,6 +276,13 @@ ProfileLayout layOutProfile(const ProfileData& data, const ProfileView& view, co
     layout.interpolated = data.view.interpolated;
     ProfileMaking(data, view, look, metrics, layout, common != nullptr ? *common : alone).make();
     return layout;
+}
+
+double leastProfileHeight(std::size_t panels, const PanelLook& look, const TextMetrics& metrics) {
+    const PanelMeasures measures(look, metrics);
+    const double around =
+        1.3 * measures.keyRow() + measures.kmNumbers() + measures.reachNames() + 0.4 * measures.line;
+    return around + static_cast<double>(panels) * (measures.title() + measures.gap() + 1.6 * measures.line);
 }
 
 std::optional<std::size_t> panelAt(const ProfileLayout& layout, DrawnPoint at) {

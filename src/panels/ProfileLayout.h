@@ -101,6 +101,9 @@ ProfileLayout layOutProfile(const ProfileData& data, const ProfileView& view, co
                             double width, double height, const TextMetrics& metrics,
                             ProfileCommon* common = nullptr);
 
+// Under which panels are too low to be read.
+double leastProfileHeight(std::size_t panels, const PanelLook& look, const TextMetrics& metrics);
+
 void paint(const ProfileLayout& layout, Drawing& drawing);
 // The same; the layout can be asked for places afterwards, but has no curves, bands and marks any more.
 void paintAway(ProfileLayout& layout, Drawing& drawing);

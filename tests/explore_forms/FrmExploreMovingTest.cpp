@@ -126,4 +126,31 @@ TEST_F(FrmExploreMoving, KeepsItsWidthWhateverTheReadoutSays) {
     EXPECT_EQ(form->width(), 1000);
 }
 
+TEST_F(FrmExploreMoving, LeavesTheCursorToThePointerAfterOpening) {
+    show({"a.sgr"});
+    EXPECT_FALSE(form->state().cursorPinned);
+    EXPECT_EQ(form->state().cursor, std::nullopt);
+    QTest::mouseMove(&profile(), profile().rect().center());
+    QTest::mouseMove(&profile(), profile().rect().center() + QPoint(60, 0));
+    EXPECT_TRUE(form->state().cursor);
+    EXPECT_FALSE(form->state().cursorPinned);
+}
+
+TEST_F(FrmExploreMoving, ScrollsToThePanelThatKeysComeToWhereThereIsLittleRoom) {
+    show({"a.sgr"});
+    auto& series = control<QListWidget>(*form, "lstSeries");
+    for (int row = 0; row < series.count(); ++row)
+        series.item(row)->setCheckState(Qt::Checked);
+    control<QSplitter>(*form, "splitPictures").setSizes({100, 150, 450});
+    passEvents();
+    const QWidget& view = *profile().parentWidget();
+    EXPECT_GT(profile().height(), view.height()) << "five panels need more than there is";
+    for (int panel = 1; panel < series.count(); ++panel)
+        press(Qt::Key_PageDown);
+    EXPECT_LE(profile().height() - view.height() + profile().y(), 80) << "the last panel is in view";
+    for (int panel = 1; panel < series.count(); ++panel)
+        press(Qt::Key_PageUp);
+    EXPECT_GT(profile().y(), -60) << "the first one is again";
+}
+
 } // namespace korvel

@@ -257,4 +257,25 @@ TEST(ReachMeans, WeighWithLength) {
               (std::vector<std::optional<double>>{5.25, std::nullopt, 4}));
 }
 
+TEST(NetworkPainting, GivesNoTwoFailuresOneRoom) {
+    std::vector<ReachLine> reaches;
+    for (int number = 1; number <= 300; ++number)
+        reaches.push_back({number, 1, number < 300 ? number + 1 : 0});
+    NetworkView view;
+    view.colours = NetworkColours::byVerdict;
+    view.verdicts.assign(300, Verdict::pass);
+    for (const std::size_t place : {0u, 100u, 101u, 102u, 299u})
+        view.verdicts[place] = Verdict::fail;
+    const Picture picture = pictureOf(catchment(reaches), view);
+    Drawing drawing;
+    paint(picture.layout, drawing);
+    int strokes = 0; // two make the symbol of a failure
+    for (const DrawnCommand& command : drawing.commands) {
+        const auto* run = std::get_if<DrawnRun>(&command);
+        const bool fails = run != nullptr && run->pen.colour == picture.layout.look.fail;
+        strokes += fails && run->points.front().y < picture.layout.axisY ? 1 : 0;
+    }
+    EXPECT_EQ(strokes, 2 * 3) << "the ends', and one for three side by side";
+}
+
 } // namespace korvel

@@ -18,6 +18,7 @@ namespace korvel {
 
 namespace {
 
+constexpr int leastHeight = 120; // pixels
 constexpr double oneNotch = 120; // of a wheel
 constexpr double zoomOfNotch = 1.25;
 constexpr double scrollOfNotch = 0.1; // of what is seen
@@ -57,14 +58,27 @@ ProfilePicture::ProfilePicture(Navigator& navigator, const ExploreScene& scene, 
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(320, 120);
+    setMinimumSize(320, leastHeight);
     m_clock.start();
 }
 
 void ProfilePicture::refresh() {
     m_layout.reset();
     m_pictureIsOld = true;
+    takeRoom();
     update();
+}
+
+PanelLook ProfilePicture::look(Theme theme) const {
+    return panelLook(theme, font().pointSizeF() - 1, devicePixelRatioF());
+}
+
+// With many panels more than there is on a low screen: it can be scrolled then.
+void ProfilePicture::takeRoom() {
+    if (m_scene.isEmpty()) return;
+    const std::size_t panels = m_scene.data().panels.size();
+    const double least = leastProfileHeight(panels, look(m_theme), m_metrics) / twipsPerPixel;
+    setMinimumHeight(std::max(leastHeight, static_cast<int>(std::ceil(least))));
 }
 
 void ProfilePicture::refreshCursor() {
@@ -81,9 +95,8 @@ void ProfilePicture::setTheme(Theme theme) {
 
 const ProfileLayout& ProfilePicture::layoutShown() {
     if (!m_layout)
-        m_layout = layOutProfile(m_scene.data(), m_scene.view(),
-                                 panelLook(m_theme, font().pointSizeF() - 1, devicePixelRatioF()),
-                                 width() * twipsPerPixel, height() * twipsPerPixel, m_metrics);
+        m_layout = layOutProfile(m_scene.data(), m_scene.view(), look(m_theme), width() * twipsPerPixel,
+                                 height() * twipsPerPixel, m_metrics);
     return *m_layout;
 }
 
@@ -234,9 +247,17 @@ bool ProfilePicture::stepped(const QKeyEvent& event) {
         const Qt::KeyboardModifiers wanted = each.withControl ? Qt::ControlModifier : Qt::NoModifier;
         if (event.key() != each.key || held != wanted) continue;
         m_told(m_navigator.step(each.step));
+        if (each.step == CursorStep::panelUp || each.step == CursorStep::panelDown) tellPanel();
         return true;
     }
     return false;
+}
+
+void ProfilePicture::tellPanel() {
+    if (!onPanel || m_scene.isEmpty() || m_navigator.panel() >= layoutShown().panels.size()) return;
+    const ProfilePanel& panel = layoutShown().panels[m_navigator.panel()];
+    const double title = panel.texts.empty() ? panel.area.top : panel.texts.front().corner.y;
+    onPanel(static_cast<int>(title / twipsPerPixel), static_cast<int>(panel.area.bottom / twipsPerPixel));
 }
 
 void ProfilePicture::keyPressEvent(QKeyEvent* event) {

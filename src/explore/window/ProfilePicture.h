@@ -23,6 +23,9 @@ class ProfilePicture : public QWidget {
     ProfilePicture(Navigator& navigator, const ExploreScene& scene, const TextMetrics& metrics,
                    Handlers& handlers, Told told, QWidget* parent = nullptr);
 
+    // A panel that keys have come to is to be seen, from its top to its bottom.
+    std::function<void(int top, int bottom)> onPanel;
+
     // The scene has changed.
     void refresh();
     // Only the cursor has.
@@ -48,6 +51,9 @@ class ProfilePicture : public QWidget {
   private:
     enum class Gesture { none, press, pan, box };
 
+    PanelLook look(Theme theme) const;
+    void takeRoom();
+    void tellPanel();
     void paintAll(QPainter& painter);
     void paintPicture();
     void paintBox(QPainter& painter) const;
