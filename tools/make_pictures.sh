@@ -169,3 +169,4 @@ await "Batch Run Data"
 picture batch-form
 
 python3 -B "$root/tools/page_pictures.py" "$app" "$pictures"
+python3 -B "$root/tools/document_pictures.py" "$app" "$pictures"
