@@ -1,6 +1,7 @@
 #include "platform/DiskFilesFixture.h"
 
 #include <algorithm>
+#include <fcntl.h>
 
 namespace korvel {
 
