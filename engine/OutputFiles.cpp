@@ -51,13 +51,17 @@ void OutputFiles::add(const std::string& hostPath, std::string_view bytes) {
     if (::stat(hostPath.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
         throw FileProblem{"can't write " + hostPath + ": not a file"};
     Pending file(hostPath);
-    if (!file.isOpen() || !file.write(bytes) || !file.finish()) fail("can't write", hostPath, errno);
+    if (!file.isOpen() || !file.write(bytes)) fail("can't write", hostPath, errno);
+    file.start();
     m_pending.push_back(std::move(file));
 }
 
 void OutputFiles::commit() {
     for (Pending& file : m_pending)
+        if (!file.finish()) fail("can't write", file.target(), errno);
+    for (Pending& file : m_pending)
         if (!file.takeName()) fail("can't write", file.target(), errno);
+    if (!m_pending.empty()) m_pending.back().settleName();
     m_pending.clear();
 }
 

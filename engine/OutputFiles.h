@@ -1,5 +1,5 @@
-// Files that are written whole and together: all of them beside their targets first, then renamed onto them.
-// A failure before that leaves every old file as it was.
+// Files of one folder that are written whole and together: all of them beside their targets first, then
+// renamed onto them. A failure before that leaves every old file as it was.
 #pragma once
 
 #include <string>

@@ -142,6 +142,11 @@ bool UnfinishedFile::linkBeside() {
     return false;
 }
 
+// A file system that can't do so loses nothing by it.
+void UnfinishedFile::start() const {
+    [[maybe_unused]] const int result = sync_file_range(m_file.number(), 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 bool UnfinishedFile::finish() {
     return takeOverOwnerAndMode() && untilNotInterrupted([&] { return fsync(m_file.number()); }) == 0;
 }
@@ -150,9 +155,12 @@ bool UnfinishedFile::takeName() {
     if (m_name.empty() && !linkBeside()) return false;
     if (std::rename(m_name.c_str(), m_target.c_str()) != 0) return false;
     m_file.close();
-    const Descriptor folder(::open(folderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.isOpen()) fsync(folder.number()); // so that the new name outlasts a power cut
     return true;
+}
+
+void UnfinishedFile::settleName() const {
+    const Descriptor folder(::open(folderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen()) fsync(folder.number());
 }
 
 } // namespace korvel

@@ -19,11 +19,16 @@ class UnfinishedFile {
 
     bool isOpen() const { return m_file.isOpen(); }
     bool write(std::string_view bytes);
+    // What is written so far starts on its way to the disk. Several files of which each has been started
+    // before the first is finished are there in one turn of the disk.
+    void start() const;
     // No more is to come: everything is on the disk, with the owner and the rights of the file that it
     // replaces.
     bool finish();
     // Replaces the target. After finish().
     bool takeName();
+    // The new name, and those that others took in the same folder before, outlast a power cut.
+    void settleName() const;
 
     // Gives it its private name before, for a library that needs one.
     bool takePrivateName() { return !m_name.empty() || linkBeside(); }

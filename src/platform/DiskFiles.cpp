@@ -115,6 +115,7 @@ class DiskNewFile : public NewFile {
     void commit() override {
         flush();
         if (!m_file.finish() || !m_file.takeName()) failWithErrno();
+        m_file.settleName();
     }
 
     std::string hostPath() override {
