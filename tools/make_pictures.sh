@@ -83,6 +83,9 @@ picture() {
     echo "$pictures/$1.png"
 }
 
+# cut FROM TO PLACE: a part of a picture.
+cut() { convert "$pictures/$1.png" -crop "$3" +repage -define png:compression-level=9 "PNG8:$pictures/$2.png"; }
+
 press_times() {
     local -i i
     for ((i = 0; i < $1; i++)); do press "$2"; done
@@ -167,6 +170,38 @@ press space
 choose_file "Select ONE data file for inclusion in Batch Run" ALDER.DAT
 await "Batch Run Data"
 picture batch-form
+
+# The Explorer. In the order of the tab key: the picture, the tables' tabs; before the picture the side and the tool bar.
+KORVEL_THEME=light "$app/korvel" explore "$data/ALDER.SGR" "$data/ALDER2.SGR" &>"$work/explorer.log" &
+programs+=($!)
+await "ALDER.SGR and 1 more - KORVEL Explorer"
+xdotool mousemove 0 0
+sleep 2 # until the focus is in the picture
+press Home Next Next # to the panel of BOD
+press_times 14 ctrl+Right
+picture explorer
+cut explorer explorer-network 1110x115+256+52
+
+press_times 14 shift+Tab
+press Down # Change
+press_times 14 Tab
+picture explorer-change
+press_times 14 shift+Tab
+press Up
+press_times 14 Tab
+
+# The tables as high as they may be.
+press Escape Tab Right Right
+xdotool mousemove 811 534 mousedown 1
+for y in 500 400 320; do sleep 0.2; xdotool mousemove 811 $y; done
+xdotool mouseup 1
+picture explorer-compliance
+press Right Tab Tab Tab ctrl+Home Down Down Down Down Down Down Down Down
+picture explorer-fit
+press shift+Tab shift+Tab shift+Tab Right Tab
+xdotool type --delay 20 Phosphate
+picture explorer-sources
+for part in compliance fit sources; do cut explorer-$part explorer-$part 1110x450+256+318; done
 
 python3 -B "$root/tools/page_pictures.py" "$app" "$pictures"
 python3 -B "$root/tools/document_pictures.py" "$app" "$pictures"
