@@ -257,7 +257,7 @@ TEST(Twins, AgreeOnChanges) {
 }
 
 TEST(Twins, AgreeOnCompliance) {
-    for (int seed = 0; seed < roundsOf(rounds / 4); ++seed) {
+    for (int seed = 0; seed < roundsOf(TwinRivers::rounds / 4); ++seed) {
         const TwinRivers rivers(seed);
         const StudyRun run{"a", rivers.baseFile};
         ComplianceRequest request;

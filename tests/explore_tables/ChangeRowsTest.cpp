@@ -45,7 +45,7 @@ TEST(ChangeRows, AreThoseOfTheAnalysisForRiversAtRandom) {
         TableScope scope = scopeWith(Study(runs));
         scope.series = {0, 1, 4};
         scope.statistic = Statistic::p95;
-        Lines expected;
+        TableLines expected;
         for (std::size_t run = 1; run < runs.size(); ++run)
             changesByReach(compared(runs[0], runs[run]), {scope.series, scope.statistic, {}, false})
                 .rows(expected);

@@ -54,7 +54,7 @@ TEST(FitRows, AreThoseOfTheAnalysisForRiversAtRandom) {
         scope.series = {0, 1, 2, 4};
         const FitRequest request{{0, 1, 2}, {allStatistics.begin(), allStatistics.end()}, {}};
         for (const FitBy by : {FitBy::whole, FitBy::river, FitBy::reach}) {
-            Lines expected;
+            TableLines expected;
             for (const StudyRun& run : scope.runs)
                 fitTable(run, by, request).rows(expected);
             ASSERT_EQ(linesOf(FitRows(scope, by)), expected.lines) << round;

@@ -33,7 +33,7 @@ inline std::string rowText(const RowSource& rows, int row) {
 }
 
 // The cells of a table, a row a line.
-class Lines : public RowTaker {
+class TableLines : public RowTaker {
   public:
     void row(std::span<const Cell> cells) override {
         std::string line;

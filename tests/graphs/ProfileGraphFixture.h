@@ -44,4 +44,42 @@ struct ProfileGraphTest : testing::Test {
     }
 };
 
+inline std::vector<DrawnPoint> placesOf(const Drawing& drawing) {
+    std::vector<DrawnPoint> places;
+    for (const DrawnCommand& command : drawing.commands) {
+        if (const auto* line = std::get_if<DrawnLine>(&command))
+            places.insert(places.end(), {line->from, line->to});
+        if (const auto* run = std::get_if<DrawnRun>(&command))
+            places.insert(places.end(), run->points.begin(), run->points.end());
+        if (const auto* marker = std::get_if<DrawnMarker>(&command)) places.push_back(marker->centre);
+        if (const auto* text = std::get_if<DrawnText>(&command)) places.push_back(text->corner);
+    }
+    return places;
+}
+
+inline void expectMoved(const Drawing& from, const Drawing& to, double byX, double byY) {
+    const std::vector<DrawnPoint> before = placesOf(from), after = placesOf(to);
+    ASSERT_EQ(before.size(), after.size());
+    for (std::size_t k = 0; k < before.size(); ++k) {
+        EXPECT_NEAR(after[k].x, before[k].x + byX, 1e-6);
+        EXPECT_NEAR(after[k].y, before[k].y + byY, 1e-6);
+    }
+}
+
+// The places of the labelled ones among features at 0, `middle` and 10 km.
+inline std::vector<double> markedPlaces(double middle, int largeTextMode) {
+    GraphSample sample;
+    sample.useArea(1280, 904);
+    sample.view.LargeTextMode = largeTextMode;
+    sample.addReach(1, "Reach 1", 10);
+    for (const double distance : {0.0, middle, 10.0})
+        sample.addPoint({1, distance, "Gauge", 4});
+    sample.labelAllTypes();
+    sample.plotSeries({1}, {1});
+    std::vector<double> places;
+    for (const DrawnLine& line : allOf<DrawnLine>(drawingOf(sample)))
+        if (line.pen == Pen{paletteColour(colours::lightGrey), 1, Dash::solid}) places.push_back(line.from.x);
+    return places;
+}
+
 } // namespace korvel

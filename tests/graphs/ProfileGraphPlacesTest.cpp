@@ -31,28 +31,6 @@ Drawing zoomed(Drawing drawing, double factor) {
     return drawing;
 }
 
-std::vector<DrawnPoint> placesOf(const Drawing& drawing) {
-    std::vector<DrawnPoint> places;
-    for (const DrawnCommand& command : drawing.commands) {
-        if (const auto* line = std::get_if<DrawnLine>(&command))
-            places.insert(places.end(), {line->from, line->to});
-        if (const auto* run = std::get_if<DrawnRun>(&command))
-            places.insert(places.end(), run->points.begin(), run->points.end());
-        if (const auto* marker = std::get_if<DrawnMarker>(&command)) places.push_back(marker->centre);
-        if (const auto* text = std::get_if<DrawnText>(&command)) places.push_back(text->corner);
-    }
-    return places;
-}
-
-void expectMoved(const Drawing& from, const Drawing& to, double byX, double byY) {
-    const std::vector<DrawnPoint> before = placesOf(from), after = placesOf(to);
-    ASSERT_EQ(before.size(), after.size());
-    for (std::size_t k = 0; k < before.size(); ++k) {
-        EXPECT_NEAR(after[k].x, before[k].x + byX, 1e-6);
-        EXPECT_NEAR(after[k].y, before[k].y + byY, 1e-6);
-    }
-}
-
 double right(const DrawnText& text) {
     return text.corner.x + text.width;
 }

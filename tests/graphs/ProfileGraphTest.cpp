@@ -7,16 +7,8 @@ namespace korvel {
 
 namespace {
 
-double right(const DrawnText& text) {
-    return text.corner.x + text.width;
-}
 double bottom(const DrawnText& text) {
     return text.corner.y + text.height;
-}
-
-bool overlap(const DrawnText& one, const DrawnText& other) {
-    return one.corner.x < right(other) && other.corner.x < right(one) &&
-           one.corner.y < bottom(other) - 1e-6 && other.corner.y < bottom(one) - 1e-6;
 }
 
 } // namespace
@@ -137,22 +129,6 @@ TEST_F(ProfileGraphTest, LabelsFeaturesUnderEachPanelOfMode2) {
     const Drawing drawing = drawingOf(sample);
     EXPECT_TRUE(hasText(drawing, "8.0km"));
     EXPECT_TRUE(hasText(drawing, "12.0km"));
-}
-
-// The places of the labelled ones among features at 0, `middle` and 10 km.
-std::vector<double> markedPlaces(double middle, int largeTextMode) {
-    GraphSample sample;
-    sample.useArea(1280, 904);
-    sample.view.LargeTextMode = largeTextMode;
-    sample.addReach(1, "Reach 1", 10);
-    for (const double distance : {0.0, middle, 10.0})
-        sample.addPoint({1, distance, "Gauge", 4});
-    sample.labelAllTypes();
-    sample.plotSeries({1}, {1});
-    std::vector<double> places;
-    for (const DrawnLine& line : allOf<DrawnLine>(drawingOf(sample)))
-        if (line.pen == Pen{paletteColour(colours::lightGrey), 1, Dash::solid}) places.push_back(line.from.x);
-    return places;
 }
 
 TEST_F(ProfileGraphTest, ScrollingMovesTheWholePicture) {
@@ -279,6 +255,7 @@ TEST_F(ProfileGraphTest, DrawGraphsDrawsTheSharedState) {
     GLOBAL.graphTitle = "Shared";
     GLOBAL.selectedDeterminands = {0};
     Drawing drawing{.width = 9600, .height = 6780, .commands = {}};
+    const FixedTextMetrics metrics;
     GraphPrimitives primitives(drawing, GraphForm::graph, metrics, metrics);
     DrawGraphs(primitives, OutputTarget::screen, {9600, 6780, 9600}, "03/04/2026");
     EXPECT_TRUE(hasText(drawing, "Shared"));

@@ -4,6 +4,7 @@
 #include "analysis/RiverSample.h"
 #include "publish/Page.h"
 #include "publish/PageHtml.h"
+#include "study/SeriesValues.h"
 
 #include <functional>
 #include <string>
