@@ -31,5 +31,5 @@ int main(int argc, char** argv) {
     printTimes(job, "a bare Qt window", contest, 1, 1.3);
     printTimes(job, "the same with two texts", contest, 2, 1.3);
     printBound("memory then", ours, "a bare Qt window + 10 MB", bare + 10e6);
-    printBound("memory then", ours, "with two texts + 10 MB", withTexts + 10e6);
+    printBound("memory then", ours, "with two texts + 8 MB", withTexts + 8e6);
 }

@@ -19,8 +19,7 @@ class UnfinishedFile {
 
     bool isOpen() const { return m_file.isOpen(); }
     bool write(std::string_view bytes);
-    // What is written so far starts on its way to the disk. Several files of which each has been started
-    // before the first is finished are there in one turn of the disk.
+    // What is written so far starts on its way to the disk, so that finish() has less to wait for.
     void start() const;
     // No more is to come: everything is on the disk, with the owner and the rights of the file that it
     // replaces.
