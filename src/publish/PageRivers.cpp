@@ -153,7 +153,7 @@ class RiverWriter {
         const std::string id = riverId(index);
         m_html.open("section", {{"class", "river"}, {"id", id}, {"aria-labelledby", id + "-h"}}).line();
         m_html.open("h3", {{"id", id + "-h"}}).name(river.name).close().line();
-        m_html.element("p", factsOf(river), {{"class", "quiet"}}).line();
+        writeFacts(river);
         m_html.element("div", "", {{"class", "readout"}}).line();
         const std::vector<std::vector<int>> pictures = seriesOfPictures(m_study);
         m_html.open("div", {{"class", pictures.size() > 1 ? "pictures two" : "pictures"}}).line();
@@ -166,16 +166,22 @@ class RiverWriter {
     }
 
   private:
-    std::string factsOf(const River& river) const {
-        std::string words = shownDecimals(river.length, 1) + " km";
-        if (river.joins >= 0)
-            words += ", runs into " + m_study.reachTitle(m_study.base().reaches().number(river.joins));
-        words += ". Reaches: ";
+    void writeReach(int place) {
+        m_html.element("bdi", m_study.reachTitle(m_study.base().reaches().number(place)));
+    }
+    void writeFacts(const River& river) {
+        m_html.open("p", {{"class", "quiet"}}).words(shownDecimals(river.length, 1) + " km");
+        if (river.joins >= 0) {
+            m_html.words(", runs into ");
+            writeReach(river.joins);
+        }
+        m_html.words(". Reaches: ");
         constexpr std::size_t most = 40;
-        for (std::size_t k = 0; k < std::min(most, river.reaches.size()); ++k)
-            words +=
-                (k == 0 ? "" : ", ") + m_study.reachTitle(m_study.base().reaches().number(river.reaches[k]));
-        return words + (river.reaches.size() > most ? " ..." : ".");
+        for (std::size_t k = 0; k < std::min(most, river.reaches.size()); ++k) {
+            m_html.words(k == 0 ? "" : ", ");
+            writeReach(river.reaches[k]);
+        }
+        m_html.words(river.reaches.size() > most ? " ..." : ".").closeLine();
     }
 
     void writePicture(const ProfileData& data, const River& river, const std::string& id) {

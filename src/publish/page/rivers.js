@@ -118,7 +118,7 @@ class River {
     const axis = {stroke: () => ink("--axis"), grid: {stroke: () => ink("--grid"), width: 1}, ticks: {show: false}, font: "11px system-ui,sans-serif"};
     panel.uplot = new uPlot({
       width: Math.max(200, panel.plot.clientWidth), height: 150, series, bands, legend: {show: false},
-      padding: [8, 10, 0, 0],
+      padding: [8, 24, 0, 0], // "km" stands behind the last number
       scales: {x: {time: false, range: () => this.range}, y: {range: (_, low, high) => this.valueRange(panel, low, high)}},
       axes: [{...axis, size: 26, values: (_, splits) => splits.map((km, k) => Number(km.toPrecision(6)) + (k === splits.length - 1 ? " km" : ""))}, {...axis, size: 48, values: (_, splits) => splits.map(value => String(Number(value.toPrecision(6))))}],
       cursor: {y: false, drag: {x: true, y: false, setScale: false}, points: {size: 6},
@@ -262,8 +262,8 @@ class River {
     this.moving = false;
     this.slider.value = place;
     const words = this.placeWords();
-    this.text.replaceChildren(make("bdi", {}, words));
-    this.slider.setAttribute("aria-valuetext", [words, ...this.spoken()].join("; "));
+    this.text.replaceChildren(...words.flatMap((part, k) => [k > 0 ? " \u00b7 " : "", make("bdi", {}, part)]));
+    this.slider.setAttribute("aria-valuetext", [...words, ...this.spoken()].join("; "));
   }
 
   reachAt(place) {
@@ -272,7 +272,7 @@ class River {
 
   placeWords() {
     const name = this.names.get(this.place);
-    return [this.data.km[this.place].toFixed(2) + " km", ...(name ? [name] : []), this.reachAt(this.place)[1]].join(" \u00b7 ");
+    return [this.data.km[this.place].toFixed(2) + " km", ...(name ? [name] : []), this.reachAt(this.place)[1]];
   }
 
   valueWords(panel, run) {
