@@ -65,6 +65,14 @@ def main():
         page.wait_for("return document.querySelectorAll('.river canvas').length >= 4")
         point_at(page, 31.4)
         take(page, "page-river")
+        page.look(1366, 560)
+        page.run("document.querySelector('.scatters').scrollIntoView({behavior: 'instant'}); scrollBy(0, -60)")
+        time.sleep(0.5)
+        take(page, "page-fit")
+        page.look(360, 740)
+        page.open(path)
+        page.wait_for("return document.documentElement.dataset.ready === 'yes'")
+        take(page, "page-telephone")
     return 0
 
 
