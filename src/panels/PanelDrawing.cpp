@@ -11,7 +11,7 @@ namespace {
 
 constexpr double nextToZero = 1e-300; // stands for limits below 0 on a logarithmic scale
 constexpr double lightFill = 0.13;
-constexpr double clearFill = 0.45;
+constexpr double clearFill = 0.75;
 
 class RangeTaking {
   public:

@@ -63,16 +63,24 @@ NumberRange linearRange(std::optional<NumberRange> values, AxisBegin begin) {
     return {range.lowest - size / 10, range.highest + size / 10};
 }
 
-Axis linearAxis(const NumberRange& range, const AxisRoom& room) {
+Axis linearAxisOf(const NumberRange& range, const AxisRoom& room, double tickRoom) {
     Axis axis{{range.lowest, range.highest, room.from, room.to}, {}};
-    const double height = std::abs(room.to - room.from);
-    const double step = stepOf(axis.scale, std::min(room.tick, height));
+    const double step = stepOf(axis.scale, tickRoom);
     // Half a step is round enough for an end.
     axis.scale.bottom = std::floor(range.lowest / step * 2 + 1e-6) * step / 2;
     axis.scale.top = std::ceil(range.highest / step * 2 - 1e-6) * step / 2;
     for (const double value : multiplesOf(step, axis.scale))
         axis.ticks.push_back({value, axis.scale.place(value), ""});
     nameLinearTicks(axis, step);
+    return axis;
+}
+
+// One number tells no scale: then they may stand nearer to each other.
+Axis linearAxis(const NumberRange& range, const AxisRoom& room) {
+    const double tickRoom = std::min(room.tick, std::abs(room.to - room.from));
+    Axis axis = linearAxisOf(range, room, tickRoom);
+    for (double share = 0.75; axis.ticks.size() < 2 && share > 0.1; share -= 0.25)
+        axis = linearAxisOf(range, room, share * tickRoom);
     return axis;
 }
 

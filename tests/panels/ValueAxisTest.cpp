@@ -46,6 +46,18 @@ TEST(ValueAxis, HasRoundEndsAndNumbersThatReadWell) {
     }
 }
 
+TEST(ValueAxis, HasTwoNumbersAtLeastInALowPanel) {
+    std::mt19937 random(4);
+    EXPECT_EQ(ticksOf(valueAxis(NumberRange{-2.4, 2.1}, ScaleKind::linear, AxisBegin::atZero, {795, 0, 420})),
+              "-2 0 2");
+    for (int round = 0; round < 2000; ++round) {
+        const double size = std::pow(10, std::uniform_real_distribution(-6.0, 9.0)(random));
+        const NumberRange range{-size * std::uniform_real_distribution(0.0, 1.0)(random), size};
+        const Axis axis = valueAxis(range, ScaleKind::linear, AxisBegin::atZero, {795, 0, 420});
+        EXPECT_GE(axis.ticks.size(), 2u) << range.lowest << " to " << range.highest;
+    }
+}
+
 TEST(ValueAxis, GoesByPowersOfTenOnALogarithmicScale) {
     const struct {
         NumberRange values;
