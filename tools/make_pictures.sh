@@ -18,7 +18,7 @@ end_all() {
 trap end_all EXIT
 
 unset WAYLAND_DISPLAY QT_QPA_PLATFORM
-export HOME=$work
+export HOME=$work KORVEL_THEME=${KORVEL_THEME:-light}
 Xvfb -displayfd 3 -screen 0 "${screen}x24" -noreset -nolisten tcp 3>"$work/display" &>"$work/Xvfb.log" &
 programs+=($!)
 until [[ -s $work/display ]]; do sleep 0.05; done
@@ -160,8 +160,13 @@ await KORVEL
 
 press alt+o Escape Escape alt+r Escape alt+r Return
 await "Korvel Reports"
+# What was written, where; then the determinands' menu.
+press alt+s
+until [[ -s $data/ALDER.csv ]]; do sleep 0.1; done
 picture report-form
-press alt+F4
+press Tab Tab Menu
+picture report-menu
+press Escape alt+F4
 await KORVEL
 
 press alt+b
