@@ -69,6 +69,7 @@ class frmGraphData : public Form {
     void arrangeFiles(const Measures& its, int top);
     void arrangeMode(const Measures& its, int mode, int top, int height);
     void arrangeTitles(const Measures& its, int top);
+    void arrangeWaiting(const Measures& its, int top);
     void arrangeOptions(const Measures& its, int top, int row);
     void arrangeFeatures(const Measures& its, int top);
     std::string nextStep() const;

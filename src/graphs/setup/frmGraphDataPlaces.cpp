@@ -18,10 +18,10 @@ constexpr double fileName1 = 1200, fileName1Width = 3420, file2 = 4860, fileName
 constexpr double insideFrame = 120, secondColumn = 2550, comboWidth = 2310;
 constexpr double beyondList = 90; // of the texts over and under it
 constexpr double levelColumn = 2190, levelBox = 2790;
-constexpr int leastLines = 3;  // of a list
-constexpr int nextLines = 3;   // of what to do next
-constexpr int waitLines = 2;   // of the words while a file is read
-constexpr int plotChoices = 9; // rows of boxes and circles
+constexpr int leastLines = 3;    // of a list
+constexpr int nextLines = 3;     // of what to do next
+constexpr double waiting = 3900; // of the words while a file is read; the bar follows them
+constexpr int plotChoices = 9;   // rows of boxes and circles
 
 } // namespace
 
@@ -63,34 +63,38 @@ void frmGraphData::keepLeastRoom() {
     its.across = width / designWidth;
     const int top = 2 * its.gap + its.box;
     const int titles = its.line + 2 * (its.small + its.box);
-    const int left = 2 * modeHeight(its, Label[3], leastLines) + its.gap + titles;
-    const int right = optionsHeight(its, its.line + 2) + featuresHeight(its) +
-                      (nextLines + waitLines + 1) * its.line + 3 * its.small;
-    client().setMinimumSize(width, top + std::max(left, right) + 2 * its.gap);
+    const int left = 2 * (modeHeight(its, Label[3], leastLines) + its.gap) + titles + its.gap + its.line;
+    const int right =
+        optionsHeight(its, its.line + 1) + featuresHeight(its) + nextLines * its.line + 2 * its.gap;
+    client().setMinimumSize(width, top + std::max(left, right) + its.gap);
 }
 
 void frmGraphData::arrange() {
     const Measures its = measures();
     const int top = its.gap + its.box + its.gap;
     arrangeFiles(its, its.gap);
-    const int titles = client().height() - its.gap - its.line - 2 * (its.small + its.box);
+    const int wait = client().height() - its.gap - its.line;
+    const int titles = wait - its.gap - its.line - 2 * (its.small + its.box);
     const int mode = (titles - its.gap - its.gap - top) / 2;
     arrangeMode(its, 1, top, mode);
     arrangeMode(its, 2, top + mode + its.gap, mode);
     arrangeTitles(its, titles);
-    const int rest =
-        client().height() - top - featuresHeight(its) - (nextLines + waitLines + 1) * its.line - 4 * its.gap;
+    arrangeWaiting(its, wait);
+    const int rest = client().height() - top - featuresHeight(its) - nextLines * its.line - 3 * its.gap;
     const int spare = (rest - optionsHeight(its, 0)) / plotChoices;
-    const int row = std::clamp(spare, its.line + 2, its.box);
+    const int row = std::clamp(spare, its.line + 1, its.box);
     arrangeOptions(its, top, row);
     arrangeFeatures(its, top + optionsHeight(its, row) + its.gap);
 }
 
 void frmGraphData::arrangeFiles(const Measures& its, int top) {
-    Label[0].setGeometry(its.x(besideEdge), top, its.x(fileName1 - besideEdge), its.box);
-    lblFileName_0.setGeometry(its.x(fileName1), top, its.x(fileName1Width), its.box);
-    Label[1].setGeometry(its.x(file2), top, its.x(fileName2 - file2), its.box);
-    lblFileName_1.setGeometry(its.x(fileName2), top, its.x(rightLeft + rightWidth - fileName2), its.box);
+    const auto put = [&](QLabel& label, double from, double to) {
+        label.setGeometry(its.x(from), top, its.x(to) - its.x(from), its.box);
+    };
+    put(Label[0], besideEdge, fileName1);
+    put(lblFileName_0, fileName1, fileName1 + fileName1Width);
+    put(Label[1], file2, fileName2);
+    put(lblFileName_1, fileName2, rightLeft + rightWidth);
 }
 
 // Choices on the left, the list on the right.
@@ -126,6 +130,12 @@ void frmGraphData::arrangeTitles(const Measures& its, int top) {
     }
 }
 
+void frmGraphData::arrangeWaiting(const Measures& its, int top) {
+    const int left = its.x(besideEdge), bar = its.x(besideEdge + waiting);
+    Label[2].setGeometry(left, top, bar - left - its.gap, its.line);
+    Progress.setGeometry(bar, top, its.x(besideEdge + leftWidth) - bar, its.line);
+}
+
 // Six boxes, then the plot types beside the levels.
 void frmGraphData::arrangeOptions(const Measures& its, int top, int row) {
     frameOptions.setGeometry(its.x(rightLeft), top, its.x(rightWidth), optionsHeight(its, row));
@@ -147,18 +157,15 @@ void frmGraphData::arrangeOptions(const Measures& its, int top, int row) {
     }
 }
 
-// As high as the list has lines; what comes next, and what is under way, follow.
+// As high as the list has lines; what comes next follows.
 void frmGraphData::arrangeFeatures(const Measures& its, int top) {
     const int left = its.x(rightLeft), wide = its.x(rightWidth);
     const int inside = its.x(insideFrame), insideWide = its.x(rightWidth - 2 * insideFrame);
     Label[14].setGeometry(inside, its.gap, insideWide + its.x(beyondList), its.line);
     lstFeatures.setGeometry(inside, its.gap + its.line + its.small, insideWide, featureLines());
     frameFeatures.setGeometry(left, top, wide, lstFeatures.geometry().bottom() + 1 + its.gap);
-    int y = frameFeatures.geometry().bottom() + 1 + its.gap;
-    lblNextStep.setGeometry(left, y, wide, nextLines * its.line);
-    y += nextLines * its.line + its.small;
-    Label[2].setGeometry(left, y, wide, waitLines * its.line);
-    Progress.setGeometry(left, y + waitLines * its.line + its.small, wide, its.line);
+    const int next = frameFeatures.geometry().bottom() + 1 + its.gap;
+    lblNextStep.setGeometry(left, next, wide, nextLines * its.line);
 }
 
 } // namespace korvel
