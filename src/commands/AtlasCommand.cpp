@@ -2,6 +2,7 @@
 #include "commands/DocumentCall.h"
 #include "commands/ProgressLine.h"
 #include "publish/Atlas.h"
+#include "toolkit/process/StopSignals.h"
 
 namespace korvel {
 
@@ -20,13 +21,17 @@ const char* const help =
     "                       not given\n\n"
     "Concentrations are shown by the statistic that they are judged by, flow and loads by the mean.\n";
 
+// Ctrl+C leaves everything as it was.
 void write(CommandCall& call, const std::string& output, Study study, AtlasRequest request) {
+    const StopSignals signals;
     ProgressLine line(call.errors, "Writing");
     Paper& paper = call.platform.paper;
     const Atlas atlas(std::move(study), std::move(request), paper.metrics());
     const auto job = paper.begin({atlas.title(), Orientation::landscape, output, atlas.outline()});
     Drawing drawing;
     for (std::size_t page = 0; page < atlas.pageCount(); ++page) {
+        if (signals.next() != StopWish::none)
+            throw RefusedCall{{"Stopped; nothing was written.", "Atlas", Icon::information, Buttons::ok}};
         drawing = atlas.page(page, std::move(drawing));
         job->page(drawing);
         if (call.console.errorsAreShown)

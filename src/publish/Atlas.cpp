@@ -212,9 +212,9 @@ void Atlas::planRiver(const std::vector<int>& reaches, const std::string& title,
         m_pages.push_back([this, path, series, title, beside, common](AtlasSheet& sheet) {
             const double top = sheet.head(title, beside);
             const ProfileData data = dataOf(m_study, path, series, m_request.lowIsBad);
-            const ProfileLayout layout = layOutProfile(data, data.view, sheet.look(), atlasWidth,
-                                                       AtlasSheet::bottom() - top, m_metrics, common.get());
-            sheet.add({0, top}, [&](Drawing& drawing) { paint(layout, drawing); });
+            ProfileLayout layout = layOutProfile(data, data.view, sheet.look(), atlasWidth,
+                                                 AtlasSheet::bottom() - top, m_metrics, common.get());
+            sheet.add({0, top}, [&](Drawing& drawing) { paintAway(layout, drawing); });
         });
 }
 

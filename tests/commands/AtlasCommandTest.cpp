@@ -1,4 +1,8 @@
 #include "commands/CommandFixture.h"
+#include "toolkit/process/StopSignals.h"
+
+#include <csignal>
+#include <unistd.h>
 
 namespace korvel {
 
@@ -65,6 +69,15 @@ TEST_F(AtlasCommand, RefusesWhatCannotBe) {
     EXPECT_EQ(run({"atlas", a, "--low-is-bad", "nothing"}), 2);
     EXPECT_EQ(run({"atlas", hostPathOf(fake.pathOf("none.sgr"))}), 1);
     EXPECT_TRUE(fake.printed().empty());
+}
+
+TEST_F(AtlasCommand, StopsAtCtrlC) {
+    const StopSignals blocked; // from now on the signal waits
+    ::kill(getpid(), SIGINT);
+    EXPECT_EQ(run({"atlas", a}), 1);
+    EXPECT_NE(errors.find("Stopped; nothing was written."), std::string::npos) << errors;
+    EXPECT_FALSE(fake.printed().back().finished);
+    EXPECT_EQ(run({"atlas", a}), 0) << errors;
 }
 
 TEST_F(AtlasCommand, FailsWithItsPaper) {

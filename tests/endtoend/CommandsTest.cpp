@@ -178,6 +178,8 @@ TEST_F(Commands, AtlasLeadsToItsPartsAndStandsUpToACheck) {
         EXPECT_NE(outlines.find(title), std::string::npos) << title;
     const std::string facts = runProgram({"pdfinfo", file}).out;
     EXPECT_NE(facts.find("Both runs"), std::string::npos) << facts;
+    EXPECT_NE(facts.find("842 x 595 pts (A4)"), std::string::npos) << facts;
+    EXPECT_EQ(facts.find("CreationDate"), std::string::npos) << facts;
     const std::string text = runProgram({"pdftotext", "-layout", file, "-"}).out;
     const long pages = std::ranges::count(text, '\f');
     EXPECT_GT(pages, 10);

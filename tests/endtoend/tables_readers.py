@@ -86,10 +86,12 @@ def check_in_shell(folder):
         skipped.append("the sqlite3 shell is not installed")
         return
     run(folder, "table", "ALDER.SGR", "--output", "shell.sqlite")
-    shell = subprocess.run(["sqlite3", "shell.sqlite", "SELECT count(*) FROM tidy; .schema statistics"], cwd=folder,
+    shell = subprocess.run(["sqlite3", "shell.sqlite", "SELECT count(*) FROM tidy", ".schema statistics"], cwd=folder,
                            capture_output=True, text=True)
     count = len(csv_of(folder, "table", "ALDER.SGR")) - 1
     check(shell.stdout.splitlines()[:1] == [str(count)], f"the shell says {shell.stdout}{shell.stderr}")
+    for words in ("-- in the units of the model's data file", "-- confidence limits; NULL for the flow"):
+        check(words in shell.stdout, f"the schema does not say {words}: {shell.stdout}")
 
 
 def answer_of(folder, question):

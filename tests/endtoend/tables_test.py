@@ -13,6 +13,7 @@ import pathlib
 import re
 import shutil
 import sqlite3
+import subprocess
 import sys
 import tempfile
 import time
@@ -138,6 +139,18 @@ def check_nasty(folder):
     check(about.get("Texts cut", "").startswith("2 "), f"nothing is said of the text that is cut: {about}")
     run(folder, *arguments, "--output", "nasty.sqlite")
     compare_tidy(folder, "nasty.sqlite", ["nasty.SGR"], "--series", "Flow", "--statistics", "mean")
+    check_nasty_atlas(folder)
+
+
+def check_nasty_atlas(folder):
+    run(folder, "atlas", "nasty.SGR", "--series", "Flow,BOD (Conc)", "--title", "\u05e9\u05dc\u05d5\u05dd =1+1 " + "T" * 100000)
+    if not shutil.which("qpdf") or not shutil.which("pdftotext"):
+        skipped.append("qpdf or pdftotext is not installed: no atlas of hostile texts was read")
+        return
+    checked = subprocess.run(["qpdf", "--check", "nasty-atlas.pdf"], cwd=folder, capture_output=True, text=True)
+    check(checked.returncode == 0, f"qpdf says {checked.stdout}{checked.stderr}")
+    words = subprocess.run(["pdftotext", "nasty-atlas.pdf", "-"], cwd=folder, capture_output=True, text=True).stdout
+    check("=1+1" in words and "1 of " in words, "the atlas of hostile texts lacks its own")
 
 
 # Databases

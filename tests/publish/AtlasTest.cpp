@@ -156,6 +156,23 @@ TEST(Atlas, ShowsConcentrationsAsTheyAreJudged) {
     EXPECT_EQ(words.find("DO (Conc), mean"), std::string::npos);
 }
 
+TEST(Atlas, ShowsKeyTargetsSamplesAndFeaturesOfEachRiver) {
+    const AtlasPages pages({river(), river(3)}, {"", {1}, {2}});
+    const auto outline = pages.atlas().outline();
+    const auto mill = std::ranges::find(outline->bookmarks, "Lower Mill", &Bookmark::title);
+    ASSERT_NE(mill, outline->bookmarks.end());
+    for (const char* words : {"a.sgr", "b.sgr", "target", "observed", "confidence limits", "Works", "Weir",
+                              "Upper Mill", "Lower Mill", "km", "10.0 km, 2 reaches"})
+        EXPECT_TRUE(pages.holds(mill->page, words)) << words << "\n" << pages.words(mill->page);
+    std::size_t crosses = 0, bands = 0;
+    for (const DrawnCommand& command : pages.page(mill->page).commands) {
+        crosses += std::holds_alternative<DrawnMarker>(command);
+        bands += std::holds_alternative<DrawnBand>(command);
+    }
+    EXPECT_GE(crosses, 2U); // a sample and the one of the key
+    EXPECT_GE(bands, 3U);
+}
+
 TEST(Atlas, KeepsItsTextsOnThePage) {
     std::string hostile = "<script>=1+1 \x07\\(" + std::string(300, 'W');
     AtlasRequest request{hostile + " " + hostile, {0, 1, 2, 3, 4}, {2}};
