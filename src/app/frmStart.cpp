@@ -35,6 +35,7 @@ constexpr std::array<const char*, 10> runCaptions = {
 const std::string productAndVersion = std::string(productName) + " " + productVersion;
 const std::string designCaption = productAndVersion + " ... " + productReleaseDate;
 
+constexpr std::size_t mostExplored = 12;
 constexpr double titleFontSize = 30;                       // points
 constexpr double titleWidth = 5600;                        // twips, as designed
 constexpr double creditsHeight = 780;                      // twips above the bottom
@@ -291,6 +292,14 @@ void frmStart::explore() {
         if (file.refusal) return (void)services().dialogs.show(refusedName(file));
         files.push_back(file.name);
     }
+    startExplorer(files);
+}
+
+// A process that refuses its files would do so unseen.
+void frmStart::startExplorer(const std::vector<std::string>& files) {
+    if (files.size() > mostExplored)
+        return (void)services().dialogs.show({"The Explorer takes 12 results files at most.",
+                                              "Explore results", Icon::exclamation, Buttons::ok});
     services().machine.startExplorer(files);
 }
 
@@ -304,12 +313,15 @@ void frmStart::exploreLoaded() {
 
 // Results files that are dropped on the form.
 void frmStart::dragEnterEvent(QDragEnterEvent* event) {
-    if (!droppedFiles(*event->mimeData(), ".SGR").empty()) event->acceptProposedAction();
+    if (droppedFiles(*event->mimeData(), ".SGR").empty()) return;
+    event->setDropAction(Qt::CopyAction); // whatever the key: the files stay where they are
+    event->accept();
 }
 
 void frmStart::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
-    handlers().run([&] { services().machine.startExplorer(droppedFiles(*event->mimeData(), ".SGR")); });
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    handlers().run([&] { startExplorer(droppedFiles(*event->mimeData(), ".SGR")); });
 }
 
 void frmStart::setDisplayLevel(int level) {

@@ -63,6 +63,7 @@ class frmStart : public Form {
     void choosePrinter();
     void explore();
     void exploreLoaded();
+    void startExplorer(const std::vector<std::string>& files);
     void setDisplayLevel(int level);
     void refresh();
     void showMarks(const DisplayLevelMarks& marks);

@@ -288,6 +288,24 @@ TEST_F(FrmStart, ExploresResultsFilesThatAreDroppedOnIt) {
     EXPECT_FALSE(enter.isAccepted());
 }
 
+TEST_F(FrmStart, SaysThatMoreThanTwelveFilesAreTooManyToExplore) {
+    start();
+    QMimeData files;
+    QList<QUrl> names;
+    for (int run = 1; run <= 13; ++run)
+        names << QUrl::fromLocalFile(QString("/data/%1.sgr").arg(run));
+    files.setUrls(names);
+    QDropEvent drop({10, 10}, Qt::MoveAction, &files, Qt::LeftButton, Qt::NoModifier);
+    platform.willAnswer(Answer::ok);
+    QApplication::sendEvent(form.get(), &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the files stay where they are";
+    const std::string transcript = platform.takeTranscript();
+    EXPECT_NE(transcript.find("The Explorer takes 12 results files at most."), std::string::npos)
+        << transcript;
+    EXPECT_EQ(transcript.find("explore Z:"), std::string::npos) << transcript;
+    platform.expectDone();
+}
+
 TEST_F(FrmStart, MakesTheProgressFrameReadyAsItHidesTheEditWarning) {
     start();
     EXPECT_FALSE(shows("Progress"));
