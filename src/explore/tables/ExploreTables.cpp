@@ -39,6 +39,12 @@ QWidget* pageOf(QLayout* layout) {
     return page;
 }
 
+QHBoxLayout* choicesRow() {
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(margin, 0, margin, 0);
+    return row;
+}
+
 } // namespace
 
 ExploreTables::ExploreTables(Handlers& handlers, QWidget* parent)
@@ -103,7 +109,7 @@ QWidget* ExploreTables::makeCompliancePage() {
                              this);
     words->setObjectName("lblCompliance");
     words->setWordWrap(true);
-    auto* choices = new QHBoxLayout;
+    auto* choices = choicesRow();
     choices->addWidget(m_lowIsBad);
     choices->addWidget(words, 1);
     auto* layout = new QVBoxLayout;
@@ -122,7 +128,7 @@ QWidget* ExploreTables::makeFitPage() {
                                this);
     caution->setObjectName("lblFit");
     caution->setWordWrap(true);
-    auto* choices = new QHBoxLayout;
+    auto* choices = choicesRow();
     choices->addWidget(&caption(tr("Fit over"), *m_fitBy));
     choices->addWidget(m_fitBy);
     choices->addWidget(m_fitLogarithmic);
@@ -155,10 +161,13 @@ QWidget* ExploreTables::makeSourcesPage() {
     m_sourcesHeading = new QLabel(this);
     m_sourcesHeading->setObjectName("lblSources");
     m_sourcesHeading->setWordWrap(true);
-    auto* choices = new QHBoxLayout;
+    auto* choices = choicesRow();
     choices->addWidget(&caption(tr("Sources of"), *m_sourcesOf));
-    caption(tr("Place"), *m_sourcesAt).hide(); // the choices themselves say it
-    caption(tr("Listed"), *m_sourcesBy).hide();
+    QLabel &at = caption(tr("Place"), *m_sourcesAt), &by = caption(tr("Listed"), *m_sourcesBy);
+    for (QLabel* unseen : {&at, &by}) { // the choices themselves say it to those who see them
+        choices->addWidget(unseen);
+        unseen->hide();
+    }
     for (QComboBox* box : {m_sourcesOf, m_sourcesAt, m_sourcesBy}) {
         choices->addWidget(box);
         connect(box, &QComboBox::currentIndexChanged, this, m_handlers.guarded([this] { makeOld(sources); }));
@@ -177,7 +186,11 @@ void ExploreTables::addFilter() {
     m_filter->setPlaceholderText(tr("Filter"));
     m_filter->setClearButtonEnabled(true);
     m_filter->setMaximumWidth(24 * m_filter->fontMetrics().averageCharWidth());
-    m_tabs->setCornerWidget(m_filter, Qt::TopRightCorner);
+    auto* corner = new QWidget(this); // keeps it off the window's edge and the tables
+    auto* room = new QHBoxLayout(corner);
+    room->setContentsMargins(margin, margin / 2, margin, margin / 2);
+    room->addWidget(m_filter);
+    m_tabs->setCornerWidget(corner, Qt::TopRightCorner);
     connect(m_filter, &QLineEdit::textChanged, this, m_handlers.guarded([this](const QString& words) {
         page(front()).view->setFilter(typed(words));
     }));

@@ -38,6 +38,7 @@ EmptyPage::EmptyPage(Handlers& handlers, QWidget* parent)
       m_recent(new QListWidget(this)) {
     setObjectName("pageEmpty");
     m_open->setObjectName("cmdOpenFirst");
+    m_open->setAutoDefault(true); // Enter presses it too
     m_open->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     m_recent->setObjectName("lstRecent");
     m_recent->setAccessibleName("Opened lately");

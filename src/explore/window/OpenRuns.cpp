@@ -28,8 +28,7 @@ void OpenRuns::open(const std::vector<std::string>& files) {
         m_watch.watch(file); // what changes while it is read is read again
     onProgress(0);
     m_loading.load(files, [this](const std::vector<std::string>& names, std::vector<ReadRun> runs) {
-        take(names, runs);
-        ended();
+        ended(take(names, runs));
     });
 }
 
@@ -40,14 +39,15 @@ void OpenRuns::openInstead(const std::vector<std::string>& files, std::function<
     m_loading.load(files, [this, then = std::move(then)](const std::vector<std::string>& names,
                                                          std::vector<ReadRun> runs) {
         m_state = {};
-        take(names, runs);
+        const std::vector<std::string> problems = take(names, runs);
         then();
         onChanged({});
-        ended();
+        ended(problems);
     });
 }
 
-void OpenRuns::take(const std::vector<std::string>& files, const std::vector<ReadRun>& runs) {
+std::vector<std::string> OpenRuns::take(const std::vector<std::string>& files,
+                                        const std::vector<ReadRun>& runs) {
     std::vector<std::string> added, problems;
     for (std::size_t k = 0; k < runs.size(); ++k) {
         if (runs[k].failure) problems.push_back(fileOf(files[k]) + ": " + runs[k].failure->text);
@@ -59,11 +59,13 @@ void OpenRuns::take(const std::vector<std::string>& files, const std::vector<Rea
     }
     forgetOthers();
     if (!added.empty()) onChanged(added);
-    if (!problems.empty()) onRefused(problems);
+    return problems;
 }
 
-void OpenRuns::ended() {
+// What went wrong is told when all else is shown as it is to be.
+void OpenRuns::ended(const std::vector<std::string>& problems) {
     if (!isLoading()) onLoaded();
+    if (!problems.empty()) onRefused(problems);
 }
 
 void OpenRuns::cancel() {

@@ -39,12 +39,13 @@ class OpenRuns {
     void forgetOthers();
 
   private:
-    void take(const std::vector<std::string>& files, const std::vector<ReadRun>& runs);
+    // Why some were not taken in.
+    std::vector<std::string> take(const std::vector<std::string>& files, const std::vector<ReadRun>& runs);
     void takeAgain(const std::string& file, const ReadRun& read);
     void hear(const std::string& file, SettledFile::News news);
     void readAgain(const std::string& file);
     void note(const std::string& file, const std::string& text);
-    void ended();
+    void ended(const std::vector<std::string>& problems = {});
 
     ExploreState& m_state;
     RunLoading m_loading;

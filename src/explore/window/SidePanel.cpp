@@ -4,6 +4,7 @@
 #include "explore/ExploreState.h"
 #include "explore/Scene.h"
 #include "explore/window/Icons.h"
+#include "toolkit/desktop/Theme.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -151,6 +152,9 @@ std::vector<int> SidePanel::chosenSeries() const {
 }
 
 void SidePanel::show(const ExploreState& state, const std::vector<ListedRun>& runs, Theme theme) {
+    const QPalette palette = listPaletteOf(theme);
+    for (QListWidget* list : std::initializer_list<QListWidget*>{m_runs, m_series})
+        if (list->palette() != palette) list->setPalette(palette);
     m_runs->show(runs, theme);
     showSeries(state);
     for (const Switch& each : m_switches) {

@@ -94,6 +94,18 @@ QPalette paletteOf(Theme theme) {
     return palette;
 }
 
+QPalette listPaletteOf(Theme theme) {
+    constexpr double share = 0.25; // of the accent
+    QPalette palette = paletteOf(theme);
+    const QColor accent = accentOf(theme), ground = palette.color(QPalette::Window);
+    const auto mixed = [&](int above, int below) { return qRound(share * above + (1 - share) * below); };
+    palette.setColor(QPalette::Highlight,
+                     QColor(mixed(accent.red(), ground.red()), mixed(accent.green(), ground.green()),
+                            mixed(accent.blue(), ground.blue())));
+    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+    return palette;
+}
+
 ThemeWatch::ThemeWatch(std::function<void()> onChange) {
     m_settled.setSingleShot(true);
     m_settled.setInterval(0);

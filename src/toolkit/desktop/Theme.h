@@ -19,6 +19,8 @@ Theme desktopTheme();
 
 QPalette paletteOf(Theme theme);
 QColor accentOf(Theme theme);
+// Of lists in which what is current must not cover the colours that its lines show.
+QPalette listPaletteOf(Theme theme);
 // What a window with this palette follows: dark where its ground is.
 Theme themeOf(const QPalette& palette);
 

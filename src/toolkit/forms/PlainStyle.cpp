@@ -125,8 +125,21 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     }
 }
 
+// Off the lines between headings.
+template <typename Heading>
+void PlainStyle::drawHeading(Heading heading, QPainter* painter, const QWidget* widget) const {
+    heading.rect.adjust(besideHeading, 0, -besideHeading, 0);
+    QProxyStyle::drawControl(CE_HeaderLabel, &heading, painter, widget);
+}
+
 void PlainStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const {
+    if (element == CE_HeaderLabel) {
+        if (const auto* heading = qstyleoption_cast<const QStyleOptionHeaderV2*>(option))
+            return drawHeading(*heading, painter, widget);
+        if (const auto* heading = qstyleoption_cast<const QStyleOptionHeader*>(option))
+            return drawHeading(*heading, painter, widget);
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
     if (element == CE_PushButton && isFlatButton(option) && option->state.testFlag(State_HasFocus))
         outline(*option, *painter, QPalette::Highlight, Outline::box);
@@ -138,13 +151,6 @@ QSize PlainStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     if (type == CT_HeaderSection) return size + QSize(2 * besideHeading, 0);
     if (type == CT_ToolButton && opensMenu(option)) return size + QSize(2 * menuArrow, 0);
     return size;
-}
-
-QRect PlainStyle::subElementRect(SubElement element, const QStyleOption* option,
-                                 const QWidget* widget) const {
-    const QRect place = QProxyStyle::subElementRect(element, option, widget);
-    if (element != SE_HeaderLabel) return place;
-    return place.adjusted(besideHeading, 0, -besideHeading, 0);
 }
 
 // Fusion puts the arrow of a button that is a menu into its corner, onto the text.

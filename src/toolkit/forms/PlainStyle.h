@@ -23,9 +23,11 @@ class PlainStyle : public QProxyStyle {
                             const QWidget* widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                            const QWidget* widget) const override;
-    QRect subElementRect(SubElement element, const QStyleOption* option,
-                         const QWidget* widget) const override;
     int pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const override;
+
+  private:
+    template <typename Heading>
+    void drawHeading(Heading heading, QPainter* painter, const QWidget* widget) const;
 };
 
 } // namespace korvel
