@@ -64,6 +64,23 @@ TEST_F(FrmExploreAccess, GoesThroughTheSideAsTheEyeDoes) {
                                         "chkObserved", "chkInterpolated", "cboColouring"}));
 }
 
+TEST_F(FrmExploreAccess, GivesThePathASecondEndByAClickWithCtrl) {
+    show({"a.sgr"});
+    auto& network = control<QWidget>(*form, "picNetwork");
+    QPoint side;
+    for (int y = 4; y < network.height() && form->state().from != 2; y += 4)
+        for (int x = 4; x < network.width() && form->state().from != 2; x += 8) {
+            side = {x, y};
+            QTest::mouseClick(&network, Qt::LeftButton, {}, side);
+        }
+    ASSERT_EQ(form->state().from, 2);
+    choose("cboFrom", "Upper  (1)");
+    choose("cboTo", "Lower  (3)");
+    QTest::mouseClick(&network, Qt::LeftButton, Qt::ControlModifier, side);
+    EXPECT_EQ(form->state().from, 2);
+    EXPECT_EQ(form->state().to, 3);
+}
+
 TEST_F(FrmExploreAccess, SaysBesideTheGridWhatIsBadWhenLowAndLetsItBeChosen) {
     show({"a.sgr"});
     showTab(2);
