@@ -106,7 +106,6 @@ programs+=($!)
 title=$("$app/korvel" --version) title=${title^^}
 until windows | grep -qF " $title"; do sleep 0.1; done
 await "$(windows | cut -d' ' -f2-)"
-picture main-form
 
 for file in ALDER2.DAT ALDER.DAT; do
     # R stands for two items in turn; after another letter it is the first one's.
@@ -118,6 +117,7 @@ for file in ALDER2.DAT ALDER.DAT; do
     await_gone "KORVEL model run"
     await KORVEL
 done
+picture main-form # with the last runs
 
 press alt+g
 await "Korvel Graphical Results"

@@ -137,7 +137,7 @@ int runForConsole(const std::vector<std::string>& arguments, const std::function
 
 int runWindows(int argc, char** argv, const std::vector<std::string>& arguments,
                const std::function<std::string()>& findFolder) {
-    settleBeforeQt();
+    if (!isEngineWindowCall(arguments)) settleBeforeQt(); // its text is as large as the desktop says
     QApplication application(argc, argv);
     settleLook();
     const ThemeFollower theme;

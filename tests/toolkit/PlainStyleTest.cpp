@@ -125,6 +125,13 @@ TEST(PlainStyle, ShowsTheFocusOfEmptyListsAndFlatButtons) {
     }
 }
 
+TEST(PlainStyle, MovesNothingByItself) {
+    const PlainStyle style;
+    EXPECT_EQ(style.styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, nullptr, nullptr), 0);
+    EXPECT_FALSE(QApplication::isEffectEnabled(Qt::UI_AnimateMenu));
+    EXPECT_FALSE(QApplication::isEffectEnabled(Qt::UI_AnimateCombo));
+}
+
 TEST(PlainStyle, LeavesTheOtherIconsToFusion) {
     const std::unique_ptr<QStyle> fusion(QStyleFactory::create("Fusion"));
     const PlainStyle plain;

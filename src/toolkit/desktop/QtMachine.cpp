@@ -7,6 +7,7 @@
 #include "drawing/paint/Twips.h"
 #include "platform/Guide.h"
 #include "toolkit/desktop/LastRunMemory.h"
+#include "toolkit/desktop/StartQt.h"
 #include "toolkit/process/EngineProcess.h"
 #include "toolkit/process/EngineStart.h"
 #include "toolkit/process/EngineWindowCall.h"
@@ -41,6 +42,16 @@ std::string enginePath(const std::string& program) {
     std::string path = hostPathOf(trim(program));
     if (!isProgramFile(path)) throw RunTimeError(errors::fileNotFound);
     return path;
+}
+
+// A process of its own; "" leaves the current folder.
+void startOwnWindow(const QStringList& arguments, const QString& folder) {
+    QProcess window;
+    window.setProgram(QCoreApplication::applicationFilePath());
+    window.setArguments(arguments);
+    window.setWorkingDirectory(folder);
+    window.setProcessEnvironment(desktopsEnvironment());
+    if (!window.startDetached()) throw RunTimeError(errors::fileNotFound);
 }
 
 } // namespace
@@ -79,8 +90,7 @@ void QtMachine::startEngine(const std::string& program, const StartedRun& run, S
     QStringList arguments{"--application-folder", folder};
     arguments += engineWindowArguments(run, turn);
     if (turn.isHeld()) fcntl(turn.descriptor(), F_SETFD, 0); // the window takes it over
-    if (!QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments, folder))
-        throw RunTimeError(errors::fileNotFound);
+    startOwnWindow(arguments, folder);
 }
 
 void QtMachine::startEngineAlone(const std::string& program, StartTurn turn) {
@@ -97,8 +107,7 @@ void QtMachine::startExplorer(const std::vector<std::string>& files) {
     QStringList arguments{"--application-folder", pathShown(applicationFolder()), "explore", "--"};
     for (const std::string& file : files)
         arguments << pathShown(file);
-    if (!QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments))
-        throw RunTimeError(errors::fileNotFound);
+    startOwnWindow(arguments, "");
 }
 
 void QtMachine::showFolder(const std::string& folder) {

@@ -8,10 +8,33 @@
 #include <QFont>
 #include <QFontDatabase>
 
+#include <optional>
+
 namespace korvel {
 
+namespace {
+
+constexpr const char* fontDpi = "QT_FONT_DPI";
+
+// What the desktop asks for; nothing before it was settled otherwise.
+std::optional<QString>& desktopsFontDpi() {
+    static std::optional<QString> dpi;
+    return dpi;
+}
+
+} // namespace
+
 void settleBeforeQt() {
-    qputenv("QT_FONT_DPI", "96");
+    if (!desktopsFontDpi()) desktopsFontDpi() = qEnvironmentVariable(fontDpi);
+    qputenv(fontDpi, "96");
+}
+
+QProcessEnvironment desktopsEnvironment() {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!desktopsFontDpi()) return environment;
+    environment.remove(fontDpi);
+    if (!desktopsFontDpi()->isEmpty()) environment.insert(fontDpi, *desktopsFontDpi());
+    return environment;
 }
 
 void settleForNoDisplay() {

@@ -1,11 +1,16 @@
 // What has to be settled before the application object exists, and how the program looks.
 #pragma once
 
+#include <QProcessEnvironment>
+
 namespace korvel {
 
 // One point is always 96/72 logical pixels, whatever the desktop says of its fonts: places are in twips, and
 // captions must fit them.
 void settleBeforeQt();
+
+// As it was before that: windows of our own that follow the desktop's text are started with it.
+QProcessEnvironment desktopsEnvironment();
 
 // For commands: no display is needed.
 void settleForNoDisplay();

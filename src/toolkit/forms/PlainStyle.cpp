@@ -166,6 +166,12 @@ void PlainStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
 }
 
+int PlainStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* result) const {
+    if (hint == SH_Widget_Animation_Duration) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, result);
+}
+
 int PlainStyle::pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const {
     const int size = QProxyStyle::pixelMetric(which, option, widget);
     if (!isMark(which) || widget == nullptr) return size;

@@ -23,6 +23,9 @@ class PlainStyle : public QProxyStyle {
                             const QWidget* widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                            const QWidget* widget) const override;
+    // Nothing moves by itself.
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override;
     int pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const override;
 
   private:
