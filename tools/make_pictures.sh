@@ -105,7 +105,7 @@ until xprop -root _NET_CLIENT_LIST | grep -q 'window id'; do sleep 0.05; done
 programs+=($!)
 title=$("$app/korvel" --version) title=${title^^}
 until windows | grep -qF " $title"; do sleep 0.1; done
-await "$(windows | cut -d' ' -f2-)"
+await "$(windows | command cut -d' ' -f2-)"
 
 for file in ALDER2.DAT ALDER.DAT; do
     # R stands for two items in turn; after another letter it is the first one's.

@@ -14,17 +14,15 @@ namespace korvel {
 
 namespace {
 
-constexpr int between = 6;       // pixels, between what stands below each other
-constexpr int betweenRuns = 2;   // pixels around each run in the list
-constexpr int buttonWidth = 220; // pixels at most
+constexpr int leastWidth = 200, leastHeight = 170; // pixels; on a smaller desktop there is no page
+constexpr int between = 6;                         // pixels, between what stands below each other
+constexpr int betweenRuns = 2;                     // pixels around each run in the list
+constexpr int buttonWidth = 220;                   // pixels at most
 
 constexpr const char* firstSteps =
-    "No model has been run yet. Three steps to the first results:\n\n"
-    "1.  Choose RUN THE KORVEL MODEL, then 0 BASIC RUN, and a data file. Without one of your own, copy a "
-    "sample into a folder of yours.\n\n"
-    "2.  When the model has finished, close its window.\n\n"
-    "3.  The run stands here then, with what it says about the targets. Graphs, Reports and the Explorer "
-    "open on it. \"Guide\" leads through all of it.";
+    "No model has been run yet. Choose RUN THE KORVEL MODEL, then 0 BASIC RUN, and a data file of yours or a "
+    "copy of a sample. When it has finished the run stands here, with what it says about the targets. "
+    "\"Guide\" leads through all of it.";
 
 QString hostPath(const std::string& file) {
     return QFile::decodeName(hostPathOf(file).c_str());
@@ -63,7 +61,6 @@ StartPage::StartPage(QWidget& form, Platform& services, Handlers& handlers, Deed
     layOutRuns();
     layOutNext();
     connectDeeds(handlers, deeds);
-    m_runs.show(); // what is made after its form was shown stays hidden else
 }
 
 QLabel& StartPage::text(QWidget& in, const char* name) {
@@ -101,7 +98,7 @@ void StartPage::layOutRuns() {
     cmdSamples.setAutoDefault(true);
     cmdSamples.setToolTip("Show the folder of the sample catchment");
     cmdSamples.setAccessibleDescription(cmdSamples.toolTip());
-    cmdSamples.setVisible(!m_services.machine.samplesFolder().empty());
+    m_hasSamples = !m_services.machine.samplesFolder().empty();
     auto* column = new QVBoxLayout(&m_runs);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(between);
@@ -153,6 +150,8 @@ void StartPage::connectDeeds(Handlers& handlers, const Deeds& deeds) {
 void StartPage::setRoom(const QRect& left, const QRect& right) {
     m_runs.setGeometry(left);
     m_next.setGeometry(right);
+    m_hasRoom = left.width() >= leastWidth && left.height() >= leastHeight;
+    showParts();
     fitTexts();
 }
 
@@ -180,11 +179,21 @@ void StartPage::reload() {
         m_listed.push_back({std::move(run), state});
     }
     fillList(kept);
-    const bool some = !m_listed.empty();
-    lstLastRuns.setVisible(some);
-    lblNoRuns.setVisible(!some);
-    m_next.setVisible(some);
+    showParts();
     showSelected();
+}
+
+void StartPage::showParts() {
+    const bool some = !m_listed.empty();
+    for (QWidget* each : std::initializer_list<QWidget*>{&lblLastRuns, &lstLastRuns})
+        each->setVisible(m_hasRoom && some);
+    lblNoRuns.setVisible(m_hasRoom && !some);
+    cmdSamples.setVisible(m_hasRoom && m_hasSamples);
+    m_runs.setVisible(m_hasRoom);
+    for (QWidget* each :
+         std::initializer_list<QWidget*>{&m_next, &lblRun, &lblRunFacts, &lblVerdict, &cmdRunAgain,
+                                         &cmdRunGraphs, &cmdRunReports, &cmdRunExplore})
+        each->setVisible(m_hasRoom && some);
 }
 
 void StartPage::fillList(const QString& selected) {
@@ -226,6 +235,7 @@ void StartPage::showSelected() {
 
 // On a small desktop the buttons come first; the list tells the verdict in brief.
 void StartPage::fitTexts() {
+    if (!m_hasRoom || m_listed.empty()) return;
     lblRunFacts.setVisible(true);
     lblVerdict.setVisible(!lblVerdict.text().isEmpty());
     QLayout& column = *m_next.layout();

@@ -48,6 +48,7 @@ class StartPage {
     RunToday today(const LastRun& run) const;
     void fillList(const QString& selected);
     const Listed* selected() const;
+    void showParts();
     void showSelected();
     void fitTexts();
 
@@ -63,6 +64,8 @@ class StartPage {
     QLabel& lblVerdict;
     QPushButton &cmdRunAgain, &cmdRunGraphs, &cmdRunReports, &cmdRunExplore;
     std::vector<Listed> m_listed;
+    bool m_hasRoom = false;
+    bool m_hasSamples = false;
 };
 
 } // namespace korvel

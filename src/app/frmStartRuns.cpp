@@ -37,8 +37,8 @@ void frmStart::makeStartPage() {
                          [this](const LastRun& run) { showReportsOf(run.resultsFile); },
                          [this](const LastRun& run) { services().machine.startExplorer({run.resultsFile}); },
                          [this] { services().machine.showFolder(services().machine.samplesFolder()); }});
-    m_page->reload();
     placeStartPage();
+    m_page->reload();
     QWidget* last = nullptr;
     for (QWidget* stop : m_page->stops()) {
         if (last != nullptr) setTabOrder(last, stop);
@@ -52,20 +52,14 @@ void frmStart::makeStartPage() {
     services().machine.watchLastRuns([this] { m_reloadSoon.start(); });
 }
 
-// Beside logo and name, down to the line of guidance.
+// Beside the logo, down to the product's name.
 void frmStart::placeStartPage() {
     QRect middle;
     for (const auto& [index, shape] : shpLogo)
         middle |= shape->geometry();
-    for (const auto& [index, name] : lblKorvel) {
-        const QRect room = name->geometry().marginsRemoved(name->contentsMargins());
-        const int half = name->fontMetrics().horizontalAdvance(name->text()) / 2;
-        middle |= QRect(QPoint(room.center().x() - half, room.top()),
-                        QPoint(room.center().x() + half, room.bottom()));
-    }
     const QRect texts = lblEngine.geometry();
     const int top = texts.bottom() + margin;
-    const int height = std::min(tallest, lblNextStep.y() - top);
+    const int height = std::min(tallest, lblKorvel[1].y() - top);
     const int left = texts.left(), right = texts.right();
     const int width = std::min({widest, middle.left() - margin - left, right - middle.right() - margin});
     m_page->setRoom({left, top, width, height}, {right - width, top, width, height});

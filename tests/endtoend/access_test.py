@@ -272,7 +272,7 @@ class AccessTest(unittest.TestCase):
         keys("ctrl+p")
         preview = self.other(program, [frame], "the preview")
         READER.wait(lambda: READER.focused(preview), "its focus")
-        self.check(preview, "Print preview", quiet=("Preview",))
+        self.check(preview, "Print preview", quiet=("Preview",), holders=("Preview",))
 
 
 def main():

@@ -12,13 +12,14 @@ SOURCE = pathlib.Path(sys.argv[1])
 PICTURES = SOURCE / "docs/pictures"
 SCRIPTS = ("make_pictures.sh", "page_pictures.py", "document_pictures.py")
 MADE = re.compile(r'(?:^|\|\| |&& |; )\s*picture ([a-z0-9-]+)(?: #.*)?$|'
+                  r'^cut [a-z0-9-]+ ([a-z0-9-]+) |'
                   r'\b(?:take|keep)\(.*?"((?:page|workbook|atlas|database)-[a-z0-9-]+)"', re.MULTILINE)
 
 
 def made():
     for script in SCRIPTS:
         text = (SOURCE / "tools" / script).read_text(encoding="utf-8")
-        yield from (shell or python for shell, python in MADE.findall(text))
+        yield from ("".join(groups) for groups in MADE.findall(text))
 
 
 def shown():

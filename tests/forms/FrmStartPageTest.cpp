@@ -11,6 +11,8 @@ namespace {
 
 class FrmStartPage : public FrmStart {
   protected:
+    FrmStartPage() { platform.desktop = {0, 0, 1366 * 15.0, 768 * 15.0}; }
+
     // Of a run that left results which are as they were judged.
     LastRun remember(const std::string& name, long long ended = 1000, int runType = 4) {
         platform.putFile(name + ".DAT", "data");
@@ -82,6 +84,14 @@ TEST_F(FrmStartPage, SaysWhatToDoFirstWhereThereAreNoRuns) {
     EXPECT_TRUE(sees("lblNoRuns"));
     EXPECT_NE(words("lblNoRuns").find("Choose RUN THE KORVEL MODEL, then 0 BASIC RUN"), std::string::npos);
     EXPECT_TRUE(sees("cmdSamples"));
+}
+
+TEST_F(FrmStartPage, IsLeftOutWhereADesktopHasNoRoomForIt) {
+    remember("ALDER");
+    platform.desktop = {};
+    startWithPage();
+    for (const char* name : {"lstLastRuns", "lblNoRuns", "cmdSamples", "cmdRunAgain", "lblRun"})
+        EXPECT_TRUE(control<QWidget>(*form, name).isHidden()) << name;
 }
 
 TEST_F(FrmStartPage, ShowsTheSamplesFolderWhereThereIsOne) {
