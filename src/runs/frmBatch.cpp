@@ -40,7 +40,7 @@ ControlArray<QRadioButton> frmBatch::options() {
                                 "Run type 8: seek to meet river standards (with no deterioration)",
                                 "Run type 9: seek to meet river standards (mid-class upstream quality)",
                                 "Set up flow and quality gap filling"}) {
-        const Place place = at(150, 2220 + index * 300.0, 5370, 270);
+        const Place place = at(120, 2220 + index * 300.0, 5400, 270);
         array.add(index, optionButton(array.elementName(index), caption, place));
         ++index;
     }
