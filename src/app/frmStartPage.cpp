@@ -19,10 +19,13 @@ constexpr int between = 6;                         // pixels, between what stand
 constexpr int betweenRuns = 2;                     // pixels around each run in the list
 constexpr int buttonWidth = 220;                   // pixels at most
 
-constexpr const char* firstSteps =
+// The first of these that has room is shown.
+constexpr std::array firstSteps{
     "No model has been run yet. Choose RUN THE KORVEL MODEL, then 0 BASIC RUN, and a data file of yours or a "
     "copy of a sample. When it has finished the run stands here, with what it says about the targets. "
-    "\"Guide\" leads through all of it.";
+    "\"Guide\" leads through all of it.",
+    "No model has been run yet. RUN THE KORVEL MODEL starts one; \"Guide\" leads through it.",
+    "No model has been run yet."};
 
 QString hostPath(const std::string& file) {
     return QFile::decodeName(hostPathOf(file).c_str());
@@ -39,6 +42,12 @@ QString timeWords(long long milliseconds) {
 QString capitalised(QString words) {
     if (!words.isEmpty()) words[0] = words[0].toUpper();
     return words;
+}
+
+bool hasRoom(QWidget& frame) {
+    QLayout& layout = *frame.layout();
+    layout.invalidate();
+    return layout.heightForWidth(frame.width()) <= frame.height();
 }
 
 } // namespace
@@ -93,7 +102,7 @@ void StartPage::layOutRuns() {
     lstLastRuns.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstLastRuns.setUniformItemSizes(true);
     lstLastRuns.setSpacing(betweenRuns);
-    lblNoRuns.setText(firstSteps);
+    lblNoRuns.setText(firstSteps.front());
     cmdSamples.setObjectName("cmdSamples");
     cmdSamples.setAutoDefault(true);
     cmdSamples.setToolTip("Show the folder of the sample catchment");
@@ -235,14 +244,20 @@ void StartPage::showSelected() {
 
 // On a small desktop the buttons come first; the list tells the verdict in brief.
 void StartPage::fitTexts() {
-    if (!m_hasRoom || m_listed.empty()) return;
+    if (!m_hasRoom) return;
+    if (m_listed.empty()) return fitFirstSteps();
     lblRunFacts.setVisible(true);
     lblVerdict.setVisible(!lblVerdict.text().isEmpty());
-    QLayout& column = *m_next.layout();
     for (QLabel* each : {&lblRunFacts, &lblVerdict}) {
-        column.invalidate();
-        if (column.heightForWidth(m_next.width()) <= m_next.height()) return;
+        if (hasRoom(m_next)) return;
         each->hide();
+    }
+}
+
+void StartPage::fitFirstSteps() {
+    for (const char* const steps : firstSteps) {
+        lblNoRuns.setText(steps);
+        if (hasRoom(m_runs)) return;
     }
 }
 

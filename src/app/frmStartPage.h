@@ -51,6 +51,7 @@ class StartPage {
     void showParts();
     void showSelected();
     void fitTexts();
+    void fitFirstSteps();
 
     Platform& m_services;
     QWidget& m_runs;

@@ -295,10 +295,12 @@ TEST_F(FrmStart, SaysThatMoreThanTwelveFilesAreTooManyToExplore) {
     for (int run = 1; run <= 13; ++run)
         names << QUrl::fromLocalFile(QString("/data/%1.sgr").arg(run));
     files.setUrls(names);
+    QDragEnterEvent over({10, 10}, Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form.get(), &over);
+    EXPECT_EQ(over.dropAction(), Qt::CopyAction) << "the files stay where they are";
     QDropEvent drop({10, 10}, Qt::MoveAction, &files, Qt::LeftButton, Qt::NoModifier);
     platform.willAnswer(Answer::ok);
     QApplication::sendEvent(form.get(), &drop);
-    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the files stay where they are";
     const std::string transcript = platform.takeTranscript();
     EXPECT_NE(transcript.find("The Explorer takes 12 results files at most."), std::string::npos)
         << transcript;
