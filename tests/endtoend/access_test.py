@@ -272,7 +272,8 @@ class AccessTest(unittest.TestCase):
         keys("ctrl+p")
         preview = self.other(program, [frame], "the preview")
         READER.wait(lambda: READER.focused(preview), "its focus")
-        self.check(preview, "Print preview", quiet=("Preview",), holders=("Preview",))
+        inside = ("(no name), filler",)  # the part of the preview that is painted on; its keys are the preview's
+        self.check(preview, "Print preview", may_miss=inside, quiet=("Preview",), holders=("Preview",))
 
 
 def main():

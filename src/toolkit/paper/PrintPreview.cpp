@@ -68,9 +68,10 @@ bool showPrintPreview(const std::vector<Drawing>& pages, Orientation orientation
     auto* preview = new QPrintPreviewWidget(&printer);
     for (QWidget* view : preview->findChildren<QAbstractScrollArea*>()) // which takes the focus
         view->setAccessibleName("Preview");
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    auto* buttons = new QDialogButtonBox;
     auto* print = buttons->addButton("&Print", QDialogButtonBox::AcceptRole);
     auto* setup = buttons->addButton("Printer &Setup ...", QDialogButtonBox::ActionRole);
+    buttons->addButton(QDialogButtonBox::Cancel);
     print->setObjectName("cmdPrint");
     setup->setObjectName("cmdPrinterSetup");
     auto* down = new QVBoxLayout(&dialog);
