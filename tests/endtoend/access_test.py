@@ -42,9 +42,7 @@ class Window:
             stop = self.next_stop(last)
             if stop is None:
                 break
-            before, shot = shot, picture()
-            if before is not None:
-                self.compare(before, shot, last, stop)
+            shot = picture() if shot is None else self.compare(shot, last, stop)
             if stop in self.things:
                 self.is_round = stop == self.things[0]
                 break
@@ -68,13 +66,20 @@ class Window:
             time.sleep(0.05)
         return None
 
-    def compare(self, before, after, left, reached):
-        """The focus shows where it has been and where it is; at first not before a key for moving it was used."""
+    def compare(self, before, left, reached):
+        """The focus shows where it has been and where it is, once it has been painted; at first not before a key for moving it
+        was used. Returns the picture."""
         ways = [(reached, "is reached")] if len(self.things) == 1 else [(left, "is left"), (reached, "is reached")]
-        for thing, what in ways:
-            place = READER.place(thing)
-            if cut(before, place) == cut(after, place):
-                self.unseen.append(f"{READER.spoken(thing)}: nothing changes when it {what}")
+        places = [(READER.place(thing), thing, what) for thing, what in ways]
+        patience = time.monotonic() + 2
+        while True:
+            after = picture()
+            unchanged = [(thing, what) for place, thing, what in places if cut(before, place) == cut(after, place)]
+            if not unchanged or time.monotonic() > patience:
+                break
+            time.sleep(0.05)
+        self.unseen += [f"{READER.spoken(thing)}: nothing changes when it {what}" for thing, what in unchanged]
+        return after
 
     def missed(self):
         """What can take the focus and was not met. A line, a cell or one of several options is reached by arrows."""

@@ -125,6 +125,26 @@ TEST(PlainStyle, ShowsTheFocusOfEmptyListsAndFlatButtons) {
     }
 }
 
+QImage imageOfDefaultButton(QStyle::State more) {
+    QPushButton button("Print");
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    option.rect = QRect(0, 0, 80, 24);
+    option.features = QStyleOptionButton::DefaultButton;
+    option.state |= QStyle::State_Enabled | QStyle::State_Active | more;
+    QImage image(80, 24, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    PlainStyle().drawControl(QStyle::CE_PushButton, &option, &painter, &button);
+    return image;
+}
+
+TEST(PlainStyle, ShowsTheFocusOfTheButtonOfTheEnterKeyOnceKeysAreUsed) {
+    const QImage without = imageOfDefaultButton(QStyle::State_None);
+    EXPECT_NE(imageOfDefaultButton(QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange), without);
+    EXPECT_EQ(imageOfDefaultButton(QStyle::State_KeyboardFocusChange), without);
+}
+
 TEST(PlainStyle, MovesNothingByItself) {
     const PlainStyle style;
     EXPECT_EQ(style.styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, nullptr, nullptr), 0);

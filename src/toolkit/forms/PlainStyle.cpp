@@ -94,9 +94,16 @@ bool isView(const QWidget* widget) {
     return qobject_cast<const QAbstractScrollArea*>(widget) != nullptr;
 }
 
-bool isFlatButton(const QStyleOption* option) {
+bool isButton(const QStyleOption* option, QStyleOptionButton::ButtonFeature kind) {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-    return button != nullptr && button->features.testFlag(QStyleOptionButton::Flat);
+    return button != nullptr && button->features.testFlag(kind);
+}
+
+// Fusion gives the button of the Enter key the same frame with the focus and without it.
+void drawFocusInside(const QStyleOptionButton& button, QPainter& painter) {
+    QStyleOptionButton inside = button;
+    inside.rect.adjust(3, 3, -3, -3);
+    outline(inside, painter, QPalette::Highlight, Outline::box);
 }
 
 } // namespace
@@ -141,8 +148,12 @@ void PlainStyle::drawControl(ControlElement element, const QStyleOption* option,
             return drawHeading(*heading, painter, widget);
     }
     QProxyStyle::drawControl(element, option, painter, widget);
-    if (element == CE_PushButton && isFlatButton(option) && option->state.testFlag(State_HasFocus))
+    if (element != CE_PushButton || !option->state.testFlag(State_HasFocus)) return;
+    if (isButton(option, QStyleOptionButton::Flat))
         outline(*option, *painter, QPalette::Highlight, Outline::box);
+    else if (isButton(option, QStyleOptionButton::DefaultButton) &&
+             option->state.testFlag(State_KeyboardFocusChange))
+        drawFocusInside(*qstyleoption_cast<const QStyleOptionButton*>(option), *painter);
 }
 
 QSize PlainStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
