@@ -16,50 +16,16 @@ import time
 import unittest
 import warnings
 
-SKIPPED = 77
+import screen_reader
+
 BUILD, SAMPLES = (pathlib.Path(name).resolve() for name in sys.argv[1:3])
-SYSTEM_PYTHON = "/usr/bin/python3"
-
-
-def skip(reason):
-    print("skipped:", reason)
-    sys.exit(SKIPPED)
-
-
-def start_screen(folder):
-    """A screen with a window manager and a message bus of its own."""
-    reading, writing = os.pipe()
-    server = subprocess.Popen(["Xvfb", "-displayfd", str(writing), "-screen", "0", "1920x1080x24", "-nolisten", "tcp"],
-                              pass_fds=[writing], stderr=subprocess.DEVNULL)
-    os.environ["DISPLAY"] = ":" + os.read(reading, 20).decode().strip()
-    bus = subprocess.Popen(["dbus-daemon", "--session", "--print-address", "--nofork"], stdout=subprocess.PIPE, text=True,
-                           stderr=subprocess.DEVNULL)
-    os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
-    os.environ.update(HOME=str(folder), XDG_RUNTIME_DIR=str(folder), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-    manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
-    return [manager, bus, server]
-
 
 if "\n  explore" not in subprocess.run([BUILD / "app" / "korvel", "--help"], capture_output=True, text=True).stdout:
-    skip("this korvel has no Explorer")
-for program in ("Xvfb", "openbox", "xdotool", "dbus-daemon"):
-    if shutil.which(program) is None:
-        skip(f"there is no {program}")
-try:
-    import gi
-except ImportError:
-    if not os.path.exists(SYSTEM_PYTHON) or os.path.realpath(sys.executable) == os.path.realpath(SYSTEM_PYTHON):
-        skip("there is no python3-gi")
-    os.execv(SYSTEM_PYTHON, [SYSTEM_PYTHON, "-B", *sys.argv])
-try:
-    gi.require_version("Atspi", "2.0")
-except ValueError:
-    skip("there is no gir1.2-atspi-2.0")
-if not os.path.exists("/usr/libexec/at-spi-bus-launcher"):
-    skip("there is no at-spi2-core")
+    screen_reader.skip("this korvel has no Explorer")
+screen_reader.demand_tools()
 
 FOLDER = tempfile.TemporaryDirectory(prefix="korvel")
-SCREEN = start_screen(FOLDER.name)
+SCREEN = screen_reader.start_screen(FOLDER.name, "1920x1080")
 from gi.repository import Atspi  # noqa: E402  (takes the bus from the environment)
 
 warnings.simplefilter("ignore", DeprecationWarning)  # of the bus library
