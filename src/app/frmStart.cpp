@@ -131,6 +131,11 @@ void frmStart::connectMenus() {
 }
 
 void frmStart::load() {
+    loadShown();
+    loadHidden();
+}
+
+void frmStart::loadShown() {
     SetStartValues(services());
     GLOBAL.mainForm.title = designCaption;
     fitToWorkArea(*this);
@@ -138,17 +143,21 @@ void frmStart::load() {
     centreFrames();
     widenTexts();
     keepRoom();
+    setHelp([this] { showHelp(); });
+    setExplore([this] { explore(); });
+    refresh();
+}
+
+void frmStart::loadHidden() {
+    if (m_graph) return;
     m_graph = std::make_unique<frmSimgraph>(services());
     m_graphData = std::make_unique<frmGraphData>(services(), *m_graph);
     m_reports = std::make_unique<frmReports>(services());
-    for (Form* form : std::initializer_list<Form*>{m_graphData.get(), m_reports.get(), m_graph.get()})
+    for (Form* form : std::initializer_list<Form*>{m_graphData.get(), m_reports.get(), m_graph.get()}) {
         fitToWorkArea(*form);
-    for (Form* form : std::initializer_list<Form*>{this, m_graphData.get(), m_reports.get(), m_graph.get()})
         form->setHelp([this] { showHelp(); });
-    setExplore([this] { explore(); });
-    for (Form* form : std::initializer_list<Form*>{m_graphData.get(), m_reports.get(), m_graph.get()})
         form->setExplore([this] { exploreLoaded(); });
-    refresh();
+    }
 }
 
 void frmStart::fitToWorkArea(Form& form) {
@@ -238,12 +247,14 @@ void frmStart::run(int runType) {
 }
 
 void frmStart::showGraphs() {
+    loadHidden();
     HideEditWarningMessage(GLOBAL.mainForm);
     refresh();
     services().windows.showModal(*m_graphData);
 }
 
 void frmStart::showReports() {
+    loadHidden();
     HideEditWarningMessage(GLOBAL.mainForm);
     refresh();
     services().windows.showModal(*m_reports);

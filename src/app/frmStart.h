@@ -30,6 +30,10 @@ class frmStart : public Form {
     // Start-up, in its order; a failure is the run-time's.
     void load();
 
+    // The same, but that the hidden forms are made once this one has been painted, or when one is asked for
+    // before.
+    void loadShown();
+
   protected:
     void onActivate() override;
     bool onClose() override;
@@ -41,6 +45,7 @@ class frmStart : public Form {
 
   private:
     MainFormCallbacks dataFileCallbacks();
+    void loadHidden();
     void makeStartPage();
     void placeStartPage();
     void runAgain(const LastRun& run);
@@ -137,7 +142,7 @@ class frmStart : public Form {
     std::string m_openOnStart;
     FileDialogSettings m_exploreDialog;
     std::unique_ptr<StartPage> m_page; // made after the first painting
-    bool m_pageAsked = false;
+    bool m_isPainted = false;
     QTimer m_reloadSoon;
 };
 

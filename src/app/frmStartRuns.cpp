@@ -24,9 +24,12 @@ constexpr int laterReload = 50; // milliseconds after the list has changed, as i
 // After all else: whoever waits for the start has seen the form by then.
 void frmStart::paintEvent(QPaintEvent* event) {
     Form::paintEvent(event);
-    if (m_pageAsked) return;
-    m_pageAsked = true;
-    QTimer::singleShot(0, this, handlers().guarded([this] { makeStartPage(); }));
+    if (m_isPainted) return;
+    m_isPainted = true;
+    QTimer::singleShot(0, this, handlers().guarded([this] {
+        loadHidden();
+        makeStartPage();
+    }));
 }
 
 void frmStart::makeStartPage() {

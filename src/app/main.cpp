@@ -69,7 +69,7 @@ int showMainForm(Services& services, const std::vector<std::string>& arguments) 
         const std::string resultsFile = givenResultsFile(services, arguments);
         services.files.setCurrentFolder(services.machine.applicationFolder());
         if (!resultsFile.empty()) start.openOnStart(resultsFile);
-        start.load();
+        start.loadShown();
     });
     services.windows.showModeless(start);
     return QApplication::exec();

@@ -121,6 +121,28 @@ TEST_F(FrmStart, MakesTheResultsFormsAtStartHiddenAndOfItsOwnSize) {
     }
 }
 
+TEST_F(FrmStart, IsPaintedBeforeTheHiddenFormsAreMade) {
+    constexpr const char* hidden[] = {"frmGraphData", "frmReports", "frmSimgraph"};
+    form = std::make_unique<frmStart>(platform);
+    form->loadShown();
+    form->grab();
+    for (const char* name : hidden)
+        EXPECT_THROW(formNamed(name), std::runtime_error) << name;
+    passEvents();
+    for (const char* name : hidden)
+        EXPECT_TRUE(formNamed(name).isHidden()) << name;
+}
+
+TEST_F(FrmStart, MakesTheHiddenFormsForWhoeverAsksBeforeItIsPainted) {
+    for (const auto& [item, asked] : {std::pair("mnuGraphs", "frmGraphData"), {"mnuReports", "frmReports"}}) {
+        form = std::make_unique<frmStart>(platform);
+        form->loadShown();
+        platform.willActOn(asked, [](ShownForm&) {});
+        choose(*form, item);
+        EXPECT_EQ(platform.takeTranscript(), std::string("show modal ") + asked + "\nclosed " + asked + "\n");
+    }
+}
+
 TEST_F(FrmStart, EndsAtStartWithoutItsSettingsFile) {
     platform.platform().files.remove(platform.pathOf("MISC.TXT"));
     form = std::make_unique<frmStart>(platform);
