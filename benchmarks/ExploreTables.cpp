@@ -1,10 +1,7 @@
-// What the Explorer's tables take, made anew and painted, of twelve runs as large as they can be, with five
-// series. Arguments: a folder for the file, the number of rounds.
-#include "explore/tables/ExploreTables.h"
-#include "LargeResultsFile.h"
+#include "ExploreTables.h"
+
 #include "Rows.h"
-#include "basic/ModelName.h"
-#include "platform/DiskFiles.h"
+#include "explore/tables/ExploreTables.h"
 
 #include <QApplication>
 
@@ -14,7 +11,6 @@ namespace korvel {
 
 namespace {
 
-constexpr std::size_t runs = 12;
 constexpr double mostSeconds = 0.150;
 constexpr double mostOfCursor = 0.004;
 
@@ -28,18 +24,6 @@ class NoWindows : public Windows {
     void updateScreen() override {}
     void passEvents() override {}
 };
-
-ExploreState largeState(const std::string& name) {
-    DiskFiles files;
-    const auto study = std::make_shared<Study>(loadStudy(files, std::vector<std::string>(runs, name)).study);
-    ExploreState state;
-    state.study = study;
-    state.network = std::make_shared<Network>(networkOf(*study->base().file));
-    state.from = study->base().reaches().number(state.network->rivers.front().reaches.front());
-    state.to = study->base().reaches().number(state.network->rivers.front().reaches.back());
-    state.series = {0, 1, 2, 3, 4};
-    return state;
-}
 
 class Bench {
   public:
@@ -83,7 +67,9 @@ class Bench {
         int row = 0;
         measure("following the cursor in " + rows, mostOfCursor, [&] {
             row = (row + 7919) % view.rows().source()->rowCount();
+            const QModelIndex before = view.currentIndex();
             m_tables.followCursor(view.rows().source()->place(row, 0));
+            if (view.currentIndex() == before) std::exit(1); // nothing was followed
         });
     }
 
@@ -102,17 +88,10 @@ class Bench {
 
 } // namespace
 
-} // namespace korvel
-
-using namespace korvel;
-
-int main(int argc, char** argv) {
-    if (argc != 3) return 2;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    const std::string path = std::string(argv[1]) + "/fixed.sgr";
-    if (!std::filesystem::exists(path)) writeLargeResultsFile(path, ResultsForm::fixedWidth);
-    Bench bench(largeState(modelNameOfHostPath(path)), std::atoi(argv[2]));
+void measureExploreTables(const ExploreState& state, int rounds) {
+    Bench bench(state, rounds);
     bench.measureTabs();
     bench.measureRows();
 }
+
+} // namespace korvel

@@ -12,6 +12,7 @@ namespace {
 
 constexpr const char* names[largeDeterminands] = {"BOD",  "Ammonia", "Nitrate", "Chloride", "Phosphate",
                                                   "Zinc", "Copper",  "Lead",    "Nickel",   "Iron"};
+constexpr double kmBetween = 0.1; // points
 constexpr const char* loads[] = {"", " load"};
 
 class Writer {
@@ -27,15 +28,17 @@ class Writer {
     Writer(const Writer&) = delete;
     Writer& operator=(const Writer&) = delete;
 
-    void header() {
+    void header(int reaches, int points) {
         m_text += "A made-up catchment\r\n 0\r\n " + std::to_string(largeDeterminands) + "\r\n";
         for (const char* name : names)
             m_text += std::string(" 1,\"") + name + "\", 1\r\n";
-        m_text += " 1\r\n   1 Long Water         6000.000    0\r\n";
+        m_text += ' ' + std::to_string(reaches) + "\r\n";
+        for (int reach = 1; reach <= reaches; ++reach)
+            reachLine(reach, reaches, kmBetween * (points + 1));
     }
 
-    void point(int index) {
-        place(index);
+    void point(int reach, int index) {
+        place(reach, index);
         captioned("Flow", 4);
         captioned("Observed flow", 4);
         for (const std::string name : names) {
@@ -50,13 +53,21 @@ class Writer {
     }
 
   private:
-    void place(int index) {
+    // Reaches run into each other as the twigs of a tree do.
+    void reachLine(int reach, int reaches, double length) {
+        char text[64];
+        const std::string name = reaches == 1 ? "Long Water" : "Water " + std::to_string(reach);
+        std::snprintf(text, sizeof text, "%4d %-16s %12.3f %4d\r\n", reach, name.c_str(), length,
+                      reach <= 3 ? reach - 1 : reach - 1 - reach % 3);
+        m_text += text;
+    }
+    void place(int reach, int index) {
         char text[96];
         const bool fixed = m_form == ResultsForm::fixedWidth;
         std::snprintf(text, sizeof text,
-                      fixed ? " 1, %10.3f,\"Weir number %5d   \", 0, 10"
-                            : "1 %.3f \"Weir number %d   \" 0 10",
-                      0.1 * index, index);
+                      fixed ? " %d, %10.3f,\"Weir number %5d   \", 0, 10"
+                            : "%d %.3f \"Weir number %d   \" 0 10",
+                      reach, kmBetween * index, index);
         m_text += text;
         lineEnd();
     }
@@ -112,11 +123,13 @@ class Writer {
 
 } // namespace
 
-void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form, int points, unsigned draw) {
+void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form, int points, unsigned draw,
+                           int reaches) {
     Writer writer(path, form, draw);
-    writer.header();
-    for (int index = 1; index <= points; ++index)
-        writer.point(index);
+    writer.header(reaches, points / reaches);
+    for (int reach = 1; reach <= reaches; ++reach)
+        for (int index = 1; index <= points / reaches; ++index)
+            writer.point(reach, index);
 }
 
 } // namespace korvel

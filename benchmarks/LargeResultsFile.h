@@ -15,8 +15,9 @@ enum class ResultsForm {
     blanks // one blank between numbers as short as they are, captions of varying length, LF, CR and CR LF
 };
 
-// Another draw has other values at the same points.
+// Another draw has other values at the same points. Of several reaches each has as many of them; they run
+// into each other as the twigs of a tree do.
 void writeLargeResultsFile(const std::filesystem::path& path, ResultsForm form, int points = largePoints,
-                           unsigned draw = 1);
+                           unsigned draw = 1, int reaches = 1);
 
 } // namespace korvel
