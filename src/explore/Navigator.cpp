@@ -38,9 +38,17 @@ Changed Navigator::click(double km, std::optional<std::size_t> panel) {
     if (!place) return Changed::nothing;
     const bool isHeldHere = m_state.cursorPinned && this->place() == place;
     if (panel) m_panel = *panel;
+    m_cursorBeforeClick = m_state.cursor;
+    m_wasPinned = m_state.cursorPinned;
     stand(*place);
     m_state.cursorPinned = !isHeldHere;
     return Changed::cursor;
+}
+
+Changed Navigator::doubleClick() {
+    m_state.cursor = m_cursorBeforeClick;
+    m_state.cursorPinned = m_wasPinned;
+    return showAll() == Changed::view ? Changed::view : Changed::cursor;
 }
 
 Changed Navigator::pointerLeft() {

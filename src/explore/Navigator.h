@@ -28,6 +28,8 @@ class Navigator {
     Changed pointAt(double km, std::optional<std::size_t> panel);
     // A click holds the cursor there; one where it is held already lets it go.
     Changed click(double km, std::optional<std::size_t> panel);
+    // A second click right after: all is shown, and what the first one did to the cursor is undone.
+    Changed doubleClick();
     Changed pointerLeft();
     Changed letGo();
     Changed step(CursorStep step);
@@ -62,6 +64,8 @@ class Navigator {
     ViewHistory m_history;
     VisibleStretch m_dragged; // from which a drag began
     std::size_t m_panel = 0;
+    std::optional<ExplorePlace> m_cursorBeforeClick;
+    bool m_wasPinned = false; // before the last click
 
     // The cursor's place, looked up once.
     struct Known {

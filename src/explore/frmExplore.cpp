@@ -40,7 +40,7 @@ frmExplore::frmExplore(Platform& services, ExploreMemory& memory, std::vector<st
       m_openOnStart(std::move(files)),
       m_runs(m_state, services.files, handlers()),
       m_keeping(services, memory, m_state),
-      m_handing(services, handedOn(), *this),
+      m_handing(services, handedOn(), handingOnNews(), *this),
       m_theme(desktopTheme()),
       m_themeWatch(handlers().guarded([this] {
           if (desktopTheme() != m_theme) showTheme();
@@ -64,6 +64,7 @@ frmExplore::frmExplore(Platform& services, ExploreMemory& memory, std::vector<st
     if (!restoreGeometry(m_memory.place("window"))) takeScreen();
     restoreState(m_memory.place("parts"));
     m_parts->restoreState(m_memory.place("pictures"));
+    m_tables->showInFront(QString::fromUtf8(m_memory.place("table")));
     refresh();
 }
 
@@ -87,6 +88,19 @@ HandedOn frmExplore::handedOn() {
     return handed;
 }
 
+HandingOnNews frmExplore::handingOnNews() {
+    return {[this] { m_status->done().clear(); },
+            [this](const std::string& what, const std::string& file) { m_status->done().tell(what, file); },
+            [this] { m_status->done().say("The picture was copied."); }};
+}
+
+void frmExplore::saveStudy(bool underAnotherName) {
+    m_status->done().clear();
+    if (underAnotherName ? m_keeping.saveAs() : m_keeping.save())
+        m_status->done().tell("The study", m_keeping.file());
+    refresh();
+}
+
 Drawing frmExplore::picture(double width, double height, Theme theme) const {
     return m_profile->drawing(width, height, theme);
 }
@@ -97,6 +111,7 @@ void frmExplore::onActivate() {
 }
 
 void frmExplore::runsChanged(const std::vector<std::string>& added) {
+    if (!added.empty()) m_status->done().clear();
     for (const std::string& file : added)
         m_memory.noteFile(hostPathOf(file));
     takeRememberedLowIsBad();
@@ -291,6 +306,7 @@ bool frmExplore::onKey(int key, Qt::KeyboardModifiers) {
         m_runs.cancel();
     else
         told(m_navigator.letGo());
+    m_status->done().clear();
     return true;
 }
 
@@ -313,6 +329,7 @@ bool frmExplore::onClose() {
     m_memory.setPlace("window", saveGeometry());
     m_memory.setPlace("parts", saveState());
     m_memory.setPlace("pictures", m_parts->saveState());
+    m_memory.setPlace("table", m_tables->nameInFront().toUtf8());
     return true;
 }
 

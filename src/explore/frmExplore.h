@@ -54,6 +54,8 @@ class frmExplore : public Form {
     void connectNetwork();
     void connectHandingOn();
     HandedOn handedOn();
+    HandingOnNews handingOnNews();
+    void saveStudy(bool underAnotherName);
     Drawing picture(double width, double height, Theme theme) const;
     void fillOpenMenu();
 

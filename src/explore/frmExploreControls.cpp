@@ -80,7 +80,10 @@ void frmExplore::layOut() {
     auto* all = new QVBoxLayout(&client());
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(m_pages);
-    m_status = new StatusLine(*statusBar());
+    m_status = new StatusLine(*statusBar(), services().machine, handlers());
+    m_status->setHint(
+        "Point at the panels for values. A click holds them, the wheel zooms, dragging moves, Shift "
+        "and dragging zooms to a box.");
 }
 
 void frmExplore::connectBar() {
@@ -179,9 +182,8 @@ void frmExplore::connectHandingOn() {
     add("actSaveAtlas", "Save &atlas ...", {}, [this] { m_handing.saveAtlas(); });
     add("actPrint", "P&rint ...", QKeySequence::Print, [this] { m_handing.print(); });
     menu.addSeparator();
-    add("actSaveStudy", "&Save study", QKeySequence::Save, [this] { m_keeping.save(), refresh(); });
-    add("actSaveStudyAs", "Sa&ve study as ...", QKeySequence("Ctrl+Shift+S"),
-        [this] { m_keeping.saveAs(), refresh(); });
+    add("actSaveStudy", "&Save study", QKeySequence::Save, [this] { saveStudy(false); });
+    add("actSaveStudyAs", "Sa&ve study as ...", QKeySequence("Ctrl+Shift+S"), [this] { saveStudy(true); });
 }
 
 } // namespace korvel

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QImage>
 #include <QLabel>
+#include <QProgressDialog>
 #include <QSpinBox>
 #include <QTimer>
 
@@ -39,7 +40,96 @@ class FrmExploreHandingOn : public FrmExploreWindow {
     }
 };
 
+// Which take their time to be handed on.
+std::string wideCatchment() {
+    ResultsFileBuilder file;
+    for (int d = 1; d <= 6; ++d)
+        file.determinand(d, "Determinand " + std::to_string(d));
+    for (int reach = 1; reach <= 150; ++reach)
+        file.reach(reach, "Reach " + std::to_string(reach), 10, reach / 2);
+    for (int reach = 1; reach <= 150; ++reach)
+        file.points(60, reach);
+    return file.text();
+}
+
 } // namespace
+
+TEST_F(FrmExploreHandingOn, SaysWhatWasWrittenWhereWithLinks) {
+    show({"a.sgr"});
+    auto& done = control<QLabel>(*form, "lblDone");
+    const auto write = [&](const char* action, const std::string& name) {
+        platform.willChoose(platform.pathOf(name));
+        control<QAction>(*form, action).trigger();
+        return done.text().section('.', 0, 1).toStdString();
+    };
+    EXPECT_EQ(done.text(), "");
+    EXPECT_EQ(write("actSaveTable", "t.csv"), "The table was written to t.csv");
+    platform.takeTranscript();
+    emit done.linkActivated("open");
+    emit done.linkActivated("folder");
+    EXPECT_EQ(platform.takeTranscript(), "open {app}\\t.csv\nshow folder {app}\\\n");
+    EXPECT_EQ(done.focusPolicy(), Qt::StrongFocus) << "for those who go there by Tab";
+    EXPECT_EQ(write("actSavePage", "p.html"), "The page was written to p.html");
+    EXPECT_EQ(write("actSaveAtlas", "p.pdf"), "The atlas was written to p.pdf");
+    EXPECT_EQ(write("actSaveStudy", "s.korvel-study"), "The study was written to s.korvel-study");
+    save("p.png", [](QDialog&) {});
+    EXPECT_TRUE(done.text().startsWith("The picture was written to p.png.")) << done.text().toStdString();
+    control<QAction>(*form, "actCopyPicture").trigger();
+    EXPECT_EQ(done.text(), "The picture was copied.");
+    platform.willCancel();
+    control<QAction>(*form, "actSaveTable").trigger();
+    EXPECT_EQ(done.text(), "") << "nothing was written";
+    EXPECT_EQ(write("actSaveTable", "t.csv"), "The table was written to t.csv");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(done.text(), "");
+    platform.expectDone();
+}
+
+TEST_F(FrmExploreHandingOn, SaysThatThePictureWasPrinted) {
+    show({"a.sgr"});
+    const auto print = [&] {
+        QTimer::singleShot(200, [] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dialog->accept();
+        });
+        control<QAction>(*form, "actPrint").trigger();
+        return control<QLabel>(*form, "lblDone").text().toStdString();
+    };
+    EXPECT_EQ(print(), "The picture was handed to the printer.");
+    platform.printedTo = platform.pathOf("a-profile.pdf");
+    platform.willAnswer(Answer::ok);
+    EXPECT_TRUE(print().starts_with("The picture was written to a-profile.pdf."));
+    platform.willFailPrinting(PrintStep::begin);
+    platform.willAnswer(Answer::ok);
+    EXPECT_EQ(print(), "") << "nothing was printed";
+    platform.expectDone();
+}
+
+TEST_F(FrmExploreHandingOn, LeavesNothingWhereThePageOrTheAtlasIsCancelled) {
+    platform.putFile("wide.sgr", wideCatchment());
+    show({"wide.sgr"});
+    const auto cancelled = [&](const char* action, const std::string& name) {
+        QTimer eachMoment;
+        bool wasShown = false;
+        QString words;
+        QObject::connect(&eachMoment, &QTimer::timeout, form.get(), [&] {
+            auto* dialog = form->findChild<QProgressDialog*>("dlgWriting");
+            if (wasShown || dialog == nullptr || !dialog->isVisible()) return;
+            wasShown = true;
+            words = dialog->labelText();
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        eachMoment.start(5);
+        platform.willChoose(platform.pathOf(name));
+        control<QAction>(*form, action).trigger();
+        EXPECT_TRUE(wasShown) << "too quick to be cancelled";
+        EXPECT_FALSE(platform.hasFile(name));
+        EXPECT_EQ(control<QLabel>(*form, "lblDone").text(), "");
+        return words.toStdString();
+    };
+    EXPECT_EQ(cancelled("actSavePage", "wide.html"), "Writing the page");
+    EXPECT_EQ(cancelled("actSaveAtlas", "wide.pdf"), "Writing the atlas");
+    platform.expectDone();
+}
 
 TEST_F(FrmExploreHandingOn, SavesPngOfTheSizeAndResolutionThatIsAskedFor) {
     show({"a.sgr"});

@@ -1,6 +1,8 @@
 // The cursor and moving about, by the real controls: what a user does with pointer, wheel and keys.
 #include "explore_forms/ExploreWindow.h"
 
+#include <set>
+
 namespace korvel {
 
 namespace {
@@ -72,6 +74,40 @@ TEST_F(FrmExploreMoving, MovesAboutWithTheWheelAndGoesBack) {
     EXPECT_TRUE(form->state().visible);
     QTest::mouseDClick(&profile(), Qt::LeftButton, {}, profile().rect().center());
     EXPECT_EQ(form->state().visible, std::nullopt);
+}
+
+TEST_F(FrmExploreMoving, HoldsTheCursorByNoDoubleClick) {
+    show({"a.sgr"});
+    const QPoint middle = profile().rect().center();
+    const auto doubleClick = [&](QPoint at) { // as a mouse does it: one click, then the other
+        QTest::mouseClick(&profile(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(&profile(), Qt::LeftButton, {}, at);
+        QTest::mouseRelease(&profile(), Qt::LeftButton, {}, at);
+    };
+    doubleClick(middle);
+    EXPECT_FALSE(form->state().cursorPinned);
+    QTest::mouseClick(&profile(), Qt::LeftButton, {}, middle);
+    ASSERT_TRUE(form->state().cursorPinned);
+    const auto held = form->state().cursor;
+    doubleClick(middle + QPoint(300, 0));
+    EXPECT_TRUE(form->state().cursorPinned);
+    EXPECT_EQ(form->state().cursor, held) << "one that was held stays where it was";
+}
+
+TEST_F(FrmExploreMoving, SaysWhatThePointerDoesWhileThereAreNoValues) {
+    show({"a.sgr"});
+    auto& label = control<QLabel>(*form, "lblReadout");
+    EXPECT_EQ(
+        label.accessibleDescription(),
+        "Point at the panels for values. A click holds them, the wheel zooms, dragging moves, Shift and "
+        "dragging zooms to a box.");
+    EXPECT_EQ(readout(), "");
+    const QImage painted = label.grab().toImage();
+    std::set<QRgb> colours;
+    for (int x = 0; x < painted.width(); ++x)
+        for (int y = 0; y < painted.height(); ++y)
+            colours.insert(painted.pixel(x, y));
+    EXPECT_GT(colours.size(), 2u) << "words, not only the ground";
 }
 
 TEST_F(FrmExploreMoving, ZoomsToABoxThatIsDrawnWithShift) {

@@ -3,6 +3,7 @@
 
 #include <QMenu>
 #include <QSplitter>
+#include <QTabWidget>
 #include <QToolButton>
 
 #include <filesystem>
@@ -81,6 +82,7 @@ TEST_F(FrmExploreRuns, IsAsItWasLeftTheNextTime) {
     parts.setSizes({90, 200, 250});
     passEvents();
     const QList<int> sizes = parts.sizes();
+    control<QTabWidget>(*form, "tabTables").setCurrentIndex(3);
     form->close();
     form = std::make_unique<frmExplore>(platform, memory, std::vector<std::string>{platform.pathOf("a.sgr")});
     showActive(*form);
@@ -88,6 +90,7 @@ TEST_F(FrmExploreRuns, IsAsItWasLeftTheNextTime) {
     ASSERT_TRUE(waitFor([&] { return runCount() == 1; }));
     passEvents();
     EXPECT_EQ(form->size(), QSize(1000, 640));
+    EXPECT_EQ(control<QTabWidget>(*form, "tabTables").currentIndex(), 3) << "the table that was in front";
     const QList<int> restored = control<QSplitter>(*form, "splitPictures").sizes();
     for (int part = 0; part < 3; ++part)
         EXPECT_NEAR(restored[part], sizes[part], 3) << part;

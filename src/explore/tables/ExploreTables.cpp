@@ -326,4 +326,9 @@ QString ExploreTables::nameInFront() const {
     return m_tabs->tabText(m_tabs->currentIndex());
 }
 
+void ExploreTables::showInFront(const QString& name) {
+    for (int tab = 0; tab < m_tabs->count(); ++tab)
+        if (m_tabs->tabText(tab) == name) m_tabs->setCurrentIndex(tab);
+}
+
 } // namespace korvel

@@ -31,7 +31,8 @@ class ExploreTables : public QWidget {
 
     // As it is sorted and filtered, for files; nothing in an empty Explorer.
     std::optional<Table> tableInFront() const;
-    QString nameInFront() const; // "Values"
+    QString nameInFront() const;           // "Values"
+    void showInFront(const QString& name); // where there is such a one
 
   signals:
     void placeChosen(int reach, double distance, const QString& side);

@@ -30,7 +30,8 @@ class WritingProgress {
     WritingProgress(const char* words, QWidget& window) : m_dialog(words, "Cancel", 0, steps, &window) {
         m_dialog.setObjectName("dlgWriting");
         m_dialog.setWindowModality(Qt::WindowModal);
-        m_dialog.setMinimumDuration(500); // milliseconds
+        m_dialog.setMinimumDuration(500);                                                     // milliseconds
+        QObject::connect(&m_dialog, &QDialog::rejected, &m_dialog, &QProgressDialog::cancel); // Esc, too
     }
     bool goesOn(double share) {
         m_dialog.setValue(static_cast<int>(share * (steps - 1)));
@@ -55,11 +56,12 @@ std::string filterOfTables() {
 
 } // namespace
 
-HandingOn::HandingOn(Platform& services, HandedOn what, QWidget& window)
-    : m_services(services), m_what(std::move(what)), m_window(window) {}
+HandingOn::HandingOn(Platform& services, HandedOn what, HandingOnNews news, QWidget& window)
+    : m_services(services), m_what(std::move(what)), m_news(std::move(news)), m_window(window) {}
 
 std::optional<std::string> HandingOn::chooseFile(const std::string& title, const std::string& filter,
                                                  const std::string& what, const std::string& extension) {
+    m_news.begins();
     FileDialogSettings dialog;
     dialog.objectName = "cdExport";
     dialog.title = title;
@@ -79,15 +81,18 @@ std::optional<std::string> HandingOn::chooseFile(const std::string& title, const
     return {};
 }
 
-bool HandingOn::tell(const std::string& file, const std::function<void()>& write) {
+void HandingOn::tell(const std::string& what, const std::string& file, const std::function<bool()>& write) {
+    if (isWritten(file, write)) m_news.written(what, file);
+}
+
+bool HandingOn::isWritten(const std::string& file, const std::function<bool()>& write) {
     try {
-        write();
-        return true;
+        return write();
     } catch (const RunTimeError& error) {
         m_services.dialogs.show({fileOf(file) + " can't be written: " + error.description + ".", "Export",
                                  Icon::exclamation, Buttons::ok});
     } catch (const PageCancelled&) {
-        return false;
+        // as the user wanted it
     } catch (const PageRefused& refused) {
         m_services.dialogs.show({refused.what(), "Export", Icon::exclamation, Buttons::ok});
     } catch (const TableRefused& refused) {
@@ -104,32 +109,35 @@ void HandingOn::savePicture() {
     const std::string filter =
         std::string(format.name) + " picture (*" + format.extension + ")|*" + format.extension;
     const auto file = chooseFile("Save picture", filter, "profile", wish->extension.substr(1));
-    if (file) tell(*file, [&] { writePicture(*file, *wish); });
+    if (file) tell("The picture", *file, [&] { return writePicture(*file, *wish); });
 }
 
 // More dots an inch make texts and lines larger in pixels: the picture stays the same on paper.
-void HandingOn::writePicture(const std::string& file, const PictureWish& wish) {
+bool HandingOn::writePicture(const std::string& file, const PictureWish& wish) {
     const PictureFormat* const format = pictureFormatOf(file);
     if (!format) {
         m_services.dialogs.show(
             {"The picture's name must end in " + pictureExtensions(PictureChoice::ofDialog, "or") + ".",
              "Save picture", Icon::exclamation, Buttons::ok});
-        return;
+        return false;
     }
     const double dotsPerPixel = wish.dotsPerInch / static_cast<double>(screenDots);
     const double twipsPerDot = twipsPerPixel / dotsPerPixel;
     const Drawing drawing =
         m_what.picture(wish.pixels.width() * twipsPerDot, wish.pixels.height() * twipsPerDot, Theme::paper);
     m_services.files.writeWhole(file, format->bytes(drawing, dotsPerPixel));
+    return true;
 }
 
 void HandingOn::copyPicture() {
     const Drawing drawing =
         m_what.picture(m_window.width() * twipsPerPixel, m_window.height() * twipsPerPixel, Theme::paper);
     QApplication::clipboard()->setImage(pictureOf(drawing, m_window.devicePixelRatioF()));
+    m_news.copied();
 }
 
 void HandingOn::print() {
+    m_news.begins();
     const Drawing page =
         m_what.picture(printableLongSide * twipsPerInch, printableShortSide * twipsPerInch, Theme::paper);
     if (!showPrintPreview({page}, Orientation::landscape, m_services.dialogs, m_window)) return;
@@ -138,6 +146,7 @@ void HandingOn::print() {
         const auto job = m_services.paper.begin({"KORVEL Explorer", Orientation::landscape, beside});
         job->page(page);
         finishPrinting(m_services, *job);
+        m_news.written("The picture", job->file());
     } catch (const RunTimeError& error) {
         if (error.number != errors::printerError) throw;
         m_services.dialogs.show(printerRefused());
@@ -147,12 +156,12 @@ void HandingOn::print() {
 void HandingOn::saveTable() {
     const auto file = chooseFile("Save table " + m_what.tableName(), filterOfTables(),
                                  lowerCase(m_what.tableName()), "csv");
-    if (file) tell(*file, [&] { writeTable(*file); });
+    if (file) tell("The table", *file, [&] { return writeTable(*file); });
 }
 
-void HandingOn::writeTable(const std::string& file) {
+bool HandingOn::writeTable(const std::string& file) {
     const auto table = m_what.table();
-    if (!table) return;
+    if (!table) return false;
     const TableFormat* format = formatOfExtension(file);
     if (!format || !isForOneTable(*format)) format = formatNamed("csv");
     TableContent content;
@@ -163,14 +172,15 @@ void HandingOn::writeTable(const std::string& file) {
     format->write(content, {}, bytes);
     bytes.flush();
     target->commit();
+    return true;
 }
 
 void HandingOn::savePage() {
     const auto file = chooseFile("Save page", "Page for browsers (*.html)|*.html", "page", "html");
-    if (file) tell(*file, [&] { writePageTo(*file); });
+    if (file) tell("The page", *file, [&] { return writePageTo(*file); });
 }
 
-void HandingOn::writePageTo(const std::string& file) {
+bool HandingOn::writePageTo(const std::string& file) {
     const auto study = m_what.study(); // stays, whatever is read anew meanwhile
     WritingProgress progress("Writing the page", m_window);
     PageRequest request;
@@ -182,14 +192,15 @@ void HandingOn::writePageTo(const std::string& file) {
     writePage(*study, request, bytes);
     bytes.flush();
     target->commit();
+    return true;
 }
 
 void HandingOn::saveAtlas() {
     const auto file = chooseFile("Save atlas", "PDF document (*.pdf)|*.pdf", "atlas", "pdf");
-    if (file) tell(*file, [&] { writeAtlasTo(*file); });
+    if (file) tell("The atlas", *file, [&] { return writeAtlasTo(*file); });
 }
 
-void HandingOn::writeAtlasTo(const std::string& file) {
+bool HandingOn::writeAtlasTo(const std::string& file) {
     const auto study = m_what.study();
     WritingProgress progress("Writing the atlas", m_window);
     PdfFilePaper paper(m_services.files, file);
@@ -197,11 +208,13 @@ void HandingOn::writeAtlasTo(const std::string& file) {
     const auto job = paper.begin({atlas.title(), Orientation::landscape, file, atlas.outline()});
     Drawing drawing;
     for (std::size_t page = 0; page < atlas.pageCount(); ++page) {
-        if (!progress.goesOn(static_cast<double>(page) / static_cast<double>(atlas.pageCount()))) return;
+        if (!progress.goesOn(static_cast<double>(page) / static_cast<double>(atlas.pageCount())))
+            return false;
         drawing = atlas.page(page, std::move(drawing));
         job->page(drawing);
     }
     job->finish();
+    return true;
 }
 
 } // namespace korvel

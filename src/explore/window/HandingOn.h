@@ -31,9 +31,17 @@ struct HandedOn {
     std::function<std::set<int>()> lowIsBad; // determinands by number
 };
 
+// What is told of it: `what` in words, "The table", and where it went (model name), "" for a printer. Before
+// anything new is made nothing is told any more.
+struct HandingOnNews {
+    std::function<void()> begins;
+    std::function<void(const std::string& what, const std::string& file)> written;
+    std::function<void()> copied;
+};
+
 class HandingOn {
   public:
-    HandingOn(Platform& services, HandedOn what, QWidget& window);
+    HandingOn(Platform& services, HandedOn what, HandingOnNews news, QWidget& window);
 
     void savePicture();
     void copyPicture();
@@ -46,14 +54,17 @@ class HandingOn {
     // `what` is proposed as a name behind the base's: "ALDER-values.csv".
     std::optional<std::string> chooseFile(const std::string& title, const std::string& filter,
                                           const std::string& what, const std::string& extension);
-    void writePicture(const std::string& file, const PictureWish& wish);
-    void writeTable(const std::string& file);
-    void writePageTo(const std::string& file);
-    void writeAtlasTo(const std::string& file);
-    bool tell(const std::string& file, const std::function<void()>& write);
+    // False where nothing came of it, and the user knows why.
+    bool writePicture(const std::string& file, const PictureWish& wish);
+    bool writeTable(const std::string& file);
+    bool writePageTo(const std::string& file);
+    bool writeAtlasTo(const std::string& file);
+    void tell(const std::string& what, const std::string& file, const std::function<bool()>& write);
+    bool isWritten(const std::string& file, const std::function<bool()>& write);
 
     Platform& m_services;
     HandedOn m_what;
+    HandingOnNews m_news;
     QWidget& m_window;
     PictureWish m_wish; // the last one
 };

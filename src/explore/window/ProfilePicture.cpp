@@ -222,7 +222,7 @@ void ProfilePicture::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ProfilePicture::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) m_handlers.run([&] { m_told(m_navigator.showAll()); });
+    if (event->button() == Qt::LeftButton) m_handlers.run([&] { m_told(m_navigator.doubleClick()); });
 }
 
 // Some desktops turn the wheel sideways while Shift is held.

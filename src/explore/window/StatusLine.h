@@ -1,5 +1,8 @@
-// The line under everything: what the values at the cursor are, and how far long work has come.
+// The line under everything: what the values at the cursor are, what was written where, and how far long work
+// has come.
 #pragma once
+
+#include "toolkit/forms/DoneLine.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -9,17 +12,25 @@ namespace korvel {
 
 class StatusLine : public QObject {
   public:
-    explicit StatusLine(QStatusBar& bar);
+    StatusLine(QStatusBar& bar, Machine& machine, Handlers& handlers);
 
     void showReadout(const QString& text);
     // As many lines as the values of all runs may need, so that nothing moves while the cursor does.
     void giveRoom(std::size_t runs);
+    // What is told while there are no values.
+    void setHint(const QString& hint);
+
+    DoneLine& done() { return m_done; }
 
     void tellProgress(const QString& words, double share);
     void endProgress();
 
   private:
-    QLabel* lblReadout;
+    class ReadoutLabel;
+
+    ReadoutLabel* lblReadout;
+    QLabel* lblDone;
+    DoneLine m_done;
     QLabel* m_progressText;
     QProgressBar* m_progress;
 };

@@ -55,16 +55,19 @@ void StudyKeeping::wasOpened(const std::string& file, const StudyFile& study) {
     m_memory.noteStudy(hostPathOf(file));
 }
 
-void StudyKeeping::save() {
-    m_file.empty() ? saveAs() : (void)write(m_file);
+bool StudyKeeping::save() {
+    return m_file.empty() ? saveAs() : write(m_file);
 }
 
-void StudyKeeping::saveAs() {
+bool StudyKeeping::saveAs() {
     if (!m_state.isEmpty()) m_dialog.initialFolder = folderOf(m_state.study->base().file->file);
     const auto chosen = m_services.dialogs.chooseFile(FileDialogKind::save, m_dialog);
-    if (!chosen) return;
-    if (chosen->refusal) return (void)m_services.dialogs.show(refusedName(*chosen));
-    write(isStudyFile(chosen->name) ? chosen->name : chosen->name + extension);
+    if (!chosen) return false;
+    if (chosen->refusal) {
+        m_services.dialogs.show(refusedName(*chosen));
+        return false;
+    }
+    return write(isStudyFile(chosen->name) ? chosen->name : chosen->name + extension);
 }
 
 bool StudyKeeping::write(const std::string& file) {

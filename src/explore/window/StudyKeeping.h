@@ -20,8 +20,9 @@ class StudyKeeping {
     std::optional<StudyFile> read(const std::string& file);
     // It is shown now.
     void wasOpened(const std::string& file, const StudyFile& study);
-    void save();
-    void saveAs();
+    // False where it was not saved: the user gave it up, or has been told why.
+    bool save();
+    bool saveAs();
     // Nothing is shown any more.
     void forget();
 

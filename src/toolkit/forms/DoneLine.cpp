@@ -16,7 +16,8 @@ QString link(const char* target, const char* caption) {
 
 } // namespace
 
-DoneLine::DoneLine(QLabel& label, Machine& machine, Handlers& handlers) : m_label(label), m_machine(machine) {
+DoneLine::DoneLine(QLabel& label, Machine& machine, Handlers& handlers, const char* parted)
+    : m_label(label), m_machine(machine), m_parted(parted) {
     label.setTextFormat(Qt::RichText);
     label.setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     label.setFocusPolicy(Qt::NoFocus);
@@ -25,14 +26,18 @@ DoneLine::DoneLine(QLabel& label, Machine& machine, Handlers& handlers) : m_labe
 }
 
 void DoneLine::tell(const std::string& what, const std::string& file) {
+    if (file.empty()) return say(what + " was handed to the printer.");
     m_file = file;
-    const QString subject = shown(what).toHtmlEscaped();
-    m_label.setFocusPolicy(file.empty() ? Qt::NoFocus : Qt::StrongFocus); // for its links
-    if (file.empty()) return m_label.setText(subject + " was handed to the printer.");
-    m_label.setText(QString("%1 was written to %2.<br>%3 &nbsp; %4")
-                        .arg(subject, shown(fileOf(file)).toHtmlEscaped(), link(openLink, "Open"),
-                             link(folderLink, "Show folder")));
+    m_label.setFocusPolicy(Qt::StrongFocus); // for its links
+    m_label.setText(QString("%1 was written to %2.%3%4 &nbsp; %5")
+                        .arg(shown(what).toHtmlEscaped(), shown(fileOf(file)).toHtmlEscaped(), m_parted,
+                             link(openLink, "Open"), link(folderLink, "Show folder")));
     m_label.setToolTip(shown(file).toHtmlEscaped());
+}
+
+void DoneLine::say(const std::string& sentence) {
+    clear();
+    m_label.setText(shown(sentence).toHtmlEscaped());
 }
 
 void DoneLine::clear() {

@@ -12,10 +12,13 @@ namespace korvel {
 
 class DoneLine {
   public:
-    DoneLine(QLabel& label, Machine& machine, Handlers& handlers);
+    // `parted`: what stands between the sentence and its links, HTML.
+    DoneLine(QLabel& label, Machine& machine, Handlers& handlers, const char* parted = "<br>");
 
     // `what` in words: "The report"; `file` is a model name, "" where a printer took it.
     void tell(const std::string& what, const std::string& file);
+    // A sentence without links.
+    void say(const std::string& sentence);
     void clear();
 
   private:
@@ -23,6 +26,7 @@ class DoneLine {
 
     QLabel& m_label;
     Machine& m_machine;
+    const char* m_parted;
     std::string m_file;
 };
 
