@@ -210,6 +210,13 @@ void frmStart::widenTexts() {
     const Place title = controlPlace(lblKorvel[0]); // on a wide screen taller than its room
     next.top = std::max(next.top * GLOBAL.ScaleY, title.top + title.height);
     setControlPlace(lblNextStep, next);
+    placeButtons();
+}
+
+// In the middle, below the line of guidance.
+void frmStart::placeButtons() {
+    const double width = outerPlace().width;
+    const Place next = controlPlace(lblNextStep);
     Place explore = controlPlace(cmdExplore), guide = controlPlace(cmdGuide);
     explore.left = (width - explore.width - betweenButtons - guide.width) / 2;
     explore.top = guide.top = next.top + next.height + belowNextStep;

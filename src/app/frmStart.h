@@ -49,6 +49,8 @@ class frmStart : public Form {
     void makeStartPage();
     void placeStartPage();
     void runAgain(const LastRun& run);
+    void runSample();
+    void runOn(const std::string& dataFile, int runType);
     void showGraphsOf(const std::string& resultsFile);
     void showReportsOf(const std::string& resultsFile);
     void fitToWorkArea(Form& form);
@@ -56,6 +58,8 @@ class frmStart : public Form {
     void keepRoom();
     void centreFrames();
     void widenTexts();
+    void placeButtons();
+    void growGuidance();
     void connectMenus();
 
     void Exit();

@@ -10,6 +10,9 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <span>
+#include <utility>
+
 namespace korvel {
 
 namespace {
@@ -21,9 +24,9 @@ constexpr int buttonWidth = 220;                   // pixels at most
 
 // The first of these that has room is shown.
 constexpr std::array firstSteps{
-    "No model has been run yet. Choose RUN THE KORVEL MODEL, then 0 BASIC RUN, and a data file of yours or a "
-    "copy of a sample. When it has finished the run stands here, with what it says about the targets. "
-    "\"Guide\" leads through all of it.",
+    "No model has been run yet. Choose RUN THE KORVEL MODEL, then 0 BASIC RUN, and a data file of yours; or "
+    "begin with \"Samples\", a catchment that is ready to run. When a run has finished it stands here, with "
+    "what it says about the targets. \"Guide\" leads through all of it.",
     "No model has been run yet. RUN THE KORVEL MODEL starts one; \"Guide\" leads through it.",
     "No model has been run yet."};
 
@@ -84,7 +87,6 @@ QPushButton& StartPage::button(const char* name, const char* caption, const char
     auto& button = *new QPushButton(caption, &m_next);
     button.setObjectName(name);
     button.setToolTip(tip);
-    button.setMaximumWidth(buttonWidth);
     button.setAutoDefault(true);
     return button;
 }
@@ -92,9 +94,6 @@ QPushButton& StartPage::button(const char* name, const char* caption, const char
 void StartPage::layOutRuns() {
     m_runs.setObjectName("frameLastRuns");
     lblLastRuns.setText("Las&t runs");
-    QFont bold = lblLastRuns.font();
-    bold.setBold(true);
-    lblLastRuns.setFont(bold);
     lblLastRuns.setBuddy(&lstLastRuns);
     lstLastRuns.setObjectName("lstLastRuns");
     lstLastRuns.setAccessibleName("Last runs");
@@ -105,7 +104,7 @@ void StartPage::layOutRuns() {
     lblNoRuns.setText(firstSteps.front());
     cmdSamples.setObjectName("cmdSamples");
     cmdSamples.setAutoDefault(true);
-    cmdSamples.setToolTip("Show the folder of the sample catchment");
+    cmdSamples.setToolTip("Copy the sample catchment and run the model on it");
     cmdSamples.setAccessibleDescription(cmdSamples.toolTip());
     m_hasSamples = !m_services.machine.samplesFolder().empty();
     auto* column = new QVBoxLayout(&m_runs);
@@ -120,7 +119,6 @@ void StartPage::layOutRuns() {
 
 void StartPage::layOutNext() {
     m_next.setObjectName("frameNextSteps");
-    lblRun.setFont(lblLastRuns.font());
     auto* column = new QVBoxLayout(&m_next);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(between);
@@ -180,16 +178,42 @@ RunToday StartPage::today(const LastRun& run) const {
 }
 
 void StartPage::reload() {
-    const Listed* const before = selected();
-    const QString kept = before != nullptr ? shown(before->run.dataFile) : QString();
-    m_listed.clear();
+    const std::vector<Listed> before = std::exchange(m_listed, {});
+    const int row = lstLastRuns.currentRow();
     for (LastRun& run : m_services.machine.lastRuns()) {
         const RunToday state = today(run);
         m_listed.push_back({std::move(run), state});
     }
-    fillList(kept);
+    fillList(rowToSelect(before, row));
     showParts();
     showSelected();
+}
+
+// What was selected, but for a run that has come in: that is the one to look at.
+int StartPage::rowToSelect(const std::vector<Listed>& before, int row) const {
+    const auto isSelected = [&](const Listed& listed) {
+        return listed.run.dataFile == before[static_cast<std::size_t>(row)].run.dataFile;
+    };
+    if (m_listed.empty() || before.empty() || row < 0) return 0;
+    if (m_listed.front().run.ended > before.front().run.ended) return 0;
+    const auto same = std::ranges::find_if(m_listed, isSelected);
+    return same == m_listed.end() ? 0 : static_cast<int>(same - m_listed.begin());
+}
+
+void StartPage::setLetters(double points, double factor) {
+    QFont font = lblRunFacts.font();
+    font.setPointSizeF(points * factor);
+    for (QWidget* each : std::initializer_list<QWidget*>{&m_runs, &m_next, &lstLastRuns, &lblNoRuns,
+                                                         &lblRunFacts, &lblVerdict, &cmdSamples})
+        each->setFont(font);
+    for (QPushButton* each : {&cmdRunAgain, &cmdRunGraphs, &cmdRunReports, &cmdRunExplore}) {
+        each->setFont(font);
+        each->setMaximumWidth(qRound(buttonWidth * factor));
+    }
+    cmdSamples.setMinimumWidth(qRound(buttonWidth * factor / 2));
+    font.setBold(true);
+    for (QLabel* each : {&lblLastRuns, &lblRun})
+        each->setFont(font);
 }
 
 void StartPage::showParts() {
@@ -205,18 +229,16 @@ void StartPage::showParts() {
         each->setVisible(m_hasRoom && some);
 }
 
-void StartPage::fillList(const QString& selected) {
+void StartPage::fillList(int selected) {
     const QSignalBlocker quiet(lstLastRuns);
     lstLastRuns.clear();
-    int row = 0;
     for (const Listed& listed : m_listed) {
         const QString words = shown(nameOf(listed.run)) + ", " + timeWords(listed.run.ended) + "\n" +
                               shown(briefVerdict(listed.run, listed.today));
         auto* item = new QListWidgetItem(words, &lstLastRuns);
         item->setToolTip(hostPath(listed.run.dataFile));
-        if (shown(listed.run.dataFile) == selected) row = lstLastRuns.count() - 1;
     }
-    if (!m_listed.empty()) lstLastRuns.setCurrentRow(row);
+    if (!m_listed.empty()) lstLastRuns.setCurrentRow(selected);
 }
 
 const StartPage::Listed* StartPage::selected() const {
@@ -255,7 +277,7 @@ void StartPage::fitTexts() {
 }
 
 void StartPage::fitFirstSteps() {
-    for (const char* const steps : firstSteps) {
+    for (const char* const steps : std::span(firstSteps).subspan(m_hasSamples ? 0 : 1)) {
         lblNoRuns.setText(steps);
         if (hasRoom(m_runs)) return;
     }

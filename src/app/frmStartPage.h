@@ -27,6 +27,8 @@ class StartPage {
 
     StartPage(QWidget& form, Platform& services, Handlers& handlers, Deeds deeds);
 
+    // Points at the factor 1; the widths of buttons grow alike.
+    void setLetters(double points, double factor);
     // The room left and right of the logo.
     void setRoom(const QRect& left, const QRect& right);
     // As the machine remembers them, and as their files are now.
@@ -46,7 +48,8 @@ class StartPage {
     void layOutNext();
     void connectDeeds(Handlers& handlers, const Deeds& deeds);
     RunToday today(const LastRun& run) const;
-    void fillList(const QString& selected);
+    void fillList(int selected);
+    int rowToSelect(const std::vector<Listed>& before, int row) const;
     const Listed* selected() const;
     void showParts();
     void showSelected();

@@ -1,6 +1,8 @@
 // The main form's start page: where it stands, and what its buttons do.
 #include "app/frmStart.h"
 
+#include "app/Samples.h"
+#include "basic/FormScaling.h"
 #include "drawing/paint/Twips.h"
 #include "global/GLOBAL.h"
 #include "platform/DialogsChosen.h"
@@ -14,10 +16,18 @@ namespace korvel {
 
 namespace {
 
+constexpr int basicRun = 0;     // run type
 constexpr int margin = 24;      // pixels, between the page and what stands in the middle
-constexpr int widest = 440;     // of a column
+constexpr int widest = 440;     // of a column, with letters of the menus' size
 constexpr int tallest = 560;    // likewise
 constexpr int laterReload = 50; // milliseconds after the list has changed, as it changes several times then
+
+constexpr double plainFactor = 768 / 452.0; // of designs, on the screen on which letters have the menus' size
+
+// The page's letters grow with the screen, as those of the given forms do; never below the menus'.
+double lettersFactor() {
+    return std::max(1.0, fontFactor(GLOBAL.ScaleX, GLOBAL.ScaleY) / plainFactor);
+}
 
 } // namespace
 
@@ -32,6 +42,25 @@ void frmStart::paintEvent(QPaintEvent* event) {
     }));
 }
 
+// With the page's letters, and as late, since each further size takes its time at the start.
+void frmStart::growGuidance() {
+    const double factor = lettersFactor();
+    if (factor <= 1) return;
+    const auto grow = [&](QWidget& control, double wider) {
+        Place place = controlPlace(control);
+        place.width *= wider;
+        place.height *= factor;
+        setControlPlace(control, place);
+    };
+    grow(lblNextStep, 1); // as wide as the form
+    grow(cmdExplore, factor);
+    grow(cmdGuide, factor);
+    placeButtons();
+    for (QWidget* control : std::initializer_list<QWidget*>{&lblNextStep, &cmdExplore, &cmdGuide})
+        setFontSize(*control, looks::windowText * factor, false); // last: places bring the design's
+    keepRoom();
+}
+
 void frmStart::makeStartPage() {
     m_page = std::make_unique<StartPage>(
         client(), services(), handlers(),
@@ -39,7 +68,8 @@ void frmStart::makeStartPage() {
                          [this](const LastRun& run) { showGraphsOf(run.resultsFile); },
                          [this](const LastRun& run) { showReportsOf(run.resultsFile); },
                          [this](const LastRun& run) { services().machine.startExplorer({run.resultsFile}); },
-                         [this] { services().machine.showFolder(services().machine.samplesFolder()); }});
+                         [this] { runSample(); }});
+    growGuidance();
     placeStartPage();
     m_page->reload();
     QWidget* last = nullptr;
@@ -62,15 +92,35 @@ void frmStart::placeStartPage() {
         middle |= shape->geometry();
     const QRect texts = lblEngine.geometry();
     const int top = texts.bottom() + margin;
-    const int height = std::min(tallest, lblKorvel[1].y() - top);
+    const double factor = lettersFactor();
+    const int height = std::min(qRound(tallest * factor), lblKorvel[1].y() - top);
     const int left = texts.left(), right = texts.right();
-    const int width = std::min({widest, middle.left() - margin - left, right - middle.right() - margin});
+    const int width =
+        std::min({qRound(widest * factor), middle.left() - margin - left, right - middle.right() - margin});
+    m_page->setLetters(looks::windowText, factor);
     m_page->setRoom({left, top, width, height}, {right - width, top, width, height});
 }
 
 void frmStart::runAgain(const LastRun& run) {
-    GLOBAL.RunType = run.runType;
-    DialogsChosen dialogs(services(), run.dataFile);
+    runOn(run.dataFile, run.runType);
+}
+
+void frmStart::runSample() {
+    const Message question = samplesQuestion(copiedSamplesFolder(services().machine));
+    if (services().dialogs.show(question) != Answer::yes) return;
+    std::string first;
+    try {
+        first = copySamples(services());
+    } catch (const RunTimeError& error) {
+        services().dialogs.show(samplesRefusal(error));
+        return;
+    }
+    runOn(first, basicRun);
+}
+
+void frmStart::runOn(const std::string& dataFile, int runType) {
+    GLOBAL.RunType = runType;
+    DialogsChosen dialogs(services(), dataFile);
     Platform platform = withDialogs(services(), dialogs);
     DataFiles dataFiles(platform, dataFileCallbacks());
     RunModel(platform, dataFiles);

@@ -31,6 +31,8 @@ class ConsoleMachine : public Machine {
     std::string guideFile() override { return m_machine.guideFile(); }
     bool openGuide(const std::string& guide) override { return m_machine.openGuide(guide); }
     std::string samplesFolder() override { return m_machine.samplesFolder(); }
+    std::string homeFolder() override { return m_machine.homeFolder(); }
+    void makeFolder(const std::string& folder) override { m_machine.makeFolder(folder); }
     std::vector<LastRun> lastRuns() override { return m_machine.lastRuns(); }
     void noteRun(const LastRun& run) override { m_machine.noteRun(run); }
     void watchLastRuns(std::function<void()> onChange) override {

@@ -62,6 +62,10 @@ class Machine {
     virtual bool openGuide(const std::string& guide) = 0;
     // Where the samples lie; "" where they aren't installed.
     virtual std::string samplesFolder() = 0;
+    // The user's own; a model name.
+    virtual std::string homeFolder() = 0;
+    // With those above it; one that is there is left alone. 75 where it can't be made.
+    virtual void makeFolder(const std::string& folder) = 0;
     // The last runs of this user's engine windows, the last one first.
     virtual std::vector<LastRun> lastRuns() = 0;
     // Remembered in the user's configuration folder; where that can't be written it is forgotten.

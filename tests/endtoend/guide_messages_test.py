@@ -18,6 +18,7 @@ OPENING = re.compile(r"\b(?:RunTimeError|TableRefused|missing|refusedUnless|Refu
 # Words are handed on from here as they stand.
 PLAIN_WORDS = ("basic/DiskNames.cpp", "basic/RunTimeError.cpp", "many/Plan.cpp", "many/CsvRecords.cpp", "many/RowRun.cpp",
                "many/ResultsCheck.cpp", "many/Slurm.cpp", "many/ClusterRun.cpp", "toolkit/process/EngineProcess.cpp")
+OF_QT = {"Yes", "Save"} # buttons of messages and dialogs
 SHORTEST = 7  # characters of a piece of a message that is looked for
 
 
@@ -102,7 +103,7 @@ def main():
     shown = {text.replace("&", "") for text in every}
     for name in WITH_CAPTIONS:
         for caption in captions((GUIDE / f"{name}.md").read_text(encoding="utf-8")):
-            if not any(caption in text for text in shown):
+            if caption not in OF_QT and not any(caption in text for text in shown):
                 failures.append(f"{name}.md: no caption of the program: {caption}")
     print("\n".join(failures))
     print(f"{count} messages of the program, {len(told)} told, {len(failures)} failures")

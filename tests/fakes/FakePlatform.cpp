@@ -133,6 +133,11 @@ void FakePlatform::putFile(const std::string& name, const std::string& bytes) {
     writeWhole(file, bytes);
 }
 
+void FakePlatform::makeFolder(const std::string& folder) {
+    if (!makesFolders) throw RunTimeError(errors::pathFileAccessError);
+    std::filesystem::create_directories(hostPathOf(folder));
+}
+
 void FakePlatform::putEngine() {
     putFile("korvelf157.exe", "engine");
 }

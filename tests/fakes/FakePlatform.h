@@ -85,6 +85,7 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
     std::string guide = "/share/guide.html";
     bool opensGuide = true;
     std::string samples = "Z:\\share\\examples";
+    bool makesFolders = true; // false: 75
 
     std::vector<LastRun> rememberedRuns;   // what the machine has of the user's last runs
     std::vector<LastRun> notedRuns;        // what the program gave it to remember
@@ -144,6 +145,8 @@ class FakePlatform : private Dialogs, private DiskFiles, private Machine, privat
         return opensGuide;
     }
     std::string samplesFolder() override { return samples; }
+    std::string homeFolder() override { return m_folder; }
+    void makeFolder(const std::string& folder) override;
     std::vector<LastRun> lastRuns() override { return rememberedRuns; }
     void noteRun(const LastRun& run) override { notedRuns.push_back(run); }
     void watchLastRuns(std::function<void()> onChange) override { lastRunsChanged = std::move(onChange); }

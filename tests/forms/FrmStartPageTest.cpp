@@ -33,6 +33,12 @@ class FrmStartPage : public FrmStart {
         const std::string path = hostPathOf(platform.pathOf(name));
         return QFileInfo(QString::fromStdString(path)).lastModified().toMSecsSinceEpoch();
     }
+    void putSamples() {
+        platform.samples = platform.pathOf("examples");
+        for (const auto& [name, bytes] :
+             {std::pair("ALDER.DAT", "first"), std::pair("ALDER2.DAT", "second"), std::pair("README", "")})
+            platform.putFile(platform.pathOf(std::string("examples\\") + name), bytes);
+    }
     // With the page, which comes after the first painting.
     void startWithPage() {
         showActive(start());
@@ -94,13 +100,62 @@ TEST_F(FrmStartPage, IsLeftOutWhereADesktopHasNoRoomForIt) {
         EXPECT_TRUE(control<QWidget>(*form, name).isHidden()) << name;
 }
 
-TEST_F(FrmStartPage, ShowsTheSamplesFolderWhereThereIsOne) {
+TEST_F(FrmStartPage, RunsACopyOfTheSample) {
+    platform.putEngine();
+    putSamples();
     startWithPage();
+    platform.willAnswer(Answer::yes);
     click(button("cmdSamples"));
-    EXPECT_EQ(platform.takeTranscript(), "show folder Z:\\share\\examples\n");
+    const std::string done = platform.takeTranscript();
+    EXPECT_NE(done.find("box [question] Samples: The sample catchment is made for the demonstration engine."),
+              std::string::npos)
+        << done;
+    EXPECT_TRUE(done.ends_with("start engine {app}\\korvelf157.exe\n")) << done;
+    EXPECT_EQ(platform.startedRun.runType, 0);
+    ASSERT_EQ(platform.startedRun.dataFiles.size(), 1U);
+    EXPECT_TRUE(platform.startedRun.dataFiles.front().ends_with("\\KORVEL-SAMPLES\\ALDER.DAT"));
+    EXPECT_EQ(platform.fileText(platform.pathOf("korvel-samples\\ALDER2.DAT")), "second");
+    EXPECT_FALSE(platform.hasFile(platform.pathOf("korvel-samples\\README"))) << "data files alone";
+    platform.expectDone();
+}
+
+TEST_F(FrmStartPage, LeavesACopyOfTheSampleAsItWasChanged) {
+    platform.putEngine();
+    putSamples();
+    platform.putFile(platform.pathOf("korvel-samples\\ALDER.DAT"), "changed");
+    startWithPage();
+    platform.willAnswer(Answer::yes);
+    click(button("cmdSamples"));
+    EXPECT_EQ(platform.fileText(platform.pathOf("korvel-samples\\ALDER.DAT")), "changed");
+}
+
+TEST_F(FrmStartPage, CopiesNoSampleUnasked) {
+    putSamples();
+    startWithPage();
+    platform.willAnswer(Answer::no);
+    click(button("cmdSamples"));
+    EXPECT_FALSE(platform.hasFile(platform.pathOf("korvel-samples\\ALDER.DAT")));
+    EXPECT_FALSE(GLOBAL.graphResultsPending);
+}
+
+TEST_F(FrmStartPage, SaysThatTheSamplesCannotBeCopied) {
+    putSamples();
+    platform.makesFolders = false;
+    startWithPage();
+    platform.willAnswer(Answer::yes);
+    platform.willAnswer(Answer::ok);
+    click(button("cmdSamples"));
+    EXPECT_NE(platform.takeTranscript().find(
+                  "box [exclamation] Samples: The samples can't be copied: Path/File access error."),
+              std::string::npos);
+    EXPECT_FALSE(GLOBAL.graphResultsPending);
+}
+
+TEST_F(FrmStartPage, OffersNoSamplesWhereThereAreNone) {
     platform.samples = "";
     startWithPage();
     EXPECT_FALSE(sees("cmdSamples"));
+    EXPECT_EQ(words("lblNoRuns").find("Samples"), std::string::npos);
 }
 
 TEST_F(FrmStartPage, OpensTheGraphsOnTheSelectedRun) {
@@ -200,7 +255,50 @@ TEST_F(FrmStartPage, TakesInARunThatHasEndedMeanwhile) {
     platform.lastRunsChanged();
     EXPECT_TRUE(waitFor([&] { return list().count() == 2; }));
     EXPECT_TRUE(line(0).starts_with("NEWER.DAT")) << line(0);
-    EXPECT_EQ(words("lblRun"), "ALDER.DAT") << "what was selected stays so";
+    EXPECT_EQ(list().currentRow(), 0);
+    EXPECT_EQ(words("lblRun"), "NEWER.DAT") << "the run to look at now";
+}
+
+TEST_F(FrmStartPage, KeepsTheSelectionWhereNoRunHasEnded) {
+    remember("ALDER", 2000);
+    remember("OTHER", 1000);
+    startWithPage();
+    list().setCurrentRow(1);
+    platform.rememberedRuns.back().verdict = "told anew";
+    platform.lastRunsChanged();
+    EXPECT_TRUE(waitFor([&] { return line(1).ends_with("told anew"); }));
+    EXPECT_EQ(words("lblRun"), "OTHER.DAT");
+}
+
+TEST_F(FrmStartPage, SelectsTheRunThatWasRunAgain) {
+    remember("ALDER", 2000);
+    remember("OTHER", 1000);
+    startWithPage();
+    platform.rememberedRuns.back().ended = 3000;
+    std::ranges::rotate(platform.rememberedRuns, platform.rememberedRuns.end() - 1);
+    platform.lastRunsChanged();
+    EXPECT_TRUE(waitFor([&] { return line(0).starts_with("OTHER.DAT"); }));
+    EXPECT_EQ(words("lblRun"), "OTHER.DAT");
+}
+
+TEST_F(FrmStartPage, HasLettersThatGrowWithTheScreen) {
+    remember("ALDER");
+    const auto points = [&](double width, double height) {
+        platform.desktop = {0, 0, width * 15, height * 15};
+        startWithPage();
+        for (const char* name : {"lblRun", "lblVerdict", "cmdRunAgain", "cmdSamples", "lblLastRuns"})
+            EXPECT_EQ(control<QWidget>(*form, name).font().pointSizeF(), list().font().pointSizeF()) << name;
+        return list().font().pointSizeF();
+    };
+    EXPECT_NEAR(points(1366, 768), 10, 0.01);
+    EXPECT_NEAR(points(1920, 1080), 14.1, 0.1);
+    for (const char* name : {"lblNextStep", "cmdExplore", "cmdGuide"})
+        EXPECT_NEAR(control<QWidget>(*form, name).font().pointSizeF(), 14.1, 0.1) << name;
+    EXPECT_GT(placeOf("cmdExplore").top(), placeOf("lblNextStep").bottom());
+    EXPECT_LT(placeOf("cmdExplore").right(), placeOf("cmdGuide").left());
+    EXPECT_LT(placeOf("cmdGuide").bottom(), placeOf("lineAddress_0").top());
+    EXPECT_GE(button("cmdGuide").height(), button("cmdGuide").fontMetrics().height() + 4);
+    EXPECT_NEAR(points(1080, 1920), 10, 0.01);
 }
 
 TEST_F(FrmStartPage, IsReachedAndWorkedByKeys) {

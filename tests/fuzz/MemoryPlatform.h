@@ -45,6 +45,8 @@ class MemoryPlatform : private Dialogs, private Files, private Machine, private 
     std::string guideFile() override { return ""; }
     bool openGuide(const std::string&) override { return false; }
     std::string samplesFolder() override { return ""; }
+    std::string homeFolder() override { return "Z:\\HOME"; }
+    void makeFolder(const std::string&) override {}
     std::vector<LastRun> lastRuns() override { return {}; }
     void noteRun(const LastRun&) override {}
     void watchLastRuns(std::function<void()>) override {}

@@ -138,6 +138,14 @@ std::string QtMachine::samplesFolder() {
     return "";
 }
 
+std::string QtMachine::homeFolder() {
+    return modelNameOfHostPath(QFile::encodeName(QDir::homePath()).toStdString());
+}
+
+void QtMachine::makeFolder(const std::string& folder) {
+    if (!QDir().mkpath(pathShown(folder))) throw RunTimeError(errors::pathFileAccessError);
+}
+
 std::vector<LastRun> QtMachine::lastRuns() {
     return LastRunMemory().runs();
 }

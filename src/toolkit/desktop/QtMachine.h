@@ -31,6 +31,8 @@ class QtMachine : public Machine {
     std::string guideFile() override;
     bool openGuide(const std::string& guide) override;
     std::string samplesFolder() override;
+    std::string homeFolder() override;
+    void makeFolder(const std::string& folder) override;
     std::vector<LastRun> lastRuns() override;
     void noteRun(const LastRun& run) override;
     void watchLastRuns(std::function<void()> onChange) override;
