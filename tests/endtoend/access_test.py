@@ -104,9 +104,7 @@ class AccessTest(unittest.TestCase):
 
     def tearDown(self):
         end(self.programs)
-        for pid in {frame.get_process_id() for frame in READER.frames(None)}:  # windows that a window has opened
-            if b"korvel" in pathlib.Path(f"/proc/{pid}/cmdline").read_bytes():
-                os.kill(pid, 15)
+        screen_reader.end_windows(READER)
 
     def start(self, *arguments):
         self.programs.append(subprocess.Popen([KORVEL, "--application-folder", OWN, *arguments], cwd=WORK))

@@ -22,7 +22,7 @@ def skip(reason):
 
 
 def demand_tools():
-    for program in ("Xvfb", "openbox", "xdotool", "dbus-daemon", "import"):
+    for program in ("Xvfb", "openbox", "xdotool", "dbus-daemon", "import", "xprop"):
         if shutil.which(program) is None:
             skip(f"there is no {program}")
     try:
@@ -52,7 +52,19 @@ def start_screen(folder, size="1366x768"):
     for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "KORVEL_HOME"):
         os.environ.pop(name, None)
     manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+    await_manager()
     return [manager, bus, server]
+
+
+def await_manager():
+    """A window that comes before it is never told that it is in front."""
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        told = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], capture_output=True, text=True, check=True).stdout
+        if "window id" in told:
+            return
+        time.sleep(0.05)
+    raise AssertionError("waited in vain for the window manager")
 
 
 def keys(*names):
@@ -89,6 +101,20 @@ class Reader:
         from gi.repository import Atspi, GLib
         self.atspi, self.gone = Atspi, GLib.Error
         self.role, self.state = Atspi.Role, Atspi.StateType
+        self.context, self.menus = GLib.MainContext.default(), []
+        self.listener = Atspi.EventListener.new(self.hear)
+        self.listener.register("object:state-changed:showing")
+
+    def hear(self, event):
+        """Menus that open by themselves stand in no window's tree: what tells of them is their coming."""
+        if event.detail1 and event.source is not None and event.source.get_role() == self.role.POPUP_MENU:
+            self.menus.append(event.source)
+
+    def open_menu(self):
+        """That was opened last, while it is shown."""
+        while self.context.iteration(False):
+            pass
+        return next((menu for menu in reversed(self.menus) if self.is_(menu, "SHOWING")), None)
 
     def wait(self, condition, what):
         end = time.monotonic() + PATIENCE
@@ -140,6 +166,17 @@ class Reader:
         outer = ("filler", "page tab", "page tab list")
         return next(iter(sorted(found, key=lambda thing: thing.get_role_name() in outer)), None)
 
+    def lines_of(self, thing):
+        """Of a list, or of the list that a box of choices holds."""
+        inner = thing
+        while inner.get_role() == self.role.COMBO_BOX:
+            inner = next(child for child in self.children(inner) if child.get_role() == self.role.LIST)
+        return self.children(inner)
+
+    def children(self, thing):
+        found = (thing.get_child_at_index(index) for index in range(thing.get_child_count()))
+        return [child for child in found if child is not None]
+
     def label_of(self, thing):
         for relation in thing.get_relation_set():
             if relation.get_relation_type() == self.atspi.RelationType.LABELLED_BY:
@@ -188,6 +225,13 @@ def end(programs):
             program.terminate()
     for program in programs:
         program.wait(timeout=PATIENCE)
+
+
+def end_windows(reader):
+    """Those, too, that a window has opened as processes of their own."""
+    for pid in {frame.get_process_id() for frame in reader.frames(None)}:
+        if b"korvel" in pathlib.Path(f"/proc/{pid}/cmdline").read_bytes():
+            os.kill(pid, 15)
 
 
 def prepared_folder(samples, application):
