@@ -249,9 +249,18 @@ void frmExplore::refresh() {
     m_pages->setCurrentWidget(m_state.isEmpty() ? static_cast<QWidget*>(m_empty) : m_parts);
     m_dock->setVisible(!m_state.isEmpty());
     if (m_state.isEmpty()) m_empty->show(recentOf(m_memory));
-    m_status->giveRoom(m_state.shownRuns().size());
+    giveReadoutRoom();
     refreshPictures();
     refreshCursor();
+}
+
+void frmExplore::giveReadoutRoom() {
+    m_status->giveRoom(m_state.shownRuns().size(), height());
+}
+
+void frmExplore::resizeEvent(QResizeEvent* event) {
+    Form::resizeEvent(event);
+    giveReadoutRoom();
 }
 
 void frmExplore::refreshPictures() {

@@ -43,6 +43,7 @@ class frmExplore : public Form {
     bool onKey(int key, Qt::KeyboardModifiers modifiers) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void layOut();
@@ -62,6 +63,7 @@ class frmExplore : public Form {
     // What is shown is a function of the state.
     void refresh();
     void refreshCursor();
+    void giveReadoutRoom();
     void refreshPictures();
     void refreshNetwork();
     void told(Changed changed);

@@ -7,6 +7,7 @@
 #include "explore/RunList.h"
 
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -16,9 +17,9 @@ namespace {
 
 constexpr int sideWidth = 250; // pixels, at first
 constexpr int networkShare = 130, pictureShare = 420, tableShare = 180;
-constexpr int leastProfile = 120, panelMargin = 12; // pixels
-constexpr int cursorRest = 40;                      // milliseconds
-constexpr double shareOfScreen = 0.85;              // of a window that is not maximised any more
+constexpr int leastProfile = 90, panelMargin = 12; // pixels
+constexpr int cursorRest = 40;                     // milliseconds
+constexpr double shareOfScreen = 0.85;             // of a window that is not maximised any more
 
 // Panels can be more than there is room for.
 QScrollArea* scrolled(ProfilePicture& profile) {
@@ -37,6 +38,21 @@ QScrollArea* scrolled(ProfilePicture& profile) {
     return area;
 }
 
+// On low screens it is higher than they are.
+QScrollArea* scrolled(SidePanel& side) {
+    auto* area = new QScrollArea;
+    area->setObjectName("scrSide");
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->viewport()->setAutoFillBackground(false);
+    side.setAutoFillBackground(false);
+    area->setMinimumWidth(side.minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    area->setWidget(&side);
+    return area;
+}
+
 } // namespace
 
 // A size of its own first, for when it is not maximised any more.
@@ -52,7 +68,7 @@ void frmExplore::layOut() {
     m_side = new SidePanel(handlers(), this);
     m_dock = new QDockWidget("Runs and series", this);
     m_dock->setObjectName("dockSide");
-    m_dock->setWidget(m_side);
+    m_dock->setWidget(scrolled(*m_side));
     m_dock->setFeatures(QDockWidget::DockWidgetMovable);
     m_dock->setTitleBarWidget(new QWidget(m_dock)); // headings of its own say what it is
     addDockWidget(Qt::LeftDockWidgetArea, m_dock);
@@ -63,12 +79,12 @@ void frmExplore::layOut() {
         [this](Changed changed) { told(changed); }, this);
     m_parts = new QSplitter(Qt::Vertical, this);
     m_parts->setObjectName("splitPictures");
-    m_parts->setChildrenCollapsible(false);
     m_tables = new ExploreTables(handlers(), this);
     m_network = new NetworkPicture(services().screenMetrics, handlers(), this);
     m_parts->addWidget(m_network);
     m_parts->addWidget(scrolled(*m_profile));
     m_parts->addWidget(m_tables);
+    m_parts->setCollapsible(1, false); // the other two may go where there is little room
     m_parts->setSizes({networkShare, pictureShare, tableShare});
     int part = 0;
     for (const int share : {networkShare, pictureShare, tableShare})

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int restMilliseconds = 80;
 constexpr int margin = 6;
+constexpr int leastLetters = 10; // of a box of choices
 
 bool hasSameRuns(const ExploreState& a, const ExploreState& b) {
     return a.study == b.study && a.network == b.network && a.hidden == b.hidden;
@@ -89,6 +90,7 @@ QComboBox& ExploreTables::choiceBox(const char* name, const QString& accessibleN
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);
     box->addItems(choices);
+    box->setMinimumWidth(leastLetters * box->fontMetrics().averageCharWidth()); // where there is little room
     return *box;
 }
 
@@ -104,11 +106,11 @@ QWidget* ExploreTables::makeCompliancePage() {
     RowsView& view = addView(compliance, "tblCompliance", tr("Compliance"));
     m_lowIsBad = new LowIsBadButton(m_handlers, this);
     m_lowIsBad->onChosen = [this](int determinand, bool isLow) { emit lowIsBadChosen(determinand, isLow); };
-    auto* words = new QLabel(tr("Judged by the statistic that each target is for, as surely as the limits "
-                                "allow. A double click shows a reach and determinand above."),
-                             this);
-    words->setObjectName("lblCompliance");
-    words->setWordWrap(true);
+    auto* words =
+        new WrappedNote("lblCompliance",
+                        tr("Judged by the statistic that each target is for, as surely as the limits "
+                           "allow. A double click shows a reach and determinand above."),
+                        this);
     auto* choices = choicesRow();
     choices->addWidget(m_lowIsBad);
     choices->addWidget(words, 1);
@@ -123,11 +125,11 @@ QWidget* ExploreTables::makeFitPage() {
     m_fitBy = &choiceBox("cboFitBy", tr("Fit over"), {tr("Whole file"), tr("Rivers"), tr("Reaches")});
     m_fitLogarithmic = new QCheckBox(tr("Logarithmic"), this);
     m_fitLogarithmic->setObjectName("chkFitLogarithmic");
-    auto* caution = new QLabel(tr("Across places, not over time; stations that the model was calibrated to "
-                                  "are no independent test."),
-                               this);
-    caution->setObjectName("lblFit");
-    caution->setWordWrap(true);
+    auto* caution =
+        new WrappedNote("lblFit",
+                        tr("Across places, not over time; stations that the model was calibrated to "
+                           "are no independent test."),
+                        this);
     auto* choices = choicesRow();
     choices->addWidget(&caption(tr("Fit over"), *m_fitBy));
     choices->addWidget(m_fitBy);
@@ -158,9 +160,7 @@ QWidget* ExploreTables::makeSourcesPage() {
     m_sourcesOf = &choiceBox("cboSourcesOf", tr("Sources of"), {});
     m_sourcesAt = &choiceBox("cboSourcesAt", tr("Sources at"), {tr("At the mouth"), tr("At the cursor")});
     m_sourcesBy = &choiceBox("cboSourcesBy", tr("Listed"), {tr("By source"), tr("By kind")});
-    m_sourcesHeading = new QLabel(this);
-    m_sourcesHeading->setObjectName("lblSources");
-    m_sourcesHeading->setWordWrap(true);
+    m_sourcesHeading = new WrappedNote("lblSources", "", this);
     auto* choices = choicesRow();
     choices->addWidget(&caption(tr("Sources of"), *m_sourcesOf));
     QLabel &at = caption(tr("Place"), *m_sourcesAt), &by = caption(tr("Listed"), *m_sourcesBy);

@@ -8,6 +8,7 @@
 #include "explore/tables/LowIsBadButton.h"
 #include "explore/tables/RowsView.h"
 #include "explore/tables/ScatterPicture.h"
+#include "explore/tables/WrappedNote.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -82,7 +83,7 @@ class ExploreTables : public QWidget {
     QComboBox* m_sourcesOf = nullptr;
     QComboBox* m_sourcesAt = nullptr;
     QComboBox* m_sourcesBy = nullptr;
-    QLabel* m_sourcesHeading = nullptr;
+    WrappedNote* m_sourcesHeading = nullptr;
     QTimer m_cursorRest; // before the sources at the cursor are found
 };
 

@@ -23,6 +23,7 @@ namespace {
 
 constexpr int sampledRows = 40;
 constexpr int widestColumn = 34; // letters
+constexpr int leastColumns = 4;  // as wide as a line is high
 
 } // namespace
 
@@ -116,6 +117,12 @@ void RowsView::setSource(std::shared_ptr<const RowSource> source) {
                                                              ? Qt::DescendingOrder
                                                              : Qt::AscendingOrder);
     if (m_fitted != columnNames()) fitColumns();
+}
+
+// The headings and a line.
+QSize RowsView::minimumSizeHint() const {
+    const int line = verticalHeader()->defaultSectionSize();
+    return {leastColumns * line, horizontalHeader()->sizeHint().height() + line};
 }
 
 void RowsView::setFilter(const std::string& words) {

@@ -23,6 +23,7 @@ class RowsView : public QTableView {
     void copySelection() const;
     // Why there is nothing to see; "" where there is.
     QString emptyText() const;
+    QSize minimumSizeHint() const override;
     // As a click on its heading: one way, the other way, file order.
     void stepSorting(int column);
 

@@ -19,7 +19,7 @@ class ScatterPicture : public QWidget {
     int marked() const { return m_marked; } // -1 for none
 
     QSize sizeHint() const override { return {320, 260}; }
-    QSize minimumSizeHint() const override { return {160, 140}; }
+    QSize minimumSizeHint() const override { return {120, 60}; }
 
   signals:
     void placeChosen(int reach, double distance, const QString& side);

@@ -49,7 +49,7 @@ EmptyPage::EmptyPage(Handlers& handlers, QWidget* parent)
         onRecent(m_files[static_cast<std::size_t>(m_recent->row(item))]);
     }));
     auto* column = new QWidget(this);
-    column->setFixedWidth(columnWidth);
+    column->setMaximumWidth(columnWidth);
     auto* down = new QVBoxLayout(column);
     down->setSpacing(between);
     down->addStretch(2);
@@ -64,7 +64,9 @@ EmptyPage::EmptyPage(Handlers& handlers, QWidget* parent)
     down->addWidget(m_recent, 3);
     down->addStretch(2);
     auto* across = new QHBoxLayout(this);
-    across->addWidget(column, 0, Qt::AlignHCenter);
+    across->addStretch(1);
+    across->addWidget(column, columnWidth); // all that there is, up to its width
+    across->addStretch(1);
 }
 
 void EmptyPage::show(const std::vector<std::string>& recent) {

@@ -154,6 +154,7 @@ void ExploreBar::addLooks() {
     m_statistic->setToolTip("The mean, or a percentile");
     for (const Statistic each : allStatistics)
         m_statistic->addItem(shown(nameOf(each)));
+    addGap();
     m_logarithmic =
         addSwitch("chkLogarithmic", "Log", "A logarithmic scale; it leaves out what is not above 0");
     m_fromZero = addSwitch("chkFromZero", "From 0", "Begin linear scales at 0");

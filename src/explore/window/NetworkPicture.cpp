@@ -15,6 +15,7 @@ namespace korvel {
 namespace {
 
 constexpr double near = 8; // pixels
+constexpr int leastWidth = 240, leastHeight = 50;
 
 bool isSame(const ExploreState& a, const ExploreState& b) {
     return a.study == b.study && a.from == b.from && a.to == b.to;
@@ -39,7 +40,7 @@ NetworkPicture::NetworkPicture(const TextMetrics& metrics, Handlers& handlers, Q
     setAccessibleDescription("A click on a river looks down it; the boxes From and to do the same.");
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(320, 70);
+    setMinimumSize(leastWidth, leastHeight);
 }
 
 void NetworkPicture::show(const ExploreState& state, NetworkView view) {

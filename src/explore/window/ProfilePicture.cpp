@@ -18,8 +18,8 @@ namespace korvel {
 
 namespace {
 
-constexpr int leastHeight = 120; // pixels
-constexpr double oneNotch = 120; // of a wheel
+constexpr int leastWidth = 240, leastHeight = 90; // pixels
+constexpr double oneNotch = 120;                  // of a wheel
 constexpr double zoomOfNotch = 1.25;
 constexpr double scrollOfNotch = 0.1; // of what is seen
 constexpr int aroundCursor = 12;      // pixels that marks reach to either side
@@ -58,7 +58,7 @@ ProfilePicture::ProfilePicture(Navigator& navigator, const ExploreScene& scene, 
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(320, leastHeight);
+    setMinimumSize(leastWidth, leastHeight);
     m_clock.start();
 }
 

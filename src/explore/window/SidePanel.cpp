@@ -108,6 +108,8 @@ void SidePanel::makeSeries() {
     m_series->setObjectName("lstSeries");
     m_series->setAccessibleName("Series");
     m_series->setFrameShape(QFrame::NoFrame);
+    m_series->setTextElideMode(Qt::ElideMiddle); // the ending tells concentrations from loads
+    m_series->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_series->setSpacing(1);
     m_series->viewport()->setAutoFillBackground(false);
     m_series->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -175,6 +177,7 @@ void SidePanel::showSeries(const ExploreState& state) {
     for (int series = 0; series < count; ++series) {
         QListWidgetItem& line = *m_series->item(series);
         line.setText(shown(state.study->base().results().seriesNames[series]));
+        line.setToolTip(line.text() + '\n' + m_series->toolTip());
         const bool isChosen = std::ranges::find(state.series, series) != state.series.end();
         line.setCheckState(isChosen ? Qt::Checked : Qt::Unchecked);
     }

@@ -2,12 +2,16 @@
 
 #include <QPainter>
 
+#include <algorithm>
+#include <utility>
+
 namespace korvel {
 
 namespace {
 
 constexpr int progressWidth = 160;  // pixels
 constexpr int runsOfALine = 4;      // in the readout
+constexpr int shareOfWindow = 10;   // one part of so many
 constexpr int aside = 8, above = 4; // pixels
 
 } // namespace
@@ -22,9 +26,12 @@ class StatusLine::ReadoutLabel : public QLabel {
         setAccessibleDescription(hint);
         update();
     }
-    QSize sizeHint() const override { return {0, minimumHeight()}; }
-    QSize minimumSizeHint() const override { return sizeHint(); }
-    int heightForWidth(int) const override { return minimumHeight(); }
+    void setLines(int lines) {
+        if (std::exchange(m_lines, lines) != lines) updateGeometry();
+    }
+    QSize sizeHint() const override { return {0, heightOf(m_lines)}; }
+    QSize minimumSizeHint() const override { return {0, heightOf(1)}; }
+    int heightForWidth(int) const override { return heightOf(m_lines); }
 
   protected:
     void paintEvent(QPaintEvent* event) override {
@@ -37,7 +44,10 @@ class StatusLine::ReadoutLabel : public QLabel {
     }
 
   private:
+    int heightOf(int lines) const { return lines * fontMetrics().lineSpacing() + 2 * above; }
+
     QString m_hint;
+    int m_lines = 1;
 };
 
 StatusLine::StatusLine(QStatusBar& bar, Machine& machine, Handlers& handlers)
@@ -52,7 +62,7 @@ StatusLine::StatusLine(QStatusBar& bar, Machine& machine, Handlers& handlers)
     lblReadout->setContentsMargins(aside, above, aside, above);
     lblReadout->setTextInteractionFlags(Qt::TextSelectableByMouse);
     lblReadout->setWordWrap(true);
-    lblReadout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // no text widens the window
+    lblReadout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // no text widens the window
     lblDone->setObjectName("lblDone");
     lblDone->setMinimumWidth(1); // nor does one that tells of a long name
     m_progress->setObjectName("Progress");
@@ -60,6 +70,7 @@ StatusLine::StatusLine(QStatusBar& bar, Machine& machine, Handlers& handlers)
     m_progress->setFixedWidth(progressWidth);
     m_progress->setTextVisible(false);
     bar.setSizeGripEnabled(false);
+    bar.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred); // lower in a low window
     bar.addWidget(lblReadout, 1);
     bar.addPermanentWidget(lblDone);
     bar.addPermanentWidget(m_progressText);
@@ -76,11 +87,10 @@ void StatusLine::setHint(const QString& hint) {
     lblReadout->setHint(hint);
 }
 
-void StatusLine::giveRoom(std::size_t runs) {
-    const int lines = 1 + static_cast<int>(runs) / runsOfALine;
-    const QMargins margins = lblReadout->contentsMargins();
-    lblReadout->setFixedHeight(lines * lblReadout->fontMetrics().lineSpacing() + margins.top() +
-                               margins.bottom());
+void StatusLine::giveRoom(std::size_t runs, int windowHeight) {
+    const int wanted = 1 + static_cast<int>(runs) / runsOfALine;
+    const int most = windowHeight / (shareOfWindow * lblReadout->fontMetrics().lineSpacing());
+    lblReadout->setLines(std::clamp(most, 1, wanted));
 }
 
 void StatusLine::tellProgress(const QString& words, double share) {

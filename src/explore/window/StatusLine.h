@@ -15,8 +15,9 @@ class StatusLine : public QObject {
     StatusLine(QStatusBar& bar, Machine& machine, Handlers& handlers);
 
     void showReadout(const QString& text);
-    // As many lines as the values of all runs may need, so that nothing moves while the cursor does.
-    void giveRoom(std::size_t runs);
+    // As many lines as the values of all runs may need, so that nothing moves while the cursor does; fewer in
+    // a low window.
+    void giveRoom(std::size_t runs, int windowHeight);
     // What is told while there are no values.
     void setHint(const QString& hint);
 
