@@ -20,5 +20,7 @@ A demonstration engine and a sample catchment are included.")
 # something is printed or written first, and the fonts that the given forms are laid out for.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, libcups2, libsqlite3-0, libxlsxwriter4")
+# A desktop finds the program for a results file by what these two write down.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "desktop-file-utils, shared-mime-info")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "wine")
 include(CPack)

@@ -8,7 +8,7 @@ _korvel() {
         esac
     done
     case $command in
-        '') options='--application-folder --help --version' ;;
+        '') options='--application-folder --graphs --help --version' ;;
         info) options='--again --against --help --json --points --values' ;;
         csv) options='--determinands --help --limits --observed --output --reaches --statistics --targets --upstream' ;;
         report) options='--determinands --help --limits --observed --output --reaches --statistics --targets --upstream' ;;

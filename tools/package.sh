@@ -50,7 +50,7 @@ if [[ $(id -u) -ne 0 ]] || ! command -v mmdebstrap >/dev/null; then
 fi
 echo "Making a clean root"
 sources=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.sources /etc/apt/sources.list.d/*.list 2>/dev/null | sed '/^#/d' || true)
-if ! mmdebstrap --mode=root --variant=apt --include=shared-mime-info,desktop-file-utils --aptopt='Acquire::Languages "none"' \
+if ! mmdebstrap --mode=root --variant=apt --aptopt='Acquire::Languages "none"' \
     --aptopt='Acquire::Check-Valid-Until "false"' bookworm "$work/clean" - <<<"$sources" >"$work/clean.log" 2>&1; then
     echo "Skipped: no clean root can be made here: $(tail -n 1 "$work/clean.log" | sed 's#http[^ ]*#the mirror#')"
     exit 77
@@ -61,7 +61,7 @@ listing() { (cd "$work/clean" && find . -xdev -path ./var -prune -o -path ./proc
 inside useradd --create-home user
 cp "$package" "$work/clean/tmp/korvel.deb"
 # What the package needs comes first, so that only the package itself is told apart below.
-needs=$(dpkg-deb -f "$package" Depends | sed 's/([^)]*)//g; s/,/ /g')
+needs=$(for field in Depends Recommends; do dpkg-deb -f "$package" $field; done | sed 's/([^)]*)//g; s/,/ /g')
 if ! { inside apt-get update -qq && inside apt-get install -qq -y --download-only --no-install-recommends $needs; } \
     >"$work/fetch.log" 2>&1; then
     echo "Skipped: what the package needs can't be fetched here"
@@ -72,7 +72,7 @@ listing >"$work/before"
 
 echo "Installing"
 inside apt-get install -qq -y --no-install-recommends /tmp/korvel.deb >"$work/install.log" 2>&1 || { cat "$work/install.log"; exit 1; }
-inside grep -q '^application/x-korvel-results=.*korvel.desktop' /usr/share/applications/mimeinfo.cache
+inside grep -q '^application/x-korvel-results=.*korvel-explorer.desktop' /usr/share/applications/mimeinfo.cache
 inside grep -q 'application/x-korvel-results:\*.sgr' /usr/share/mime/globs2
 inside su user -c 'cd && cp /usr/share/doc/korvel/examples/ALDER.DAT . && korvel run ALDER.DAT --wait | tail -n 1 &&
     korvel info ALDER.SGR | head -n 1 && korvel table ALDER.SGR --output ALDER.xlsx'

@@ -229,7 +229,7 @@ void frmStart::onActivate() {
     GLOBAL.RunStarting = false;
     refresh();
     if (m_page) m_page->reload();
-    if (!m_openOnStart.empty()) showGraphsOf(std::exchange(m_openOnStart, ""));
+    if (m_openOnStart) showGiven(*std::exchange(m_openOnStart, std::nullopt));
 }
 
 // The form was closed by its window control.

@@ -17,6 +17,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 namespace korvel {
 
@@ -24,7 +25,8 @@ class frmStart : public Form {
   public:
     explicit frmStart(Platform& services);
 
-    // Shows the set-up form on this results file (a model name) as soon as the main form is shown.
+    // Shows the set-up form on this results file (a model name; "" for none) as soon as the main form is
+    // shown.
     void openOnStart(const std::string& resultsFile) { m_openOnStart = resultsFile; }
 
     // Start-up, in its order; a failure is the run-time's.
@@ -51,6 +53,7 @@ class frmStart : public Form {
     void runAgain(const LastRun& run);
     void runSample();
     void runOn(const std::string& dataFile, int runType);
+    void showGiven(const std::string& resultsFile);
     void showGraphsOf(const std::string& resultsFile);
     void showReportsOf(const std::string& resultsFile);
     void fitToWorkArea(Form& form);
@@ -143,7 +146,7 @@ class frmStart : public Form {
     std::unique_ptr<frmReports> m_reports;
     std::unique_ptr<frmBatch> m_batch; // made when it is shown first
     std::unique_ptr<frmHelp> m_help;   // likewise
-    std::string m_openOnStart;
+    std::optional<std::string> m_openOnStart;
     FileDialogSettings m_exploreDialog;
     std::unique_ptr<StartPage> m_page; // made after the first painting
     bool m_isPainted = false;

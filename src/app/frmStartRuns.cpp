@@ -7,6 +7,7 @@
 #include "global/GLOBAL.h"
 #include "platform/DialogsChosen.h"
 #include "runs/RunModel.h"
+#include "toolkit/desktop/ProductIcon.h"
 
 #include <QTimer>
 
@@ -37,6 +38,7 @@ void frmStart::paintEvent(QPaintEvent* event) {
     if (m_isPainted) return;
     m_isPainted = true;
     QTimer::singleShot(0, this, handlers().guarded([this] {
+        showProductIcon();
         loadHidden();
         makeStartPage();
     }));
@@ -125,6 +127,10 @@ void frmStart::runOn(const std::string& dataFile, int runType) {
     DataFiles dataFiles(platform, dataFileCallbacks());
     RunModel(platform, dataFiles);
     refresh();
+}
+
+void frmStart::showGiven(const std::string& resultsFile) {
+    resultsFile.empty() ? showGraphs() : showGraphsOf(resultsFile);
 }
 
 // As after a run, but that a file that can't be read is not waited for.

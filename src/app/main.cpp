@@ -11,6 +11,7 @@
 #include "platform/ApplicationFolder.h"
 #include "platform/DiskFiles.h"
 #include "runs/frmEngine.h"
+#include "toolkit/desktop/ProductIcon.h"
 #include "toolkit/desktop/QtDialogs.h"
 #include "toolkit/desktop/QtMachine.h"
 #include "toolkit/desktop/QtWindows.h"
@@ -63,12 +64,12 @@ std::string givenResultsFile(Services& services, const std::vector<std::string>&
     }
 }
 
-int showMainForm(Services& services, const std::vector<std::string>& arguments) {
+int showMainForm(Services& services, const ProgramArguments& arguments) {
     frmStart start(services.platform);
     Handlers(services.windows).run([&] {
-        const std::string resultsFile = givenResultsFile(services, arguments);
+        const std::string resultsFile = givenResultsFile(services, arguments.rest);
         services.files.setCurrentFolder(services.machine.applicationFolder());
-        if (!resultsFile.empty()) start.openOnStart(resultsFile);
+        if (!resultsFile.empty() || arguments.opensGraphs) start.openOnStart(resultsFile);
         start.loadShown();
     });
     services.windows.showModeless(start);
@@ -85,6 +86,7 @@ void showMaximized(frmEngine& window, Machine& machine) {
 
 // Asked to end by the system, the window ends with its engine.
 int showEngineWindow(Services& services, const std::vector<std::string>& arguments) {
+    showProductIcon();
     EngineWindowCall call = takeEngineWindowCall(arguments);
     frmEngine window(services.platform, std::move(call.run), std::move(call.turn));
     const EndSignals endSignals([](int signal) { QApplication::exit(endedBySignal + signal); });
@@ -99,6 +101,7 @@ int showExplorer(const std::function<std::string()>& findFolder, const std::vect
     static char* arguments[] = {name, nullptr};
     QApplication application(argumentCount, arguments);
     settleExplorerLook();
+    showProductIcon();
     Services services(findFolder);
     ExploreMemory memory;
     frmExplore window(services.platform, memory, files);
@@ -135,14 +138,14 @@ int runForConsole(const std::vector<std::string>& arguments, const std::function
                       [&](const std::vector<std::string>& files) { return showExplorer(findFolder, files); });
 }
 
-int runWindows(int argc, char** argv, const std::vector<std::string>& arguments,
+int runWindows(int argc, char** argv, const ProgramArguments& arguments,
                const std::function<std::string()>& findFolder) {
-    if (!isEngineWindowCall(arguments)) settleBeforeQt(); // its text is as large as the desktop says
+    if (!isEngineWindowCall(arguments.rest)) settleBeforeQt(); // its text is as large as the desktop says
     QApplication application(argc, argv);
     settleLook();
     const ThemeFollower theme;
     Services services(findFolder);
-    if (isEngineWindowCall(arguments)) return showEngineWindow(services, arguments);
+    if (isEngineWindowCall(arguments.rest)) return showEngineWindow(services, arguments.rest);
     return showMainForm(services, arguments);
 }
 
@@ -156,7 +159,7 @@ int runProgram(int argc, char** argv) {
     };
     if (!isEngineWindowCall(arguments.rest) && isForCommands(arguments.rest))
         return runForConsole(arguments.rest, findFolder);
-    return runWindows(argc, argv, arguments.rest, findFolder);
+    return runWindows(argc, argv, arguments, findFolder);
 }
 
 } // namespace

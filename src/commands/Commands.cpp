@@ -22,9 +22,10 @@ const Command* commandOf(const std::string& name) {
 }
 
 void printHelp(std::ostream& out) {
-    out << "Usage: korvel [--application-folder DIR] [FILE.SGR]\n"
+    out << "Usage: korvel [--application-folder DIR] [--graphs] [FILE.SGR]\n"
            "       korvel [--application-folder DIR] COMMAND ...\n\n"
-           "Without a command the windows open; with a results file, its graph set-up too.\n\nCommands:\n";
+           "Without a command the windows open; with a results file or --graphs, the graph set-up\n"
+           "too.\n\nCommands:\n";
     for (const Command* command : commandList)
         out << "  " << std::left << std::setw(11) << command->name << ' ' << command->summary << '\n';
     out << "\nkorvel COMMAND --help tells more of a command; korvel --version prints the version.\n";
@@ -59,6 +60,25 @@ int checked(std::ostream& out, int status) {
     return status;
 }
 
+bool takeFolder(ProgramArguments& taken) {
+    const std::string option = "--application-folder";
+    std::vector<std::string>& rest = taken.rest;
+    if (rest.empty() || !rest[0].starts_with(option)) return false;
+    const bool separate = rest[0] == option;
+    if (!separate && rest[0][option.size()] != '=') return false;
+    if (separate && rest.size() < 2) throw UsageError("option '" + option + "' needs a value");
+    taken.applicationFolder = separate ? rest[1] : rest[0].substr(option.size() + 1);
+    rest.erase(rest.begin(), rest.begin() + (separate ? 2 : 1));
+    return true;
+}
+
+bool takeGraphs(ProgramArguments& taken) {
+    if (taken.rest.empty() || taken.rest[0] != "--graphs") return false;
+    taken.opensGraphs = true;
+    taken.rest.erase(taken.rest.begin());
+    return true;
+}
+
 int reportUsage(std::ostream& errors, const std::string& caller, const UsageError& error) {
     errors << caller << ": " << error.what() << " (read '" << caller << " --help')\n";
     return exitStatus::wrongUsage;
@@ -67,17 +87,13 @@ int reportUsage(std::ostream& errors, const std::string& caller, const UsageErro
 } // namespace
 
 ProgramArguments takeProgramOptions(const std::vector<std::string>& arguments) {
-    const std::string option = "--application-folder";
-    ProgramArguments taken{{}, arguments};
-    while (!taken.rest.empty() && taken.rest[0].starts_with(option)) {
-        const std::string first = taken.rest[0];
-        const bool separate = first == option;
-        if (!separate && first[option.size()] != '=') break;
-        if (separate && taken.rest.size() < 2) throw UsageError("option '" + option + "' needs a value");
-        taken.applicationFolder = separate ? taken.rest[1] : first.substr(option.size() + 1);
-        taken.rest.erase(taken.rest.begin(), taken.rest.begin() + (separate ? 2 : 1));
+    ProgramArguments taken;
+    taken.rest = arguments;
+    while (takeFolder(taken) || takeGraphs(taken)) {
     }
     if (!taken.rest.empty() && isStudyFile(taken.rest[0])) taken.rest.insert(taken.rest.begin(), "explore");
+    if (taken.opensGraphs && isForCommands(taken.rest))
+        throw UsageError("option '--graphs' is for the windows, not for '" + taken.rest[0] + "'");
     return taken;
 }
 

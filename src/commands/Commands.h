@@ -50,6 +50,7 @@ struct Command {
 // What stands before the command or the file: options for the whole program.
 struct ProgramArguments {
     std::optional<std::string> applicationFolder; // a host path as typed
+    bool opensGraphs = false;                     // the windows, with the graph set-up open
     std::vector<std::string> rest;
 };
 

@@ -93,6 +93,10 @@ TEST(Commands, AnswerWrongUsageWithOneLineAndStatus2) {
          "korvel info: option '--json' takes no value (read 'korvel info --help')\n"},
         {{"--application-folder"},
          "korvel: option '--application-folder' needs a value (read 'korvel --help')\n"},
+        {{"--graphs", "info"},
+         "korvel: option '--graphs' is for the windows, not for 'info' (read 'korvel --help')\n"},
+        {{"--graphs", "S.korvel-study"},
+         "korvel: option '--graphs' is for the windows, not for 'explore' (read 'korvel --help')\n"},
     };
     for (const auto& [arguments, line] : cases) {
         const Called called = call(arguments);
@@ -109,6 +113,22 @@ TEST(Commands, TakeTheApplicationFolderBeforeTheCommand) {
     EXPECT_EQ(takeProgramOptions({"--application-folder=/x", "a.sgr"}).rest,
               std::vector<std::string>{"a.sgr"});
     EXPECT_EQ(takeProgramOptions({"a.sgr"}).applicationFolder, std::nullopt);
+}
+
+TEST(Commands, TakeTheWishForGraphsBeforeTheFile) {
+    using Words = std::vector<std::string>;
+    const std::vector<std::pair<Words, Words>> cases = {
+        {{"--graphs"}, {}},
+        {{"--graphs", "a.sgr"}, {"a.sgr"}},
+        {{"--graphs", "--application-folder", "f", "a.sgr"}, {"a.sgr"}},
+        {{"--application-folder", "f", "--graphs"}, {}},
+    };
+    for (const auto& [arguments, rest] : cases) {
+        EXPECT_TRUE(takeProgramOptions(arguments).opensGraphs) << arguments.front();
+        EXPECT_EQ(takeProgramOptions(arguments).rest, rest) << arguments.front();
+    }
+    EXPECT_FALSE(takeProgramOptions({"a.sgr"}).opensGraphs);
+    EXPECT_EQ(takeProgramOptions({"a.sgr", "--graphs"}).rest, (Words{"a.sgr", "--graphs"}));
 }
 
 TEST(Commands, LeaveAStudyToTheExplorer) {

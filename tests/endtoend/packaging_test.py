@@ -3,6 +3,7 @@ desktop are valid; version and date agree wherever they stand.
 
 packaging_test.py SOURCE BUILD
 """
+import configparser
 import os
 import pathlib
 import re
@@ -96,13 +97,35 @@ def check_installed(prefix):
 def check_desktop(prefix):
     share = prefix / "share"
     for checker in (["desktop-file-validate", share / "applications/korvel.desktop"],
+                    ["desktop-file-validate", share / "applications/korvel-explorer.desktop"],
                     ["xmllint", "--noout", share / "mime/packages/korvel.xml"],
                     ["appstreamcli", "validate", "--no-net", share / "metainfo/org.korvel.korvel.metainfo.xml"]):
         result = run(*checker)
         check(result.returncode == 0, f"{checker[0]}: {result.stdout}{result.stderr}")
     icons = sorted(path.parent.parent.name for path in (share / "icons/hicolor").glob("*/apps/korvel.png"))
     check(icons == ["128x128", "16x16", "24x24", "256x256", "32x32", "48x48", "64x64"], f"icons of {icons}")
+    check_ways_in(share)
     check_type_of_results(share)
+
+
+def desktop_keys(file):
+    """Each group's keys and values."""
+    entries = configparser.ConfigParser(interpolation=None, strict=True)
+    entries.optionxform = str
+    entries.read(file)
+    return {group: dict(entries[group]) for group in entries.sections()}
+
+
+def check_ways_in(share):
+    """The menu starts the main form, its actions the Explorer and the graph set-up; a file opens the Explorer, several at
+    once one of them."""
+    menu = desktop_keys(share / "applications/korvel.desktop")
+    starts = {group: keys["Exec"] for group, keys in menu.items()}
+    check(starts == {"Desktop Entry": "korvel", "Desktop Action explore": "korvel explore",
+                     "Desktop Action graphs": "korvel --graphs"}, f"the menu entry starts {starts}")
+    check("MimeType" not in menu["Desktop Entry"], "the menu entry opens files")
+    files = desktop_keys(share / "applications/korvel-explorer.desktop")["Desktop Entry"]
+    check((files["Exec"], files["NoDisplay"]) == ("korvel explore %F", "true"), f"files are opened by {files}")
 
 
 def check_type_of_results(share):
@@ -112,7 +135,8 @@ def check_type_of_results(share):
     globs = (share / "mime/globs2").read_text()
     check("application/x-korvel-results:*.sgr" in globs, f"types of names are {globs}")
     cache = (share / "applications/mimeinfo.cache").read_text()
-    check("application/x-korvel-results=korvel.desktop" in cache, f"programs of types are {cache}")
+    for type_of_file in ["results", "study"]:
+        check(f"application/x-korvel-{type_of_file}=korvel-explorer.desktop;\n" in cache, f"programs of types are {cache}")
 
 
 def check_version(program):

@@ -265,6 +265,33 @@ TEST_F(FrmStart, OpensTheSetUpFormOnAFileGivenAtStart) {
               "show modeless frmStart\nshow modal frmGraphData\nclosed frmGraphData\n");
 }
 
+TEST_F(FrmStart, OpensTheEmptySetUpFormWhereItIsAskedForAtStart) {
+    form = std::make_unique<frmStart>(platform);
+    platform.setBottomForm(*form);
+    form->load();
+    form->openOnStart("");
+    platform.willActOn("frmGraphData", [&](ShownForm& setUp) {
+        EXPECT_EQ(control<QLabel>(setUp, "lblFileName_0").text(), "");
+    });
+    platform.platform().windows.showModeless(*form);
+    EXPECT_EQ(platform.takeTranscript(),
+              "show modeless frmStart\nshow modal frmGraphData\nclosed frmGraphData\n");
+}
+
+TEST_F(FrmStart, HasTheProductsIconOnceItIsPainted) {
+    QApplication::setWindowIcon({});
+    start();
+    EXPECT_TRUE(form->windowIcon().isNull());
+    form->grab();
+    passEvents();
+    QList<QSize> sizes = form->windowIcon().availableSizes();
+    std::ranges::sort(sizes, {}, &QSize::width);
+    EXPECT_EQ(sizes, (QList<QSize>{{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}, {128, 128}}));
+    const QImage picture = form->windowIcon().pixmap(64, 64).toImage();
+    EXPECT_EQ(picture.pixelColor(32, 10), QColor(0x0b, 0x4f, 0x71));
+    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
+}
+
 TEST_F(FrmStart, DoesNotTryAFileGivenAtStartAgain) {
     form = std::make_unique<frmStart>(platform);
     platform.setBottomForm(*form);
