@@ -37,7 +37,7 @@ std::vector<int> observedSeries() {
 }
 
 // As a command writes it, to nothing.
-void give(Table table) {
+void give(const Table& table) {
     OutputBytes bytes([](std::string_view) {});
     writeJson(table, bytes);
     bytes.flush();
@@ -56,7 +56,7 @@ std::vector<Job> jobsOn(const StudyRun& run) {
     return {
         {"changes",
          [run, other] {
-             give(changesByReach(compared(run, other), {allSeries(), Statistic::mean, {}}));
+             give(changesByReach(compared(other, run), {allSeries(), Statistic::mean, {}}));
          }},
         {"compliance",
          [run, other, compliance] {

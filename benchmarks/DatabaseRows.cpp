@@ -119,7 +119,7 @@ int main(int argc, char** argv) {
     const int rounds = std::max(std::atoi(argv[2]) / 3, 1);
     if (!std::filesystem::exists(path)) writeLargeResultsFile(path, ResultsForm::fixedWidth);
     DiskFiles files;
-    const StudyRun run{"fixed.sgr", readRun(files, modelNameOfHostPath(path)).run};
+    StudyRun run{"fixed.sgr", readRun(files, modelNameOfHostPath(path)).run};
     if (!run.file) return 1;
     TidyRequest request{{}, {allStatistics.begin(), allStatistics.end()}, {}, true};
     request.series.resize(2 * largeDeterminands + 1);
@@ -128,7 +128,7 @@ int main(int argc, char** argv) {
     const std::string database = folder + "/bench.sqlite";
     const auto ours = [&] {
         std::filesystem::remove(database);
-        writeDatabase(runDatabaseContent({1, [run](std::size_t) { return run; }}, request), {}, files,
+        writeDatabase(runDatabaseContent({1, [&](std::size_t) { return run; }}, request), {}, files,
                       modelNameOfHostPath(database));
     };
     const auto theirs = [&] { BareInserts(database).insert(values); };

@@ -20,6 +20,7 @@ std::vector<LabelRequest> requestsOn(double width) {
     std::mt19937 random(1);
     std::uniform_real_distribution<double> at(0, width), text(60, 250);
     std::vector<LabelRequest> requests;
+    requests.reserve(labels);
     for (int k = 0; k < labels; ++k)
         requests.push_back({at(random), text(random), k % 3 == 0, k == 0 || k == labels - 1});
     return requests;

@@ -96,9 +96,9 @@ int main(int argc, char** argv) {
     setenv("TMPDIR", folder.c_str(), 1);
     if (!std::filesystem::exists(path)) writeLargeResultsFile(path, ResultsForm::fixedWidth);
     DiskFiles files;
-    const StudyRun run{"fixed.sgr", readRun(files, modelNameOfHostPath(path)).run};
+    StudyRun run{"fixed.sgr", readRun(files, modelNameOfHostPath(path)).run};
     if (!run.file) return 1;
-    const Table table = tidyTable({1, [run](std::size_t) { return run; }},
+    const Table table = tidyTable({1, [&](std::size_t) { return run; }},
                                   {{1, 2}, {allStatistics.begin(), allStatistics.end()}, {}, true});
     KeptCells kept;
     table.rows(kept);

@@ -20,10 +20,12 @@ struct SeriesValues {
     bool hasLimits() const { return !limit1.empty(); }
     double low(int point) const { return std::min(limit1[at(point)], limit2[at(point)]); }
     double high(int point) const { return std::max(limit1[at(point)], limit2[at(point)]); }
-    // Two limits, with the value between them. Asked of every point, and no branch could be foreseen.
+    // Two limits, with the value between them.
     bool isBounded(int point) const {
         if (!hasLimits()) return false;
         const double lowest = low(point), highest = high(point), v = value[at(point)];
+        // Without branches: it is asked of every point, and none could be foreseen.
+        // NOLINTNEXTLINE(readability-implicit-bool-conversion)
         return (lowest < highest) & (lowest <= v) & (v <= highest);
     }
     bool isObserved(int point) const { return observed[at(point)] != 0; }
