@@ -285,12 +285,20 @@ void frmExplore::refreshCursor() {
     m_profile->refreshCursor();
     m_network->showCursor(m_state.cursor);
     const auto place = m_navigator.place();
-    QString text;
-    if (place)
-        text = QString::fromStdString(
-            cursorText(m_scene.readout(*place), m_scene.view().kind, m_navigator.panel()));
-    m_status->showReadout(text);
+    m_status->showReadout(place ? readoutTexts(*place) : std::vector<QString>());
     if (!m_followCursor.isActive()) m_followCursor.start();
+}
+
+// Whole, and with shorter and shorter names of runs.
+std::vector<QString> frmExplore::readoutTexts(std::size_t place) const {
+    const Readout whole = m_scene.readout(place);
+    const auto textOf = [&](const Readout& readout) {
+        return QString::fromStdString(cursorText(readout, m_scene.view().kind, m_navigator.panel()));
+    };
+    std::vector<QString> texts = {textOf(whole)};
+    for (const std::size_t letters : {24, 16, 10})
+        if (!m_status->fits(texts.back())) texts.push_back(textOf(withShortNames(whole, letters)));
+    return texts;
 }
 
 void frmExplore::told(Changed changed) {

@@ -64,6 +64,7 @@ class frmExplore : public Form {
     void refresh();
     void refreshCursor();
     void giveReadoutRoom();
+    std::vector<QString> readoutTexts(std::size_t place) const;
     void refreshPictures();
     void refreshNetwork();
     void told(Changed changed);

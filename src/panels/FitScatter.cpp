@@ -1,15 +1,15 @@
 #include "panels/FitScatter.h"
 
+#include "panels/ValueAxis.h"
+
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace korvel {
 
 namespace {
 
-const Font small = {"Arial", 8, false};
+const char* const nameAcross = "Observed";
 constexpr double margin = 90; // twips
 constexpr double tickRoom = 900;
 constexpr double halfMarker = 45;
@@ -39,25 +39,10 @@ bool canBeLogarithmic(const std::vector<ObservedPoint>& points) {
                                [](const ObservedPoint& each) { return each.value > 0 && each.observed > 0; });
 }
 
-// A multiple of a round step, without the digits that come from adding; -0 is 0.
-std::string tickText(double value) {
-    std::array<char, 40> digits;
-    char* const last = digits.data() + digits.size();
-    const auto end = std::to_chars(digits.data(), last, value + 0.0, std::chars_format::general, 6).ptr;
-    return {digits.data(), end};
-}
-
-std::vector<AxisTick> ticksOf(const Scale& scale, double room) {
-    std::vector<AxisTick> ticks;
-    for (const double value : tickValues(scale, room))
-        ticks.push_back({value, scale.place(value), tickText(value)});
-    return ticks;
-}
-
-double widest(const std::vector<AxisTick>& ticks, const TextMetrics& metrics) {
+double widest(const std::vector<AxisTick>& ticks, const Font& font, const TextMetrics& metrics) {
     double width = 0;
     for (const AxisTick& tick : ticks)
-        width = std::max(width, metrics.measure(tick.text, small).width);
+        width = std::max(width, metrics.measure(tick.text, font).width);
     return width;
 }
 
@@ -68,8 +53,9 @@ std::string titleOf(const FittedPoints& points) {
 
 class ScatterDrawing {
   public:
-    ScatterDrawing(double width, double height, const ScatterColours& colours, const TextMetrics& metrics)
-        : m_colours(colours), m_metrics(metrics) {
+    ScatterDrawing(double width, double height, const Font& font, const ScatterColours& colours,
+                   const TextMetrics& metrics)
+        : m_font(font), m_colours(colours), m_metrics(metrics) {
         m_drawing.width = width;
         m_drawing.height = height;
     }
@@ -82,18 +68,19 @@ class ScatterDrawing {
     }
     // `x` is where the text begins, ends or has its middle.
     void text(double x, double y, const std::string& words, TextAlign align) {
-        const TextSize size = m_metrics.measure(words, small);
+        const TextSize size = m_metrics.measure(words, m_font);
         const double left = align == TextAlign::left    ? x
                             : align == TextAlign::right ? x - size.width
                                                         : x - size.width / 2;
         m_drawing.commands.push_back(
-            DrawnText{{left, y}, size.width, size.height, words, small, m_colours.ink, 1});
+            DrawnText{{left, y}, size.width, size.height, words, m_font, m_colours.ink, 1});
     }
-    double lineHeight() const { return m_metrics.measure("0", small).height; }
+    double lineHeight() const { return m_metrics.measure("0", m_font).height; }
 
     Drawing drawing() && { return std::move(m_drawing); }
 
   private:
+    const Font& m_font;
     const ScatterColours& m_colours;
     const TextMetrics& m_metrics;
     Drawing m_drawing;
@@ -130,22 +117,27 @@ const ScatterPoint* FitScatter::pointAt(const DrawnPoint& place, double reach) c
 }
 
 FitScatter layOutScatter(const FittedPoints& points, double width, double height, ScaleKind kind,
-                         const TextMetrics& metrics) {
+                         const TextMetrics& metrics, const Font& font) {
     FitScatter scatter;
+    scatter.font = font;
     scatter.run = points.run;
     if (points.points.empty()) return scatter;
     scatter.title = titleOf(points);
     if (!canBeLogarithmic(points.points)) kind = ScaleKind::linear;
     const Range range = rangeOf(points.points, kind);
-    const double line = metrics.measure("0", small).height;
-    scatter.up = {range.bottom, range.top, height - 2 * line - 2 * margin, 2 * line + 2 * margin, kind};
-    scatter.ticksUp = ticksOf(scatter.up, tickRoom / 2);
-    const double left = margin * 2 + widest(scatter.ticksUp, metrics);
+    const double line = metrics.measure("0", font).height;
+    const double name = metrics.measure(nameAcross, font).width + 2 * margin;
+    // Where the square leaves room beside it.
+    scatter.isNamedBeside = width - height > name;
+    const double under = (scatter.isNamedBeside ? 1 : 2) * line + 2 * margin;
+    scatter.up = {range.bottom, range.top, height - under, 2 * line + 2 * margin, kind};
+    scatter.ticksUp = axisOf(scatter.up, tickRoom / 2).ticks;
+    const double left = margin * 2 + widest(scatter.ticksUp, font, metrics);
     const double side = std::max(1.0, std::min(width - left - 2 * margin, scatter.up.from - scatter.up.to));
     scatter.up.to = scatter.up.from - side;
     scatter.across = {range.bottom, range.top, left, left + side, kind};
-    scatter.ticksUp = ticksOf(scatter.up, tickRoom / 2);
-    scatter.ticksAcross = ticksOf(scatter.across, tickRoom);
+    scatter.ticksUp = axisOf(scatter.up, tickRoom / 2).ticks;
+    scatter.ticksAcross = axisOf(scatter.across, tickRoom).ticks;
     for (const ObservedPoint& each : points.points)
         scatter.points.push_back({{scatter.across.place(each.observed), scatter.up.place(each.value)}, each});
     return scatter;
@@ -153,12 +145,17 @@ FitScatter layOutScatter(const FittedPoints& points, double width, double height
 
 Drawing drawScatter(const FitScatter& scatter, double width, double height, const ScatterPoint* marked,
                     const ScatterColours& colours, const TextMetrics& metrics) {
-    ScatterDrawing drawing(width, height, colours, metrics);
+    ScatterDrawing drawing(width, height, scatter.font, colours, metrics);
     if (scatter.points.empty()) return std::move(drawing).drawing();
     drawAxes(drawing, scatter, colours);
     drawing.text(margin, margin / 2, scatter.title, TextAlign::left);
     drawing.text(margin, margin / 2 + drawing.lineHeight(), "Simulated", TextAlign::left);
-    drawing.text(scatter.across.to, height - margin / 2 - drawing.lineHeight(), "Observed", TextAlign::right);
+    if (scatter.isNamedBeside)
+        drawing.text(scatter.across.to + margin, scatter.up.from - drawing.lineHeight() / 2, nameAcross,
+                     TextAlign::left);
+    else
+        drawing.text(scatter.across.to, height - margin / 2 - drawing.lineHeight(), nameAcross,
+                     TextAlign::right);
     for (const ScatterPoint& each : scatter.points)
         drawing.marker(each.at, halfMarker, colours.points, 1);
     if (marked != nullptr) drawing.marker(marked->at, halfMarked, colours.ink, 2);

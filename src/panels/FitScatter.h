@@ -35,6 +35,8 @@ struct FitScatter {
     std::vector<AxisTick> ticksAcross, ticksUp;
     std::vector<ScatterPoint> points;
     StudyRun run;
+    Font font;
+    bool isNamedBeside = false; // the axis across has its name at its end, else under it
 
     // The point nearest to a place of the drawing, none further away than `reach`.
     const ScatterPoint* pointAt(const DrawnPoint& place, double reach) const;
@@ -42,7 +44,7 @@ struct FitScatter {
 
 // In twips; from 0, or logarithmic where that is chosen and all is above 0.
 FitScatter layOutScatter(const FittedPoints& points, double width, double height, ScaleKind kind,
-                         const TextMetrics& metrics);
+                         const TextMetrics& metrics, const Font& font = {});
 
 // `marked`: the point under the pointer, or null.
 Drawing drawScatter(const FitScatter& scatter, double width, double height, const ScatterPoint* marked,

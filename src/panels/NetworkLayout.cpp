@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 
 namespace korvel {
 
@@ -15,6 +16,8 @@ namespace {
 
 constexpr double large = 0.4, middling = 0.1; // of the largest mean flow: where lines become wider
 constexpr std::size_t mostFeatures = 5000;
+constexpr double leastKeyed = 7;     // lines: lower pictures have no key
+constexpr double widestOfLane = 0.6; // of a lane, where lanes are narrow
 
 std::size_t at(int place) {
     return static_cast<std::size_t>(place);
@@ -51,11 +54,12 @@ class NetworkMaking {
         m_layout.symbolHalf = 0.32 * m_measures.line;
         if (const auto circles = circlesIn(m_network, m_run)) return tell(*circles + ": no picture of it.");
         if (m_network.next.empty()) return tell("No reaches.");
-        addKey();
+        if (isKeyed()) addKey();
         setDistance();
         placeRivers();
         placeReaches();
         placeJoins();
+        if (isKeyed() && hasWiderLines()) addWidthNote();
         placeFeatures();
         placeNames();
     }
@@ -65,6 +69,10 @@ class NetworkMaking {
         return std::max(0.0, m_run.results.reachLengths[m_run.reaches.number(place)]);
     }
     double xOf(double toMouth) const { return m_layout.distance.scale.place(toMouth); }
+    // A low picture is for the rivers alone.
+    bool isKeyed() const {
+        return m_view.colours != NetworkColours::plain && m_layout.height >= leastKeyed * m_measures.line;
+    }
     bool isByValue() const { return m_view.colours == NetworkColours::byValue; }
     double bottomRow() const { return (isByValue() ? 2.1 : 1.5) * m_measures.line; }
 
@@ -82,14 +90,25 @@ class NetworkMaking {
     // --- the key under the picture
 
     void addKey() {
-        const double middle = m_layout.height - (isByValue() ? 1.4 : 0.8) * m_measures.line;
+        const double middle = keyMiddle();
         if (m_view.colours == NetworkColours::byVerdict) addVerdictKey(middle);
         if (isByValue()) addColourBar(middle);
-        if (m_view.colours != NetworkColours::plain) addWidthNote(middle);
+    }
+
+    double keyMiddle() const { return m_layout.height - (isByValue() ? 1.4 : 0.8) * m_measures.line; }
+
+    // In narrow lanes all are as thin as can be.
+    bool hasWiderLines() const {
+        const auto [thinnest, widest] =
+            std::ranges::minmax(m_layout.reaches | std::views::transform([](const NetworkReach& reach) {
+                                    return reach.pen.width;
+                                }));
+        return thinnest < widest || m_layout.reaches.size() == 1;
     }
 
     // Where there is room beside the key.
-    void addWidthNote(double middle) {
+    void addWidthNote() {
+        const double middle = keyMiddle();
         const double right = m_layout.width - m_measures.pad, top = middle - m_measures.line / 2;
         const DrawnText note = textAt({right, top}, TextAlign::right, "wider lines: more flow", m_look.font,
                                       m_look.quietText, m_metrics);
@@ -154,9 +173,8 @@ class NetworkMaking {
         if (!(farthest > 0)) farthest = 1;
         const double left = 1.5 * m_measures.pad;
         const double right = m_layout.width - 2 * m_measures.pad;
-        const bool keyed = m_view.colours != NetworkColours::plain;
         m_layout.axisY =
-            m_layout.height - 1.7 * m_measures.line - (keyed ? bottomRow() + 0.3 * m_measures.line : 0);
+            m_layout.height - 1.7 * m_measures.line - (isKeyed() ? bottomRow() + 0.3 * m_measures.line : 0);
         m_layout.distance = kmAxis(0, farthest, {right, left, m_measures.kmRoom()});
         double free = m_layout.width;
         for (const AxisTick& tick : m_layout.distance.ticks) {
@@ -181,6 +199,7 @@ class NetworkMaking {
         const double top = 0.3 * m_measures.pad;
         const double spacing =
             std::min((m_layout.axisY - 0.5 * m_measures.line - top) / count, 8 * m_measures.line);
+        m_widest = std::max(m_look.hairline, widestOfLane * spacing / m_look.pixel);
         const double spare = m_layout.axisY - 0.5 * m_measures.line - top - spacing * count;
         for (const int lane : lanes)
             m_riverY.push_back(top + spare / 2 + spacing * (lane + 0.7));
@@ -199,7 +218,8 @@ class NetworkMaking {
             reach.to = xOf(m_network.toMouth[at(place)]);
             reach.y = yOf(place);
             const double share = largest > 0 ? flows[at(place)] / largest : 0;
-            reach.pen = penOf(place, (share >= large ? 6 : share >= middling ? 4 : 2) * m_look.hairline);
+            const double width = (share >= large ? 6 : share >= middling ? 4 : 2) * m_look.hairline;
+            reach.pen = penOf(place, std::min(width, m_widest));
             if (m_view.colours == NetworkColours::byVerdict) reach.verdict = verdictOf(place);
             m_layout.reaches.push_back(reach);
         }
@@ -329,6 +349,7 @@ class NetworkMaking {
     PanelMeasures m_measures;
     NetworkLayout& m_layout;
     std::vector<double> m_riverY;
+    double m_widest = 0; // line
 };
 
 } // namespace

@@ -51,6 +51,12 @@ PanelLook paper() {
 
 } // namespace
 
+PanelLook withFamily(PanelLook look, const std::string& family) {
+    look.font.name = family;
+    look.titleFont.name = family;
+    return look;
+}
+
 PanelLook panelLook(Theme theme, double fontSize, double pixelRatio) {
     PanelLook look = theme == Theme::light ? light() : theme == Theme::dark ? dark() : paper();
     look.theme = theme;

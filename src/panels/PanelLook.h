@@ -3,6 +3,8 @@
 
 #include "panels/RunStyle.h"
 
+#include <string>
+
 namespace korvel {
 
 struct PanelLook {
@@ -24,6 +26,9 @@ struct PanelLook {
     double curveWidth = 2;
     double pixel = 15; // the device's, in twips: what lies closer together need not be drawn apart
 };
+
+// With texts of another family.
+PanelLook withFamily(PanelLook look, const std::string& family);
 
 // `fontSize` in points. `pixelRatio`: device pixels a logical pixel; on paper it has no effect.
 PanelLook panelLook(Theme theme, double fontSize = 9, double pixelRatio = 1);

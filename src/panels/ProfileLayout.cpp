@@ -15,6 +15,7 @@ namespace korvel {
 
 namespace {
 
+constexpr double leastPlot = 2.4; // lines: lower panels can be scrolled to, but not be read
 constexpr int mostFeatureRows = 5;
 constexpr double leastKm = 1e-6;
 
@@ -282,7 +283,8 @@ double leastProfileHeight(std::size_t panels, const PanelLook& look, const TextM
     const PanelMeasures measures(look, metrics);
     const double around =
         1.3 * measures.keyRow() + measures.kmNumbers() + measures.reachNames() + 0.4 * measures.line;
-    return around + static_cast<double>(panels) * (measures.title() + measures.gap() + 1.6 * measures.line);
+    return around +
+           static_cast<double>(panels) * (measures.title() + measures.gap() + leastPlot * measures.line);
 }
 
 std::optional<std::size_t> panelAt(const ProfileLayout& layout, DrawnPoint at) {

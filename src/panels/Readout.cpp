@@ -3,6 +3,7 @@
 #include "analysis/Judging.h"
 #include "basic/Text.h"
 #include "panels/ProfileData.h"
+#include "panels/TextFitting.h"
 #include "tables/PeopleNumbers.h"
 
 namespace korvel {
@@ -77,8 +78,8 @@ class Reading {
 
 // In a sentence digits that say nothing are left out.
 std::string readable(double value) {
-    std::string text = shownNumber(value);
-    if (text.find('.') == std::string::npos || text.find('e') != std::string::npos) return text;
+    std::string text = shownFigures(value);
+    if (text.find('.') == std::string::npos || text.find('E') != std::string::npos) return text;
     text.erase(text.find_last_not_of('0') + 1);
     if (text.back() == '.') text.pop_back();
     return text;
@@ -141,6 +142,13 @@ Readout readoutAt(const Study& study, const StudyPath& path, const ProfileView& 
     const Reading reading(study, path, view, place);
     for (const int series : view.series)
         readout.panels.push_back(reading.panel(series));
+    return readout;
+}
+
+Readout withShortNames(Readout readout, std::size_t letters) {
+    for (PanelReadout& panel : readout.panels)
+        for (RunReadout& run : panel.runs)
+            run.name = shortenedTo(run.name, letters, Shorten::middle);
     return readout;
 }
 

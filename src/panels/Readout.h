@@ -43,6 +43,9 @@ struct Readout {
 
 Readout readoutAt(const Study& study, const StudyPath& path, const ProfileView& view, std::size_t place);
 
+// With the names of runs no longer than this.
+Readout withShortNames(Readout readout, std::size_t letters);
+
 // "24.3 km · Holcombe STW, D/S · Upper Alder"
 std::string placeText(const Readout& readout);
 // "BOD (Conc) mean 5.42 (4.9 to 6.0), ALDER2.SGR 3.51 (-35 %)"

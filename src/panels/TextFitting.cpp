@@ -18,6 +18,10 @@ std::string shortened(const std::string& text, std::size_t kept, Shorten shorten
 
 } // namespace
 
+std::string shortenedTo(const std::string& utf8, std::size_t letters, Shorten shorten) {
+    return shownLength(utf8) <= letters ? utf8 : shortened(utf8, letters - 1, shorten);
+}
+
 std::string fittedText(const std::string& utf8, double width, const Font& font, const TextMetrics& metrics,
                        Shorten shorten) {
     const auto fits = [&](const std::string& text) { return metrics.measure(text, font).width <= width; };

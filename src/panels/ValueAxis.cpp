@@ -48,6 +48,11 @@ std::string logarithmicText(double value) {
     return fixed(value / std::pow(10, power), 0) + "E" + std::to_string(power);
 }
 
+void nameLogarithmicTicks(Axis& axis, const std::vector<double>& values) {
+    for (const double value : values)
+        axis.ticks.push_back({value, axis.scale.place(value), logarithmicText(value)});
+}
+
 double stepOf(const Scale& scale, double room) {
     const double least = std::pow(10, std::floor(std::log10(scale.top - scale.bottom)) - 3);
     return roundStep(scale, room, least);
@@ -98,18 +103,33 @@ double roundedUp(double value) {
     return decade * 10;
 }
 
-Axis logarithmicAxis(const std::optional<NumberRange>& values, const AxisRoom& room) {
+Axis logarithmicAxis(const std::optional<NumberRange>& shown, const AxisRoom& room) {
     NumberRange range{1, 10};
-    if (values) range = {roundedDown(values->lowest), roundedUp(values->highest)};
+    if (shown) range = {roundedDown(shown->lowest), roundedUp(shown->highest)};
     if (range.lowest >= range.highest * (1 - noise))
         range = {roundedDown(range.lowest / 2), range.highest * 2};
     Axis axis{{range.lowest, range.highest, room.from, room.to, ScaleKind::logarithmic}, {}};
-    for (const double value : tickValues(axis.scale, room.tick))
-        axis.ticks.push_back({value, axis.scale.place(value), logarithmicText(value)});
+    std::vector<double> values = tickValues(axis.scale, room.tick);
+    // One number tells no scale: the ends are round ones, too.
+    if (values.size() < 2) values = {range.lowest, range.highest};
+    nameLogarithmicTicks(axis, values);
     return axis;
 }
 
 } // namespace
+
+Axis axisOf(const Scale& scale, double room) {
+    Axis axis{scale, {}};
+    if (scale.kind == ScaleKind::logarithmic) {
+        nameLogarithmicTicks(axis, tickValues(scale, room));
+        return axis;
+    }
+    const double step = stepOf(scale, room);
+    for (const double value : multiplesOf(step, scale))
+        axis.ticks.push_back({value, scale.place(value), ""});
+    nameLinearTicks(axis, step);
+    return axis;
+}
 
 Axis valueAxis(const std::optional<NumberRange>& values, ScaleKind kind, AxisBegin begin,
                const AxisRoom& room) {

@@ -20,6 +20,9 @@ struct AxisRoom {
 Axis valueAxis(const std::optional<NumberRange>& values, ScaleKind kind, AxisBegin begin,
                const AxisRoom& room);
 
+// Ticks at least `room` apart on a scale that stays as it is.
+Axis axisOf(const Scale& scale, double room);
+
 // Between given distances; numbers stand `tick` apart.
 Axis kmAxis(double from, double to, const AxisRoom& room);
 

@@ -2,6 +2,7 @@
 
 #include "basic/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -9,6 +10,9 @@
 namespace korvel {
 
 namespace {
+
+constexpr int figures = 4;
+constexpr int mostPlainPower = 7, leastPlainPower = -4; // of ten: from the first on, and below the other
 
 std::string shown(double value, std::chars_format format, int precision) {
     std::array<char, 400> digits;
@@ -32,6 +36,17 @@ std::string shownNumber(double value) {
 
 std::string shownNumber(const std::optional<double>& value) {
     return value ? shownNumber(*value) : "-";
+}
+
+std::string shownFigures(double value) {
+    if (!std::isfinite(value)) return "-";
+    if (value == 0) return "0";
+    const std::string rounded = shown(value, std::chars_format::scientific, figures - 1);
+    const std::size_t exponent = rounded.find('e');
+    const int power = std::stoi(rounded.substr(exponent + 1));
+    if (power >= mostPlainPower || power < leastPlainPower)
+        return rounded.substr(0, exponent) + "E" + std::to_string(power);
+    return shownDecimals(value, std::max(0, figures - 1 - power));
 }
 
 std::string shownKm(double distance) {

@@ -157,7 +157,10 @@ TEST_F(FrmExploreMoving, KeepsItsWidthWhateverTheReadoutSays) {
     press(Qt::Key_Home);
     press(Qt::Key_PageDown);
     passEvents();
-    EXPECT_NE(readout().find(files.back()), std::string::npos) << readout();
+    EXPECT_NE(readout().find("llllllll\u2026lll.sgr 108"), std::string::npos) << readout();
+    const std::string whole = control<QLabel>(*form, "lblReadout").accessibleName().toStdString();
+    EXPECT_NE(whole.find(files.back() + " 108"), std::string::npos) << "readers of the screen hear all of it";
+    EXPECT_EQ(control<QLabel>(*form, "lblReadout").toolTip().toStdString(), whole);
     EXPECT_LE(form->minimumSizeHint().width(), 1000);
     EXPECT_EQ(form->width(), 1000);
 }

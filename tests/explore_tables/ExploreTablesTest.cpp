@@ -363,6 +363,21 @@ TEST(ExploreTables, HandTheTableInFrontOverAsItIsShown) {
                    "5,Reach 5,10.5,0.5,Works,U/S,3,0.125\r\n5,Reach 5,10.5,0.5,Works,D/S,3,2\r\n");
 }
 
+TEST(ExploreTables, ShortenLongNamesOfRunsInTheirHeadings) {
+    ExploreState state = stateOf({sampleFile()});
+    std::vector<StudyRun> runs = state.study->runs();
+    runs[0].name = "A study with a name of forty letters.sgr";
+    state.study = std::make_shared<Study>(std::move(runs));
+    Tables tables(state);
+    RowsModel& rows = tables.view("tblValues").rows();
+    const int last = rows.columnCount() - 1;
+    const auto heading = [&](int role) { return rows.headerData(last, Qt::Horizontal, role).toString(); };
+    EXPECT_EQ(heading(Qt::DisplayRole), "BOD (Conc)\nA study with \u2026 letters.sgr");
+    EXPECT_EQ(heading(Qt::ToolTipRole), "BOD (Conc)\nA study with a name of forty letters.sgr");
+    EXPECT_EQ(heading(Qt::AccessibleTextRole), "BOD (Conc) A study with a name of forty letters.sgr");
+    EXPECT_EQ(rows.headerData(0, Qt::Horizontal, Qt::ToolTipRole), QVariant()) << "Reach is told whole";
+}
+
 TEST(ExploreTables, LineNumbersUpByTheirPoints) {
     Tables tables(stateOf({sampleFile()}));
     const RowsModel& rows = tables.view("tblValues").rows();

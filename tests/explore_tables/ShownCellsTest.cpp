@@ -32,7 +32,7 @@ TEST(ShownCells, ReadAsPeopleReadThem) {
         {12.3456, CellLook::number, "12.35", 2},
         {1234.5, CellLook::number, "1234", 0},
         {0.0, CellLook::number, "0", 0},
-        {1e12, CellLook::number, "1.000e+12", -1}, // lines up with nothing
+        {1e12, CellLook::number, "1.000E12", -1}, // lines up with nothing
         {24.3, CellLook::exact, "24.3", 1},
         {-35.04, CellLook::percent, "-35.0", 1},
         {66.66, CellLook::share, "66.7", 1},

@@ -65,6 +65,15 @@ TEST(SourceRows, HaveABlockARunAndARowASource) {
     EXPECT_EQ(rows.column(9).column.flatName(), "b.sgr_share");
 }
 
+TEST(SourceRows, TellOfManyRunsTheLeastAndTheMost) {
+    std::vector<ResultsFileBuilder> files;
+    for (const double works : {30, 10, 50, 20})
+        files.push_back(withWorks(works));
+    const SourceRows rows(scopeOfFiles(files), bod);
+    EXPECT_EQ(rows.heading().substr(0, rows.heading().find('\n')),
+              "Mean load of BOD at reach 1 Reach 1, 6 km: 10.00 to 30.00 in 4 runs.");
+}
+
 TEST(SourceRows, AreSummedUpByKind) {
     const SourceRows rows(scopeOfFiles({withWorks(0), withWorks(30)}), {1, SourcesBy::kind, {}});
     EXPECT_EQ(linesOf(rows), (std::vector<std::string>{"headwater|10.00|5.000|100.0|10.00|5.000|25.0",

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <set>
 
 namespace korvel {
 
@@ -172,6 +173,36 @@ TEST(NetworkLayout, HasWiderLinesForLargerFlows) {
     EXPECT_LT(width(0), width(1));
     EXPECT_EQ(width(1), width(2));
     EXPECT_LT(width(2), width(3));
+}
+
+TEST(NetworkLayout, HasLinesNoWiderThanTheirLanes) {
+    std::mt19937 random(5);
+    NetworkView view;
+    view.colours = NetworkColours::byVerdict;
+    const Picture picture = pictureOf(randomCatchment(random, 400), view, 15000, 2400);
+    std::set<double> lanes;
+    double widest = 0;
+    for (const NetworkReach& reach : picture.layout.reaches) {
+        lanes.insert(reach.y);
+        widest = std::max(widest, reach.pen.width * picture.layout.look.pixel);
+    }
+    const double lane = (*lanes.rbegin() - *lanes.begin()) / static_cast<double>(lanes.size() - 1);
+    EXPECT_LE(widest, std::max(lane, picture.layout.look.pixel));
+    EXPECT_FALSE(std::ranges::any_of(picture.layout.texts, [](const DrawnText& text) {
+        return text.text.find("wider") != std::string::npos;
+    })) << "all are as thin as can be";
+}
+
+TEST(NetworkLayout, HasNoKeyWhereThereIsRoomForLittleMoreThanTheRivers) {
+    NetworkView view;
+    view.colours = NetworkColours::byVerdict;
+    view.verdicts = {Verdict::pass};
+    const ResultsFileBuilder file = catchment({{1, 10, 0}});
+    const double line = FixedTextMetrics().measure("0", panelLook(Theme::light).font).height;
+    EXPECT_EQ(pictureOf(file, view, 15000, 7.5 * line).layout.key.size(), 4u);
+    const Picture low = pictureOf(file, view, 15000, 5 * line);
+    EXPECT_TRUE(low.layout.key.empty());
+    EXPECT_LT(low.layout.axisY, low.layout.height - line) << "the distances stay";
 }
 
 TEST(NetworkLayout, TellsVerdictsByColourDashAndSymbol) {

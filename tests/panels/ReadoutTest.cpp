@@ -43,6 +43,19 @@ TEST_F(ReadoutText, TellsChangesAndRatiosInTheirViews) {
               "6.00 km \u00b7 P \u00b7 Reach 1 \u00b7 BOD (Conc) mean no target here, b.sgr no point here");
 }
 
+TEST_F(ReadoutText, HasShortNamesWhereItIsAskedTo) {
+    Readout readout = readoutAt(study, path, view, 0);
+    readout.panels[0].runs[1].name = "A run with a long name 2.sgr";
+    const auto textWith = [&](std::size_t letters) {
+        return panelText(withShortNames(readout, letters).panels[0], view.kind);
+    };
+    EXPECT_NE(textWith(28).find(", A run with a long name 2.sgr 3.51"), std::string::npos);
+    EXPECT_NE(textWith(12).find(", A run \u2026"
+                                "2.sgr 3.51"),
+              std::string::npos)
+        << textWith(12);
+}
+
 TEST_F(ReadoutText, LeavesHiddenRunsOut) {
     view.hidden = {0};
     const Readout readout = readoutAt(study, path, view, 0);

@@ -58,6 +58,24 @@ TEST(ValueAxis, HasTwoNumbersAtLeastInALowPanel) {
     }
 }
 
+TEST(ValueAxis, HasItsEndsNumberedWhereOneNumberAloneHasRoom) {
+    const AxisRoom low{400, 0, 300};
+    EXPECT_EQ(ticksOf(valueAxis(NumberRange{6e-7, 2.4e-6}, ScaleKind::logarithmic, AxisBegin::atZero, low)),
+              "5E-7 5E-6");
+    EXPECT_EQ(ticksOf(valueAxis(NumberRange{0.2, 4}, ScaleKind::logarithmic, AxisBegin::atZero, low)),
+              "0.2 5");
+}
+
+TEST(ValueAxis, NamesTheTicksOfAGivenScaleAlike) {
+    const auto ticks = [](double bottom, double top, ScaleKind kind = ScaleKind::linear) {
+        return ticksOf(axisOf({bottom, top, 1000, 0, kind}, 250));
+    };
+    EXPECT_EQ(ticks(0, 1.9e9), "0 0.5E9 1.0E9 1.5E9");
+    EXPECT_EQ(ticks(0, 2.1e-6), "0 1E-6 2E-6");
+    EXPECT_EQ(ticks(-1, 12), "0 5 10");
+    EXPECT_EQ(ticks(0.05, 120, ScaleKind::logarithmic), "0.1 1 10 100");
+}
+
 TEST(ValueAxis, GoesByPowersOfTenOnALogarithmicScale) {
     const struct {
         NumberRange values;

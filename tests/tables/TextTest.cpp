@@ -26,6 +26,28 @@ TEST(PeopleNumbers, HaveAboutFourFigures) {
     EXPECT_EQ(counted(0, "reach", "reaches"), "0 reaches");
 }
 
+TEST(PeopleNumbers, HaveOnTheScreenThePowersOfTenThatAxesHave) {
+    const struct {
+        double value;
+        const char* shown;
+    } cases[] = {{0, "0"},
+                 {12.3456, "12.35"},
+                 {-123456, "-123456"},
+                 {9999000, "9999000"},
+                 {407279893, "4.073E8"},
+                 {-1.5e9, "-1.500E9"},
+                 {1e12, "1.000E12"},
+                 {0.000123456, "0.0001235"},
+                 {0.00002052, "2.052E-5"},
+                 {1.374e-6, "1.374E-6"},
+                 {0.99999, "1.000"}, // four figures after rounding, too
+                 {9.9996, "10.00"},
+                 {999.96, "1000"}};
+    for (const auto& [value, shown] : cases)
+        EXPECT_EQ(shownFigures(value), shown);
+    EXPECT_EQ(shownFigures(std::numeric_limits<double>::infinity()), "-");
+}
+
 TEST(PeopleNumbers, AreNoneBeyondTheRangeOfDoubles) {
     EXPECT_EQ(shownNumber(std::numeric_limits<double>::infinity()), "-");
     EXPECT_EQ(shownNumber(std::numeric_limits<double>::quiet_NaN()), "-");

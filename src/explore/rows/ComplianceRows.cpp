@@ -40,7 +40,7 @@ std::string worstNote(const ReachCompliance& reach, const StudyRun& run, const J
     const PointJudgement& worst = reach.worst->judgement;
     const bool high = judged.side == BadSide::high;
     std::string text = "worst at " + pointTitle(run.results(), reach.worst->point) + ": " +
-                       wordsOf(judged.statistic) + " " + shownNumber(worst.value) + ", target " +
+                       wordsOf(judged.statistic) + " " + shownFigures(worst.value) + ", target " +
                        shortestNumber(worst.target) + (high ? "" : ", bad when low");
     if (reach.needed.value_or(0) > 0)
         text += ", " + shownDecimals(*reach.needed, 0) + (high ? " % less" : " % more") + " is needed";

@@ -198,8 +198,8 @@ std::string wordsOf(const FitScatter& scatter, const ScatterPoint& point) {
     const ResultsDataSet& results = scatter.run.results();
     const int at = point.observed.point;
     return pointTitle(results, at) + ", reach " + reachTitle(*scatter.run.file, results.pointReach[at]) +
-           ": observed " + shownNumber(point.observed.observed) + ", simulated " +
-           shownNumber(point.observed.value);
+           ": observed " + shownFigures(point.observed.observed) + ", simulated " +
+           shownFigures(point.observed.value);
 }
 
 } // namespace korvel

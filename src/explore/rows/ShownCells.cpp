@@ -26,7 +26,7 @@ ShownCell shownDouble(double value, CellLook look) {
     case CellLook::exact: return numberCell(shortestNumber(value));
     case CellLook::percent:
     case CellLook::share: return numberCell(shownDecimals(value, 1));
-    default: return numberCell(shownNumber(value));
+    default: return numberCell(shownFigures(value));
     }
 }
 

@@ -4,13 +4,15 @@
 #include "tables/PeopleNumbers.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace korvel {
 
 namespace {
 
 enum SourceColumn { kindColumn, nameColumn, reachColumn, distanceColumn };
-constexpr int figures = 3; // of each run
+constexpr int figures = 3;           // of each run
+constexpr std::size_t mostNamed = 3; // runs in the heading
 const char* const lossKind = "loss";
 
 int leadColumns(bool byKind) {
@@ -142,14 +144,25 @@ void SourceRows::takeKinds() {
     }
 }
 
+// Of each run, or of many the least and the most.
+std::string SourceRows::loadsText() const {
+    std::string text;
+    if (m_runs.size() > mostNamed) {
+        const auto [least, most] = std::ranges::minmax(m_sources | std::views::transform(&LoadSources::load));
+        return shownFigures(least) + " to " + shownFigures(most) + " in " + std::to_string(m_runs.size()) +
+               " runs";
+    }
+    for (std::size_t run = 0; run < m_runs.size(); ++run)
+        text += (run == 0 ? "" : "; ") + shownFigures(m_sources[run].load) + " (" + m_runs[run].name + ")";
+    return text;
+}
+
 std::string SourceRows::headingFor(const TableScope& scope) const {
     const LoadSources& first = m_sources.front();
     std::string text = "Mean " + quantity(scope.base, m_determinand) + " at reach " +
                        reachTitle(*scope.base.file, first.reach) +
                        (first.distance ? ", " + shownKm(*first.distance) : "") + ": ";
-    for (std::size_t run = 0; run < m_runs.size(); ++run)
-        text += (run == 0 ? "" : "; ") + shownNumber(m_sources[run].load) + " (" + m_runs[run].name + ")";
-    return text +
+    return text + loadsText() +
            ".\nAn estimate: losses are shared by all that has come in above them, and what comes in and is "
            "lost between two points is seen as one.";
 }

@@ -53,6 +53,7 @@ class SourceRows : public RowSource {
     // A row for each source of the runs.
     void takeCompared(const std::vector<std::span<const Contribution>>& runs);
     std::string headingFor(const TableScope& scope) const;
+    std::string loadsText() const;
 
     std::vector<StudyRun> m_runs;
     std::vector<LoadSources> m_sources; // by run

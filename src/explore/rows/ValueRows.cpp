@@ -39,9 +39,9 @@ double roundedSum(double km) {
 
 // "5.42 (4.9 to 6.0)"
 std::string valueText(const SeriesValues& values, int point) {
-    std::string text = shownNumber(values.value[SeriesValues::at(point)]);
+    std::string text = shownFigures(values.value[SeriesValues::at(point)]);
     if (values.hasLimits() && values.low(point) < values.high(point))
-        text += " (" + shownNumber(values.low(point)) + " to " + shownNumber(values.high(point)) + ")";
+        text += " (" + shownFigures(values.low(point)) + " to " + shownFigures(values.high(point)) + ")";
     return text;
 }
 
@@ -116,7 +116,7 @@ std::string ValueRows::note(int row, int column) const {
                        ", " + run.name + ": " + valueText(values, point);
     if (values.hasTarget(point)) text += ", target " + shortestNumber(values.target[SeriesValues::at(point)]);
     if (values.isObserved(point))
-        text += ", observed " + shownNumber(values.observed[SeriesValues::at(point)]);
+        text += ", observed " + shownFigures(values.observed[SeriesValues::at(point)]);
     return text;
 }
 

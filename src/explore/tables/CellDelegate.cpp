@@ -68,7 +68,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plain,
     painter->setFont(option.font);
     painter->setPen(textColour(option, index));
     painter->drawText(room, static_cast<int>(option.displayAlignment) | Qt::TextSingleLine,
-                      option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
+                      option.fontMetrics.elidedText(text, Qt::ElideMiddle, room.width()));
     painter->restore();
 }
 

@@ -1,7 +1,9 @@
 #include "explore/tables/RowsModel.h"
 
+#include "basic/Text.h"
 #include "drawing/paint/Shown.h"
 #include "explore/rows/ShownCells.h"
+#include "panels/TextFitting.h"
 
 #include <algorithm>
 
@@ -19,6 +21,21 @@ Qt::Alignment alignmentOf(CellLook look) {
 std::string_view wordOf(const Cell& cell) {
     const auto* text = std::get_if<std::string_view>(&cell);
     return text == nullptr ? std::string_view() : *text;
+}
+
+constexpr std::size_t widestHeading = 26; // letters
+
+// A run's name may be many times as long as the values under it.
+std::string shortHeading(const ShownColumn& column) {
+    const std::string heading = shownUtf8(column.heading);
+    std::string text;
+    for (std::size_t from = 0; from <= heading.size();) {
+        const std::size_t end = std::min(heading.find('\n', from), heading.size());
+        text += (from > 0 ? "\n" : "") +
+                shortenedTo(heading.substr(from, end - from), widestHeading, Shorten::middle);
+        from = end + 1;
+    }
+    return text;
 }
 
 } // namespace
@@ -135,7 +152,9 @@ QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     const ShownColumn& column = m_source->column(section);
     switch (role) {
-    case Qt::DisplayRole: return shown(column.heading);
+    case Qt::DisplayRole: return shown(shortHeading(column));
+    case Qt::ToolTipRole:
+        return shortHeading(column) == shownUtf8(column.heading) ? QVariant() : shown(column.heading);
     case Qt::AccessibleTextRole: return shown(column.heading).replace('\n', ' ');
     case Qt::TextAlignmentRole: return QVariant(alignmentOf(column.look));
     case Qt::InitialSortOrderRole: return column.largestFirst ? Qt::DescendingOrder : Qt::AscendingOrder;

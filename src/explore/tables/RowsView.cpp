@@ -22,7 +22,7 @@ namespace korvel {
 namespace {
 
 constexpr int sampledRows = 40;
-constexpr int widestColumn = 34; // letters
+constexpr int widestColumn = 44; // letters
 constexpr int leastColumns = 4;  // as wide as a line is high
 
 } // namespace

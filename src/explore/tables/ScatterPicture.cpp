@@ -60,7 +60,9 @@ void ScatterPicture::setScale(ScaleKind kind) {
 
 void ScatterPicture::layOut() {
     m_scatter = {};
-    if (m_points) m_scatter = layOutScatter(*m_points, width() * twips, height() * twips, m_kind, metrics());
+    if (m_points)
+        m_scatter = layOutScatter(*m_points, width() * twips, height() * twips, m_kind, metrics(),
+                                  {typed(font().family()), font().pointSizeF() - 1});
     mark(-1);
     update();
 }

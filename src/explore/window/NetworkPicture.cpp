@@ -83,7 +83,8 @@ void NetworkPicture::refresh() {
 const NetworkLayout& NetworkPicture::layoutShown() {
     if (!m_layout)
         m_layout = layOutNetwork(*m_state.study->base().file, *m_state.network, m_view,
-                                 panelLook(m_theme, font().pointSizeF() - 1, devicePixelRatioF()),
+                                 withFamily(panelLook(m_theme, font().pointSizeF() - 1, devicePixelRatioF()),
+                                            typed(font().family())),
                                  width() * twipsPerPixel, height() * twipsPerPixel, m_metrics);
     return *m_layout;
 }

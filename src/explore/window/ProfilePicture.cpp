@@ -1,6 +1,7 @@
 #include "explore/window/ProfilePicture.h"
 
 #include "drawing/paint/DrawingPainter.h"
+#include "drawing/paint/Shown.h"
 #include "drawing/paint/Twips.h"
 #include "toolkit/forms/Spoken.h"
 
@@ -70,7 +71,7 @@ void ProfilePicture::refresh() {
 }
 
 PanelLook ProfilePicture::look(Theme theme) const {
-    return panelLook(theme, font().pointSizeF() - 1, devicePixelRatioF());
+    return withFamily(panelLook(theme, font().pointSizeF() - 1, devicePixelRatioF()), typed(font().family()));
 }
 
 // With many panels more than there is on a low screen: it can be scrolled then.

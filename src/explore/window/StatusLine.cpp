@@ -11,6 +11,7 @@ namespace {
 
 constexpr int progressWidth = 160;  // pixels
 constexpr int runsOfALine = 4;      // in the readout
+constexpr int lettersLost = 14;     // at the end of a line
 constexpr int shareOfWindow = 10;   // one part of so many
 constexpr int aside = 8, above = 4; // pixels
 
@@ -26,6 +27,7 @@ class StatusLine::ReadoutLabel : public QLabel {
         setAccessibleDescription(hint);
         update();
     }
+    int lines() const { return m_lines; }
     void setLines(int lines) {
         if (std::exchange(m_lines, lines) != lines) updateGeometry();
     }
@@ -78,9 +80,17 @@ StatusLine::StatusLine(QStatusBar& bar, Machine& machine, Handlers& handlers)
     endProgress();
 }
 
-void StatusLine::showReadout(const QString& text) {
-    lblReadout->setText(text);
-    lblReadout->setToolTip(text);
+void StatusLine::showReadout(const std::vector<QString>& texts) {
+    lblReadout->setText(texts.empty() ? QString() : texts.back());
+    lblReadout->setToolTip(texts.empty() ? QString() : texts.front());
+    lblReadout->setAccessibleName(texts.size() < 2 ? QString() : texts.front());
+}
+
+// A line that is broken between words has some room left.
+bool StatusLine::fits(const QString& text) const {
+    const QFontMetrics metrics = lblReadout->fontMetrics();
+    const int lines = lblReadout->lines(), lost = (lines - 1) * lettersLost * metrics.averageCharWidth();
+    return metrics.horizontalAdvance(text) <= lines * lblReadout->contentsRect().width() - lost;
 }
 
 void StatusLine::setHint(const QString& hint) {

@@ -8,13 +8,17 @@
 #include <QProgressBar>
 #include <QStatusBar>
 
+#include <vector>
+
 namespace korvel {
 
 class StatusLine : public QObject {
   public:
     StatusLine(QStatusBar& bar, Machine& machine, Handlers& handlers);
 
-    void showReadout(const QString& text);
+    // The last of the texts; who points at it, and who hears it, is told the first, which is whole.
+    void showReadout(const std::vector<QString>& texts);
+    bool fits(const QString& text) const;
     // As many lines as the values of all runs may need, so that nothing moves while the cursor does; fewer in
     // a low window.
     void giveRoom(std::size_t runs, int windowHeight);
