@@ -4,7 +4,6 @@
 #include "fakes/ResultsFileBuilder.h"
 #include "global/GLOBAL.h"
 #include "results/ResultsDataSet.h"
-#include "results/SpareMemory.h"
 
 #include <gtest/gtest.h>
 
@@ -186,21 +185,6 @@ TEST_F(GraphCommand, RefusesPicturesBeyondAllMeasure) {
                               " is beyond 100 million pixels (read 'korvel graph --help')\n");
     }
     EXPECT_EQ(run({"--size", "16384x6000"}), exitStatus::done) << errors;
-}
-
-TEST_F(GraphCommand, SaysThatALargePictureFindsNoMemory) {
-    if (sanitizerMapsMemory) GTEST_SKIP() << "a sanitizer maps memory of its own";
-    EXPECT_EQ(run({}), exitStatus::done) << errors; // what a first picture keeps is there
-    const std::vector<std::string> call = {"--from",   "1", "--to",   "2",
-                                           "--series", "0", "--size", "10000x10000"};
-    int status = exitStatus::done;
-    {
-        const SpareMemory spare(300'000'000); // the picture takes 400
-        status = graph(call, "large.png");
-    }
-    EXPECT_EQ(status, exitStatus::failed);
-    EXPECT_EQ(errors, "[critical] : Run-time error '7': Out of memory\n");
-    EXPECT_FALSE(fake.hasFile("large.png"));
 }
 
 } // namespace korvel

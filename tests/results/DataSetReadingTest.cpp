@@ -1,6 +1,5 @@
 #include "results/DataSetReading.h"
 
-#include "SpareMemory.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/ResultsFileBuilder.h"
 #include "global/GLOBAL.h"
@@ -9,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <future>
 
 namespace korvel {
@@ -77,12 +75,6 @@ class GatedFiles : public FakePlatform {
     std::shared_future<void> m_opened = gate.get_future().share();
     std::atomic<int> m_openSources = 0;
 };
-
-std::size_t residentBytes() {
-    std::size_t all = 0, resident = 0;
-    std::ifstream("/proc/self/statm") >> all >> resident;
-    return resident * 4096;
-}
 
 } // namespace
 
@@ -192,29 +184,6 @@ TEST_F(Reading, WaitsForItsThreadsWhenItIsLeft) {
     }
     opener.join();
     EXPECT_FALSE(gated.isRead());
-}
-
-TEST_F(Reading, TakesMemoryByItsPoints) {
-    if (sanitizerMapsMemory) GTEST_SKIP() << "a sanitizer maps memory of its own";
-    std::vector<std::string> names(12, put("a.sgr", riverOf(1000).text()));
-    const std::size_t before = residentBytes();
-    const std::vector<ReadDataSet> read = DataSetReading(files(), names).take();
-    ASSERT_TRUE(read.back().data);
-    // 76 columns of 1000 numbers are 0.6 MB.
-    EXPECT_LT(residentBytes() - before, 12u * 2'500'000);
-}
-
-TEST_F(Reading, SaysThatItCannotReadWithoutMemory) {
-    if (sanitizerMapsMemory) GTEST_SKIP() << "a sanitizer maps memory of its own";
-    const std::string name = put("a.sgr", riverOf(3).text());
-    ReadDataSet read;
-    {
-        const SpareMemory spare(100'000'000);
-        read = readDataSet(files(), name);
-    }
-    EXPECT_FALSE(read.data);
-    EXPECT_EQ(read.refusal, unreadableResults());
-    EXPECT_TRUE(readDataSet(files(), name).data);
 }
 
 } // namespace korvel

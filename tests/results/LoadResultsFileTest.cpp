@@ -1,6 +1,5 @@
 #include "results/LoadResultsFile.h"
 
-#include "SpareMemory.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/ResultsFileBuilder.h"
 #include "global/GLOBAL.h"
@@ -86,16 +85,6 @@ TEST_F(LoadResults, ShowsTheReadErrorForAFolder) {
 TEST_F(LoadResults, ShowsTheReadErrorForAnIncompleteFile) {
     fake.putFile("cut.sgr", river().text().substr(0, 300));
     EXPECT_FALSE(load("cut.sgr", 0, 1));
-    EXPECT_EQ(fake.takeTranscript(), readError);
-    EXPECT_TRUE(load("a.sgr"));
-}
-
-TEST_F(LoadResults, ShowsTheReadErrorWithoutMemory) {
-    if (sanitizerMapsMemory) GTEST_SKIP() << "a sanitizer maps memory of its own";
-    {
-        const SpareMemory spare(100'000'000);
-        EXPECT_FALSE(load("a.sgr", 0, 1));
-    }
     EXPECT_EQ(fake.takeTranscript(), readError);
     EXPECT_TRUE(load("a.sgr"));
 }

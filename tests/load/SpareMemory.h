@@ -7,12 +7,6 @@
 
 namespace korvel {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-inline constexpr bool sanitizerMapsMemory = true;
-#else
-inline constexpr bool sanitizerMapsMemory = false;
-#endif
-
 // The address space that the process may have beside what it has.
 class SpareMemory {
   public:
