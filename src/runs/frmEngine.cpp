@@ -95,10 +95,10 @@ void frmEngine::onActivate() {
 }
 
 // The run-control file holds UTF-8, of which a Windows program reads in its own code page only the plain
-// letters.
+// letters, unless it declares that it reads all.
 void frmEngine::warnOfLetters(const std::string& enginePath) {
     const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-    if (!isWindowsProgram(enginePath)) return;
+    if (!isWindowsProgram(enginePath) || isUtf8Program(enginePath)) return;
     for (const std::string& file : m_run.dataFiles)
         if (!std::ranges::all_of(file, isPlain))
             append("The engine is a Windows program. It may not find " + shownUtf8(file) +

@@ -99,6 +99,11 @@ TEST_F(WindowsEngine, WritesWhatTheNativeOneWrites) {
     EXPECT_EQ(std::distance(fs::directory_iterator(korvel.dataFolder()), fs::directory_iterator()), 6);
 }
 
+// So that the engine's window does not warn of letters outside a code page.
+TEST_F(WindowsEngine, DeclaresThatItsNamesAreUtf8) {
+    EXPECT_NE(contentOf(KORVEL_WINDOWS_ENGINE).find(">UTF-8</activeCodePage>"), std::string::npos);
+}
+
 TEST_F(WindowsEngine, RunsABatchOfNamesWithBlanksMixedCaseAndAccents) {
     std::vector<std::string> arguments = {"batch", "--wait"};
     for (const char* name : {"Upper and lower.dat", "\xC3\x89tang No 2.Dat"}) {

@@ -90,6 +90,9 @@ TEST_F(OnWine, WarnsOfLettersThatAWindowsEngineMayNotRead) {
         "The engine is a Windows program. It may not find Z:\\DATA\\\xC3\x89TANG.DAT, as the name holds "
         "letters outside its code page.\n" +
             ran);
+    const std::string codePage = "<activeCodePage xmlns=\"http://settings\">";
+    putEngine("MZ and " + codePage + " utf-8 </activeCodePage> in its manifest");
+    EXPECT_EQ(outputFor({"Z:\\DATA\\\xC3\x89TANG.DAT"}), ran) << "it says that it reads them";
     putEngine("#!/bin/sh\necho native\n");
     EXPECT_EQ(outputFor({"Z:\\DATA\\\xC3\x89TANG.DAT"}), "native\n") << "one of this machine reads them all";
 }
@@ -350,6 +353,23 @@ TEST(EngineCommand, StartsAWindowsProgramThroughWine) {
     const EngineCommand windows = engineCommand("/app/korvelf157.exe", "MZ", "/usr/bin/wine");
     EXPECT_EQ(windows.program, "/usr/bin/wine");
     EXPECT_EQ(windows.argument, "/app/korvelf157.exe");
+}
+
+TEST(WindowsManifest, DeclaresThatNamesAreUtf8) {
+    const struct {
+        const char* program;
+        bool declares;
+    } programs[] = {{"MZ <activeCodePage>UTF-8</activeCodePage>", true},
+                    {"MZ <activeCodePage xmlns=\"x\">\n  Utf-8\r\n</activeCodePage> PE", true},
+                    {"MZ <activeCodePage xmlns=\"x\"> Utf-8 </activeCodePage> PE", true},
+                    {"MZ <activeCodePage>Legacy</activeCodePage> UTF-8", false},
+                    {"MZ <activeCodePage", false},
+                    {"MZ <activeCodePage>UTF-8", false},
+                    {"MZ UTF-8", false},
+                    {"", false}};
+    for (const auto& each : programs)
+        EXPECT_EQ(declaresUtf8(each.program), each.declares) << each.program;
+    EXPECT_FALSE(isUtf8Program("/no/such/program"));
 }
 
 TEST(EngineCommand, SaysSoWhereWineIsMissing) {

@@ -1,5 +1,6 @@
 #include "toolkit/process/EngineProcess.h"
 
+#include "basic/Text.h"
 #include "toolkit/process/Spawning.h"
 
 #include <QFile>
@@ -51,6 +52,26 @@ std::vector<std::pair<std::string, std::string>> wineSettings() {
 
 bool isWindowsProgram(const std::string& path) {
     return isProgramFile(path) && firstTwoBytes(path) == windowsBeginning;
+}
+
+// <activeCodePage xmlns="...">UTF-8</activeCodePage>
+bool declaresUtf8(std::string_view program) {
+    const std::string_view element = "<activeCodePage";
+    const std::size_t begin = program.find(element);
+    if (begin == std::string_view::npos) return false;
+    const std::size_t value = program.find('>', begin), end = program.find('<', value);
+    if (end == std::string_view::npos) return false;
+    std::string name(program.substr(value + 1, end - value - 1));
+    std::erase_if(name, [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
+    return upperCase(name) == "UTF-8";
+}
+
+bool isUtf8Program(const std::string& path) {
+    QFile file(QFile::decodeName(path.c_str()));
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    const uchar* const bytes = file.map(0, file.size());
+    return bytes != nullptr &&
+           declaresUtf8({reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(file.size())});
 }
 
 EngineCommand engineCommandOf(const std::string& enginePath) {

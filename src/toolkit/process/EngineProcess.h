@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -37,6 +38,12 @@ bool isProgramFile(const std::string& path);
 std::vector<std::pair<std::string, std::string>> wineSettings();
 
 bool isWindowsProgram(const std::string& path);
+
+// Whether a Windows program's manifest says that its names are UTF-8, as those of the run-control file are;
+// Windows and Wine then give it such a code page.
+bool declaresUtf8(std::string_view program);
+// The same for the program file at this host path.
+bool isUtf8Program(const std::string& path);
 
 // The same for the program file at this host path, on this machine.
 EngineCommand engineCommandOf(const std::string& enginePath);
