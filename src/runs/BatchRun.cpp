@@ -50,7 +50,11 @@ BatchList batchList(const std::vector<std::string>& fileNames) {
 std::string batchListNote(const BatchState& state, const std::string& currentFolder) {
     if (state.folder.empty()) return "";
     std::string note = "Files of " + state.folder;
-    if (currentFolder != state.folder)
+    if (currentFolder.empty())
+        note +=
+            "\nNo folder is chosen any more, as the choice of a data file was cancelled since. Close this "
+            "form and begin again with 'Step 1'.";
+    else if (currentFolder != state.folder)
         note += "\nThe folder was changed to " + currentFolder + " since: the files are taken from there.";
     for (std::size_t k = 0; k < state.leftOut.size(); ++k)
         note += (k == 0 ? "\nNot listed, as another name differs in case only: " : ", ") + state.leftOut[k];
@@ -155,6 +159,12 @@ void BatchRun::ShowFileList(const std::string& folder) {
     m_state.selected.assign(m_state.names.size(), false);
     m_state.listVisible = true;
     m_showState();
+}
+
+// What another form has opened in this very folder is spelt in upper case.
+std::string BatchRun::listNote() const {
+    const bool same = m_platform.files.areOne(m_state.folder, GLOBAL.DataFolder);
+    return batchListNote(m_state, same ? m_state.folder : GLOBAL.DataFolder);
 }
 
 void BatchRun::CarryOutBatchRun() {

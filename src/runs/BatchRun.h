@@ -45,7 +45,7 @@ struct BatchList {
 BatchList batchList(const std::vector<std::string>& fileNames);
 
 // What the form says of its list: the folder, whether another form has moved the current one since, and what
-// was left out. "" before there is a list.
+// was left out. "" before there is a list. No current folder: a choice elsewhere was cancelled.
 std::string batchListNote(const BatchState& state, const std::string& currentFolder);
 
 // Takes the selected names out, walking from the first item and staying on an index after a removal.
@@ -82,6 +82,9 @@ class BatchRun {
     void CarryOutBatchRun();
     // The file of this index in BatchFiles.
     void CreateBatchFile(int index);
+
+    // batchListNote() of the list as it stands.
+    std::string listNote() const;
 
     // The process's current folder becomes the batch's, and the application folder the current one.
     void takeCurrentFolder();

@@ -40,7 +40,7 @@ ControlArray<QRadioButton> frmBatch::options() {
                                 "Run type 8: seek to meet river standards (with no deterioration)",
                                 "Run type 9: seek to meet river standards (mid-class upstream quality)",
                                 "Set up flow and quality gap filling"}) {
-        const Place place = at(120, 2220 + index * 300.0, 5400, 270);
+        const Place place = at(150, 2220 + index * 300.0, 5400, 270);
         array.add(index, optionButton(array.elementName(index), caption, place));
         ++index;
     }
@@ -57,8 +57,15 @@ ControlArray<QLabel> frmBatch::labels() {
     add(1, "Base Files", at(90, 60, 3120, 240), {.bold = true, .in = &picBox});
     add(2, batchRemovalHint(), at(90, 2955, 3120, 795), {.in = &picBox, .align = top, .wraps = true});
     add(3, batchInstructions(), at(150, 0, 6540, 1650), {.align = top});
-    add(10, "Batch run has been completed", at(150, 4095, 4860, 300), {.bold = true});
+    add(10, "Batch run has been completed", at(150, 4035, 5250, 255), {.bold = true});
     return array;
+}
+
+WrappedText& frmBatch::listNote(Place place) {
+    auto* control = new WrappedText(&client());
+    control->setObjectName("lblList");
+    Form::place(*control, "Label", place, looks::designText);
+    return *control;
 }
 
 frmBatch::frmBatch(Platform& services)
@@ -157,7 +164,7 @@ void frmBatch::refresh() {
     Progress.setValue(static_cast<int>(state.progress * Progress.maximum()));
     refreshList();
     lblNextStep.setText(shown(nextStep()));
-    lblList.setText(shown(batchListNote(state, GLOBAL.DataFolder)));
+    lblList.tell(shown(m_batch.listNote()));
 }
 
 // Another form may have moved the current folder meanwhile.

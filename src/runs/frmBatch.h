@@ -5,6 +5,7 @@
 #include "runs/BatchRun.h"
 #include "toolkit/forms/ControlArray.h"
 #include "toolkit/forms/Form.h"
+#include "toolkit/forms/WrappedText.h"
 
 namespace korvel {
 
@@ -30,6 +31,7 @@ class frmBatch : public Form {
     ControlArray<QPushButton> stepButtons();
     ControlArray<QRadioButton> options();
     ControlArray<QLabel> labels();
+    WrappedText& listNote(Place place);
 
     // The controls in the designer's order.
     QFrame& picBox = frame("picBox", at(5550, 1710, 3300, 3780));
@@ -39,10 +41,9 @@ class frmBatch : public Form {
     QLineEdit& txtBatch = textBox("txtBatch", "Title of run:", at(1290, 1710, 3720, 315));
     ControlArray<QRadioButton> optRun = options();
     ControlArray<QLabel> lblBatch = labels();
-    QLabel& lblNextStep = label("lblNextStep", "", at(150, 4440, 4860, 600),
+    QLabel& lblNextStep = label("lblNextStep", "", at(150, 4320, 5250, 400),
                                 {.bold = true, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
-    QLabel& lblList = label("lblList", "", at(150, 5080, 5250, 600),
-                            {.fontSize = 8, .align = Qt::AlignLeft | Qt::AlignTop, .wraps = true});
+    WrappedText& lblList = listNote(at(150, 4740, 5250, 940));
     QFrame& frameProgress = frame("frameProgress", at(2100, 2100, 4800, 1080));
     QLabel& lblProgress = label("lblProgress", "Wait ... assembling files ...", at(240, 150, 4320, 300),
                                 {.fontSize = 10, .in = &frameProgress});

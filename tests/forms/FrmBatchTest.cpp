@@ -1,11 +1,14 @@
 #include "runs/frmBatch.h"
 
+#include "basic/DiskNames.h"
 #include "fakes/FakePlatform.h"
 #include "forms/FormDriver.h"
 #include "global/GLOBAL.h"
+#include "toolkit/forms/WrappedText.h"
 
 #include <QTest>
 #include <algorithm>
+#include <fstream>
 
 namespace korvel {
 
@@ -235,6 +238,47 @@ TEST_F(FrmBatch, SaysWhichFolderIsListedAlsoAfterAnotherFormHasMovedOn) {
     QApplication::sendEvent(&form, &activated);
     EXPECT_EQ(control<QLabel>(form, "lblList").text().toStdString(),
               listed + "\nThe folder was changed to Z:\\OTHER\\ since: the files are taken from there.");
+}
+
+TEST_F(FrmBatch, SaysWhereACancelledChoiceHasLeftNoFolder) {
+    listFiles({"a.dat"});
+    GLOBAL.DataFolder.clear();
+    QEvent activated(QEvent::WindowActivate);
+    QApplication::sendEvent(&form, &activated);
+    EXPECT_TRUE(control<QLabel>(form, "lblList").text().contains("No folder is chosen any more"));
+}
+
+TEST_F(FrmBatch, HasRoomForWhatItSaysOfLongFolders) {
+    const struct { int width, height; } desktops[] = {{1366, 768}, {1920, 1080}, {1080, 1920}, {960, 540}};
+    const std::string folder = world.pathOf("a folder of some depth\\catchments\\river");
+    for (const auto& desktop : desktops) {
+        GLOBAL.ScaleX = static_cast<float>(desktop.width / 640.0);
+        GLOBAL.ScaleY = static_cast<float>(desktop.height / 452.0);
+        frmBatch other{world};
+        world.putFile(folder + "\\a.dat", "");
+        std::ofstream(hostPathOf(folder) + "/A.dat");
+        world.willChoose(folder + "\\a.dat");
+        control<QPushButton>(other, "cmdBatch_1").click();
+        GLOBAL.DataFolder = folder + " since\\";
+        showActive(other);
+        auto& note = control<QLabel>(other, "lblList");
+        EXPECT_TRUE(note.text().contains("The folder was changed to")) << note.text().toStdString();
+        EXPECT_TRUE(note.text().contains("Not listed"));
+        EXPECT_LE(note.heightForWidth(note.width()), note.height()) << desktop.width;
+        EXPECT_TRUE(note.toolTip().contains("Not listed")) << "for what has no room";
+    }
+    world.takeTranscript();
+}
+
+TEST_F(FrmBatch, BreaksALongPathWhereALineEnds) {
+    WrappedText note(nullptr);
+    note.tell(QString(300, 'x'));
+    note.resize(200, 200);
+    const int line = note.fontMetrics().height();
+    EXPECT_GT(note.heightForWidth(200), 5 * line);
+    const QImage painted = note.grab().toImage();
+    const QImage second = painted.copy(0, line, 200, line);
+    EXPECT_NE(second, QImage(painted.copy(0, 199, 200, 1)).scaled(200, line)) << "a second line has words";
 }
 
 TEST_F(FrmBatch, SaysWhichTypeStandsForNoChoice) {

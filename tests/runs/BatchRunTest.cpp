@@ -1,6 +1,7 @@
 #include "runs/BatchRun.h"
 
 #include "basic/NaturalOrder.h"
+#include "basic/Text.h"
 
 #include "fakes/FakePlatform.h"
 #include "global/GLOBAL.h"
@@ -94,6 +95,28 @@ TEST(BatchRunRules, SayWhichFolderIsListedAndWhatIsNot) {
     EXPECT_EQ(batchListNote(state, "Z:\\OTHER\\"),
               "Files of Z:\\DATA\\\nThe folder was changed to Z:\\OTHER\\ since: the files are taken from "
               "there.\nNot listed, as another name differs in case only: A.dat, a.dat");
+}
+
+TEST(BatchRunRules, SayThatNoFolderIsLeftWhereAChoiceElsewhereWasCancelled) {
+    BatchState state;
+    state.folder = "Z:\\DATA\\";
+    EXPECT_EQ(batchListNote(state, ""),
+              "Files of Z:\\DATA\\\nNo folder is chosen any more, as the choice of a data file was cancelled "
+              "since. Close this form and begin again with 'Step 1'.");
+}
+
+// The main form spells in upper case what it has opened.
+TEST_F(BatchRunTest, FindsItsFolderInAnySpelling) {
+    const std::string folder = world.pathOf("rivers");
+    world.putFile(folder + "\\a.dat", "");
+    chooseIn(folder);
+    GLOBAL.DataFolder = upperCase(folder + "\\");
+    EXPECT_EQ(batch.listNote(), "Files of " + folder + "\\");
+    GLOBAL.DataFolder = world.pathOf("");
+    EXPECT_NE(batch.listNote().find("The folder was changed to " + world.pathOf("") + " since"),
+              std::string::npos);
+    GLOBAL.DataFolder.clear();
+    EXPECT_NE(batch.listNote().find("No folder is chosen any more"), std::string::npos);
 }
 
 TEST(BatchRunRules, ListNoNameThatWouldNameOtherFilesInTheRunControlFile) {
