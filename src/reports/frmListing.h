@@ -33,7 +33,7 @@ class frmListing : public Form {
     QPlainTextEdit& txtListing;
 
     std::string m_fileName;
-    DoneLine m_done{lblFound, services().machine, handlers()};
+    DoneLine m_done{lblFound, services().machine, handlers(), " &nbsp; "};
 };
 
 } // namespace korvel
