@@ -1,6 +1,7 @@
 #include "toolkit/forms/PlainStyle.h"
 
 #include "forms/FormDriver.h"
+#include "toolkit/desktop/StartQt.h"
 
 #include <QImage>
 #include <QListWidget>
@@ -16,6 +17,7 @@
 #include <memory>
 
 #include <QCheckBox>
+#include <QDoubleSpinBox>
 
 namespace korvel {
 
@@ -157,6 +159,17 @@ TEST(PlainStyle, LeavesTheOtherIconsToFusion) {
     const PlainStyle plain;
     for (const auto which : {QStyle::SP_MessageBoxWarning, QStyle::SP_DirIcon, QStyle::SP_DialogOkButton})
         EXPECT_EQ(imageOf(plain, which), imageOf(*fusion, which)) << which;
+}
+
+TEST(Look, WritesDecimalPointsWhateverTheCountry) {
+    QLocale::setDefault(QLocale(QLocale::German));
+    QDoubleSpinBox unsettled;
+    unsettled.setValue(1.5);
+    EXPECT_EQ(unsettled.text(), "1,50");
+    settleLook();
+    QDoubleSpinBox box;
+    box.setValue(1.5);
+    EXPECT_EQ(box.text(), "1.50");
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QLocale>
 
 #include <optional>
 
@@ -20,6 +21,11 @@ constexpr const char* fontDpi = "QT_FONT_DPI";
 std::optional<QString>& desktopsFontDpi() {
     static std::optional<QString> dpi;
     return dpi;
+}
+
+// Numbers have a decimal point, whatever the country.
+void settleNumbers() {
+    QLocale::setDefault(QLocale::c());
 }
 
 } // namespace
@@ -43,11 +49,13 @@ void settleForNoDisplay() {
 }
 
 void settleExplorerLook() {
+    settleNumbers();
     QApplication::setStyle(new PlainStyle);
     QApplication::setFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
 }
 
 void settleLook() {
+    settleNumbers();
     QApplication::setStyle(new PlainStyle); // Qt deletes it
     QApplication::setPalette(paletteOf(namedTheme().value_or(Theme::light)));
     QApplication::setFont(looks::windowFont());
