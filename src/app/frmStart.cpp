@@ -50,10 +50,12 @@ constexpr std::array<Rgb, logoCount> logoColours = {Rgb{11, 60, 93}, {15, 86, 12
                                                     {168, 210, 205}};
 
 std::string nextStep() {
-    if (GLOBAL.graphResultsPending || GLOBAL.reportResultsPending)
-        return "When the model has finished, open Graphs or Reports to study the results.";
-    return "Start with RUN THE KORVEL MODEL and choose a data file, or open Graphs to look at results that "
-           "are there.\nF1 tells about the data file.";
+    const bool pending = GLOBAL.graphResultsPending || GLOBAL.reportResultsPending;
+    const std::string step =
+        pending ? "When the model has finished, open Graphs or Reports to study the results."
+                : "Start with RUN THE KORVEL MODEL and choose a data file, or open Graphs to look at results "
+                  "that are there.";
+    return step + "\nF1 tells about the data file.";
 }
 
 } // namespace

@@ -111,6 +111,16 @@ TEST_F(FrmStart, ShowsTheEditWarningAtStart) {
               "the file again without clicking 'Save' beforehand.");
 }
 
+TEST_F(FrmStart, NamesF1BeforeARunAndAfterIt) {
+    start();
+    auto& hint = control<QLabel>(*form, "lblNextStep");
+    EXPECT_TRUE(hint.text().endsWith("\nF1 tells about the data file.")) << hint.text().toStdString();
+    GLOBAL.graphResultsPending = true;
+    static_cast<ShownForm&>(*form).activate();
+    EXPECT_TRUE(hint.text().startsWith("When the model has finished"));
+    EXPECT_TRUE(hint.text().endsWith("\nF1 tells about the data file.")) << hint.text().toStdString();
+}
+
 TEST_F(FrmStart, MakesTheResultsFormsAtStartHiddenAndOfItsOwnSize) {
     platform.desktop = {300, 450, 20490, 11520};
     start();
