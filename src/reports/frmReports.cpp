@@ -77,7 +77,7 @@ frmReports::frmReports(Platform& services)
     addListMenus();
     addWorkbookItem();
     arrangeTabOrder();
-    ScaleFormControls(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    scaleToScreen();
     keepRoomForControls();
     for (QFrame* overlay : {&frameExplain, &frameProgress}) {
         overlay->setFrameStyle(QFrame::Box | QFrame::Plain);

@@ -31,6 +31,7 @@ class frmReports : public Form {
     void connectChoices();
     void connectLists();
     void arrangeTabOrder();
+    void scaleToScreen();
     void addListMenus();
     void addListMenu(QListWidget& list, ReportBox all,
                      void (ReportChoices::*choose)(const std::vector<bool>&),

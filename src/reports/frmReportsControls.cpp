@@ -1,6 +1,16 @@
 #include "reports/frmReports.h"
 
+#include "global/GLOBAL.h"
+
+#include <algorithm>
+
 namespace korvel {
+
+namespace {
+
+constexpr double designBottom = 6030; // twips, of the lowest control
+
+} // namespace
 
 ControlArray<QLabel> frmReports::labels() {
     ControlArray<QLabel> array("Label");
@@ -49,6 +59,23 @@ ControlArray<QPushButton> frmReports::viewButtons() {
     add(0, "Select and view file", at(480, 1650, 2520, 420));
     add(1, "Select and print file", at(3600, 1650, 2520, 420));
     return array;
+}
+
+// On a tall screen all but the lists stay as high as they are wide, and the lists have the rest.
+void frmReports::scaleToScreen() {
+    const double scaleY = std::min(GLOBAL.ScaleX, GLOBAL.ScaleY);
+    const double spare = designBottom * (GLOBAL.ScaleY - scaleY) / scaleY;
+    for (QWidget* list : {&lstReaches, &lstDets}) {
+        Place place = controlPlace(*list);
+        place.height += spare;
+        setControlPlace(*list, place);
+    }
+    for (QWidget* below : {&Label[7], &Label[8], &Label[9], &lblFit}) {
+        Place place = controlPlace(*below);
+        place.top += spare;
+        setControlPlace(*below, place);
+    }
+    ScaleFormControls(GLOBAL.ScaleX, scaleY);
 }
 
 } // namespace korvel

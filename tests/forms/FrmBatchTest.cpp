@@ -252,8 +252,8 @@ TEST_F(FrmBatch, HasRoomForWhatItSaysOfLongFolders) {
     const struct { int width, height; } desktops[] = {{1366, 768}, {1920, 1080}, {1080, 1920}, {960, 540}};
     const std::string folder = world.pathOf("a folder of some depth\\catchments\\river");
     for (const auto& desktop : desktops) {
-        GLOBAL.ScaleX = static_cast<float>(desktop.width / 640.0);
-        GLOBAL.ScaleY = static_cast<float>(desktop.height / 452.0);
+        GLOBAL.ScaleX = desktop.width / 640.0;
+        GLOBAL.ScaleY = desktop.height / 452.0;
         frmBatch other{world};
         world.putFile(folder + "\\a.dat", "");
         std::ofstream(hostPathOf(folder) + "/A.dat");

@@ -65,6 +65,21 @@ TEST_F(FrmReports, IsEmptyBeforeResultsAreLoaded) {
     }
 }
 
+TEST_F(FrmReports, GivesTheHeightOfATallScreenToItsLists) {
+    GLOBAL.ScaleX = 1080 / 640.0;
+    GLOBAL.ScaleY = 1920 / 452.0;
+    frmReports tall{platform};
+    const int line = tall.fontMetrics().height();
+    EXPECT_GT(control<QListWidget>(tall, "lstReaches").height(), 1300);
+    EXPECT_EQ(control<QListWidget>(tall, "lstDets").height(),
+              control<QListWidget>(tall, "lstReaches").height());
+    EXPECT_LT(control<QWidget>(tall, "Check_2").y() - control<QWidget>(tall, "Check_1").y(), 3 * line);
+    EXPECT_LT(control<QWidget>(tall, "Label_8").height(), 4 * line);
+    const QRect fit = control<QWidget>(tall, "lblFit").geometry();
+    EXPECT_GT(fit.bottom(), 1600);
+    EXPECT_LT(fit.bottom(), 1920 - 60) << "title and menu bars";
+}
+
 TEST_F(FrmReports, SetsTheBoxesAsTheResultsSuggest) {
     const std::vector<std::tuple<int, std::vector<int>, std::string>> modes = {
         {0, {0, 1, 3, 8}, "95%-ile"}, {1, {0, 1, 3, 8}, "Mean"},    {-2, {0, 1, 3, 8}, "Mean"},
