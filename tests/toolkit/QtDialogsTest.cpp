@@ -3,16 +3,19 @@
 
 #include "basic/ModelName.h"
 #include "platform/TemporaryFolder.h"
+#include "toolkit/desktop/FileColumns.h"
 #include "toolkit/paper/PrinterChoice.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -168,6 +171,30 @@ TEST_F(QtDialogsTest, OpensTheFileDialogAsItsSettingsSay) {
     EXPECT_TRUE(m_shown);
     EXPECT_FALSE(chosen) << "cancelled";
     EXPECT_EQ(QDir::currentPath(), m_folderBefore);
+}
+
+TEST_F(QtDialogsTest, CutsNoColumnButTheNames) {
+    m_folder.put("RIVER.SGR", std::string(3000, 'x'));
+    FileDialogSettings settings;
+    settings.initialFolder = m_folder.model();
+    chosenIn(FileDialogKind::open, settings, [&](QFileDialog& dialog) {
+        auto& files = *dialog.findChild<QTreeView*>("treeView");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }));
+        QTest::qWait(50);
+        for (int column = 1; column < files.header()->count(); ++column) {
+            const QString text = files.model()->index(0, column, files.rootIndex()).data().toString();
+            EXPECT_GT(files.columnWidth(column), files.fontMetrics().horizontalAdvance(text)) << column;
+        }
+        const QModelIndex size = files.model()->index(0, 1, files.rootIndex());
+        EXPECT_TRUE(size.data().toString().startsWith("2.93")) << size.data().toString().toStdString();
+    });
+    EXPECT_TRUE(m_shown);
+}
+
+TEST(FileColumns, WriteSizesWithAPointWhateverTheCountry) {
+    const QLocale german(QLocale::German), english(QLocale::English, QLocale::UnitedKingdom);
+    EXPECT_EQ(withDecimalPoint(german.formattedDataSize(3000), german), "2.93 KiB");
+    EXPECT_EQ(withDecimalPoint(english.formattedDataSize(3000), english), "2.93 KiB");
 }
 
 TEST_F(QtDialogsTest, GivesTheChosenFileAndMakesItsFolderTheCurrentOne) {

@@ -2,6 +2,7 @@
 
 #include "basic/ModelName.h"
 #include "drawing/paint/Shown.h"
+#include "toolkit/desktop/FileColumns.h"
 #include "toolkit/paper/PrinterChoice.h"
 
 #include <QApplication>
@@ -87,6 +88,7 @@ void prepare(QFileDialog& dialog, FileDialogKind kind, const FileDialogSettings&
     dialog.setObjectName(shown(settings.objectName));
     dialog.setWindowTitle(shown(settings.title));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    settleFileColumns(dialog);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setAcceptMode(kind == FileDialogKind::open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !settings.overwritePrompt);
