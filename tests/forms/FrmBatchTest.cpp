@@ -270,15 +270,19 @@ TEST_F(FrmBatch, HasRoomForWhatItSaysOfLongFolders) {
     world.takeTranscript();
 }
 
-TEST_F(FrmBatch, BreaksALongPathWhereALineEnds) {
+TEST_F(FrmBatch, BreaksAPathOnlyWhereItIsLongerThanTheLine) {
     WrappedText note(nullptr);
-    note.tell(QString(300, 'x'));
-    note.resize(200, 200);
+    const auto pictureOf = [&](const QString& text) {
+        note.tell(text);
+        return note.grab().toImage();
+    };
+    const QString word = "Z:\\CATCHMENTS\\", other = "RIVER\\ALDER";
+    note.resize(note.fontMetrics().horizontalAdvance(word + "RIVER"), 100);
+    EXPECT_EQ(pictureOf(word + " " + other), pictureOf(word + "\n" + other));
     const int line = note.fontMetrics().height();
-    EXPECT_GT(note.heightForWidth(200), 5 * line);
-    const QImage painted = note.grab().toImage();
-    const QImage second = painted.copy(0, line, 200, line);
-    EXPECT_NE(second, QImage(painted.copy(0, 199, 200, 1)).scaled(200, line)) << "a second line has words";
+    const auto secondLine = [&](const QImage& image) { return image.copy(0, line, image.width(), line); };
+    EXPECT_NE(secondLine(pictureOf(QString(60, 'x'))), secondLine(pictureOf("")));
+    EXPECT_GE(note.heightForWidth(note.width()), line);
 }
 
 TEST_F(FrmBatch, SaysWhichTypeStandsForNoChoice) {

@@ -1,13 +1,26 @@
 #include "toolkit/forms/WrappedText.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QPainter>
+#include <QTextDocument>
+#include <QTextOption>
+
+#include <cmath>
 
 namespace korvel {
 
 namespace {
 
-constexpr int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextWrapAnywhere;
-constexpr int anyHeight = 100000; // pixels
+// Inside a word only where the word is longer than the line.
+void layOut(QTextDocument& text, const QLabel& label, int width) {
+    text.setDocumentMargin(0);
+    text.setDefaultFont(label.font());
+    QTextOption option(Qt::AlignLeft);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    text.setDefaultTextOption(option);
+    text.setPlainText(label.text());
+    text.setTextWidth(width);
+}
 
 } // namespace
 
@@ -22,12 +35,18 @@ void WrappedText::tell(const QString& text) {
 }
 
 int WrappedText::heightForWidth(int width) const {
-    return fontMetrics().boundingRect(QRect(0, 0, width, anyHeight), flags, text()).height();
+    QTextDocument text;
+    layOut(text, *this, width);
+    return static_cast<int>(std::ceil(text.size().height()));
 }
 
 void WrappedText::paintEvent(QPaintEvent*) {
+    QTextDocument text;
+    layOut(text, *this, contentsRect().width());
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette.setColor(QPalette::Text, palette().color(foregroundRole()));
     QPainter painter(this);
-    painter.drawText(contentsRect(), flags, text());
+    text.documentLayout()->draw(&painter, context);
 }
 
 } // namespace korvel
