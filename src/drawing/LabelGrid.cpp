@@ -22,8 +22,9 @@ double roundedUp(double value) {
 
 LabelGrid::LabelGrid(const LabelStrip& strip)
     : m_strip(strip), m_unit((strip.right - strip.left) / unitsAcross) {
-    m_fine = {0, unitsAcross, 2 * roundedUp(strip.gap / 2 / m_unit), roundedDown(strip.reach / m_unit),
-              strip.rows};
+    m_fine = {
+        0,          unitsAcross,     2 * roundedUp(strip.gap / 2 / m_unit), roundedDown(strip.reach / m_unit),
+        strip.rows, strip.candidates};
 }
 
 LabelRequest LabelGrid::fine(const LabelRequest& request) const {

@@ -33,6 +33,8 @@ struct LabelStrip {
     double reach =
         0; // how far a port may stand from its anchor; that of a required label farther, if it must
     int rows = 1;
+    int candidates = 200; // labellings held against each other on the way: with fewer it is sooner done, and
+                          // a leader more is bent
 
     double clearance() const { return gap / 2; }
 };

@@ -52,18 +52,12 @@ void FreeFrom::set(const LabelEdge& edge, const LabelStrip& strip) {
     }
 }
 
-LabelRoom roomBetween(const FreeFrom& left, const FreeFrom& mirroredRight, int row) {
-    const auto r = static_cast<std::size_t>(row);
-    return {left.port[r], -mirroredRight.port[r], left.text[r], -mirroredRight.text[r]};
-}
-
 std::optional<LabelPlace> leftmostPlace(const LabelRoom& room, int row, double port, double width,
                                         double clearance) {
-    const double from = std::max(room.portFrom, room.textFrom - clearance);
-    const double to = std::min(room.portTo, room.textTo + clearance);
-    if (from > to || room.textTo - room.textFrom < width) return {};
-    const double nearest = std::clamp(port, from, to);
-    return LabelPlace{row, std::max(room.textFrom, nearest - width - clearance), nearest};
+    const PortRange ports = portsIn(room, width, clearance);
+    if (ports.isEmpty()) return {};
+    const double nearest = ports.nearestTo(port);
+    return LabelPlace{row, leftmostText(room, nearest, width, clearance), nearest};
 }
 
 double textNearestTo(double wished, const LabelRoom& room, double port, double width, double clearance) {

@@ -3,6 +3,8 @@
 
 #include "drawing/LabelPlacing.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <limits>
 #include <vector>
 
@@ -39,7 +41,27 @@ struct FreeFrom {
     void set(const LabelEdge& edge, const LabelStrip& strip);
 };
 
-LabelRoom roomBetween(const FreeFrom& left, const FreeFrom& mirroredRight, int row);
+inline LabelRoom roomBetween(const FreeFrom& left, const FreeFrom& mirroredRight, int row) {
+    const auto r = static_cast<std::size_t>(row);
+    return {left.port[r], -mirroredRight.port[r], left.text[r], -mirroredRight.text[r]};
+}
+
+// Where the port of a label of some width may stand; `from` beyond `to` where it has no place.
+struct PortRange {
+    double from = 0;
+    double to = 0;
+    bool isEmpty() const { return from > to; }
+    double nearestTo(double port) const { return std::clamp(port, from, to); }
+};
+inline PortRange portsIn(const LabelRoom& room, double width, double clearance) {
+    if (room.textTo - room.textFrom < width) return {1, 0};
+    return {std::max(room.portFrom, room.textFrom - clearance),
+            std::min(room.portTo, room.textTo + clearance)};
+}
+// The text as far to the left as it goes.
+inline double leftmostText(const LabelRoom& room, double port, double width, double clearance) {
+    return std::max(room.textFrom, port - width - clearance);
+}
 
 // The place in the room whose port is nearest to `port`, the text as far to the left as it goes.
 std::optional<LabelPlace> leftmostPlace(const LabelRoom& room, int row, double port, double width,

@@ -37,12 +37,19 @@ struct Partial {
     std::size_t lastNode = noNode;
 };
 
-// A label more, or none, upon a partial one.
+constexpr int noRow = -1;
+
+// A label more, or none (on no row), upon a partial one.
 struct Step {
     std::size_t partial = 0;
-    std::optional<LabelPlace> place;
+    LabelPlace place;
     double value = 0;
-    double promise = 0; // the value less the room used up
+};
+
+// Steps are many and large, so that their order is found among these.
+struct Promise {
+    double amount = 0; // the value less the room used up
+    std::size_t step = 0;
 };
 
 double meanWidth(const std::vector<LabelRequest>& requests) {
@@ -53,8 +60,9 @@ double meanWidth(const std::vector<LabelRequest>& requests) {
 }
 
 // So many that the time does not grow faster than the number of labels.
-std::size_t mostPartials(std::size_t labels, std::size_t rows) {
-    return std::clamp<std::size_t>(mostSteps / (labels * rows * rows), 1, 200);
+std::size_t mostPartials(std::size_t labels, const LabelStrip& strip) {
+    const auto rows = static_cast<std::size_t>(strip.rows), most = static_cast<std::size_t>(strip.candidates);
+    return std::clamp<std::size_t>(mostSteps / (labels * rows * rows), 1, most);
 }
 
 // Goes through the anchors from left to right with the most promising partial labellings.
@@ -66,7 +74,7 @@ class Search {
           m_fixed(fixed),
           m_width(meanWidth(requests)),
           m_stretch((m_width + strip.gap) / strip.rows),
-          m_most(mostPartials(requests.size(), static_cast<std::size_t>(strip.rows))) {}
+          m_most(mostPartials(requests.size(), strip)) {}
 
     LabelPlaces places() {
         setRightEdges();
@@ -94,6 +102,7 @@ class Search {
 
     void pass(std::size_t k) {
         m_steps.clear();
+        m_promises.clear();
         if (m_fixed[k]) m_right.pop_back();
         for (std::size_t p = 0; p < m_partials.size(); ++p)
             addSteps(k, p);
@@ -109,29 +118,33 @@ class Search {
         }
         const Partial& partial = m_partials[p];
         const double at = m_requests[k].at;
-        m_steps.push_back(
-            {p, {}, partial.value, partial.value - used(at) - costOfStretch(partial.lastAt, at)});
+        push({p, {noRow}, partial.value}, partial.value - used(at) - costOfStretch(partial.lastAt, at));
         for (int row = 0; row < m_strip.rows; ++row)
             addStepsOn(k, p, row);
+    }
+
+    void push(const Step& step, double promise) {
+        m_promises.push_back({promise, m_steps.size()});
+        m_steps.push_back(step);
     }
 
     // With a leader as straight as it can be, and with one that leaves most room.
     void addStepsOn(std::size_t k, std::size_t p, int row) {
         const LabelRequest& request = m_requests[k];
+        const double farthest = m_strip.reach * 1.000001;
         const LabelRoom room = roomBetween(m_partials[p].free, m_right.back(), row);
-        const auto nearest = placeIn(room, row, request.at, request);
-        if (!nearest) return;
-        addStep(k, p, *nearest);
-        if (nearest->port > request.at - m_strip.reach)
-            if (const auto packed = placeIn(room, row, request.at - m_strip.reach, request))
-                if (packed->port < nearest->port) addStep(k, p, *packed);
+        const PortRange ports = portsIn(room, request.width, m_strip.clearance());
+        if (ports.isEmpty()) return;
+        const double nearest = ports.nearestTo(request.at);
+        if (std::abs(nearest - request.at) > farthest) return;
+        addStep(k, p, placeAt(nearest, row, room, request));
+        const double packed = ports.nearestTo(request.at - m_strip.reach);
+        if (packed < nearest && std::abs(packed - request.at) <= farthest)
+            addStep(k, p, placeAt(packed, row, room, request));
     }
 
-    std::optional<LabelPlace> placeIn(const LabelRoom& room, int row, double port,
-                                      const LabelRequest& request) const {
-        auto place = leftmostPlace(room, row, port, request.width, m_strip.clearance());
-        if (place && std::abs(place->port - request.at) > m_strip.reach * 1.000001) place.reset();
-        return place;
+    LabelPlace placeAt(double port, int row, const LabelRoom& room, const LabelRequest& request) const {
+        return {row, leftmostText(room, port, request.width, m_strip.clearance()), port};
     }
 
     void addStep(std::size_t k, std::size_t p, const LabelPlace& place) {
@@ -139,7 +152,7 @@ class Search {
         const Partial& partial = m_partials[p];
         const double value = partial.value + (request.important ? importantLabel : 1) -
                              costOfLeader(request, place) - costOfStretch(partial.lastAt, request.at);
-        m_steps.push_back({p, place, value, value - used(request.at, place, request.width)});
+        push({p, place, value}, value - used(request.at, place, request.width));
     }
 
     double costOfLeader(const LabelRequest& request, const LabelPlace& place) const {
@@ -185,28 +198,28 @@ class Search {
     }
 
     void keepMostPromising() {
-        if (m_steps.size() <= m_most) return;
-        const auto end = m_steps.begin() + static_cast<std::ptrdiff_t>(m_most);
-        std::nth_element(m_steps.begin(), end, m_steps.end(),
-                         [](const Step& a, const Step& b) { return a.promise > b.promise; });
-        m_steps.erase(end, m_steps.end());
+        if (m_promises.size() <= m_most) return;
+        const auto end = m_promises.begin() + static_cast<std::ptrdiff_t>(m_most);
+        std::nth_element(m_promises.begin(), end, m_promises.end(),
+                         [](const Promise& a, const Promise& b) { return a.amount > b.amount; });
+        m_promises.erase(end, m_promises.end());
     }
 
     void take(std::size_t k) {
-        m_next.resize(m_steps.size());
-        for (std::size_t s = 0; s < m_steps.size(); ++s) {
-            const Step& step = m_steps[s];
+        m_next.resize(m_promises.size());
+        for (std::size_t s = 0; s < m_promises.size(); ++s) {
+            const Step& step = m_steps[m_promises[s].step];
             m_next[s] = m_partials[step.partial];
-            if (step.place) take(k, step, m_next[s]);
+            if (step.place.row != noRow) take(k, step, m_next[s]);
         }
         std::swap(m_partials, m_next);
     }
     void take(std::size_t k, const Step& step, Partial& partial) {
-        m_nodes.push_back({k, *step.place, partial.lastNode});
+        m_nodes.push_back({k, step.place, partial.lastNode});
         partial.lastNode = m_nodes.size() - 1;
         partial.value = step.value;
         partial.lastAt = m_requests[k].at;
-        partial.edge.add(*step.place, m_requests[k].width);
+        partial.edge.add(step.place, m_requests[k].width);
         partial.free.set(partial.edge, m_strip);
     }
 
@@ -233,6 +246,7 @@ class Search {
     std::vector<double> m_taken;
     std::vector<Partial> m_partials, m_next;
     std::vector<Step> m_steps;
+    std::vector<Promise> m_promises;
     std::vector<Node> m_nodes;
 };
 

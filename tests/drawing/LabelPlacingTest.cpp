@@ -317,6 +317,16 @@ TEST(LabelPlacing, ShowsAlmostAsManyAsAllWaysTriedShow) {
     EXPECT_GE(static_cast<double>(shown), 0.98 * static_cast<double>(most));
 }
 
+TEST(LabelPlacing, ShowsAlmostAsManyWithFewerCandidates) {
+    const Requests requests = longRiver();
+    LabelStrip strip{0, 1165, 6.7, 89, 6};
+    const std::size_t most = shownCount(placeLabels(requests, strip));
+    strip.candidates = 50;
+    const Places places = placeLabels(requests, strip);
+    expectAllClear(requests, places, strip);
+    EXPECT_GE(shownCount(places) + 1, most);
+}
+
 TEST(LabelPlacing, AddsWhatStillHasRoom) {
     Dice dice{std::mt19937(17)};
     for (int round = 0; round < roundsOf(200); ++round) {

@@ -8,10 +8,13 @@
 #include <QGlyphRun>
 #include <QRawFont>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -28,28 +31,33 @@ class GlyphFont {
 
     // Appends the text's glyphs from `start` on (units), or nothing and false where it takes more than one
     // glyph of this font for each character.
-    bool append(const QString& text, QPointF start, QList<quint32>& glyphs, QList<QPointF>& places);
+    bool append(std::string_view text, QPointF start, QList<quint32>& glyphs, QList<QPointF>& places);
     // Units; nothing where the text takes more than that.
-    std::optional<double> widthOf(const QString& text);
+    std::optional<double> widthOf(std::string_view text);
 
   private:
-    static constexpr int characterCount = 256;
+    static constexpr std::size_t characterCount = 256;
     using Step = std::int16_t; // units; small, as there are many
 
-    bool isPlain(const QString& text) const;
-    // From one character's place to the next one's; nothing where the two don't stand side by side.
-    std::optional<double> step(QChar from, QChar to);
-    Step& stepBetween(QChar from, QChar to) {
-        return m_steps[std::size_t{from.unicode()} * characterCount + to.unicode()];
+    // The text as it is shown, a byte a character; nothing where there are characters beyond, or without a
+    // glyph. Most texts are that already, the others are put into `held`.
+    std::optional<std::string_view> plainLetters(std::string_view text, std::string& held) const;
+    // The steps from each letter to the next one are known then; false where two don't stand side by side.
+    bool know(std::string_view letters);
+    Step& stepBetween(char from, char to) {
+        return m_steps[std::size_t{static_cast<unsigned char>(from)} * characterCount +
+                       static_cast<unsigned char>(to)];
     }
-    void learn(const QString& text);
+    void learn(std::string_view letters);
+    void learnPair(char from, char to);
+    quint32 glyphOf(char letter) const { return m_glyphs[static_cast<unsigned char>(letter)]; }
     // The glyphs' places, where each character has its own.
-    std::optional<QList<QPointF>> shapedPlaces(const QString& text) const;
+    std::optional<QList<QPointF>> shapedPlaces(std::string_view letters) const;
 
     QFont m_font;
     QRawFont m_raw;
-    QList<quint32> m_glyphs; // of each character; 0 where the font lacks it
-    QList<QPointF> m_advances;
+    std::array<quint32, characterCount> m_glyphs{}; // of each character; 0 where the font lacks it
+    std::array<double, characterCount> m_advances{};
     std::vector<Step> m_steps; // for each pair of characters: unknown, none, or units
 };
 

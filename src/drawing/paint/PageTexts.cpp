@@ -1,7 +1,5 @@
 #include "drawing/paint/PageTexts.h"
 
-#include "drawing/paint/Shown.h"
-
 #include <QPainter>
 
 #include <cmath>
@@ -13,7 +11,7 @@ bool PageTexts::add(const DrawnText& text, QPointF corner) {
     const double baseline = std::round(corner.y() + m_glyphFont->ascent() * m_dotsPerUnit);
     const QPointF start(std::round(corner.x() / (m_dotsPerUnit * m_narrowing)),
                         std::round(baseline / m_dotsPerUnit));
-    if (m_glyphFont->append(shown(text.text), start, m_glyphs, m_places)) return true;
+    if (m_glyphFont->append(text.text, start, m_glyphs, m_places)) return true;
     flush();
     return false;
 }

@@ -26,25 +26,24 @@ QFont drawnFont(const Font& font, double pixelsHigh, int dotsPerInch) {
     return qt;
 }
 
-const QFontMetricsF& QtTextMetrics::reference(const Font& font) const {
-    const std::pair key(font.name, font.bold);
-    const auto found = m_references.find(key);
-    if (found != m_references.end()) return found->second;
+const QtTextMetrics::Reference& QtTextMetrics::reference(const Font& font) const {
+    for (const Reference& known : m_references)
+        if (known.bold == font.bold && known.name == font.name) return known;
     QFont large = evenFont(font);
     large.setPixelSize(referencePixels);
-    return m_references.emplace(key, QFontMetricsF(large)).first->second;
+    const QFontMetricsF metrics(large);
+    return m_references.emplace_back(
+        Reference{font.name, font.bold, metrics, metrics.height(), &m_glyphs->of(font)});
 }
 
 // A report or an atlas measures many thousand texts, of few pairs of letters.
 TextSize QtTextMetrics::measure(std::string_view text, const Font& font) const {
-    const QFontMetricsF& metrics = reference(font);
+    const Reference& known = reference(font);
     const double scale = font.size * twipsPerPoint / referencePixels;
-    const double height = metrics.height() * scale;
-    const QString letters = shown(text);
-    GlyphFont& glyphs = m_glyphs->of(font);
-    if (const auto units = glyphs.widthOf(letters))
-        return {*units * (font.size * twipsPerPoint / glyphs.unitsPerEm()), height};
-    return {metrics.horizontalAdvance(letters) * scale, height};
+    const double height = known.height * scale;
+    if (const auto units = known.glyphs->widthOf(text))
+        return {*units * (font.size * twipsPerPoint / known.glyphs->unitsPerEm()), height};
+    return {known.metrics.horizontalAdvance(shown(text)) * scale, height};
 }
 
 } // namespace korvel

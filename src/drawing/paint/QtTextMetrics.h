@@ -7,10 +7,9 @@
 #include <QFont>
 #include <QFontMetricsF>
 
-#include <map>
 #include <memory>
 #include <string>
-#include <utility>
+#include <vector>
 
 namespace korvel {
 
@@ -22,9 +21,17 @@ class QtTextMetrics : public TextMetrics {
     const std::shared_ptr<GlyphFonts>& glyphs() const { return m_glyphs; }
 
   private:
-    const QFontMetricsF& reference(const Font& font) const;
+    // What is known of a font at the large size.
+    struct Reference {
+        std::string name;
+        bool bold = false;
+        QFontMetricsF metrics;
+        double height = 0;
+        GlyphFont* glyphs = nullptr;
+    };
+    const Reference& reference(const Font& font) const;
 
-    mutable std::map<std::pair<std::string, bool>, QFontMetricsF> m_references; // by name and bold
+    mutable std::vector<Reference> m_references; // few
     std::shared_ptr<GlyphFonts> m_glyphs = std::make_shared<GlyphFonts>();
 };
 
