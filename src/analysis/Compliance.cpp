@@ -1,6 +1,7 @@
 #include "analysis/Compliance.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace korvel {
 
@@ -20,12 +21,27 @@ void addLengths(ComplianceSums& sums, const RunFile& run, int place, const Serie
     }
 }
 
-void count(ComplianceSums& sums, const PointJudgement& judgement) {
+// Verdicts change from point to point, so that no branch could be foreseen.
+void count(ComplianceSums& sums, const SeriesValues& values, int point, BadSide side) {
+    const double target = values.target[SeriesValues::at(point)];
     ++sums.judgedPoints;
-    if (judgement.fails) ++sums.failingPoints;
-    if (judgement.sure == Sureness::fail) ++sums.sureFails;
-    if (judgement.sure == Sureness::pass) ++sums.surePasses;
-    if (judgement.sure == Sureness::unsure) ++sums.unsure;
+    sums.failingPoints += isBeyond(values.value[SeriesValues::at(point)], target, side);
+    if (!values.hasLimits()) return;
+    const double low = values.low(point), high = values.high(point);
+    const bool bounded = values.isBounded(point), isHigh = side == BadSide::high;
+    const bool fails = isBeyond(isHigh ? low : high, target, side);
+    const bool passes = !isBeyond(isHigh ? high : low, target, side);
+    sums.sureFails += bounded & fails;
+    sums.surePasses += bounded & !fails & passes;
+    sums.unsure += bounded & !fails & !passes;
+}
+
+// Grows with how bad a point is; of equals a closer look tells.
+double badness(const SeriesValues& values, int point, BadSide side) {
+    const double value = values.value[SeriesValues::at(point)],
+                 target = values.target[SeriesValues::at(point)];
+    if (side == BadSide::high) return value / target;
+    return value > 0 ? target / value : std::numeric_limits<double>::infinity();
 }
 
 Verdict verdictOf(const ComplianceSums& sums) {
@@ -88,11 +104,16 @@ ReachCompliance judgeReach(const RunFile& run, int place, const JudgedDeterminan
     const SeriesValues values = judgedValues(run.results, determinand);
     ReachCompliance reach;
     addLengths(reach.sums, run, place, values, determinand.side);
-    for (const int point : judgedPointsOf(run, place, values)) {
+    double worst = 0;
+    forJudgedPoints(run, place, values, [&](int point) {
+        count(reach.sums, values, point, determinand.side);
+        const double bad = badness(values, point, determinand.side);
+        if (reach.worst && bad < worst) return;
         const PointJudgement judgement = judgePoint(values, point, determinand.side);
-        count(reach.sums, judgement);
-        if (!reach.worst || judgement.isWorseThan(reach.worst->judgement)) reach.worst = {point, judgement};
-    }
+        if (reach.worst && !judgement.isWorseThan(reach.worst->judgement)) return;
+        reach.worst = {point, judgement};
+        worst = bad;
+    });
     reach.verdict = verdictOf(reach.sums);
     reach.confident = confidentVerdictOf(reach.sums);
     if (!reach.worst) return reach;

@@ -1,6 +1,7 @@
 #include "analysis/ComplianceTable.h"
 
 #include <array>
+#include <functional>
 #include <limits>
 #include <memory>
 
@@ -82,14 +83,13 @@ void giveOverallRow(const OverallRow& row, const StudyRun& run, RowTaker& taker)
 
 enum class SumsOf { file, river };
 
-Table sumTable(const StudyRun& run, std::vector<ReachGroup> groups, const ComplianceRequest& request,
-               SumsOf what) {
+Table sumTable(const StudyRun& run, SumsOf what, const std::function<std::vector<ComplianceSumRow>()>& sums) {
     std::vector<Column> columns = namedColumns({"determinand", "statistic"});
     if (what == SumsOf::river) columns.insert(columns.begin(), {"river"});
     append(columns, sumColumns());
     append(columns, namedColumns({"reaches_failing", "reaches_judged"}));
-    const auto rows = [run, groups = std::move(groups), request, what](RowTaker& taker) {
-        for (const ComplianceSumRow& row : complianceSums(run, groups, request)) {
+    const auto rows = [run, sums, what](RowTaker& taker) {
+        for (const ComplianceSumRow& row : sums()) {
             const std::string name = determinandName(run.results(), row.determinand.number);
             std::vector<Cell> cells;
             if (what == SumsOf::river) cells.emplace_back(std::string_view(row.group.river));
@@ -100,6 +100,13 @@ Table sumTable(const StudyRun& run, std::vector<ReachGroup> groups, const Compli
         }
     };
     return {what == SumsOf::river ? "rivers" : "determinands", columns, rows};
+}
+
+Table sumTable(const StudyRun& run, std::vector<ReachGroup> groups, const ComplianceRequest& request,
+               SumsOf what) {
+    return sumTable(run, what, [run, groups = std::move(groups), request] {
+        return complianceSums(run, groups, request);
+    });
 }
 
 // A determinand and one of its points, for rows point by point.
@@ -373,6 +380,17 @@ Table stationTable(const StudyRun& run, std::vector<StationRow> stations) {
                 for (const StationRow& row : stations)
                     giveStation(row, run.results(), taker);
             }};
+}
+
+Table reachTable(const StudyRun& run, std::vector<ComplianceRow> rows) {
+    return {"reaches", reachColumns(), [run, rows = std::move(rows)](RowTaker& taker) {
+                for (const ComplianceRow& row : rows)
+                    giveReachRow(row, run, taker);
+            }};
+}
+
+Table determinandTable(const StudyRun& run, std::vector<ComplianceSumRow> sums) {
+    return sumTable(run, SumsOf::file, [sums = std::move(sums)] { return sums; });
 }
 
 } // namespace korvel

@@ -78,6 +78,9 @@ Table complianceByDeterminand(const StudyRun& run, const ComplianceRequest& requ
 Table complianceByRiver(const StudyRun& run, const Network& network, const ComplianceRequest& request);
 Table complianceByPoint(const StudyRun& run, const ComplianceRequest& request);
 Table complianceByStation(const StudyRun& run, const ComplianceRequest& request);
+// When the rows are at hand.
 Table stationTable(const StudyRun& run, std::vector<StationRow> stations);
+Table reachTable(const StudyRun& run, std::vector<ComplianceRow> rows);
+Table determinandTable(const StudyRun& run, std::vector<ComplianceSumRow> sums);
 
 } // namespace korvel

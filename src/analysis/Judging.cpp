@@ -59,42 +59,10 @@ SeriesValues judgedValues(const ResultsDataSet& results, const JudgedDeterminand
     return seriesValues(results, determinand.number, determinand.statistic);
 }
 
-bool PointJudgement::isWorseThan(const PointJudgement& other) const {
-    if (!ratio || !other.ratio) return !ratio && other.ratio;
-    return *ratio > *other.ratio;
-}
-
-bool isBeyond(double value, double target, BadSide side) {
-    return side == BadSide::high ? value > target : value < target;
-}
-
-PointJudgement judgePoint(const SeriesValues& values, int point, BadSide side) {
-    PointJudgement judgement;
-    const double v = judgement.value = values.value[SeriesValues::at(point)];
-    const double t = judgement.target = values.target[SeriesValues::at(point)];
-    const bool high = side == BadSide::high;
-    judgement.fails = isBeyond(v, t, side);
-    if (high)
-        judgement.ratio = v / t;
-    else if (v > 0)
-        judgement.ratio = t / v;
-    if (!values.isBounded(point)) return judgement;
-    const double best = high ? values.low(point) : values.high(point);
-    const double worst = high ? values.high(point) : values.low(point);
-    judgement.sure = isBeyond(best, t, side)     ? Sureness::fail
-                     : !isBeyond(worst, t, side) ? Sureness::pass
-                                                 : Sureness::unsure;
-    return judgement;
-}
-
 std::vector<int> judgedPointsOf(const RunFile& run, int place, const SeriesValues& values) {
-    std::vector<int> ordinary, interpolated;
-    for (const int point : run.reaches.pointsOf(place)) {
-        if (!values.hasTarget(point)) continue;
-        const bool isInterpolated = run.results.pointFeatureType[point] == InterpolatedPointType;
-        (isInterpolated ? interpolated : ordinary).push_back(point);
-    }
-    return ordinary.empty() ? interpolated : ordinary;
+    std::vector<int> points;
+    forJudgedPoints(run, place, values, [&](int point) { points.push_back(point); });
+    return points;
 }
 
 } // namespace korvel

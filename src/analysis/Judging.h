@@ -5,8 +5,10 @@
 #include "study/RunFile.h"
 #include "study/SeriesValues.h"
 
+#include <algorithm>
 #include <optional>
 #include <set>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -42,15 +44,50 @@ struct PointJudgement {
     std::optional<Sureness> sure; // none where the value is not bounded
     std::optional<double> ratio;  // above 1 it fails; none where a low value is not above 0: nothing is worse
 
-    bool isWorseThan(const PointJudgement& other) const;
+    bool isWorseThan(const PointJudgement& other) const {
+        if (!ratio || !other.ratio) return !ratio && other.ratio;
+        return *ratio > *other.ratio;
+    }
 };
 
-bool isBeyond(double value, double target, BadSide side);
-// The point has a target.
-PointJudgement judgePoint(const SeriesValues& values, int point, BadSide side);
+// Asked of every point of a file.
+inline bool isBeyond(double value, double target, BadSide side) {
+    return side == BadSide::high ? value > target : value < target;
+}
 
-// The judged points of a reach that count, in file order. Interpolated ones do where there are no others, so
-// that counts and verdicts do not depend on how closely points were interpolated.
+// The point has a target.
+inline PointJudgement judgePoint(const SeriesValues& values, int point, BadSide side) {
+    PointJudgement judgement;
+    const double v = judgement.value = values.value[SeriesValues::at(point)];
+    const double t = judgement.target = values.target[SeriesValues::at(point)];
+    const bool high = side == BadSide::high;
+    judgement.fails = isBeyond(v, t, side);
+    if (high)
+        judgement.ratio = v / t;
+    else if (v > 0)
+        judgement.ratio = t / v;
+    if (!values.isBounded(point)) return judgement;
+    const double best = high ? values.low(point) : values.high(point);
+    const double worst = high ? values.high(point) : values.low(point);
+    judgement.sure = isBeyond(best, t, side)     ? Sureness::fail
+                     : !isBeyond(worst, t, side) ? Sureness::pass
+                                                 : Sureness::unsure;
+    return judgement;
+}
+
+// Calls `use` with the judged points of a reach that count, in file order. Interpolated ones do where there
+// are no others, so that counts and verdicts do not depend on how closely points were interpolated.
+template <typename Use>
+void forJudgedPoints(const RunFile& run, int place, const SeriesValues& values, Use use) {
+    const std::span<const int> points = run.reaches.pointsOf(place);
+    const auto isInterpolated = [&](int point) {
+        return run.results.pointFeatureType[point] == InterpolatedPointType;
+    };
+    const bool hasOthers = std::ranges::any_of(
+        points, [&](int point) { return values.hasTarget(point) && !isInterpolated(point); });
+    for (const int point : points)
+        if (values.hasTarget(point) && isInterpolated(point) != hasOthers) use(point);
+}
 std::vector<int> judgedPointsOf(const RunFile& run, int place, const SeriesValues& values);
 
 } // namespace korvel

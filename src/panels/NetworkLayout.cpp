@@ -1,5 +1,6 @@
 #include "panels/NetworkLayout.h"
 
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "panels/NetworkLanes.h"
 #include "panels/PanelMeasures.h"
@@ -313,7 +314,7 @@ class NetworkMaking {
 
     void placeName(std::size_t river, std::vector<PlotArea>& taken) {
         const River& of = m_network.rivers[river];
-        const std::string name = shownUtf8(of.name);
+        const std::string name = shownLine(of.name);
         const double from = m_layout.reaches[at(of.reaches.front())].from,
                      to = m_layout.reaches[at(of.reaches.back())].to;
         const double y = m_riverY[river];

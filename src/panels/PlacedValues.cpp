@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace korvel {
 
@@ -9,28 +10,26 @@ namespace {
 
 constexpr std::size_t mostTogether = 4;
 
-std::size_t indexOf(const std::vector<double>& numbers, std::vector<double>::const_iterator at) {
-    return static_cast<std::size_t>(at - numbers.begin());
+std::size_t indexOf(const std::vector<PlacedValue>& placed, std::vector<PlacedValue>::const_iterator at) {
+    return static_cast<std::size_t>(at - placed.begin());
 }
 
 } // namespace
 
-PlacedValues::PlacedValues(const std::vector<PlacedValue>& values) {
-    m_from.reserve(values.size());
-    m_to.reserve(values.size());
-    m_values.reserve(values.size());
-    for (const PlacedValue& each : values) {
-        m_from.push_back(each.from);
-        m_to.push_back(each.to);
-        m_values.push_back(each.value);
-    }
+PlacedValues::PlacedValues(std::vector<PlacedValue> values) : m_placed(std::move(values)) {
+    m_values.resize(m_placed.size());
+    std::ranges::transform(m_placed, m_values.begin(), &PlacedValue::value);
     m_pyramid = RangePyramid(m_values);
-    m_ordered = std::ranges::is_sorted(m_from) && std::ranges::is_sorted(m_to);
+    m_ordered = std::ranges::is_sorted(m_placed, {}, &PlacedValue::from) &&
+                std::ranges::is_sorted(m_placed, {}, &PlacedValue::to);
 }
 
 PlacedValues::Span PlacedValues::spanOf(const Scale& distance) const {
-    const std::size_t begin = indexOf(m_to, std::ranges::lower_bound(m_to, distance.bottom));
-    return {begin, std::max(begin, indexOf(m_from, std::ranges::upper_bound(m_from, distance.top)))};
+    const std::size_t begin =
+        indexOf(m_placed, std::ranges::lower_bound(m_placed, distance.bottom, {}, &PlacedValue::to));
+    const std::size_t end =
+        indexOf(m_placed, std::ranges::upper_bound(m_placed, distance.top, {}, &PlacedValue::from));
+    return {begin, std::max(begin, end)};
 }
 
 std::optional<NumberRange> PlacedValues::rangeInView(const Scale& distance) const {
@@ -50,13 +49,14 @@ std::optional<NumberRange> PlacedValues::rangeInView(const Scale& distance) cons
 // In growing steps, then by halves.
 std::size_t PlacedValues::endOfRoom(std::size_t begin, std::size_t end, double toKm) const {
     std::size_t step = 1, inside = begin;
-    while (inside + step < end && m_from[inside + step] < toKm) {
+    while (inside + step < end && m_placed[inside + step].from < toKm) {
         inside += step;
         step *= 2;
     }
-    const auto first = m_from.begin() + static_cast<std::ptrdiff_t>(inside + 1);
-    const auto last = m_from.begin() + static_cast<std::ptrdiff_t>(std::min(inside + step, end));
-    return first < last ? indexOf(m_from, std::lower_bound(first, last, toKm)) : inside + 1;
+    const auto first = m_placed.begin() + static_cast<std::ptrdiff_t>(inside + 1);
+    const auto last = m_placed.begin() + static_cast<std::ptrdiff_t>(std::min(inside + step, end));
+    if (first >= last) return inside + 1;
+    return indexOf(m_placed, std::ranges::lower_bound(first, last, toKm, {}, &PlacedValue::from));
 }
 
 void PlacedValues::addSome(const Span& span, std::vector<std::size_t>& places) const {
@@ -75,14 +75,15 @@ PlacedValues::InView PlacedValues::inView(const Scale& distance, double room) co
     InView seen;
     if (!m_ordered) {
         for (std::size_t k = 0; k < m_values.size(); ++k)
-            if (m_to[k] >= distance.bottom && m_from[k] <= distance.top) seen.places.push_back(k);
+            if (m_placed[k].to >= distance.bottom && m_placed[k].from <= distance.top)
+                seen.places.push_back(k);
         return seen;
     }
     const Span span = spanOf(distance);
     const double roomKm = room / std::abs(distance.perUnit());
     for (std::size_t begin = span.begin; begin < span.end;) {
         // Rooms begin at multiples of their width, so that what is drawn stays while the view moves.
-        const double toKm = (std::floor(m_from[begin] / roomKm) + 1) * roomKm;
+        const double toKm = (std::floor(m_placed[begin].from / roomKm) + 1) * roomKm;
         const std::size_t end = std::max(begin + 1, endOfRoom(begin, span.end, toKm));
         if (end - begin <= mostTogether)
             for (std::size_t k = begin; k < end; ++k)

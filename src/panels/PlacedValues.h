@@ -20,7 +20,7 @@ struct PlacedValue {
 class PlacedValues {
   public:
     PlacedValues() = default;
-    explicit PlacedValues(const std::vector<PlacedValue>& values);
+    explicit PlacedValues(std::vector<PlacedValue> values);
 
     // Of those in view; nothing where none is.
     std::optional<NumberRange> rangeInView(const Scale& distance) const;
@@ -41,7 +41,8 @@ class PlacedValues {
     std::size_t endOfRoom(std::size_t begin, std::size_t end, double toKm) const;
     void addSome(const Span& span, std::vector<std::size_t>& places) const;
 
-    std::vector<double> m_from, m_to, m_values;
+    std::vector<PlacedValue> m_placed;
+    std::vector<double> m_values; // of them
     RangePyramid m_pyramid;
     bool m_ordered = true; // neither beginnings nor ends go back
 };

@@ -1,12 +1,14 @@
 #include "panels/ProfileData.h"
 
 #include "analysis/Judging.h"
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "panels/SeriesMaking.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string_view>
+#include <utility>
 
 namespace korvel {
 
@@ -53,6 +55,8 @@ std::optional<double> observedValue(const SeriesValues& values, int point, const
 std::vector<ObservedMark> observedAlong(const StudyRun& run, const PathRun& points,
                                         const SeriesValues& values, const ProfileView& view, BadSide side) {
     std::vector<ObservedMark> marks;
+    marks.reserve(static_cast<std::size_t>(
+        std::ranges::count_if(points.points, [&](int point) { return values.isObserved(point); })));
     for (std::size_t j = 0; j < points.points.size(); ++j) {
         const int point = points.points[j];
         if (!values.isObserved(point)) continue;
@@ -61,21 +65,24 @@ std::vector<ObservedMark> observedAlong(const StudyRun& run, const PathRun& poin
         if (const auto value = observedValue(values, point, view, side))
             marks.push_back({points.km[j], *value});
     }
-    std::ranges::stable_sort(marks, {}, &ObservedMark::km);
+    if (!std::ranges::is_sorted(marks, {}, &ObservedMark::km))
+        std::ranges::stable_sort(marks, {}, &ObservedMark::km);
     return marks;
 }
 
 PlacedValues byPlace(const std::vector<TargetRun>& targets) {
     std::vector<PlacedValue> values;
+    values.reserve(targets.size());
     for (const TargetRun& target : targets)
         values.push_back({target.from, target.to, target.target});
-    return PlacedValues(values);
+    return PlacedValues(std::move(values));
 }
 PlacedValues byPlace(const std::vector<ObservedMark>& marks) {
     std::vector<PlacedValue> values;
+    values.reserve(marks.size());
     for (const ObservedMark& mark : marks)
         values.push_back({mark.km, mark.km, mark.value});
-    return PlacedValues(values);
+    return PlacedValues(std::move(values));
 }
 
 // Both go down the way, so what is looked for lies further on in the base's, too.
@@ -96,8 +103,8 @@ void leaveTwins(std::vector<ObservedMark>& marks, const std::vector<ObservedMark
 
 class DataMaking {
   public:
-    DataMaking(const Study& study, const StudyPath& path, const ProfileView& view)
-        : m_study(study), m_path(path), m_view(view) {}
+    DataMaking(const Study& study, const std::shared_ptr<const StudyPath>& path, const ProfileView& view)
+        : m_study(study), m_sharedPath(path), m_path(*path), m_view(view) {}
 
     PanelData panel(int series) const {
         PanelData panel;
@@ -119,9 +126,9 @@ class DataMaking {
 
   private:
     std::string titleOf(const PanelData& panel) const {
-        std::string title = shownUtf8(trim(m_study.base().results().seriesNames[panel.series]));
+        std::string title = shownName(trim(m_study.base().results().seriesNames[panel.series]));
         title += ", " + wordsOf(panel.statistic);
-        if (m_view.kind == ProfileKind::change) title += ", change from " + shownUtf8(m_study.base().name);
+        if (m_view.kind == ProfileKind::change) title += ", change from " + shownName(m_study.base().name);
         if (m_view.kind == ProfileKind::ratio)
             title += isLowBad(panel.series) ? ", target by value" : ", value by target";
         return title;
@@ -153,7 +160,7 @@ class DataMaking {
         made.statistic = statistic;
         const WantedSeries wanted{panel.series, statistic, m_view};
         switch (m_view.kind) {
-        case ProfileKind::values: made.series = valuesAlong(m_study, m_path, run, wanted); break;
+        case ProfileKind::values: made.series = valuesAlong(m_study, m_sharedPath, run, wanted); break;
         case ProfileKind::change: made.series = changesAlong(m_study, m_path, run, wanted); break;
         case ProfileKind::ratio: made.series = ratiosAlong(m_study, m_path, run, wanted); break;
         }
@@ -186,6 +193,7 @@ class DataMaking {
     }
 
     const Study& m_study;
+    const std::shared_ptr<const StudyPath>& m_sharedPath;
     const StudyPath& m_path;
     const ProfileView& m_view;
 };
@@ -202,7 +210,7 @@ class SharedKm {
     using Km = std::shared_ptr<const std::vector<double>>;
     void share(Km& km) {
         for (const Km& known : m_known)
-            if (*known == *km) return void(km = known);
+            if (known == km || *known == *km) return void(km = known);
         m_known.push_back(km);
     }
     std::vector<Km> m_known;
@@ -213,7 +221,7 @@ class SharedKm {
 ProfileData profileData(const Study& study, std::shared_ptr<const StudyPath> path, const ProfileView& view) {
     ProfileData data{study, std::move(path), view, {}};
     if (view.kind == ProfileKind::change) data.view.scale = ScaleKind::linear;
-    const DataMaking making(study, *data.path, data.view);
+    const DataMaking making(study, data.path, data.view);
     for (const int series : view.series)
         data.panels.push_back(making.panel(series));
     SharedKm shared;

@@ -1,5 +1,6 @@
 #include "panels/ProfileFeatures.h"
 
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "drawing/LabelPlacing.h"
 #include "panels/TextFitting.h"
@@ -13,6 +14,7 @@ namespace {
 
 constexpr std::size_t longestName = 100;  // letters
 constexpr std::size_t mostMarks = 4000;   // in view
+constexpr int candidates = 50;            // a river is laid out many times, so that time counts
 constexpr double lettersPerCandidate = 3; // names closer together than this don't both get a place
 
 // Stations and discharges.
@@ -46,7 +48,7 @@ class FeaturePlacing {
                 {m_distance.place(mark.km), mark.text.width, isImportant(typeOf(mark)), false});
         }
         const auto places = placeLabels(requests, {m_strip.left, m_strip.right, 0.8 * m_measures.letter * 2,
-                                                   m_measures.featureReach(), m_strip.rows});
+                                                   m_measures.featureReach(), m_strip.rows, candidates});
         for (std::size_t j = 0; j < chosen.size(); ++j) {
             FeatureMark& mark = placed.marks[chosen[j]];
             if (!places[j]) {
@@ -66,7 +68,7 @@ class FeaturePlacing {
         return m_data.study.runs()[place.run].results().pointFeatureType[place.point];
     }
     std::string nameOf(const FeatureMark& mark) const {
-        return firstShown(shownUtf8(featureAt(m_data.study, path().places[mark.place])), longestName);
+        return firstShown(shownLine(featureAt(m_data.study, path().places[mark.place])), longestName);
     }
 
     // Of very many, one for each few pixels.

@@ -1,5 +1,6 @@
 #include "panels/ProfileKey.h"
 
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "panels/TextFitting.h"
 
@@ -29,7 +30,7 @@ std::vector<WantedEntry> wantedEntries(const ProfileData& data, const PanelLook&
     for (std::size_t run = 0; run < runs.size(); ++run) {
         if (!data.view.shows(run) || (data.view.kind == ProfileKind::change && run == 0)) continue;
         wanted.push_back({KeySampleKind::line, run, curvePen(run, look),
-                          firstShown(shownUtf8(runs[run].name), longestName)});
+                          firstShown(shownLine(runs[run].name), longestName)});
     }
     const auto add = [&](KeySampleKind kind, const Pen& pen, const char* text,
                          bool (*has)(const RunInPanel&)) {

@@ -1,5 +1,6 @@
 #include "panels/ProfileLayout.h"
 
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "panels/PanelDrawing.h"
 #include "panels/PanelMeasures.h"
@@ -178,7 +179,7 @@ class ProfileMaking {
             if (reach.from > distance.bottom && isBoundaryTold(k))
                 m_layout.lines.push_back({{from, top}, {from, top + m_measures.line}, pen});
             const std::string name =
-                reach.name.empty() ? std::to_string(reach.number) : shownUtf8(reach.name);
+                reach.name.empty() ? std::to_string(reach.number) : shownLine(reach.name);
             const std::string fitted =
                 fittedText(name, to - from - 0.6 * m_measures.line, m_look.font, m_metrics);
             if (!fitted.empty()) addText({(from + to) / 2, top}, TextAlign::centre, fitted, m_look.text);

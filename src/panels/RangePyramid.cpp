@@ -21,15 +21,25 @@ const NumberRange& rangeOf(const NumberRange& range) {
 }
 
 template <typename Entry>
+NumberRange rangeOfAll(std::span<const Entry> entries) {
+    NumberRange range = rangeOf(entries.front());
+    for (const Entry& entry : entries.subspan(1))
+        take(range, rangeOf(entry));
+    return range;
+}
+
+// Whole blocks have a length that the compiler knows: a page's curves have many thousand.
+template <typename Entry>
 std::vector<NumberRange> blocksOf(std::span<const Entry> entries) {
-    std::vector<NumberRange> blocks;
-    blocks.reserve(entries.size() / block + 1);
-    for (std::size_t begin = 0; begin < entries.size(); begin += block) {
-        NumberRange range = rangeOf(entries[begin]);
-        for (std::size_t k = begin + 1; k < std::min(begin + block, entries.size()); ++k)
-            take(range, rangeOf(entries[k]));
-        blocks.push_back(range);
+    const std::size_t whole = entries.size() / block;
+    std::vector<NumberRange> blocks(whole);
+    for (std::size_t k = 0; k < whole; ++k) {
+        NumberRange range = rangeOf(entries[k * block]);
+        for (std::size_t j = 1; j < block; ++j)
+            take(range, rangeOf(entries[k * block + j]));
+        blocks[k] = range;
     }
+    if (entries.size() > whole * block) blocks.push_back(rangeOfAll(entries.subspan(whole * block)));
     return blocks;
 }
 

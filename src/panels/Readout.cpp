@@ -1,6 +1,7 @@
 #include "panels/Readout.h"
 
 #include "analysis/Judging.h"
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "panels/ProfileData.h"
 #include "panels/TextFitting.h"
@@ -18,7 +19,7 @@ class Reading {
     PanelReadout panel(int series) const {
         PanelReadout panel;
         panel.series = series;
-        panel.name = shownUtf8(trim(m_study.base().results().seriesNames[series]));
+        panel.name = shownName(trim(m_study.base().results().seriesNames[series]));
         panel.statistic = statisticOf(m_study.base().results(), series);
         for (std::size_t run = 0; run < m_study.runs().size(); ++run)
             if (m_view.shows(run)) panel.runs.push_back(runIn(series, run));
@@ -39,7 +40,7 @@ class Reading {
         const StudyRun& of = m_study.runs()[run];
         RunReadout read;
         read.run = run;
-        read.name = shownUtf8(of.name);
+        read.name = shownName(of.name);
         const auto point = pointAt(m_path, run, m_place);
         if (!point) return read;
         const Statistic statistic = statisticOf(of.results(), series);
@@ -135,10 +136,10 @@ Readout readoutAt(const Study& study, const StudyPath& path, const ProfileView& 
     Readout readout;
     readout.km = at.km;
     readout.distance = study.runs()[at.run].results().pointDistance[at.point];
-    readout.feature = shownUtf8(featureAt(study, at));
+    readout.feature = shownName(featureAt(study, at));
     readout.side = sideAt(study, at);
     readout.reach = reach.number;
-    readout.reachName = reach.name.empty() ? "Reach " + std::to_string(reach.number) : shownUtf8(reach.name);
+    readout.reachName = reach.name.empty() ? "Reach " + std::to_string(reach.number) : shownName(reach.name);
     const Reading reading(study, path, view, place);
     for (const int series : view.series)
         readout.panels.push_back(reading.panel(series));

@@ -98,6 +98,65 @@ void forShownPoints(const StudyRun& run, const PathRun& points, const ProfileVie
         }
 }
 
+// Series of a run that have a value to be shown at each of its points, as most have: their distances are the
+// way's own.
+class WholeSeries {
+  public:
+    WholeSeries(const std::shared_ptr<const StudyPath>& path, std::size_t run)
+        : m_points(path->runs[run]), m_km(path, &m_points.km) {
+        std::size_t last = 0;
+        for (std::size_t reach = 0; reach + 1 < m_points.starts.size(); ++reach) {
+            if (m_points.starts[reach] == m_points.starts[reach + 1]) continue;
+            if (m_breaks.empty() || reach > last + 1) m_breaks.push_back(m_points.starts[reach]);
+            last = reach;
+        }
+    }
+
+    // False, with nothing added, where a value is missing.
+    bool addCurve(const SeriesValues& values, PathSeries& series) const {
+        std::vector<double> of(m_points.points.size());
+        bool whole = true;
+        for (std::size_t j = 0; j < of.size(); ++j) {
+            of[j] = values.value[SeriesValues::at(m_points.points[j])];
+            whole &= canBeShown(of[j]);
+        }
+        if (whole) series.curve = made(std::move(of));
+        return whole;
+    }
+    bool addBand(const SeriesValues& values, PathSeries& series) const {
+        std::vector<double> above(m_points.points.size()), below(above.size());
+        bool whole = true;
+        for (std::size_t j = 0; j < above.size(); ++j) {
+            above[j] = values.high(m_points.points[j]);
+            below[j] = values.low(m_points.points[j]);
+            whole &= (below[j] < above[j]) & canBeShown(below[j]) & canBeShown(above[j]);
+        }
+        if (whole) series.limits = {made(std::move(above)), made(std::move(below))};
+        return whole;
+    }
+
+  private:
+    PathValues made(std::vector<double> values) const {
+        PathValues made;
+        made.km = m_km;
+        made.values = std::move(values);
+        made.breaks = m_breaks;
+        made.pyramid = RangePyramid(made.values);
+        made.ascending = m_points.ascending;
+        return made;
+    }
+
+    const PathRun& m_points;
+    std::shared_ptr<const std::vector<double>> m_km;
+    std::vector<std::size_t> m_breaks;
+};
+
+bool showsAllPoints(const StudyRun& run, const PathRun& points, const ProfileView& view) {
+    return view.interpolated || std::ranges::none_of(points.points, [&](int point) {
+               return run.results().pointFeatureType[point] == InterpolatedPointType;
+           });
+}
+
 // Clear changes along the way, each as far as halfway to the points beside it.
 class ClearStretches {
   public:
@@ -128,22 +187,29 @@ class ClearStretches {
 
 } // namespace
 
-PathSeries valuesAlong(const Study& study, const StudyPath& path, std::size_t run,
+PathSeries valuesAlong(const Study& study, const std::shared_ptr<const StudyPath>& path, std::size_t run,
                        const WantedSeries& wanted) {
     const StudyRun& of = study.runs()[run];
-    const PathRun& points = path.runs[run];
+    const PathRun& points = path->runs[run];
     const SeriesValues values = seriesValues(of.results(), wanted.series, wanted.statistic);
-    const bool limits = wanted.view.limits && values.hasLimits();
-    Gathering curve(wanted.view.scale, points.points.size());
-    BandGathering band(wanted.view.scale, limits ? points.points.size() : 0);
-    forShownPoints(of, points, wanted.view, [&](double km, std::size_t reach, int point) {
-        curve.take(km, reach, values.value[SeriesValues::at(point)]);
-        if (limits) band.take(km, reach, values.low(point), values.high(point));
-    });
+    std::optional<WholeSeries> whole;
+    if (wanted.view.scale == ScaleKind::linear && showsAllPoints(of, points, wanted.view))
+        whole.emplace(path, run);
     PathSeries made;
-    made.curve = curve.made();
-    made.leftOut = curve.leftOut();
-    if (limits) made.limits = band.made();
+    if (!whole || !whole->addCurve(values, made)) {
+        Gathering curve(wanted.view.scale, points.points.size());
+        forShownPoints(of, points, wanted.view, [&](double km, std::size_t reach, int point) {
+            curve.take(km, reach, values.value[SeriesValues::at(point)]);
+        });
+        made.curve = curve.made();
+        made.leftOut = curve.leftOut();
+    }
+    if (!wanted.view.limits || !values.hasLimits() || (whole && whole->addBand(values, made))) return made;
+    BandGathering band(wanted.view.scale, points.points.size());
+    forShownPoints(of, points, wanted.view, [&](double km, std::size_t reach, int point) {
+        band.take(km, reach, values.low(point), values.high(point));
+    });
+    made.limits = band.made();
     return made;
 }
 

@@ -5,6 +5,8 @@
 #include "panels/ProfileView.h"
 #include "panels/StudyPath.h"
 
+#include <memory>
+
 namespace korvel {
 
 // A series as a panel has it.
@@ -14,7 +16,8 @@ struct WantedSeries {
     const ProfileView& view;
 };
 
-PathSeries valuesAlong(const Study& study, const StudyPath& path, std::size_t run,
+// May share the way's distances.
+PathSeries valuesAlong(const Study& study, const std::shared_ptr<const StudyPath>& path, std::size_t run,
                        const WantedSeries& wanted);
 PathSeries changesAlong(const Study& study, const StudyPath& path, std::size_t run,
                         const WantedSeries& wanted);

@@ -86,6 +86,7 @@ PathRun pathRun(const StudyRun& run, const std::vector<PathReach>& reaches) {
             }
         points.starts.push_back(points.points.size());
     }
+    points.ascending = std::ranges::is_sorted(points.km);
     return points;
 }
 

@@ -25,6 +25,7 @@ struct PathRun {
     std::vector<double> km;
     std::vector<int> points;         // indices in the run
     std::vector<std::size_t> starts; // where each reach's begin; one more at the end
+    bool ascending = true;           // the distances never go back
 };
 
 // Where at least one run has a point: what a cursor stands on.
@@ -63,7 +64,7 @@ std::optional<std::size_t> nextPlace(const StudyPath& path, std::size_t place, A
                                      Interpolated interpolated = Interpolated::taken);
 std::optional<std::size_t> nextFeature(const StudyPath& path, std::size_t place, Along direction);
 
-// As read, to be shown by shownUtf8(); "" for none.
+// As read, to be shown by shownLine(); "" for none.
 const std::string& featureAt(const Study& study, const PathPlace& place);
 const std::string& sideAt(const Study& study, const PathPlace& place); // "U/S", "D/S" or ""
 

@@ -1,6 +1,7 @@
 #include "publish/Atlas.h"
 
 #include "analysis/ChangeTable.h"
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "panels/ProfileLayout.h"
 #include "tables/PeopleNumbers.h"
@@ -20,7 +21,7 @@ constexpr std::size_t mostReachRows = 100; // reaches; with more, changes are to
 std::map<int, std::string> reachNamesOf(const RunFile& run) {
     std::map<int, std::string> names;
     for (const int number : run.reaches.numbers())
-        names[number] = shownUtf8(run.reachName(number));
+        names[number] = shownName(run.reachName(number));
     return names;
 }
 
@@ -109,12 +110,15 @@ std::vector<AtlasColumn> changeColumns(const std::string& by) {
 }
 
 // Run by run.
-AtlasTable sumsOfRuns(const Study& study, const ComplianceRequest& request) {
+AtlasTable sumsOfRuns(const Study& study, const ComplianceRequest& request,
+                      const std::vector<RunJudgement>& judged) {
     AtlasTable all;
-    for (const StudyRun& run : study.runs()) {
-        AtlasTable sums = atlasTable(complianceByDeterminand(run, request), {sumColumns()});
+    for (std::size_t k = 0; k < study.runs().size(); ++k) {
+        const StudyRun& run = study.runs()[k];
+        const Table table = determinandTable(run, complianceSums(run, request, judged[k].rows));
+        AtlasTable sums = atlasTable(table, {sumColumns()});
         for (std::vector<std::string>& row : sums.rows) {
-            row.insert(row.begin(), shownUtf8(run.name));
+            row.insert(row.begin(), shownLine(run.name));
             all.rows.push_back(std::move(row));
         }
         if (!all.headings.empty() && sums.rows.empty()) continue;
@@ -134,10 +138,13 @@ Atlas::Atlas(Study study, AtlasRequest request, const TextMetrics& metrics)
       m_request(std::move(request)),
       m_metrics(metrics),
       m_network(networkOf(*m_study.base().file)) {
-    if (m_request.title.empty()) m_request.title = shownUtf8(trim(m_study.base().results().resultsTitle));
-    if (m_request.title.empty()) m_request.title = shownUtf8(m_study.base().name);
-    for (std::size_t run = 0; run < m_study.runs().size(); ++run)
-        m_findings.push_back(findingsOf(m_study, run, compliance()));
+    m_request.title = shownLine(m_request.title);
+    if (m_request.title.empty()) m_request.title = shownLine(trim(m_study.base().results().resultsTitle));
+    if (m_request.title.empty()) m_request.title = shownLine(m_study.base().name);
+    for (std::size_t run = 0; run < m_study.runs().size(); ++run) {
+        m_judged.push_back(judgementOf(m_study, run, compliance()));
+        m_findings.push_back(findingsOf(m_study, run, m_judged));
+    }
     beginPart("Summary", 0);
     m_pages.push_back([this](AtlasSheet& sheet) { paintTitlePage(sheet); });
     planVerdicts();
@@ -166,7 +173,7 @@ void Atlas::planVerdicts() {
                 sheet.head("Verdicts of each run", "with confidence, all judged determinands together");
             const double height = (AtlasSheet::bottom() - top) / networksAPage;
             for (std::size_t run = first; run < end; ++run, top += height) {
-                sheet.text({0, top}, TextAlign::left, shownUtf8(m_study.runs()[run].name),
+                sheet.text({0, top}, TextAlign::left, shownLine(m_study.runs()[run].name),
                            sheet.look().titleFont, sheet.look().text);
                 const double words =
                     sheet.paragraph({0, top + 1.3 * sheet.line()}, atlasWidth, findingsInWords(run),
@@ -182,18 +189,18 @@ void Atlas::planRivers() {
     if (m_network.hasCircles()) { // no rivers: its reaches, one by one
         beginPart("Reaches", 0);
         for (int place = 0; place < base.reaches.count(); ++place)
-            planRiver({place}, shownUtf8(base.reachName(base.reaches.number(place))),
+            planRiver({place}, shownLine(base.reachName(base.reaches.number(place))),
                       "reach " + std::to_string(base.reaches.number(place)));
         return;
     }
     beginPart("Rivers", 0);
     for (const River& river : m_network.rivers) {
-        const std::string name = river.name.empty() ? "River without a name" : shownUtf8(river.name);
+        const std::string name = river.name.empty() ? "River without a name" : shownLine(river.name);
         std::string beside = shownDecimals(river.length, 1) + " km, " +
                              counted(static_cast<int>(river.reaches.size()), "reach", "reaches");
         if (river.joins >= 0) {
             const int number = base.reaches.number(river.joins);
-            beside += ", runs into " + shownUtf8(base.reachName(number)) + " (reach " +
+            beside += ", runs into " + shownName(base.reachName(number)) + " (reach " +
                       std::to_string(number) + ")";
         }
         planRiver(river.reaches, name, beside);
@@ -221,15 +228,13 @@ void Atlas::planRiver(const std::vector<int>& reaches, const std::string& title,
 void Atlas::planTables() {
     const std::map<int, std::string> names = reachNamesOf(*m_study.base().file);
     beginPart("Targets", 0);
-    planTable(sumsOfRuns(m_study, compliance()), 1);
+    planTable(sumsOfRuns(m_study, compliance(), m_judged), 1);
     for (std::size_t run = 0; run < m_study.runs().size(); ++run) {
         const StudyRun& of = m_study.runs()[run];
-        JudgedRun judged{of, {}};
-        if (run > 0) judged.base = m_study.base();
         AtlasTable byReach =
-            atlasTable(complianceByReach(judged, compliance()).front(),
+            atlasTable(reachTable(of, m_judged[run].rows),
                        {complianceColumns(run > 0), {"verdict"}, "without a verdict", mostRows, names});
-        byReach.title = "Targets by reach, " + shownUtf8(of.name);
+        byReach.title = "Targets by reach, " + shownName(of.name);
         planTable(std::move(byReach), 1);
     }
     if (m_study.runs().size() < 2) return;
@@ -247,7 +252,7 @@ void Atlas::planTables() {
                                                 mostRows,
                                                 names});
         changes.note = trim("Means over the points of both runs. " + changes.note);
-        changes.title = "Changes from " + shownUtf8(held.base.name) + " to " + shownUtf8(held.run.name);
+        changes.title = "Changes from " + shownName(held.base.name) + " to " + shownName(held.run.name);
         planTable(std::move(changes), 1);
     }
 }

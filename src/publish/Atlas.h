@@ -70,6 +70,7 @@ class Atlas {
     AtlasRequest m_request;
     const TextMetrics& m_metrics;
     Network m_network; // of the base
+    std::vector<RunJudgement> m_judged;
     std::vector<RunFindings> m_findings;
     std::vector<PagePainter> m_pages;
     std::vector<Part> m_parts;

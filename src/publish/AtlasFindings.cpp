@@ -1,5 +1,6 @@
 #include "publish/AtlasFindings.h"
 
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "panels/ProfileData.h"
 #include "tables/PeopleNumbers.h"
@@ -16,7 +17,7 @@ std::string reaches(int count) {
 }
 
 std::string shownNameOf(const StudyRun& run, int determinand) {
-    return shownUtf8(determinandName(run.results(), determinand));
+    return shownName(determinandName(run.results(), determinand));
 }
 
 struct Counts {
@@ -60,6 +61,22 @@ std::string failingWords(const StudyRun& run, const std::vector<ComplianceRow>& 
     return words;
 }
 
+// Of what fails, the value farthest from its target.
+std::string worstSentence(const StudyRun& run, const std::vector<ComplianceRow>& rows) {
+    const ComplianceRow* worst = nullptr;
+    for (const ComplianceRow& row : rows)
+        if (row.reach.verdict == Verdict::fail && row.reach.worst &&
+            (!worst || row.reach.worst->judgement.isWorseThan(worst->reach.worst->judgement)))
+            worst = &row;
+    if (!worst) return "";
+    const auto& [point, judgement] = *worst->reach.worst;
+    const std::string feature = shownName(trim(run.results().pointLabel[point]));
+    return "The worst: " + shownNameOf(run, worst->determinand.number) +
+           (feature.empty() ? "" : " at " + feature) + " in " +
+           shownName(run.file->reachName(run.reaches().number(worst->place))) + ", " +
+           shownNumber(judgement.value) + " where " + shownNumber(judgement.target) + " is the target.";
+}
+
 std::string judgedSentence(const Counts& counts, std::size_t all) {
     if (counts.judged == 0) return "No reach has targets to be judged by.";
     const auto verb = [](int count, const char* one, const char* many) {
@@ -89,7 +106,7 @@ std::string changeSentence(const Study& study, const StudyRun& run, const std::v
     std::set<int> deteriorated;
     for (const ComplianceRow& row : details)
         if (row.change && row.change->deteriorated.value_or(false)) deteriorated.insert(row.place);
-    return "Against " + shownUtf8(study.base().name) + ": " + reaches(better) + " from fail to pass, " +
+    return "Against " + shownName(study.base().name) + ": " + reaches(better) + " from fail to pass, " +
            reaches(worse) + " from pass to fail; " + reaches(static_cast<int>(deteriorated.size())) +
            " with a determinand that is worse by more than " + shownDecimals(DefaultDeterioration, 0) +
            " % somewhere.";
@@ -97,12 +114,18 @@ std::string changeSentence(const Study& study, const StudyRun& run, const std::v
 
 } // namespace
 
-RunFindings findingsOf(const Study& study, std::size_t run, const ComplianceRequest& request) {
+RunJudgement judgementOf(const Study& study, std::size_t run, const ComplianceRequest& request) {
+    JudgedRun asked{study.runs()[run], {}};
+    if (run > 0) asked.base = study.base();
+    RunJudgement judged;
+    judged.rows = complianceRows(asked, request);
+    judged.overall = overallRows(asked.run, request, judged.rows);
+    return judged;
+}
+
+RunFindings findingsOf(const Study& study, std::size_t run, const std::vector<RunJudgement>& judged) {
     const StudyRun& of = study.runs()[run];
-    JudgedRun judged{of, {}};
-    if (run > 0) judged.base = study.base();
-    const std::vector<ComplianceRow> rows = complianceRows(judged, request);
-    const std::vector<OverallRow> overall = overallRows(of, request, rows);
+    const auto& [rows, overall] = judged[run];
     RunFindings findings;
     findings.verdicts.assign(static_cast<std::size_t>(of.reaches().count()), Verdict::none);
     for (const OverallRow& row : overall)
@@ -110,11 +133,10 @@ RunFindings findingsOf(const Study& study, std::size_t run, const ComplianceRequ
     findings.sentences.push_back(judgedSentence(countsOf(overall), findings.verdicts.size()));
     const std::string failing = failingWords(of, rows);
     if (!failing.empty()) findings.sentences.push_back("Failing: " + failing + ".");
-    if (run > 0) {
-        const auto baseRows = complianceRows({study.base(), {}}, request);
-        findings.sentences.push_back(
-            changeSentence(study, of, overall, overallRows(study.base(), request, baseRows), rows));
-    }
+    const std::string worst = worstSentence(of, rows);
+    if (!worst.empty()) findings.sentences.push_back(worst);
+    if (run > 0)
+        findings.sentences.push_back(changeSentence(study, of, overall, judged.front().overall, rows));
     return findings;
 }
 

@@ -1,5 +1,6 @@
 #include "publish/AtlasTable.h"
 
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "tables/PeopleNumbers.h"
 
@@ -24,12 +25,12 @@ std::string cellText(double value) {
     return shownNumber(value);
 }
 std::string cellText(std::string_view text) {
-    return firstShown(shownUtf8(text), longestText);
+    return firstShown(shownLine(text), longestText);
 }
 std::string cellText(std::span<const std::string> names) {
     std::string text;
     for (const std::string& name : names)
-        text += (text.empty() ? "" : ", ") + shownUtf8(name);
+        text += (text.empty() ? "" : ", ") + shownName(name);
     return firstShown(text, longestText);
 }
 

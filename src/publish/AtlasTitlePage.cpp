@@ -2,6 +2,7 @@
 #include "publish/Atlas.h"
 
 #include "basic/Product.h"
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 #include "panels/NetworkLayout.h"
 #include "panels/ProfileKey.h"
@@ -41,7 +42,7 @@ void Atlas::paintTitlePage(AtlasSheet& sheet) const {
     y = paintRuns(sheet, y + 0.8 * sheet.line());
     y = paintFindings(sheet, y + 0.6 * sheet.line());
     y += 0.6 * sheet.line();
-    const std::string shown = "Network of " + shownUtf8(m_study.base().name) +
+    const std::string shown = "Network of " + shownName(m_study.base().name) +
                               ": what its reaches come to with confidence, all judged determinands together";
     sheet.text({0, y}, TextAlign::left,
                fittedText(shown, atlasWidth, look.titleFont, m_metrics, Shorten::middle), look.titleFont,
@@ -60,10 +61,10 @@ double Atlas::paintRuns(AtlasSheet& sheet, double top) const {
             return fittedText(firstShown(text, 400), width, font, m_metrics, shorten);
         };
         const std::string name =
-            fitted(shownUtf8(of.name), nameWidth - 3 * line, look.titleFont, Shorten::middle);
+            fitted(shownLine(of.name), nameWidth - 3 * line, look.titleFont, Shorten::middle);
         sheet.text({2.6 * line, top}, TextAlign::left, name, look.titleFont, look.text);
         const std::string role = m_study.runs().size() > 1 && run == 0 ? " (the base)" : "";
-        const std::string words = shownUtf8(trim(of.results().resultsTitle));
+        const std::string words = shownLine(trim(of.results().resultsTitle));
         const double right =
             sheet.text({atlasWidth, top}, TextAlign::right, factsOf(of) + role, look.font, look.quietText);
         const double room = right - sheet.width(factsOf(of) + role, look.font) - nameWidth - line;
@@ -92,7 +93,7 @@ double Atlas::paintFindings(AtlasSheet& sheet, double top) const {
             return top + 1.5 * line;
         }
         sheet.text({0, top}, TextAlign::left,
-                   fittedText(shownUtf8(m_study.runs()[run].name), atlasWidth, look.titleFont, m_metrics,
+                   fittedText(shownLine(m_study.runs()[run].name), atlasWidth, look.titleFont, m_metrics,
                               Shorten::middle),
                    look.titleFont, look.text);
         top = sheet.paragraph({indent, top + 1.25 * line}, atlasWidth - indent, words, look.font, look.text) +

@@ -1,5 +1,6 @@
 #include "publish/PageText.h"
 
+#include "basic/ShownText.h"
 #include "basic/Text.h"
 
 #include <array>
@@ -12,37 +13,6 @@ unsigned byteAt(std::string_view text, std::size_t index) {
     return index < text.size() ? static_cast<unsigned char>(text[index]) : 0U;
 }
 
-// How many bytes a control character takes that begins here: those below a blank, 7F, and 80 to 9F in two
-// bytes; 0 for none.
-std::size_t controlLength(std::string_view utf8, std::size_t index) {
-    const unsigned code = byteAt(utf8, index);
-    if (code < 0x20 || code == 0x7F) return 1;
-    const unsigned next = byteAt(utf8, index + 1);
-    return code == 0xC2 && next >= 0x80 && next < 0xA0 ? 2 : 0;
-}
-
-bool isSpace(char c) {
-    return c == '\t' || c == '\n' || c == '\r';
-}
-
-// FFFE and FFFF are no characters and not allowed in markup.
-bool isNoCharacter(std::string_view utf8, std::size_t index) {
-    return byteAt(utf8, index) == 0xEF && byteAt(utf8, index + 1) == 0xBF && byteAt(utf8, index + 2) >= 0xBE;
-}
-
-std::string withoutControls(std::string_view utf8) {
-    std::string clean;
-    for (std::size_t i = 0; i < utf8.size();) {
-        const std::size_t length = isNoCharacter(utf8, i) ? 3 : controlLength(utf8, i);
-        if (length == 0)
-            clean += utf8[i];
-        else if (isSpace(utf8[i]))
-            clean += ' ';
-        i += length == 0 ? 1 : length;
-    }
-    return clean;
-}
-
 std::string unicodeEscape(unsigned code) {
     static constexpr std::string_view digits = "0123456789abcdef";
     return {'\\', 'u', '0', '0', digits[code >> 4U], digits[code & 0xFU]};
@@ -52,7 +22,7 @@ std::string unicodeEscape(unsigned code) {
 
 std::string pageText(std::string_view asInFiles, std::size_t longest) {
     // No character takes more than four bytes; the rest of a huge text needn't be looked at letter by letter.
-    const std::string clean = withoutControls(shownUtf8(asInFiles));
+    const std::string clean = shownLine(asInFiles);
     std::string beginning = firstShown(clean, longest);
     return beginning.size() == clean.size() ? clean : beginning + "\u2026";
 }

@@ -129,8 +129,10 @@ TEST(Atlas, SaysWhatWasJudgedAndFound) {
           "Judged: BOD by the mean; DO by the 95 percentile, low is bad. Unless said otherwise, high is bad.",
           "2 of 3 reaches are judged: 1 meets every target, 1 fails at least one. With confidence 1 "
           "fails, 0 pass and 1 is unsure.",
-          "Failing: BOD in 1 reach (1.2 km).", "Network of a.sgr: what its reaches come to",
-          "Written by KORVEL", "Against a.sgr: 1 reach from fail to pass, 0 reaches from pass to fail;"})
+          "Failing: BOD in 1 reach (1.2 km).",
+          "The worst: BOD at Works in Upper Mill, 6.000 where 4.000 is the target.",
+          "Network of a.sgr: what its reaches come to", "Written by KORVEL",
+          "Against a.sgr: 1 reach from fail to pass, 0 reaches from pass to fail;"})
         EXPECT_TRUE(pages.holds(0, words)) << words << "\n" << pages.words(0);
 }
 
@@ -184,6 +186,34 @@ TEST(Atlas, KeepsItsTextsOnThePage) {
             EXPECT_GE(text.corner.y, -1) << text.text;
             EXPECT_LE(text.corner.y + text.height, atlasHeight + 1) << page << ' ' << text.text;
         }
+}
+
+TEST(Atlas, ShowsNoControlCharacters) {
+    ResultsFileBuilder file = river(7, "Mi\x01ll\tB\x7F");
+    file.title("The \x1B[31mMill\x9D").point(2, 2, "D/S W\x07ks", 3).setAll(2);
+    const AtlasPages pages({file, file}, {"", {0, 1, 2, 3, 4}, {2}});
+    std::string all;
+    for (std::size_t page = 0; page < pages.count(); ++page)
+        all += pages.words(page);
+    for (const std::string& title : titlesOf(*pages.atlas().outline()))
+        all += title;
+    EXPECT_TRUE(std::ranges::none_of(all, [](char c) { return (c >= 0 && c < 0x20) || c == 0x7F; }));
+    EXPECT_EQ(all.find("\u009d"), std::string::npos);
+    EXPECT_EQ(pages.atlas().title(), "The [31mMill");
+    for (const char* words : {"Mill B", "Wks"})
+        EXPECT_NE(all.find(words), std::string::npos) << words;
+}
+
+TEST(Atlas, KeepsNamesFromRightToLeftFromTurningItsWords) {
+    ResultsFileBuilder file;
+    file.title("River").determinand(1, "\u05de\u05dc\u05d7", 1).reach(1, "\u05e0\u05d4\u05e8", 4, 0);
+    file.point(1, 0, "Head", 0).setAll(1).point(1, 3, "D/S Works", 3).setAll(2).set(targetValue, 1, 4);
+    ResultsFileBuilder other = file;
+    other.set(meanValue, 1, 3);
+    const AtlasPages pages({file, other}, {"", {0, 1}, {}});
+    const std::string salt = "\u2068\u05de\u05dc\u05d7\u2069", river = "\u2068\u05e0\u05d4\u05e8\u2069";
+    EXPECT_TRUE(pages.holds(0, "Judged: " + salt + " by the mean")) << pages.words(0);
+    EXPECT_TRUE(pages.holds(pages.count() - 1, "1 " + river)) << pages.words(pages.count() - 1);
 }
 
 TEST(Atlas, ShowsReachesOneByOneWhereTheyRunInACircle) {
