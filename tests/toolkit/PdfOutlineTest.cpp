@@ -10,6 +10,7 @@
 #include <QProcess>
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <fstream>
 #include <iterator>
 #include <regex>
@@ -91,6 +92,20 @@ TEST_F(PdfOutlineTest, SaysNoDay) {
     EXPECT_EQ(document.find("/CreationDate"), std::string::npos);
     EXPECT_EQ(complaints(), "");
     EXPECT_TRUE(documentOf(1, onePage()) == document);
+}
+
+TEST_F(PdfOutlineTest, IsTheSameInEveryTimeZone) {
+    std::vector<std::string> documents;
+    for (const char* zone : {"UTC", "Asia/Tokyo", "America/St_Johns"}) {
+        setenv("TZ", zone, 1);
+        tzset();
+        documents.push_back(documentOf(3, threePages()));
+        EXPECT_EQ(complaints(), "") << zone;
+    }
+    unsetenv("TZ");
+    tzset();
+    EXPECT_TRUE(documents[0] == documents[1]);
+    EXPECT_TRUE(documents[0] == documents[2]);
 }
 
 TEST_F(PdfOutlineTest, StandsWithoutBookmarksOrLinks) {

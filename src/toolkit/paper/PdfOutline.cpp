@@ -26,16 +26,18 @@ class PdfDocument {
         at = skipBlanks(at);
         if (numberAfter(m_bytes, at) != 0) fail();
         const std::size_t count = numberAfter(m_bytes, m_bytes.find(' ', at));
-        at = m_bytes.find('\n', at) + 1;
-        constexpr std::size_t entry = 20; // bytes of each
-        if (count > m_bytes.size() / entry) fail();
+        m_entries = m_bytes.find('\n', at) + 1;
+        if (count > m_bytes.size() / entrySize) fail();
         for (std::size_t k = 0; k < count; ++k)
-            m_offsets.push_back(numberAfter(m_bytes, at + k * entry));
+            m_offsets.push_back(numberAfter(m_bytes, entryOf(k)));
         m_trailer = m_bytes.substr(after("trailer", m_crossReference));
     }
 
     std::size_t crossReference() const { return m_crossReference; }
     std::size_t objectCount() const { return m_offsets.size(); }
+    std::size_t offsetOf(std::size_t object) const { return m_offsets[object]; }
+    // Where the table of objects tells the offset.
+    std::size_t entryOf(std::size_t object) const { return m_entries + object * entrySize; }
     std::size_t root() const { return required(m_trailer, "/Root"); }
     std::size_t info() const { return required(m_trailer, "/Info"); }
 
@@ -100,7 +102,9 @@ class PdfDocument {
 
     std::string_view m_bytes;
     std::string_view m_trailer;
+    static constexpr std::size_t entrySize = 20; // bytes
     std::size_t m_crossReference = 0;
+    std::size_t m_entries = 0;
     std::vector<std::size_t> m_offsets;
 };
 
@@ -256,20 +260,32 @@ class UpdateMaking {
     std::map<std::size_t, std::size_t> m_offsets;
 };
 
+// The ten digits of an offset.
+void setDigits(std::string& document, std::size_t at, std::size_t offset) {
+    char digits[32];
+    std::snprintf(digits, sizeof digits, "%010zu", offset);
+    std::copy_n(digits, 10, document.begin() + static_cast<std::ptrdiff_t>(at));
+}
+
 } // namespace
 
 std::string pdfUpdate(const std::string& document, const DocumentOutline& outline, const SheetPlace& place) {
     return UpdateMaking(document, outline, place).make();
 }
 
-// Blanks in its place: nothing else moves.
+// All that stands behind it moves up: how long it is depends on the time zone.
 void removeDate(std::string& document) {
     const PdfDocument read(document);
     const std::string_view info = read.object(read.info());
     const std::size_t begin = info.find("/CreationDate ("), end = info.find(')', begin);
     if (begin == std::string_view::npos || end == std::string_view::npos) return;
-    const auto at = static_cast<std::size_t>(info.data() - document.data());
-    document.replace(at + begin, end + 1 - begin, end + 1 - begin, ' ');
+    const std::size_t at = static_cast<std::size_t>(info.data() - document.data()) + begin;
+    const std::size_t length = end + 1 - begin;
+    for (std::size_t k = 0; k < read.objectCount(); ++k)
+        if (read.offsetOf(k) > at) setDigits(document, read.entryOf(k), read.offsetOf(k) - length);
+    document.resize(document.rfind("startxref"));
+    document += "startxref\n" + std::to_string(read.crossReference() - length) + "\n%%EOF\n";
+    document.erase(at, length);
 }
 
 void OutlinedTarget::finish() {
