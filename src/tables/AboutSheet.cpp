@@ -1,15 +1,20 @@
 #include "tables/AboutSheet.h"
 
 #include "basic/Product.h"
+#include "basic/Text.h"
 #include "tables/PeopleNumbers.h"
 #include "tables/SheetText.h"
 #include "tables/XlsxLibrary.h"
+
+#include <algorithm>
 
 namespace korvel {
 
 namespace {
 
-constexpr double labelWidth = 24, textWidth = 100; // characters
+constexpr double labelWidth = 24, textWidth = 100;  // characters
+constexpr std::size_t lettersALine = 80;            // of a text, in the widest of the usual fonts
+constexpr double lineHeight = 15, highestRow = 409; // points
 
 class AboutLines {
   public:
@@ -18,16 +23,23 @@ class AboutLines {
     void title(const std::string& text) { write(0, text, m_looks.title); }
     void fact(const std::string& name, const std::string& value) {
         write(0, name, m_looks.label);
-        write(1, value, m_looks.wrapped);
-        space();
+        note(value);
     }
     void note(const std::string& text) {
+        makeRoom(text);
         write(1, text, m_looks.wrapped);
         space();
     }
     void space() { ++m_row; }
 
   private:
+    // Not every program finds the height of a row whose text goes on on further lines.
+    void makeRoom(const std::string& text) {
+        const std::size_t lines = (shownLength(shownUtf8(text)) + lettersALine - 1) / lettersALine;
+        if (lines < 2) return;
+        const double height = std::min(lineHeight * static_cast<double>(lines), highestRow);
+        xlsx().worksheet_set_row(m_sheet, m_row, height, nullptr);
+    }
     void write(lxw_col_t column, const std::string& text, lxw_format* look) {
         xlsx().worksheet_write_string(m_sheet, m_row, column, sheetText(text).text.c_str(), look);
     }

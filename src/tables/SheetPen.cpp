@@ -7,13 +7,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace korvel {
 
 namespace {
 
-constexpr double widestColumn = 50; // characters
-constexpr double roomForFilter = 4; // its button, beside the heading
+constexpr double widestColumn = 50;   // characters
+constexpr double roomForFilter = 4;   // its button, beside the heading
+constexpr double widestPage = 220;    // characters across a printed page that can still be read
+constexpr std::size_t mostNaming = 4; // columns that tell what a row is about
 constexpr lxw_color_t headingColour = 0xDDEBF7;
 
 void check(lxw_error error) {
@@ -118,6 +121,7 @@ const std::string& SheetPen::shownText(std::string_view text) {
 void SheetPen::putText(const std::string& text) {
     if (text.empty()) return;
     ColumnState& state = column();
+    state.holdsTexts = true;
     if (static_cast<double>(text.size()) > state.width)
         state.width = std::max(state.width, static_cast<double>(shownLength(text)) + 2);
     check(xlsx().worksheet_write_string(m_sheet, m_row, columnNumber(m_column), text.c_str(), m_looks.text));
@@ -143,10 +147,26 @@ void SheetPen::putTruth(bool value) {
 void SheetPen::finish() {
     const lxw_col_t last = columnNumber(m_columns.size() - 1);
     check(xlsx().worksheet_autofilter(m_sheet, 0, 0, m_row, last));
+    std::vector<double> widths;
     for (std::size_t k = 0; k < m_columns.size(); ++k) {
-        const double width = std::min(m_columns[k].width, widestColumn);
-        check(xlsx().worksheet_set_column(m_sheet, columnNumber(k), columnNumber(k), width, nullptr));
+        widths.push_back(std::min(m_columns[k].width, widestColumn));
+        check(xlsx().worksheet_set_column(m_sheet, columnNumber(k), columnNumber(k), widths[k], nullptr));
     }
+    setPages(widths);
+}
+
+// What would be too small to read on one page goes on beside it, each page with the columns that name a row.
+void SheetPen::setPages(const std::vector<double>& widths) {
+    const double all = std::accumulate(widths.begin(), widths.end(), 0.0);
+    if (all <= widestPage) return;
+    std::size_t naming = 0;
+    for (std::size_t k = 0; k < std::min(mostNaming, m_columns.size()); ++k)
+        if (m_columns[k].holdsTexts) naming = k + 1;
+    const double repeated =
+        std::accumulate(widths.begin(), widths.begin() + static_cast<std::ptrdiff_t>(naming), 0.0);
+    const double pages = std::ceil((all - repeated) / (widestPage - repeated));
+    xlsx().worksheet_fit_to_pages(m_sheet, static_cast<std::uint16_t>(pages), 0);
+    if (naming > 0) check(xlsx().worksheet_repeat_columns(m_sheet, 0, columnNumber(naming - 1)));
 }
 
 } // namespace korvel

@@ -43,8 +43,9 @@ class SheetPen {
   private:
     struct ColumnState {
         bool holdsPlaces = false; // on the river: shown as they were read
-        double width = 0;         // of the widest cell, in characters
-        std::string raw, shown;   // the text before, which often comes again
+        bool holdsTexts = false;
+        double width = 0;       // of the widest cell, in characters
+        std::string raw, shown; // the text before, which often comes again
     };
 
     ColumnState& column() { return m_columns.at(m_column); }
@@ -53,6 +54,7 @@ class SheetPen {
     void putNumber(double value);
     void putWhole(int value);
     void putTruth(bool value);
+    void setPages(const std::vector<double>& widths);
 
     lxw_worksheet* m_sheet;
     const SheetLooks& m_looks;

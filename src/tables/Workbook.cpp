@@ -122,6 +122,7 @@ lxw_worksheet* Workbook::add(const std::string& name) {
     xlsx().worksheet_set_paper(sheet, 9); // A4
     xlsx().worksheet_fit_to_pages(sheet, 1, 0);
     xlsx().worksheet_repeat_rows(sheet, 0, 0);
+    xlsx().worksheet_set_footer(sheet, "&L&A&R&P of &N");
     m_sheets.push_back(sheet);
     return sheet;
 }

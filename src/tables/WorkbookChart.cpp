@@ -74,7 +74,8 @@ void WorkbookChart::insert(lxw_workbook* workbook, lxw_worksheet* sheet, const S
     lxw_chart_options options{};
     options.x_scale = scaleAcross;
     options.y_scale = scaleUp;
-    xlsx().worksheet_insert_chart_opt(sheet, 1, columnNumber(content.headings.size() + 1), chart, &options);
+    // Not just under the headings, or its edge would be printed with them on every page.
+    xlsx().worksheet_insert_chart_opt(sheet, 2, columnNumber(content.headings.size() + 1), chart, &options);
 }
 
 } // namespace korvel

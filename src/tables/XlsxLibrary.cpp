@@ -21,7 +21,10 @@ void XlsxLibrary::findSheets(LateLibrary& library) {
     library.find("worksheet_set_paper", worksheet_set_paper);
     library.find("worksheet_fit_to_pages", worksheet_fit_to_pages);
     library.find("worksheet_repeat_rows", worksheet_repeat_rows);
+    library.find("worksheet_repeat_columns", worksheet_repeat_columns);
+    library.find("worksheet_set_footer", worksheet_set_footer);
     library.find("worksheet_set_column", worksheet_set_column);
+    library.find("worksheet_set_row", worksheet_set_row);
     library.find("worksheet_freeze_panes", worksheet_freeze_panes);
     library.find("worksheet_autofilter", worksheet_autofilter);
     library.find("worksheet_write_string", worksheet_write_string);

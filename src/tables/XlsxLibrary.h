@@ -25,7 +25,10 @@ struct XlsxLibrary {
     decltype(&::worksheet_set_paper) worksheet_set_paper = nullptr;
     decltype(&::worksheet_fit_to_pages) worksheet_fit_to_pages = nullptr;
     decltype(&::worksheet_repeat_rows) worksheet_repeat_rows = nullptr;
+    decltype(&::worksheet_repeat_columns) worksheet_repeat_columns = nullptr;
+    decltype(&::worksheet_set_footer) worksheet_set_footer = nullptr;
     decltype(&::worksheet_set_column) worksheet_set_column = nullptr;
+    decltype(&::worksheet_set_row) worksheet_set_row = nullptr;
     decltype(&::worksheet_freeze_panes) worksheet_freeze_panes = nullptr;
     decltype(&::worksheet_autofilter) worksheet_autofilter = nullptr;
     decltype(&::worksheet_write_string) worksheet_write_string = nullptr;

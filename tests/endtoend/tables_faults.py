@@ -126,3 +126,42 @@ def check_full_disk_for_books(folder):
         check(done.stderr == "[critical] : Run-time error '61': Disk full\n", f"a disk of {room} KiB: {done.stderr}")
         check(left == [], f"a disk of {room} KiB: {left} is left")
     check(failed > 3, f"only {failed} disks were too small")
+
+
+ATLAS_ON_SMALL_DISK = """mount -t tmpfs -o size=$2k none disk || exit 97
+cp ALDER-atlas.pdf disk/x.pdf
+"$1" atlas ALDER.SGR --title Other --output disk/x.pdf; status=$?
+ls -A disk > names; cp disk/x.pdf left.pdf; exit $status
+"""
+
+
+def check_atlas(folder):
+    """The same call gives the same bytes; a full disk and Ctrl+C leave the old document, and nothing beside it."""
+    run(folder, "atlas", "ALDER.SGR")
+    before = (folder / "ALDER-atlas.pdf").read_bytes()
+    time.sleep(1.1)
+    run(folder, "atlas", "ALDER.SGR", TZ="Asia/Tokyo")
+    check((folder / "ALDER-atlas.pdf").read_bytes() == before, "the same call gives another atlas")
+    stopped = 0
+    for wait in (0.02, 0.05, 0.1, 0.2, 0.4):
+        writing = subprocess.Popen([str(PROGRAM), "atlas", "ALDER.SGR", "--title", "Other"], cwd=folder, stderr=subprocess.PIPE, text=True)
+        time.sleep(wait)
+        writing.send_signal(signal.SIGINT)
+        told = writing.communicate()[1]
+        if writing.returncode == 0:
+            run(folder, "atlas", "ALDER.SGR")
+            continue
+        stopped += 1
+        check(writing.returncode == -signal.SIGINT or "Stopped; nothing was written." in told, f"Ctrl+C: {told}")
+        check((folder / "ALDER-atlas.pdf").read_bytes() == before, "a stopped atlas is another one")
+    check(stopped > 0, "no atlas was stopped")
+    check(not [name for name in os.listdir(folder) if name.startswith(".korvel-")], "a stopped atlas leaves a file")
+    for room in (16, 40, 100):
+        (folder / "names").unlink(missing_ok=True)
+        words = ["unshare", "-Urm", "sh", "-c", ATLAS_ON_SMALL_DISK, "sh", str(PROGRAM), str(len(before) // 1024 + room)]
+        done = subprocess.run(words, cwd=folder, capture_output=True, text=True, timeout=300)
+        if done.returncode not in (0, 1) or not (folder / "names").exists():
+            return  # told of before
+        check(done.returncode == 1 and done.stderr == "[critical] : Run-time error '61': Disk full\n", f"a full disk: {done.stderr}")
+        check((folder / "names").read_text().split() == ["x.pdf"], "a full disk: something is left beside the atlas")
+        check((folder / "left.pdf").read_bytes() == before, "a full disk changes the atlas")

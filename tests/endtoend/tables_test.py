@@ -18,7 +18,8 @@ import sys
 import tempfile
 import time
 
-from tables_faults import check_full_disk, check_full_disk_for_books, check_killed, check_stopped
+from tables_faults import check_atlas, check_full_disk, check_full_disk_for_books, check_killed, check_stopped
+from tables_looks import check_looks
 from tables_readers import check_decimal_commas, check_in_languages, check_in_libreoffice, check_in_shell
 from tables_tools import (COLUMNS, SOURCE, Workbook, check, check_rows, check_sheet, check_sound, contents, counted,
                           csv_of, failures, run, skipped)
@@ -251,8 +252,8 @@ def main():
         for sample in (SOURCE / "samples").glob("*.DAT"):
             shutil.copy(sample, folder)
             run(folder, "run", sample.name, "--wait")
-        for part in (check_workbooks, check_nasty, check_in_libreoffice, check_decimal_commas, check_databases, check_killed,
-                     check_stopped, check_full_disk, check_full_disk_for_books):
+        for part in (check_workbooks, check_looks, check_nasty, check_in_libreoffice, check_decimal_commas, check_databases, check_killed,
+                     check_stopped, check_full_disk, check_full_disk_for_books, check_atlas):
             begun = time.monotonic()
             part(folder)
             print(f"{part.__name__}: {time.monotonic() - begun:.1f} s")
