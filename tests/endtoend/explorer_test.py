@@ -367,6 +367,81 @@ class WaysInTest(unittest.TestCase):
         self.wait_for_runs("ALDER.SGR  (base)", "ALDER2.SGR")
         self.assertTrue(os.path.exists(os.path.join(FOLDER.name, "ALDER2.SGR")))
 
+    def test_of_thirteen_files_that_are_dropped_twelve_are_opened_and_the_other_is_named(self):
+        names = [f"RUN{k:02}.SGR" for k in range(1, 14)]
+        for name in names:
+            shutil.copy(os.path.join(FOLDER.name, "ALDER.SGR"), os.path.join(FOLDER.name, name))
+        self.open()
+        self.explorer.thing(Atspi.Role.LABEL, "Look down any river")
+        source = subprocess.Popen([BUILD / "bin" / "drag_source", *names], cwd=FOLDER.name)
+        self.addCleanup(source.wait)
+        self.addCleanup(source.terminate)
+        wait(lambda: window_named("Drag source"), "what is dragged from")
+        time.sleep(0.5)
+        drag((30, 30), (45, 45), (400, 300), (900, 500), (905, 505))
+        wait(lambda: window_named("Open results"), "the message")
+        words = wait(lambda: self.message_words(), "its words")
+        self.assertEqual(words, "RUN13.SGR: there are 12 runs already, as many as there can be.")
+        keys("Return")
+        wait(lambda: not window_named("Open results"), "the message's end")
+        self.wait_for_runs("RUN01.SGR  (base)", *names[1:12])
+
+    def message_words(self):
+        application = self.explorer.frame.get_application()
+        for index in range(application.get_child_count()):
+            window = application.get_child_at_index(index)
+            for thing in all_of(window) if window is not None and window.get_name() == "Open results" else ():
+                if thing.get_role() == Atspi.Role.LABEL and ".SGR" in thing.get_name():
+                    return thing.get_name()
+        return None
+
+    def test_the_pointer_moves_about(self):
+        self.open("ALDER.SGR")
+        self.wait_for_runs("ALDER.SGR  (base)")
+        profile = self.explorer.thing(Atspi.Role.CHART, "Profile along the river").get_component_iface()
+        place = profile.get_extents(Atspi.CoordType.SCREEN)
+        at, y = place.x + place.width // 3, place.y + place.height // 3
+        whole = self.km_at(at, y)
+        step = 0.1 * place.width
+        for _ in range(4):
+            subprocess.run(["xdotool", "click", "4"], check=True)
+        self.assertLess(abs(self.km_at(at, y) - whole), 0.6, "the wheel zooms about the pointer")
+        near = self.km_at(at + step, y) - self.km_at(at, y)
+        subprocess.run(["xdotool", "keydown", "shift", "click", "5", "click", "5", "keyup", "shift"], check=True)
+        scrolled = self.km_at(at, y)
+        self.assertGreater(scrolled, whole + 1, "with Shift it scrolls")
+        drag((at, y), (at - 100, y), (at - 200, y))
+        dragged = self.km_at(at, y)
+        self.assertGreater(dragged, scrolled + 1, "dragging moves what is seen")
+        subprocess.run(["xdotool", "keydown", "shift"], check=True)
+        drag((at, y), (at + 100, y), (at + 200, y))
+        subprocess.run(["xdotool", "keyup", "shift"], check=True)
+        self.assertLess(self.km_at(at + step, y) - self.km_at(at, y), near / 2, "Shift and dragging zooms to a box")
+        keys("alt+Left")
+        self.assertEqual(self.km_at(at, y), dragged, "back to what was seen before")
+        subprocess.run(["xdotool", "click", "--repeat", "2", "--delay", "60", "1"], check=True)
+        self.assertEqual(self.km_at(at, y), whole, "a double click shows all")
+        subprocess.run(["xdotool", "click", "1"], check=True)
+        self.assertEqual(self.km_at(at + 3 * step, y), whole, "a click holds the cursor")
+        keys("Escape")
+        self.assertGreater(self.km_at(at + 2 * step, y), whole + 1, "Esc lets it go")
+
+    def km_at(self, x, y):
+        """What the line at the bottom tells of this place, once it has settled."""
+        for each in (int(x) + 1, int(x)):
+            subprocess.run(["xdotool", "mousemove", str(each), str(int(y))], check=True)
+            time.sleep(0.25)
+        told = [None, self.readout()]
+        while told[-1] is None or told[-1] != told[-2]:
+            time.sleep(0.25)
+            told.append(self.readout())
+            self.assertLess(len(told), 40, "the readout settles")
+        return float(told[-1].split(" km")[0])
+
+    def readout(self):
+        return next((thing.get_name() for thing in all_of(self.explorer.frame)
+                     if thing.get_role() == Atspi.Role.LABEL and " km \u00b7 " in thing.get_name()), None)
+
     def test_runs_are_dragged_into_another_order(self):
         self.open("ALDER.SGR", "ALDER2.SGR")
         self.wait_for_runs("ALDER.SGR  (base)", "ALDER2.SGR")

@@ -69,7 +69,7 @@ ExploreBar::ExploreBar(Handlers& handlers, QWidget* parent)
     addWidget(spring);
     m_export = addMenuButton("cmdExport", new QAction("Export", this), m_exportMenu);
     m_export->setPopupMode(QToolButton::InstantPopup);
-    m_export->setToolTip("Hand on the picture or the table in front");
+    m_export->defaultAction()->setToolTip("Hand on the picture, the table in front, a page or an atlas");
     setIcons();
 }
 

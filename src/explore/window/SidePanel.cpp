@@ -121,17 +121,20 @@ void SidePanel::makeSeries() {
 }
 
 void SidePanel::makeSwitches() {
-    const auto add = [this](const char* name, const char* caption, bool ExploreState::*what) {
+    const auto add = [this](const char* name, const char* caption, bool ExploreState::*what,
+                            const char* tip) {
         auto* box = new QCheckBox(caption, this);
         box->setObjectName(name);
+        box->setToolTip(tip);
         connect(box, &QCheckBox::toggled, this,
                 m_handlers.guarded([this, what](bool isOn) { onSwitched(what, isOn); }));
         m_switches.push_back({box, what});
     };
-    add("chkLimits", "&Limits", &ExploreState::limits);
-    add("chkTargets", "&Targets", &ExploreState::targets);
-    add("chkObserved", "&Observed", &ExploreState::observed);
-    add("chkInterpolated", "&Interpolated", &ExploreState::interpolated);
+    add("chkLimits", "&Limits", &ExploreState::limits, "How sure a value is, as a band");
+    add("chkTargets", "&Targets", &ExploreState::targets, "What a determinand shall not exceed");
+    add("chkObserved", "&Observed", &ExploreState::observed, "What samples gave at stations");
+    add("chkInterpolated", "&Interpolated", &ExploreState::interpolated,
+        "Points that the engine adds between features");
 }
 
 void SidePanel::showSeriesMenu(QPoint at) {
