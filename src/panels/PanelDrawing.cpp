@@ -1,26 +1,32 @@
 #include "panels/PanelDrawing.h"
 
+#include "panels/ChangeFill.h"
 #include "panels/ProfileKey.h"
+#include "panels/ScaledValues.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace korvel {
 
 namespace {
 
-constexpr double nextToZero = 1e-300; // stands for limits below 0 on a logarithmic scale
+constexpr double leastLogarithm = -299.5; // below stands what limits below 0 have on a logarithmic scale
 constexpr double lightFill = 0.13;
 constexpr double clearFill = 0.75;
 
+// Of values as the scale counts them.
 class RangeTaking {
   public:
-    explicit RangeTaking(ScaleKind kind) : m_kind(kind) {}
+    explicit RangeTaking(ScaleKind kind)
+        : m_least(kind == ScaleKind::linear ? std::numeric_limits<double>::lowest() : leastLogarithm) {}
 
     std::optional<NumberRange> range;
 
     void take(double value) {
-        if (m_kind == ScaleKind::logarithmic && value <= nextToZero) return;
+        if (!(value > m_least)) return;
         if (!range) range = {value, value};
         range->lowest = std::min(range->lowest, value);
         range->highest = std::max(range->highest, value);
@@ -32,27 +38,11 @@ class RangeTaking {
     }
 
   private:
-    ScaleKind m_kind;
+    double m_least;
 };
 
 double bandOpacity(std::size_t runs) {
     return runs <= 2 ? 0.18 : runs <= 4 ? 0.12 : 0.07;
-}
-
-// The points of a piece and those where it passes 0.
-VisiblePiece withCrossings(const VisiblePiece& piece) {
-    VisiblePiece made;
-    for (std::size_t j = 0; j < piece.km.size(); ++j) {
-        const double value = piece.values[j];
-        if (j > 0 && value * piece.values[j - 1] < 0) {
-            const double share = piece.values[j - 1] / (piece.values[j - 1] - value);
-            made.km.push_back(piece.km[j - 1] + (piece.km[j] - piece.km[j - 1]) * share);
-            made.values.push_back(0);
-        }
-        made.km.push_back(piece.km[j]);
-        made.values.push_back(value);
-    }
-    return made;
 }
 
 class PanelFilling {
@@ -61,7 +51,8 @@ class PanelFilling {
         : m_context(context),
           m_data(data),
           m_panel(panel),
-          m_place{panel.area, context.distance, panel.values.scale, context.measures.cross()} {}
+          m_values(scaleOfScaled(panel.values.scale)),
+          m_place{panel.area, context.distance, m_values, context.measures.cross()} {}
 
     void fill() {
         if (m_context.view.kind != ProfileKind::values) addReference();
@@ -95,61 +86,38 @@ class PanelFilling {
         m_panel.curves.push_back(std::move(curve));
     }
 
-    std::vector<DrawnPoint> edge(const VisiblePiece& piece) const {
-        return curveEdge(CurveValues(piece.values), piece.km, m_place);
+    std::vector<DrawnPoint> edge(const std::vector<double>& km, std::vector<double>& values) const {
+        return curveEdge(CurveValues(std::move(values)), km, m_place);
     }
 
     void addLimits(const RunInPanel& run) {
         const PathBand& limits = run.series.limits;
-        const std::vector<VisiblePiece> above = visiblePieces(limits.above, m_context.way());
-        const std::vector<VisiblePiece> below = visiblePieces(limits.below, m_context.way());
         const Rgb colour = runStyle(run.run, m_context.look.theme).colour;
-        for (std::size_t k = 0; k < above.size(); ++k)
-            m_panel.bands.push_back(
-                {run.run, {edge(above[k]), edge(below[k]), colour, bandOpacity(m_data.runs.size())}});
+        for (VisibleBand& band : visibleBands(limits.above, limits.below, m_context.way()))
+            m_panel.bands.push_back({run.run,
+                                     {edge(band.km, band.above), edge(band.km, band.below), colour,
+                                      bandOpacity(m_data.runs.size())}});
     }
 
     void addChanges(const RunInPanel& run) {
-        const Rgb colour = runStyle(run.run, m_context.look.theme).colour;
-        for (const VisiblePiece& piece : visiblePieces(run.series.curve, m_context.way())) {
-            fillToZero(run, piece, colour, lightFill);
-            addClear(run, piece, colour);
-        }
-    }
-
-    // Stretches that lie within a pixel of each other are filled as one.
-    void addClear(const RunInPanel& run, const VisiblePiece& piece, Rgb colour) {
-        if (piece.km.size() < 2 || !std::ranges::is_sorted(piece.km)) return;
-        const double from = piece.km.front(), to = piece.km.back();
         const double pixelKm = m_context.look.pixel / m_context.distance.perUnit();
-        const auto& stretches = run.series.clear;
-        auto next = std::ranges::lower_bound(stretches, from, {}, &ClearStretch::to);
-        while (next != stretches.end() && next->from < to) {
-            ClearStretch stretch = *next++;
-            while (next != stretches.end() && next->from <= stretch.to + pixelKm)
-                stretch.to = (next++)->to;
-            const VisiblePiece part =
-                partOf(piece, std::max(from, stretch.from), std::min(to, stretch.to), ScaleKind::linear);
-            fillToZero(run, part, colour, clearFill - lightFill);
-        }
+        const PathValues& curve = run.series.curve;
+        for (const VisibleBand& change : visibleBands(curve, curve, m_context.way()))
+            for (const FilledSide side : {FilledSide::above, FilledSide::below}) {
+                FilledEdge filled = filledToZero(change, side);
+                FilledEdge clear = clearPart(filled, run.series.clear, pixelKm);
+                addFilled(run, filled, lightFill);
+                addFilled(run, clear, clearFill - lightFill);
+            }
     }
 
-    void fillToZero(const RunInPanel& run, const VisiblePiece& piece, Rgb colour, double opacity) {
-        if (piece.km.size() < 2) return;
-        const VisiblePiece crossed = withCrossings(piece);
-        for (const double sign : {1.0, -1.0}) {
-            VisiblePiece side = crossed;
-            bool any = false;
-            for (double& value : side.values) {
-                any = any || value * sign > 0;
-                value = sign * std::max(0.0, value * sign);
-            }
-            if (!any) continue;
-            const double zero = m_panel.values.scale.place(0);
-            std::vector<DrawnPoint> outer = edge(side);
-            const std::vector<DrawnPoint> inner{{outer.front().x, zero}, {outer.back().x, zero}};
-            m_panel.bands.push_back({run.run, {std::move(outer), inner, colour, opacity}});
-        }
+    void addFilled(const RunInPanel& run, FilledEdge& filled, double opacity) {
+        if (filled.isEmpty()) return;
+        const double zero = m_values.place(0);
+        std::vector<DrawnPoint> outer = edge(filled.km, filled.values);
+        const std::vector<DrawnPoint> inner{{outer.front().x, zero}, {outer.back().x, zero}};
+        const Rgb colour = runStyle(run.run, m_context.look.theme).colour;
+        m_panel.bands.push_back({run.run, {std::move(outer), inner, colour, opacity}});
     }
 
     void addTargets(const RunInPanel& run) {
@@ -157,10 +125,12 @@ class PanelFilling {
         const Scale& distance = m_context.distance;
         const double mark = m_place.mark;
         const PlacedValues::InView seen = run.targetsByPlace.inView(distance, 2 * mark);
+        m_panel.targets.reserve(m_panel.targets.size() + seen.places.size());
         m_panel.targetsThinned = m_panel.targetsThinned || seen.thinned;
         for (const std::size_t place : seen.places) {
-            const TargetRun& target = run.targets[place];
-            const double y = m_panel.values.scale.place(target.target);
+            const PlacedValue target = run.targetsByPlace[place];
+            if (!std::isfinite(target.value)) continue; // it has no place on this scale
+            const double y = m_values.place(target.value);
             double left = distance.place(std::max(target.from, distance.bottom));
             double right = distance.place(std::min(target.to, distance.top));
             if (right <= left) {
@@ -174,11 +144,12 @@ class PanelFilling {
     void addObserved(const RunInPanel& run) {
         const Pen pen = observedPen(run.run, m_context.look);
         const PlacedValues::InView seen = run.observedByPlace.inView(m_context.distance, 2 * m_place.mark);
+        m_panel.observed.reserve(m_panel.observed.size() + seen.places.size());
         m_panel.observedThinned = m_panel.observedThinned || seen.thinned;
         for (const std::size_t place : seen.places) {
-            const ObservedMark& mark = run.observed[place];
+            const PlacedValue mark = run.observedByPlace[place];
             m_panel.observed.push_back(
-                {run.run, pen, {m_context.distance.place(mark.km), m_panel.values.scale.place(mark.value)}});
+                {run.run, pen, {m_context.distance.place(mark.from), m_values.place(mark.value)}});
         }
     }
 
@@ -192,13 +163,15 @@ class PanelFilling {
     const PanelContext& m_context;
     const PanelData& m_data;
     ProfilePanel& m_panel;
+    Scale m_values;
     CurvePlace m_place;
 };
 
 } // namespace
 
 std::optional<NumberRange> valuesInView(const PanelContext& context, const PanelData& panel) {
-    RangeTaking taking(context.data.view.scale);
+    const ScaleKind kind = context.data.view.scale;
+    RangeTaking taking(kind);
     for (const RunInPanel& run : panel.runs) {
         taking.take(rangeInView(run.series.curve, context.way()));
         taking.take(rangeInView(run.series.limits.above, context.way()));
@@ -206,9 +179,10 @@ std::optional<NumberRange> valuesInView(const PanelContext& context, const Panel
         taking.take(run.targetsByPlace.rangeInView(context.distance));
         taking.take(run.observedByPlace.rangeInView(context.distance));
     }
-    if (taking.range && context.view.kind == ProfileKind::change) taking.take(0);
-    if (taking.range && context.view.kind == ProfileKind::ratio) taking.take(1);
-    return taking.range;
+    if (!taking.range) return std::nullopt;
+    if (context.view.kind == ProfileKind::change) taking.take(0);
+    if (context.view.kind == ProfileKind::ratio) taking.take(scaled(kind, 1));
+    return NumberRange{unscaled(kind, taking.range->lowest), unscaled(kind, taking.range->highest)};
 }
 
 void fillPanel(const PanelContext& context, const PanelData& data, ProfilePanel& panel) {
@@ -218,7 +192,7 @@ void fillPanel(const PanelContext& context, const PanelData& data, ProfilePanel&
 TracedCurve tracedSeries(const PathValues& values, const CurvePlace& place, double pixel, bool& thinned,
                          PixelColumnsOfKm* columns) {
     TracedCurve all;
-    for (VisiblePiece& piece : visiblePieces(values, {place.distance, place.value.kind, pixel, columns})) {
+    for (VisiblePiece& piece : visiblePieces(values, {place.distance, pixel, columns})) {
         thinned = thinned || piece.thinned;
         TracedCurve traced =
             traceCurve({CurveKind::joined, CurveValues(std::move(piece.values))}, piece.km, place);

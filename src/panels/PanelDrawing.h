@@ -16,7 +16,7 @@ struct PanelContext {
     const Scale& distance;
     PixelColumnsOfKm& columns; // of this distance scale
 
-    VisibleWay way() const { return {distance, data.view.scale, look.pixel, &columns}; }
+    VisibleWay way() const { return {distance, look.pixel, &columns}; }
 };
 
 // Of everything that the panel shows; nothing where it shows nothing.
@@ -25,7 +25,7 @@ std::optional<NumberRange> valuesInView(const PanelContext& context, const Panel
 // `panel` has its area and its axis.
 void fillPanel(const PanelContext& context, const PanelData& data, ProfilePanel& panel);
 
-// A series in a place, as a panel has it.
+// A series in a place, as a panel has it. Its values and the place's are as the scale counts them.
 TracedCurve tracedSeries(const PathValues& values, const CurvePlace& place, double pixel, bool& thinned,
                          PixelColumnsOfKm* columns = nullptr);
 

@@ -9,7 +9,8 @@
 
 namespace korvel {
 
-// Values along a way in pieces: a piece goes from one break to the next.
+// Values along a way in pieces: a piece goes from one break to the next. They are as the scale counts them,
+// see scaled().
 struct PathValues {
     std::shared_ptr<const std::vector<double>> km;
     std::vector<double> values;

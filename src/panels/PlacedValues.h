@@ -22,6 +22,8 @@ class PlacedValues {
     PlacedValues() = default;
     explicit PlacedValues(std::vector<PlacedValue> values);
 
+    const PlacedValue& operator[](std::size_t place) const { return m_placed[place]; }
+
     // Of those in view; nothing where none is.
     std::optional<NumberRange> rangeInView(const Scale& distance) const;
 

@@ -3,10 +3,12 @@
 #include "analysis/Judging.h"
 #include "basic/ShownText.h"
 #include "basic/Text.h"
+#include "panels/ScaledValues.h"
 #include "panels/SeriesMaking.h"
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -70,18 +72,18 @@ std::vector<ObservedMark> observedAlong(const StudyRun& run, const PathRun& poin
     return marks;
 }
 
-PlacedValues byPlace(const std::vector<TargetRun>& targets) {
+PlacedValues byPlace(const std::vector<TargetRun>& targets, ScaleKind scale) {
     std::vector<PlacedValue> values;
     values.reserve(targets.size());
     for (const TargetRun& target : targets)
-        values.push_back({target.from, target.to, target.target});
+        values.push_back({target.from, target.to, scaled(scale, target.target)});
     return PlacedValues(std::move(values));
 }
-PlacedValues byPlace(const std::vector<ObservedMark>& marks) {
+PlacedValues byPlace(const std::vector<ObservedMark>& marks, ScaleKind scale) {
     std::vector<PlacedValue> values;
     values.reserve(marks.size());
     for (const ObservedMark& mark : marks)
-        values.push_back({mark.km, mark.km, mark.value});
+        values.push_back({mark.km, mark.km, scaled(scale, mark.value)});
     return PlacedValues(std::move(values));
 }
 
@@ -104,7 +106,11 @@ void leaveTwins(std::vector<ObservedMark>& marks, const std::vector<ObservedMark
 class DataMaking {
   public:
     DataMaking(const Study& study, const std::shared_ptr<const StudyPath>& path, const ProfileView& view)
-        : m_study(study), m_sharedPath(path), m_path(*path), m_view(view) {}
+        : m_study(study), m_sharedPath(path), m_path(*path), m_view(view) {
+        for (const PathRun& run : m_path.runs)
+            m_hasBasesPoints.push_back(run.points == m_path.runs.front().points &&
+                                       run.km == m_path.runs.front().km);
+    }
 
     PanelData panel(int series) const {
         PanelData panel;
@@ -166,17 +172,33 @@ class DataMaking {
         }
         if (m_view.targets && m_view.kind == ProfileKind::values) addTargets(panel, made);
         if (m_view.observed && m_view.kind != ProfileKind::change) addObserved(panel, made);
-        made.targetsByPlace = byPlace(made.targets);
-        made.observedByPlace = byPlace(made.observed);
+        made.targetsByPlace = byPlace(made.targets, m_view.scale);
+        made.observedByPlace = byPlace(made.observed, m_view.scale);
         return made;
     }
 
+    // The base is shown, too, and has the same points.
+    bool isBesideBase(std::size_t run) const { return run > 0 && m_view.shows(0) && m_hasBasesPoints[run]; }
+    bool isAsInBase(const PanelData& panel, const RunInPanel& made,
+                    std::span<const double> SeriesValues::*column) const {
+        const auto of = [&](const StudyRun& run) {
+            return seriesValues(run.results(), panel.series, made.statistic).*column;
+        };
+        return std::ranges::equal(of(m_study.base()), of(m_study.runs()[made.run]));
+    }
+
     void addTargets(const PanelData& panel, RunInPanel& made) const {
+        if (isBesideBase(made.run) && isAsInBase(panel, made, &SeriesValues::target)) return;
         made.targets = targetsAlong(m_study.runs()[made.run], m_path.runs[made.run], panel.series);
         if (made.run > 0 && m_view.shows(0) && made.targets == panel.runs.front().targets)
             made.targets.clear();
     }
     void addObserved(const PanelData& panel, RunInPanel& made) const {
+        // Samples and targets are mostly those of the river: what would all be left is not looked for.
+        if (isBesideBase(made.run) && m_view.interpolated &&
+            isAsInBase(panel, made, &SeriesValues::observed) &&
+            isAsInBase(panel, made, &SeriesValues::target))
+            return;
         const auto along = [&](std::size_t run) {
             const StudyRun& of = m_study.runs()[run];
             return observedAlong(of, m_path.runs[run],
@@ -196,6 +218,7 @@ class DataMaking {
     const std::shared_ptr<const StudyPath>& m_sharedPath;
     const StudyPath& m_path;
     const ProfileView& m_view;
+    std::vector<bool> m_hasBasesPoints; // by run
 };
 
 // Series of the same points share their distances, so that what is found among them is found once.

@@ -2,6 +2,7 @@
 
 #include "analysis/Change.h"
 #include "analysis/Judging.h"
+#include "panels/ScaledValues.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,6 +26,10 @@ class Gathering {
         m_km.reserve(points);
         m_values.reserve(points);
     }
+    // At the distances of `other`, which takes the same points.
+    Gathering(const Gathering& other, std::size_t points) : m_scale(other.m_scale), m_hasKm(false) {
+        m_values.reserve(points);
+    }
 
     void take(double km, std::size_t reach, double value) {
         if (m_scale == ScaleKind::logarithmic && value <= 0) m_leftOut.push_back(km);
@@ -32,15 +37,19 @@ class Gathering {
         if (m_interrupted || reach > m_reach + 1) m_breaks.push_back(m_values.size());
         m_interrupted = false;
         m_reach = reach;
-        m_km.push_back(km);
-        m_values.push_back(value);
+        if (m_hasKm) m_km.push_back(km);
+        m_values.push_back(scaled(m_scale, value));
     }
     void interrupt() { m_interrupted = true; }
 
     PathValues made() {
+        const bool ascending = std::ranges::is_sorted(m_km);
+        return madeAt(std::make_shared<const std::vector<double>>(std::move(m_km)), ascending);
+    }
+    PathValues madeAt(std::shared_ptr<const std::vector<double>> km, bool ascending) {
         PathValues made;
-        made.ascending = std::ranges::is_sorted(m_km);
-        made.km = std::make_shared<const std::vector<double>>(std::move(m_km));
+        made.ascending = ascending;
+        made.km = std::move(km);
         made.values = std::move(m_values);
         made.breaks = std::move(m_breaks);
         made.pyramid = RangePyramid(made.values);
@@ -53,6 +62,7 @@ class Gathering {
 
   private:
     ScaleKind m_scale;
+    bool m_hasKm = true;
     bool m_interrupted = true;
     std::size_t m_reach = 0;
     std::vector<double> m_km;
@@ -65,7 +75,7 @@ class Gathering {
 class BandGathering {
   public:
     BandGathering(ScaleKind scale, std::size_t points)
-        : m_scale(scale), m_above(scale, points), m_below(scale, points) {}
+        : m_scale(scale), m_above(scale, points), m_below(m_above, points) {}
 
     void take(double km, std::size_t reach, double low, double high) {
         const bool logarithmic = m_scale == ScaleKind::logarithmic;
@@ -78,7 +88,11 @@ class BandGathering {
         m_above.interrupt();
         m_below.interrupt();
     }
-    PathBand made() { return {m_above.made(), m_below.made()}; }
+    PathBand made() {
+        PathValues above = m_above.made();
+        PathValues below = m_below.madeAt(above.km, above.ascending);
+        return {std::move(above), std::move(below)};
+    }
 
   private:
     ScaleKind m_scale;

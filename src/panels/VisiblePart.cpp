@@ -15,40 +15,98 @@ struct KmValue {
     double km, value;
 };
 
-// Where the line between two points passes a distance. On a logarithmic scale it is straight there.
-double valueBetween(KmValue from, KmValue to, double km, ScaleKind kind) {
-    const double share = (km - from.km) / (to.km - from.km);
-    if (kind == ScaleKind::linear) return from.value + (to.value - from.value) * share;
-    return from.value * std::pow(to.value / from.value, share);
+// Where the line between two points passes a distance.
+double valueBetween(KmValue from, KmValue to, double km) {
+    return from.value + (to.value - from.value) * (km - from.km) / (to.km - from.km);
+}
+double valueAt(const PathValues& of, std::size_t after, double km) {
+    return valueBetween({(*of.km)[after - 1], of.values[after - 1]}, {(*of.km)[after], of.values[after]}, km);
 }
 
 void add(VisiblePiece& piece, double km, double value) {
     piece.km.push_back(km);
     piece.values.push_back(value);
 }
+void add(VisibleBand& band, double km, double above, double below) {
+    band.km.push_back(km);
+    band.above.push_back(above);
+    band.below.push_back(below);
+}
 
-// One joined run of points, whose distances may go back.
+// What of an ascending piece, from `begin` to before `end`, lies in view; places in the whole series.
+struct InView {
+    std::size_t first = 0, end = 0;           // points
+    bool cutBefore = false, cutAfter = false; // where the line goes on out of the view
+};
+
+InView pointsInView(const std::vector<double>& km, std::size_t begin, std::size_t end,
+                    const VisibleWay& way) {
+    const auto piece = std::span(km).subspan(begin, end - begin);
+    const double from = way.distance.bottom, to = way.distance.top;
+    InView seen;
+    seen.first = begin + static_cast<std::size_t>(std::ranges::lower_bound(piece, from) - piece.begin());
+    seen.end = begin + static_cast<std::size_t>(std::ranges::upper_bound(piece, to) - piece.begin());
+    seen.cutBefore = seen.first > begin && seen.first < end && km[seen.first] > from;
+    seen.cutAfter = seen.end > begin && seen.end < end && km[seen.end - 1] < to;
+    return seen;
+}
+
+// The columns of pixels among the points in view.
+class Columns {
+  public:
+    Columns(const std::vector<double>& km, const InView& seen, const VisibleWay& way)
+        : m_km(km), m_seen(seen), m_way(way) {}
+
+    // With fewer points there is nothing to be won.
+    bool areDense() const {
+        const double columns = std::abs(m_way.distance.to - m_way.distance.from) / m_way.pixel + 1;
+        return m_seen.end > m_seen.first &&
+               static_cast<double>(m_seen.end - m_seen.first) > pointsPerColumn * columns;
+    }
+
+    // Calls `use` with the ends of each.
+    template <typename Use>
+    void forEach(Use use) const {
+        PixelColumnsOfKm own;
+        const auto& beginnings = (m_way.columns != nullptr ? *m_way.columns : own).beginnings(m_km, m_way);
+        auto next = std::ranges::upper_bound(beginnings, m_seen.first);
+        for (std::size_t begin = m_seen.first; begin < m_seen.end;) {
+            const bool goesOn = next != beginnings.end() && *next < m_seen.end;
+            const std::size_t end = goesOn ? *next++ : m_seen.end;
+            use(begin, end);
+            begin = end;
+        }
+    }
+    std::size_t most() const {
+        return static_cast<std::size_t>(std::abs(m_way.distance.to - m_way.distance.from) / m_way.pixel) + 3;
+    }
+
+  private:
+    const std::vector<double>& m_km;
+    const InView& m_seen;
+    const VisibleWay& m_way;
+};
+
+// One joined run of points.
 class PieceCutting {
   public:
-    PieceCutting(std::span<const double> km, std::span<const double> values, const VisibleWay& way)
-        : m_km(km), m_values(values), m_way(way) {}
+    PieceCutting(const PathValues& of, const VisibleWay& way) : m_of(of), m_km(*of.km), m_way(way) {}
 
-    void cutAscending(const PathValues& of, std::size_t offset, std::vector<VisiblePiece>& pieces) {
-        const double from = m_way.distance.bottom, to = m_way.distance.top;
-        const auto first = static_cast<std::size_t>(std::ranges::lower_bound(m_km, from) - m_km.begin());
-        const auto end = static_cast<std::size_t>(std::ranges::upper_bound(m_km, to) - m_km.begin());
+    void cutAscending(std::size_t begin, std::size_t end, std::vector<VisiblePiece>& pieces) const {
+        const InView seen = pointsInView(m_km, begin, end, m_way);
         VisiblePiece piece;
-        if (first > 0 && first < m_km.size() && m_km[first] > from) addCrossing(piece, first, from);
-        if (end > first) addInner(of, offset, first, end, piece);
-        if (end > 0 && end < m_km.size() && m_km[end - 1] < to) addCrossing(piece, end, to);
+        if (seen.cutBefore) addCrossing(piece, seen.first, m_way.distance.bottom);
+        addInner(seen, piece);
+        if (seen.cutAfter) addCrossing(piece, seen.end, m_way.distance.top);
         if (!piece.km.empty()) pieces.push_back(std::move(piece));
     }
 
-    void cutEachLine(std::vector<VisiblePiece>& pieces) {
+    // One whose distances may go back.
+    void cutEachLine(std::size_t begin, std::size_t end, std::vector<VisiblePiece>& pieces) const {
         const double from = m_way.distance.bottom, to = m_way.distance.top;
         VisiblePiece piece;
-        for (std::size_t j = 0; j < m_km.size(); ++j) {
-            if (j > 0 && m_km[j - 1] != m_km[j]) {
+        for (std::size_t j = begin; j < end; ++j) {
+            if (j > begin && m_km[j - 1] != m_km[j]) {
                 const bool down = m_km[j] > m_km[j - 1];
                 for (const double edge : {down ? from : to, down ? to : from})
                     if ((m_km[j - 1] < edge && edge < m_km[j]) || (m_km[j] < edge && edge < m_km[j - 1])) {
@@ -57,7 +115,7 @@ class PieceCutting {
                     }
             }
             if (m_km[j] >= from && m_km[j] <= to)
-                add(piece, m_km[j], m_values[j]);
+                add(piece, m_km[j], m_of.values[j]);
             else
                 finish(piece, pieces);
         }
@@ -69,47 +127,85 @@ class PieceCutting {
         if (!piece.km.empty()) pieces.push_back(std::exchange(piece, {}));
     }
     void addCrossing(VisiblePiece& piece, std::size_t after, double km) const {
-        const KmValue from{m_km[after - 1], m_values[after - 1]}, to{m_km[after], m_values[after]};
-        add(piece, km, valueBetween(from, to, km, m_way.values));
+        add(piece, km, valueAt(m_of, after, km));
     }
 
-    void addInner(const PathValues& of, std::size_t offset, std::size_t first, std::size_t end,
-                  VisiblePiece& piece) {
-        const double columns = std::abs(m_way.distance.to - m_way.distance.from) / m_way.pixel + 1;
-        if (static_cast<double>(end - first) <= pointsPerColumn * columns) {
-            piece.km.insert(piece.km.end(), m_km.begin() + at(first), m_km.begin() + at(end));
-            piece.values.insert(piece.values.end(), m_values.begin() + at(first), m_values.begin() + at(end));
+    void addInner(const InView& seen, VisiblePiece& piece) const {
+        const Columns columns(m_km, seen, m_way);
+        if (!columns.areDense()) {
+            piece.km.insert(piece.km.end(), m_km.begin() + at(seen.first), m_km.begin() + at(seen.end));
+            piece.values.insert(piece.values.end(), m_of.values.begin() + at(seen.first),
+                                m_of.values.begin() + at(seen.end));
             return;
         }
         piece.thinned = true;
-        PixelColumnsOfKm own;
-        const auto& beginnings = (m_way.columns != nullptr ? *m_way.columns : own).beginnings(*of.km, m_way);
-        auto next = std::ranges::upper_bound(beginnings, offset + first);
-        piece.km.reserve(4 * static_cast<std::size_t>(beginnings.end() - next + 2));
+        piece.km.reserve(4 * columns.most());
         piece.values.reserve(piece.km.capacity());
-        for (std::size_t begin = first; begin < end;) {
-            const bool goesOn = next != beginnings.end() && *next < offset + end;
-            const std::size_t last = goesOn ? *next++ - offset : end;
-            addColumn(of, offset, begin, last, piece);
-            begin = last;
-        }
+        columns.forEach([&](std::size_t begin, std::size_t end) { addColumn(begin, end, piece); });
     }
 
-    void addColumn(const PathValues& of, std::size_t offset, std::size_t begin, std::size_t end,
-                   VisiblePiece& piece) const {
-        add(piece, m_km[begin], m_values[begin]);
+    void addColumn(std::size_t begin, std::size_t end, VisiblePiece& piece) const {
+        add(piece, m_km[begin], m_of.values[begin]);
         if (end - begin > 2) {
-            const NumberRange range = of.pyramid.range(of.values, offset + begin, offset + end);
+            const NumberRange range = m_of.pyramid.range(m_of.values, begin, end);
             add(piece, m_km[begin], range.lowest);
             add(piece, m_km[begin], range.highest);
         }
-        if (end - begin > 1) add(piece, m_km[end - 1], m_values[end - 1]);
+        if (end - begin > 1) add(piece, m_km[end - 1], m_of.values[end - 1]);
     }
 
     static std::ptrdiff_t at(std::size_t j) { return static_cast<std::ptrdiff_t>(j); }
 
-    std::span<const double> m_km;
-    std::span<const double> m_values;
+    const PathValues& m_of;
+    const std::vector<double>& m_km;
+    const VisibleWay& m_way;
+};
+
+// Two edges at once, of which each column of pixels needs one place.
+class BandCutting {
+  public:
+    BandCutting(const PathValues& above, const PathValues& below, const VisibleWay& way)
+        : m_above(above), m_below(below), m_km(*above.km), m_way(way) {}
+
+    void cut(std::size_t begin, std::size_t end, std::vector<VisibleBand>& bands) const {
+        const InView seen = pointsInView(m_km, begin, end, m_way);
+        const Columns columns(m_km, seen, m_way);
+        VisibleBand band;
+        for (std::vector<double>* numbers : {&band.km, &band.above, &band.below})
+            numbers->reserve(columns.areDense() ? columns.most() : seen.end - seen.first + 2);
+        if (seen.cutBefore) addCrossing(band, seen.first, m_way.distance.bottom);
+        if (columns.areDense()) {
+            band.thinned = true;
+            columns.forEach([&](std::size_t from, std::size_t to) { addColumn(from, to, band); });
+        } else {
+            for (std::size_t j = seen.first; j < seen.end; ++j)
+                addPoint(band, j);
+        }
+        if (seen.cutAfter) addCrossing(band, seen.end, m_way.distance.top);
+        if (!band.km.empty()) bands.push_back(std::move(band));
+    }
+
+  private:
+    void addPoint(VisibleBand& band, std::size_t j) const {
+        add(band, m_km[j], m_above.values[j], m_below.values[j]);
+    }
+    void addCrossing(VisibleBand& band, std::size_t after, double km) const {
+        add(band, km, valueAt(m_above, after, km), valueAt(m_below, after, km));
+    }
+
+    // Over columns without points the edges go from the last of one to the first of the next.
+    void addColumn(std::size_t begin, std::size_t end, VisibleBand& band) const {
+        if (!band.km.empty() && (m_km[begin] - band.km.back()) * m_way.distance.perUnit() > 2 * m_way.pixel) {
+            if (begin > 0 && m_km[begin - 1] >= band.km.back()) addPoint(band, begin - 1);
+            addPoint(band, begin);
+        }
+        add(band, m_km[begin], m_above.pyramid.range(m_above.values, begin, end).highest,
+            m_below.pyramid.range(m_below.values, begin, end).lowest);
+    }
+
+    const PathValues& m_above;
+    const PathValues& m_below;
+    const std::vector<double>& m_km;
     const VisibleWay& m_way;
 };
 
@@ -162,19 +258,14 @@ void take(std::optional<NumberRange>& all, const NumberRange& range) {
 // Of an ascending piece from `begin` to before `end`.
 void takePiece(const PathValues& values, std::size_t begin, std::size_t end, const VisibleWay& way,
                std::optional<NumberRange>& all) {
-    const auto km = std::span(*values.km).subspan(begin, end - begin);
-    const double from = way.distance.bottom, to = way.distance.top;
-    const std::size_t first =
-        begin + static_cast<std::size_t>(std::ranges::lower_bound(km, from) - km.begin());
-    const std::size_t last = begin + static_cast<std::size_t>(std::ranges::upper_bound(km, to) - km.begin());
-    if (last > first) take(all, values.pyramid.range(values.values, first, last));
-    const auto takeCrossing = [&](std::size_t after, double at) {
-        const double value = valueBetween({(*values.km)[after - 1], values.values[after - 1]},
-                                          {(*values.km)[after], values.values[after]}, at, way.values);
+    const InView seen = pointsInView(*values.km, begin, end, way);
+    if (seen.end > seen.first) take(all, values.pyramid.range(values.values, seen.first, seen.end));
+    const auto takeCrossing = [&](std::size_t after, double km) {
+        const double value = valueAt(values, after, km);
         take(all, {value, value});
     };
-    if (first > begin && first < end && (*values.km)[first] > from) takeCrossing(first, from);
-    if (last > begin && last < end && (*values.km)[last - 1] < to) takeCrossing(last, to);
+    if (seen.cutBefore) takeCrossing(seen.first, way.distance.bottom);
+    if (seen.cutAfter) takeCrossing(seen.end, way.distance.top);
 }
 
 // Calls `use` with the ends of each piece.
@@ -195,15 +286,27 @@ const std::vector<std::size_t>& PixelColumnsOfKm::beginnings(const std::vector<d
 
 std::vector<VisiblePiece> visiblePieces(const PathValues& values, const VisibleWay& way) {
     std::vector<VisiblePiece> pieces;
+    if (values.size() == 0) return pieces;
+    const PieceCutting cutting(values, way);
     forPieces(values, [&](std::size_t begin, std::size_t end) {
-        PieceCutting cutting(std::span(*values.km).subspan(begin, end - begin),
-                             std::span(values.values).subspan(begin, end - begin), way);
-        if (values.ascending)
-            cutting.cutAscending(values, begin, pieces);
-        else
-            cutting.cutEachLine(pieces);
+        values.ascending ? cutting.cutAscending(begin, end, pieces) : cutting.cutEachLine(begin, end, pieces);
     });
     return pieces;
+}
+
+std::vector<VisibleBand> visibleBands(const PathValues& above, const PathValues& below,
+                                      const VisibleWay& way) {
+    std::vector<VisibleBand> bands;
+    if (above.size() == 0) return bands;
+    if (above.ascending) {
+        const BandCutting cutting(above, below, way);
+        forPieces(above, [&](std::size_t begin, std::size_t end) { cutting.cut(begin, end, bands); });
+        return bands;
+    }
+    const std::vector<VisiblePiece> belows = visiblePieces(below, way);
+    for (VisiblePiece& piece : visiblePieces(above, way))
+        bands.push_back({std::move(piece.km), std::move(piece.values), belows[bands.size()].values});
+    return bands;
 }
 
 std::optional<NumberRange> rangeInView(const PathValues& values, const VisibleWay& way) {
@@ -217,24 +320,6 @@ std::optional<NumberRange> rangeInView(const PathValues& values, const VisibleWa
         for (const double value : piece.values)
             take(all, {value, value});
     return all;
-}
-
-VisiblePiece partOf(const VisiblePiece& piece, double from, double to, ScaleKind values) {
-    const auto index = [&](auto found) { return static_cast<std::size_t>(found - piece.km.begin()); };
-    const std::size_t first = index(std::ranges::lower_bound(piece.km, from));
-    const std::size_t end = std::max(first, index(std::ranges::upper_bound(piece.km, to)));
-    const auto crossing = [&](std::size_t after, double km) {
-        return valueBetween({piece.km[after - 1], piece.values[after - 1]},
-                            {piece.km[after], piece.values[after]}, km, values);
-    };
-    VisiblePiece part;
-    part.thinned = piece.thinned;
-    if (first > 0 && first < piece.km.size() && piece.km[first] > from)
-        add(part, from, crossing(first, from));
-    for (std::size_t j = first; j < end; ++j)
-        add(part, piece.km[j], piece.values[j]);
-    if (end > 0 && end < piece.km.size() && piece.km[end - 1] < to) add(part, to, crossing(end, to));
-    return part;
 }
 
 } // namespace korvel

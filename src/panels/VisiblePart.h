@@ -17,6 +17,15 @@ struct VisiblePiece {
     bool thinned = false; // each column of pixels has its first, lowest, highest and last value
 };
 
+// Joined points of two edges, one above the other; each column of pixels of a thinned one has its highest and
+// its lowest place.
+struct VisibleBand {
+    std::vector<double> km;
+    std::vector<double> above;
+    std::vector<double> below;
+    bool thinned = false;
+};
+
 struct VisibleWay;
 
 // Where the columns of pixels begin among the distances of series, found once for all series that share them.
@@ -34,18 +43,18 @@ class PixelColumnsOfKm {
 };
 
 struct VisibleWay {
-    const Scale& distance; // its ends are those of the view
-    ScaleKind values = ScaleKind::linear;
+    const Scale& distance;               // its ends are those of the view
     double pixel = 15;                   // of the device, in units of the scale's places
     PixelColumnsOfKm* columns = nullptr; // of this way
 };
 
 std::vector<VisiblePiece> visiblePieces(const PathValues& values, const VisibleWay& way);
 
+// What lies between two series of the same distances and breaks; between the highest and the lowest of one.
+std::vector<VisibleBand> visibleBands(const PathValues& above, const PathValues& below,
+                                      const VisibleWay& way);
+
 // Of all that is in view; nothing where nothing is.
 std::optional<NumberRange> rangeInView(const PathValues& values, const VisibleWay& way);
-
-// The part of a piece between two distances.
-VisiblePiece partOf(const VisiblePiece& piece, double from, double to, ScaleKind values);
 
 } // namespace korvel

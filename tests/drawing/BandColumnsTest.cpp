@@ -43,7 +43,7 @@ QImage painted(const DrawnBand& band) {
 
 std::vector<QRgb> memory;
 
-std::optional<BandPicture> pictureOf(const DrawnBand& band, const PixelGrid& grid) {
+std::optional<ColumnPicture> pictureOf(const DrawnBand& band, const PixelGrid& grid) {
     return bandByColumns(band, grid, memory);
 }
 

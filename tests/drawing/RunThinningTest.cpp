@@ -106,6 +106,20 @@ TEST(RunThinning, DrawsTheSamePictureOfRandomRuns) {
     }
 }
 
+TEST(RunThinning, DrawsTheSamePictureWherePixelsCanNotBeSet) {
+    RandomPoints random(8);
+    const Points points = random.make(20000, [&](double along) {
+        return DrawnPoint{along * width * 15, 1500 + random.between(-1200, 1200)};
+    });
+    const Pen pen{{200, 30, 60}, 2, Dash::solid};
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintOnScreen(Drawing{width * 15.0, height * 15.0, 1440, {DrawnRun{points, pen}}}, painter);
+    painter.end();
+    EXPECT_EQ(image.convertToFormat(QImage::Format_RGB32), pairByPair(points, pen, 1));
+}
+
 // Where points scatter little around a slope, joining lines lie just inside or just outside of their
 // neighbours' boxes. They begin off the left edge, since Qt gives vertical lines of odd widths another corner
 // near it.

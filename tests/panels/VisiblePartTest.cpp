@@ -22,10 +22,9 @@ PathValues pathValues(std::vector<double> km, std::vector<double> values,
     return made;
 }
 
-std::vector<VisiblePiece> seen(const PathValues& values, double from, double to,
-                               ScaleKind kind = ScaleKind::linear) {
+std::vector<VisiblePiece> seen(const PathValues& values, double from, double to) {
     const Scale distance{from, to, 0, 1500};
-    return visiblePieces(values, {distance, kind, 15});
+    return visiblePieces(values, {distance, 15});
 }
 
 using Numbers = std::vector<double>;
@@ -76,12 +75,6 @@ TEST(VisiblePieces, AreCutWhereTheyLeaveTheView) {
     EXPECT_TRUE(seen(pathValues({}, {}, {}), 0, 1).empty());
 }
 
-TEST(VisiblePieces, AreStraightOnALogarithmicScale) {
-    const auto pieces = seen(pathValues({0, 10}, {1, 100}), 5, 10, ScaleKind::logarithmic);
-    EXPECT_EQ(pieces[0].km, (Numbers{5, 10}));
-    EXPECT_NEAR(pieces[0].values[0], 10, 1e-12);
-}
-
 TEST(VisiblePieces, EndAtBreaks) {
     const auto pieces = seen(pathValues({0, 1, 5, 6}, {1, 2, 3, 4}, {0, 2, 3}), 0.5, 9);
     ASSERT_EQ(pieces.size(), 3U);
@@ -98,7 +91,7 @@ TEST(VisiblePieces, FollowDistancesThatGoBack) {
     EXPECT_EQ(pieces[1].km, (Numbers{9, 5}));
     EXPECT_EQ(pieces[2].km, (Numbers{5, 8}));
     EXPECT_EQ(pieces[2].values, (Numbers{5, 8}));
-    const auto range = rangeInView(values, {Scale{5, 9, 0, 1500}, ScaleKind::linear, 15});
+    const auto range = rangeInView(values, {Scale{5, 9, 0, 1500}, 15});
     EXPECT_EQ(range, (NumberRange{5, 9}));
 }
 
@@ -117,7 +110,7 @@ TEST(VisiblePieces, GiveThePictureOfAllPoints) {
         std::ranges::sort(km);
         double from = std::uniform_real_distribution(0.0, 20.0)(random);
         const Scale distance{from, from + 20, 30, 1530};
-        const auto pieces = visiblePieces(pathValues(km, values), {distance, ScaleKind::linear, 15});
+        const auto pieces = visiblePieces(pathValues(km, values), {distance, 15});
         ASSERT_EQ(pieces.size(), 1U);
         ASSERT_TRUE(pieces[0].thinned);
         ASSERT_LE(pieces[0].km.size(), 4 * 102U);
@@ -154,21 +147,80 @@ TEST(RangeInView, CountsWhatTheCutEndsShow) {
         const double from = static_cast<double>(random() % 90) + 0.5;
         const Scale distance{from, from + 1 + static_cast<double>(random() % 30), 0, 1500};
         std::optional<NumberRange> plain;
-        for (const VisiblePiece& piece : visiblePieces(all, {distance, ScaleKind::linear, 15}))
+        for (const VisiblePiece& piece : visiblePieces(all, {distance, 15}))
             for (const double value : piece.values) {
                 if (!plain) plain = {value, value};
                 plain = {std::min(plain->lowest, value), std::max(plain->highest, value)};
             }
-        ASSERT_EQ(rangeInView(all, {distance, ScaleKind::linear, 15}), plain) << round;
+        ASSERT_EQ(rangeInView(all, {distance, 15}), plain) << round;
     }
 }
 
-TEST(PartOf, CutsAPieceAtBothEnds) {
-    const VisiblePiece piece{{0, 10, 20}, {0, 100, 0}, false};
-    EXPECT_EQ(partOf(piece, 5, 15, ScaleKind::linear).km, (Numbers{5, 10, 15}));
-    EXPECT_EQ(partOf(piece, 5, 15, ScaleKind::linear).values, (Numbers{50, 100, 50}));
-    EXPECT_EQ(partOf(piece, 2, 4, ScaleKind::linear).values, (Numbers{20, 40}));
-    EXPECT_EQ(partOf(piece, 0, 20, ScaleKind::linear).values, piece.values);
+TEST(VisibleBands, AreCutWhereTheyLeaveTheView) {
+    const PathValues above = pathValues({0, 10, 20}, {4, 8, 6}), below = pathValues({0, 10, 20}, {0, 2, 2});
+    const Scale distance{5, 15, 0, 1500};
+    const auto bands = visibleBands(above, below, {distance, 15});
+    ASSERT_EQ(bands.size(), 1U);
+    EXPECT_EQ(bands[0].km, (Numbers{5, 10, 15}));
+    EXPECT_EQ(bands[0].above, (Numbers{6, 8, 7}));
+    EXPECT_EQ(bands[0].below, (Numbers{1, 2, 2}));
+    EXPECT_TRUE(visibleBands({}, {}, {distance, 15}).empty());
+}
+
+TEST(VisibleBands, HaveOnePlaceAColumnTheHighestAndTheLowest) {
+    std::mt19937 random(11);
+    for (const std::size_t count : {5000, 20000, 60000}) {
+        Numbers km(count), high(count), low(count);
+        for (std::size_t j = 0; j < count; ++j) {
+            km[j] = std::uniform_real_distribution(0.0, 50.0)(random);
+            low[j] = std::uniform_real_distribution(0.0, 9.0)(random);
+            high[j] = low[j] + 1;
+        }
+        std::ranges::sort(km);
+        const Scale distance{0, 50, 0, 1500};
+        const auto bands = visibleBands(pathValues(km, high), pathValues(km, low), {distance, 15});
+        ASSERT_EQ(bands.size(), 1U);
+        EXPECT_TRUE(bands[0].thinned);
+        const auto above = columnsOf(km, high, distance), below = columnsOf(km, low, distance);
+        ASSERT_EQ(bands[0].km.size(), above.size());
+        for (std::size_t j = 0; j < bands[0].km.size(); ++j) {
+            const double column = std::floor(distance.place(bands[0].km[j]) / 15 + 0.5);
+            ASSERT_EQ(bands[0].above[j], above.at(column).highest);
+            ASSERT_EQ(bands[0].below[j], below.at(column).lowest);
+        }
+    }
+}
+
+TEST(VisibleBands, GoFromTheLastPointToTheNextOverColumnsWithoutPoints) {
+    Numbers km, values;
+    for (int k = 0; k < 3000; ++k) {
+        km.push_back(k < 1500 ? 0.001 * k : 48 + 0.001 * k);
+        values.push_back(k % 2 == 0 ? 9 : 1);
+    }
+    values[1499] = 4;
+    values[1500] = 6;
+    const PathValues of = pathValues(km, values);
+    const Scale distance{0, 51, 0, 1500};
+    const auto bands = visibleBands(of, of, {distance, 15});
+    ASSERT_EQ(bands.size(), 1U);
+    const auto last = std::ranges::find(bands[0].km, km[1499]);
+    ASSERT_NE(last, bands[0].km.end());
+    const auto at = static_cast<std::size_t>(last - bands[0].km.begin());
+    EXPECT_EQ(bands[0].above[at], 4);
+    EXPECT_EQ(bands[0].below[at], 4);
+    EXPECT_EQ(bands[0].km[at + 1], km[1500]);
+    EXPECT_EQ(bands[0].above[at + 1], 6);
+}
+
+TEST(VisibleBands, FollowDistancesThatGoBack) {
+    const PathValues above = pathValues({0, 10, 4, 8}, {1, 11, 5, 9}),
+                     below = pathValues({0, 10, 4, 8}, {0, 10, 4, 8});
+    const Scale distance{5, 9, 0, 1500};
+    const auto bands = visibleBands(above, below, {distance, 15});
+    ASSERT_EQ(bands.size(), 3U);
+    EXPECT_EQ(bands[1].km, (Numbers{9, 5}));
+    EXPECT_EQ(bands[1].above, (Numbers{10, 6}));
+    EXPECT_EQ(bands[1].below, (Numbers{9, 5}));
 }
 
 TEST(VisiblePieces, AreTheSameWhereSeriesShareTheColumnsOfTheirDistances) {
@@ -184,8 +236,8 @@ TEST(VisiblePieces, AreTheSameWhereSeriesShareTheColumnsOfTheirDistances) {
     const Scale distance{7, 93, 0, 1500};
     PixelColumnsOfKm columns;
     for (const PathValues* values : {&first, &second}) {
-        const auto alone = visiblePieces(*values, {distance, ScaleKind::linear, 15});
-        const auto shared = visiblePieces(*values, {distance, ScaleKind::linear, 15, &columns});
+        const auto alone = visiblePieces(*values, {distance, 15});
+        const auto shared = visiblePieces(*values, {distance, 15, &columns});
         ASSERT_EQ(alone.size(), shared.size());
         for (std::size_t k = 0; k < alone.size(); ++k) {
             EXPECT_TRUE(alone[k].thinned);

@@ -19,58 +19,39 @@ bool goesOn(const std::vector<PixelColumn>& columns) {
 // From where to where the band goes in each column.
 class BandExtent {
   public:
-    BandExtent(int left, int right)
-        : left(left),
-          tops(static_cast<std::size_t>(right - left + 1), std::numeric_limits<int>::max()),
-          bottoms(tops.size(), std::numeric_limits<int>::min()) {}
+    BandExtent(int left, int right) {
+        columns.left = left;
+        columns.tops.assign(static_cast<std::size_t>(right - left + 1), std::numeric_limits<int>::max());
+        columns.bottoms.assign(columns.tops.size(), std::numeric_limits<int>::min());
+    }
 
-    void addEdge(const std::vector<PixelColumn>& columns) {
-        for (std::size_t k = 0; k < columns.size(); ++k) {
-            take(columns[k].x, columns[k].lowest);
-            take(columns[k].x, columns[k].highest);
-            if (k > 0) join(columns[k - 1], columns[k]);
+    FilledColumns columns;
+
+    void addEdge(const std::vector<PixelColumn>& edge) {
+        for (std::size_t k = 0; k < edge.size(); ++k) {
+            take(edge[k].x, edge[k].lowest);
+            take(edge[k].x, edge[k].highest);
+            if (k > 0) join(edge[k - 1], edge[k]);
         }
     }
 
-    int left;
-    std::vector<int> tops, bottoms;
-
   private:
+    int end() const { return columns.left + static_cast<int>(columns.tops.size()); }
     void take(int x, int y) {
-        if (x < left || x - left >= static_cast<int>(tops.size())) return;
-        const auto column = static_cast<std::size_t>(x - left);
-        tops[column] = std::min(tops[column], y);
-        bottoms[column] = std::max(bottoms[column], y);
+        if (x < columns.left || x >= end()) return;
+        const auto column = static_cast<std::size_t>(x - columns.left);
+        columns.tops[column] = std::min(columns.tops[column], y);
+        columns.bottoms[column] = std::max(columns.bottoms[column], y);
     }
+    // Only where columns lie between them.
     void join(const PixelColumn& from, const PixelColumn& to) {
-        const double slope = static_cast<double>(to.first - from.last) / std::max(1, to.x - from.x);
-        const int end = std::min(to.x, left + static_cast<int>(tops.size()));
-        for (int x = std::max(from.x + 1, left); x < end; ++x)
+        if (to.x <= from.x + 1) return;
+        const double slope = static_cast<double>(to.first - from.last) / (to.x - from.x);
+        const int last = std::min(to.x, end());
+        for (int x = std::max(from.x + 1, columns.left); x < last; ++x)
             take(x, from.last + static_cast<int>(std::lround(slope * (x - from.x))));
     }
 };
-
-BandPicture pictureOf(const BandExtent& extent, QRgb colour, const PixelGrid& grid,
-                      std::vector<QRgb>& pixels) {
-    const int top = std::max(0, *std::ranges::min_element(extent.tops));
-    const int bottom = std::min(grid.height, *std::ranges::max_element(extent.bottoms));
-    const auto width = static_cast<int>(extent.tops.size());
-    const int height = std::max(0, bottom - top);
-    const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    if (pixels.size() < count) pixels.resize(count);
-    const QRgb pixel = qPremultiply(colour);
-    for (int y = top; y < bottom; ++y) {
-        QRgb* const line = pixels.data() + static_cast<std::ptrdiff_t>(y - top) * width;
-        const int* const tops = extent.tops.data();
-        const int* const bottoms = extent.bottoms.data();
-        for (int x = 0; x < width; ++x)
-            line[x] = (tops[x] <= y) & (y < bottoms[x]) ? pixel : 0;
-    }
-    return {{extent.left, top},
-            QImage(reinterpret_cast<const uchar*>(pixels.data()), width, height,
-                   static_cast<qsizetype>(width) * static_cast<qsizetype>(sizeof(QRgb)),
-                   QImage::Format_ARGB32_Premultiplied)};
-}
 
 } // namespace
 
@@ -81,8 +62,8 @@ QColor colourOf(const DrawnBand& band) {
     return colour;
 }
 
-std::optional<BandPicture> bandByColumns(const DrawnBand& band, const PixelGrid& grid,
-                                         std::vector<QRgb>& pixels) {
+std::optional<ColumnPicture> bandByColumns(const DrawnBand& band, const PixelGrid& grid,
+                                           std::vector<QRgb>& pixels) {
     const std::vector<PixelColumn> above = pixelColumns(band.above, grid);
     const std::vector<PixelColumn> below = pixelColumns(band.below, grid);
     if (above.empty() || below.empty() || std::max(above.size(), below.size()) <= fewColumns)
@@ -94,7 +75,7 @@ std::optional<BandPicture> bandByColumns(const DrawnBand& band, const PixelGrid&
     BandExtent extent(left, right);
     extent.addEdge(above);
     extent.addEdge(below);
-    return pictureOf(extent, colourOf(band).rgba(), grid, pixels);
+    return pictureOf(extent.columns, colourOf(band).rgba(), {grid.width, grid.height}, pixels);
 }
 
 } // namespace korvel

@@ -4,26 +4,21 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "drawing/paint/ColumnPicture.h"
 #include "drawing/paint/PixelGrid.h"
 
 #include <QColor>
-#include <QImage>
 
 #include <optional>
 #include <vector>
 
 namespace korvel {
 
-struct BandPicture {
-    QPoint corner; // of its top left pixel
-    QImage image;  // made of the pixels that were given for it
-};
-
 // Every column of pixels filled from the band's highest place in it to its lowest. Nothing for a band that is
 // simple enough for a polygon, and for one whose distances go back.
 // `pixels`: memory for it, to be used again for the next.
-std::optional<BandPicture> bandByColumns(const DrawnBand& band, const PixelGrid& grid,
-                                         std::vector<QRgb>& pixels);
+std::optional<ColumnPicture> bandByColumns(const DrawnBand& band, const PixelGrid& grid,
+                                           std::vector<QRgb>& pixels);
 
 QColor colourOf(const DrawnBand& band);
 

@@ -5,6 +5,13 @@
 
 namespace korvel {
 
+namespace {
+
+constexpr long long fewColumns = 64;
+constexpr long long pixelsOfPicture = 6; // take as long as one pixel of a box
+
+} // namespace
+
 CoveredColumns::CoveredColumns(int left, int right)
     : m_left(left), m_stretches(static_cast<std::size_t>(right - left + 1), nothing) {}
 
@@ -21,6 +28,30 @@ std::vector<QRect> CoveredColumns::takeBoxes() {
     for (Stretch& stretch : m_stretches)
         addBox(column++, std::exchange(stretch, nothing));
     return std::exchange(m_boxes, {});
+}
+
+bool CoveredColumns::areHigh() const {
+    Stretch all = nothing;
+    long long covered = 0, columns = 0;
+    for (const Stretch& stretch : m_stretches) {
+        if (stretch.top > stretch.bottom) continue;
+        all = {std::min(all.top, stretch.top), std::max(all.bottom, stretch.bottom)};
+        covered += stretch.bottom - stretch.top + 1;
+        ++columns;
+    }
+    return columns >= fewColumns && covered * pixelsOfPicture > columns * (all.bottom - all.top + 1LL);
+}
+
+FilledColumns CoveredColumns::takeColumns(std::vector<QRect>& boxes) {
+    FilledColumns filled{m_left, {}, {}};
+    for (Stretch& stretch : m_stretches) {
+        filled.tops.push_back(stretch.top);
+        filled.bottoms.push_back(stretch.bottom + 1);
+        stretch = nothing;
+    }
+    boxes.insert(boxes.end(), m_boxes.begin(), m_boxes.end());
+    m_boxes.clear();
+    return filled;
 }
 
 // Where the last box ends at the same heights in the column before, it grows.

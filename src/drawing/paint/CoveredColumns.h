@@ -2,6 +2,7 @@
 // cover one stretch of a column together: painted as such, no pixel is painted twice.
 #pragma once
 
+#include "drawing/paint/ColumnPicture.h"
 #include "drawing/paint/SlantPictures.h"
 
 #include <QRect>
@@ -20,6 +21,9 @@ class CoveredColumns {
 
     // All that was added, as boxes; empties the columns.
     std::vector<QRect> takeBoxes();
+    // The same where columns are so high that their picture is quicker: mostly columns then, and few boxes.
+    bool areHigh() const;
+    FilledColumns takeColumns(std::vector<QRect>& boxes);
 
   private:
     void addBox(int column, Stretch stretch);

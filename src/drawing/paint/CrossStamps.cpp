@@ -1,6 +1,7 @@
 #include "drawing/paint/CrossStamps.h"
 
 #include "drawing/paint/LineBox.h"
+#include "drawing/paint/PaintedImage.h"
 
 #include <QImage>
 #include <QPainter>
@@ -34,23 +35,57 @@ struct Stamp {
     Cross cross; // its first line begins at 0, 0
     QPoint corner;
     QImage image;
+    std::vector<QRect> rows; // inked, one pixel high, from the corner
 };
+
+std::vector<QRect> inkedRows(const QImage& image) {
+    std::vector<QRect> rows;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) == 0) continue;
+            if (!rows.empty() && rows.back().top() == y && rows.back().right() == x - 1)
+                rows.back().setRight(x);
+            else
+                rows.emplace_back(x, y, 1, 1);
+        }
+    return rows;
+}
+
+QRect inkedPart(const QImage& image) {
+    QRect inked;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) > 0) inked |= QRect(x, y, 1, 1);
+    return inked;
+}
 
 Stamp makeStamp(const Cross& cross, const QPen& pen) {
     const int margin = 3 * pen.width() / 4 + 1; // a square end's corners lie 0.71 widths off
     const QRect box = extentOf(cross).adjusted(-margin, -margin, margin, margin);
-    Stamp stamp{cross, box.topLeft(), QImage(box.size(), QImage::Format_ARGB32_Premultiplied)};
+    Stamp stamp{cross, box.topLeft(), QImage(box.size(), QImage::Format_ARGB32_Premultiplied), {}};
     stamp.image.fill(Qt::transparent);
     QPainter painter(&stamp.image);
     painter.setPen(pen);
     painter.drawLine(cross.first.translated(-box.topLeft()));
     painter.drawLine(cross.second.translated(-box.topLeft()));
+    painter.end();
+    // Its empty rows and columns would be blended with each cross.
+    const QRect inked = inkedPart(stamp.image);
+    stamp.corner += inked.topLeft();
+    stamp.image = stamp.image.copy(inked);
+    stamp.rows = inkedRows(stamp.image);
     return stamp;
 }
 
 class Stamper {
   public:
-    Stamper(QPainter& painter, const QRect& device) : m_painter(painter), m_device(device) {}
+    Stamper(QPainter& painter, const QRect& device)
+        : m_painter(painter),
+          m_device(device),
+          m_colour(painter.pen().color().rgba()),
+          m_image(qAlpha(m_colour) == 255 ? paintedImage(painter) : nullptr) {
+        if (m_image != nullptr) m_device &= m_image->rect();
+    }
 
     // Whether it was painted: not where too many shapes are known, or a part of it is off the device, which
     // Qt cuts off a line before it chooses its pixels.
@@ -60,7 +95,10 @@ class Stamper {
         if (stamp == nullptr) return false;
         const QPoint corner = place + stamp->corner;
         if (!m_device.contains(QRect(corner, stamp->image.size()))) return false;
-        m_painter.drawImage(corner, stamp->image);
+        if (m_image == nullptr)
+            m_painter.drawImage(corner, stamp->image);
+        else
+            ink(corner, stamp->rows);
         return true;
     }
 
@@ -74,8 +112,17 @@ class Stamper {
         return &m_stamps.back();
     }
 
+    void ink(QPoint corner, const std::vector<QRect>& rows) {
+        const qsizetype step = m_image->bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
+        QRgb* const first = reinterpret_cast<QRgb*>(m_image->bits()) + corner.y() * step + corner.x();
+        for (const QRect& row : rows)
+            std::fill_n(first + row.top() * step + row.left(), row.width(), m_colour);
+    }
+
     QPainter& m_painter;
     QRect m_device;
+    QRgb m_colour;
+    QImage* m_image; // none: by the painter
     std::vector<Stamp> m_stamps;
 };
 

@@ -5,6 +5,7 @@
 #include "drawing/paint/CrossStamps.h"
 #include "drawing/paint/MergedLines.h"
 #include "drawing/paint/PageTexts.h"
+#include "drawing/paint/PaintedImage.h"
 #include "drawing/paint/QtTextMetrics.h"
 #include "drawing/paint/RunThinning.h"
 #include "drawing/paint/Shown.h"
@@ -67,6 +68,7 @@ class DrawingPlayer {
 
     // Texts as pieces of a page where `texts` is given.
     void play(PageTexts* texts = nullptr) {
+        std::vector<const DrawnText*> drawnTexts; // above everything else
         for (const DrawnCommand& command : m_drawing.commands) {
             if (const auto* line = std::get_if<DrawnLine>(&command))
                 draw(*line);
@@ -76,11 +78,12 @@ class DrawingPlayer {
                 draw(*marker);
             else if (const auto* band = std::get_if<DrawnBand>(&command))
                 draw(*band);
+            else if (const auto* text = std::get_if<DrawnText>(&command))
+                drawnTexts.push_back(text);
         }
         flush();
-        for (const DrawnCommand& command : m_drawing.commands)
-            if (const auto* text = std::get_if<DrawnText>(&command))
-                if (texts == nullptr || !texts->add(*text, cornerOf(*text))) draw(*text);
+        for (const DrawnText* text : drawnTexts)
+            if (texts == nullptr || !texts->add(*text, cornerOf(*text))) draw(*text);
         if (texts != nullptr) texts->flush();
     }
 
@@ -120,7 +123,7 @@ class DrawingPlayer {
         flush();
         m_pen.reset();
         if (!m_stored)
-            if (const auto picture = bandByColumns(band, m_scale.grid, m_bandPixels))
+            if (const auto picture = bandByColumns(band, m_scale.grid, m_columnPixels))
                 return m_painter.drawImage(picture->corner, picture->image);
         QPolygon outline = thinnedPolygon(band.above, m_scale.grid);
         const QPolygon below = thinnedPolygon(band.below, m_scale.grid);
@@ -164,6 +167,13 @@ class DrawingPlayer {
         m_painter.drawRects(thinned.boxes.data(), static_cast<int>(thinned.boxes.size()));
         m_painter.setBrush(Qt::NoBrush);
         m_painter.setPen(pen);
+        if (thinned.columns.isEmpty()) return;
+        const QRgb colour = pen.color().rgba();
+        if (QImage* image = qAlpha(colour) == 255 ? paintedImage(m_painter) : nullptr)
+            return fill(*image, thinned.columns, colour);
+        const ColumnPicture picture =
+            pictureOf(thinned.columns, colour, {m_scale.grid.width, m_scale.grid.height}, m_columnPixels);
+        m_painter.drawImage(picture.corner, picture.image);
     }
 
     void draw(const DrawnText& text) {
@@ -218,7 +228,7 @@ class DrawingPlayer {
     double m_ascent = 0;
     std::vector<QLine> m_lines; // not painted yet, all of m_pen
     std::vector<Cross> m_crosses;
-    std::vector<QRgb> m_bandPixels;
+    std::vector<QRgb> m_columnPixels;
 };
 
 // Where a screen's scale is broken, a form's parts stand between pixels; there, a line, a box and an image of

@@ -42,6 +42,7 @@ class ColumnFinder {
     bool addGroup(std::span<const DrawnPoint, groupSize> points) {
         if (columns.empty()) return false;
         PixelColumn& column = columns.back();
+        if (m_grid.x(points.back().x) != column.x) return false; // most that leave it end elsewhere
         const Extent extent = extentOf(points);
         if (extent.anyNaN || m_grid.x(extent.lowest[0]) != column.x ||
             m_grid.x(extent.highest[0]) != column.x)

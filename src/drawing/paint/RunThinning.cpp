@@ -28,8 +28,12 @@ class PieceMaker {
             if (!column.single && isSeen(column.x)) cover(column.x, column.lowest, column.highest);
             if (k + 1 < m_columns.size()) join(column, m_columns[k + 1]);
         }
-        const std::vector<QRect> covered = m_covered.takeBoxes();
-        m_run.boxes.insert(m_run.boxes.end(), covered.begin(), covered.end());
+        if (m_covered.areHigh()) {
+            m_run.columns = m_covered.takeColumns(m_run.boxes);
+        } else {
+            const std::vector<QRect> covered = m_covered.takeBoxes();
+            m_run.boxes.insert(m_run.boxes.end(), covered.begin(), covered.end());
+        }
         return std::move(m_run);
     }
 

@@ -4,6 +4,7 @@
 // device's left and top edges, which Qt paints otherwise there.
 #pragma once
 
+#include "drawing/paint/ColumnPicture.h"
 #include "drawing/paint/PixelGrid.h"
 
 #include <QLine>
@@ -19,6 +20,7 @@ namespace korvel {
 struct ThinnedRun {
     std::vector<QRect> boxes;
     std::vector<QLine> lines;
+    FilledColumns columns; // empty where boxes are quicker
 };
 
 ThinnedRun thinnedRun(const std::vector<DrawnPoint>& points, const PixelGrid& grid, int penWidth);

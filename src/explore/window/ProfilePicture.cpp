@@ -123,7 +123,7 @@ void ProfilePicture::paintPicture() {
     layoutShown();
     paintAway(*m_layout, drawing);
     // Memory that is there already: asking for as much again takes longer than filling it.
-    if (m_picture.size() != sizeInDots()) m_picture = QPixmap(sizeInDots());
+    if (m_picture.size() != sizeInDots()) m_picture = QImage(sizeInDots(), QImage::Format_RGB32);
     m_picture.setDevicePixelRatio(devicePixelRatioF());
     m_pictureIsOld = false;
     m_picture.fill(colourOf(layoutShown().look.background));
@@ -153,7 +153,7 @@ void ProfilePicture::paintAll(QPainter& painter) {
         return;
     }
     if (m_pictureIsOld || m_picture.size() != sizeInDots()) paintPicture();
-    painter.drawPixmap(0, 0, m_picture);
+    painter.drawImage(QPoint(), m_picture);
     if (const auto place = m_navigator.place()) {
         Drawing cursor;
         paintCursor(layoutShown(), m_scene.data(), *place, cursor);

@@ -7,7 +7,7 @@
 #include "toolkit/forms/Handlers.h"
 
 #include <QElapsedTimer>
-#include <QPixmap>
+#include <QImage>
 #include <QWidget>
 
 #include <functional>
@@ -74,7 +74,7 @@ class ProfilePicture : public QWidget {
     Theme m_theme = Theme::light;
 
     std::optional<ProfileLayout> m_layout;
-    QPixmap m_picture;
+    QImage m_picture;
     bool m_pictureIsOld = true; // to be painted anew
     QRect m_strip;              // where the cursor was painted
     Gesture m_gesture = Gesture::none;
