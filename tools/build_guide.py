@@ -25,7 +25,7 @@ h3 { font-size: 1.05rem; margin: 1.6rem 0 .4rem; }
 article { padding-top: 3.5rem; }
 article:first-of-type { padding-top: 0; }
 a { color: var(--link); }
-a:focus-visible { outline: 3px solid var(--link); outline-offset: 2px; }
+a:focus-visible, pre:focus-visible, .wide:focus-visible { outline: 3px solid var(--link); outline-offset: 2px; }
 nav { border: 1px solid var(--line); padding: .2rem 1.2rem 1rem; margin: 1.5rem 0; }
 nav h2 { margin-top: 1rem; }
 nav ol { margin: 0; padding-left: 1.5rem; columns: 18rem 2; }
@@ -34,7 +34,8 @@ nav ol ol { columns: 1; list-style: none; padding-left: .8rem; font-size: .88rem
 pre, code { font-family: "Liberation Mono", "Courier New", monospace; font-size: .85rem; }
 pre { background: var(--box); border: 1px solid var(--line); padding: .7rem .9rem; overflow-x: auto; line-height: 1.35; }
 :not(pre) > code { background: var(--box); padding: 0 .25em; }
-table { border-collapse: collapse; margin: 1rem 0; display: block; overflow-x: auto; }
+.wide { overflow-x: auto; margin: 1rem 0; }
+table { border-collapse: collapse; }
 th, td { border: 1px solid var(--line); padding: .3rem .6rem; text-align: left; vertical-align: top; }
 th { background: var(--box); }
 img { max-width: 100%; height: auto; border: 1px solid var(--line); }
@@ -86,6 +87,10 @@ def article(chapter, cmark):
     """The chapter as HTML, and its headings as level, anchor and text."""
     html = subprocess.run([cmark, "--extension", "table", str(chapter)], capture_output=True, text=True, check=True).stdout
     html = re.sub(r'(href|src)="([^"]*)"', lambda match: f'{match[1]}="{address(chapter, match[2])}"', html)
+    # What may be wider than the window can be scrolled with the keys, too.
+    html = html.replace("<pre>", '<pre tabindex="0">')
+    html = html.replace("<table>", '<div class="wide" tabindex="0" role="group" aria-label="Table">\n<table>')
+    html = html.replace("</table>", "</table>\n</div>")
     headings = []
 
     def with_anchor(match):

@@ -7,9 +7,12 @@
 #include "platform/Guide.h"
 #include "reports/CodePage437.h"
 #include "reports/Output.h"
+#include "toolkit/desktop/StartQt.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace korvel {
 
@@ -25,6 +28,13 @@ QString listingText(ByteSource& file) {
         text += utf8OfCodePage437(line) + '\n';
     }
     return QString::fromStdString(text);
+}
+
+constexpr double fewestPoints = 6, mostPoints = 40;
+
+// Of our own windows, as much larger as the desktop asks for.
+double usualPoints() {
+    return looks::windowText * desktopsTextFactor();
 }
 
 } // namespace
@@ -44,9 +54,9 @@ frmListing::frmListing(Platform& services)
     });
     for (const QKeySequence& nearer :
          {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)})
-        onShortcut(nearer, [this] { txtListing.zoomIn(); });
-    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus), [this] { txtListing.zoomOut(); });
-    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_0), [this] { setDesignFont(); });
+        onShortcut(nearer, [this] { setLetters(m_points + 1); });
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus), [this] { setLetters(m_points - 1); });
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_0), [this] { setLetters(usualPoints()); });
     onShortcut(QKeySequence(Qt::Key_F3), [this] { find(Direction::forward); });
     onShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { find(Direction::backward); });
 }
@@ -56,7 +66,6 @@ void frmListing::layOut() {
     txtListing.setAccessibleName("Listing");
     txtListing.setReadOnly(true);
     txtListing.setLineWrapMode(QPlainTextEdit::NoWrap);
-    setDesignFont();
     lblFind.setBuddy(&txtFind);
 
     auto* bar = new QHBoxLayout;
@@ -70,6 +79,7 @@ void frmListing::layOut() {
     all->setSpacing(looks::gap);
     all->addLayout(bar);
     all->addWidget(&txtListing, 1);
+    setLetters(usualPoints());
 }
 
 void frmListing::print() {
@@ -94,9 +104,13 @@ void frmListing::view(const std::string& fileName) {
     services().windows.showModal(*this);
 }
 
-// Ctrl and the wheel change it, too.
-void frmListing::setDesignFont() {
-    txtListing.setFont(looks::fixedFont());
+// Ctrl and the wheel change those of the listing alone.
+void frmListing::setLetters(double points) {
+    m_points = std::clamp(points, fewestPoints, mostPoints);
+    for (QWidget* control : std::initializer_list<QWidget*>{&lblFind, &txtFind, &cmdNext, &cmdPrevious,
+                                                            &lblFound, &cmdPrint, &cmdClose})
+        setFontSize(*control, m_points, false);
+    txtListing.setFont(looks::fixedFont(m_points));
 }
 
 // From the cursor on, and round at the end of the file.

@@ -19,7 +19,7 @@ class frmListing : public Form {
     enum class Direction { forward, backward };
 
     void layOut();
-    void setDesignFont();
+    void setLetters(double points);
     void print();
     void find(Direction direction);
 
@@ -33,6 +33,7 @@ class frmListing : public Form {
     QPlainTextEdit& txtListing;
 
     std::string m_fileName;
+    double m_points = 0; // of all letters; kept from one file to the next
     DoneLine m_done{lblFound, services().machine, handlers(), " &nbsp; "};
 };
 

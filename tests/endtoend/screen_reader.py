@@ -92,6 +92,7 @@ demand_tools()
 warnings.simplefilter("ignore", DeprecationWarning)  # of the bus library
 
 
+
 class Reader:
     """What the bus tells of one program. Made once the screen stands, as the bus is found by the environment."""
 
@@ -107,8 +108,11 @@ class Reader:
 
     def hear(self, event):
         """Menus that open by themselves stand in no window's tree: what tells of them is their coming."""
-        if event.detail1 and event.source is not None and event.source.get_role() == self.role.POPUP_MENU:
-            self.menus.append(event.source)
+        try:
+            if event.detail1 and event.source is not None and event.source.get_role() == self.role.POPUP_MENU:
+                self.menus.append(event.source)
+        except self.gone:
+            pass  # already
 
     def open_menu(self):
         """That was opened last, while it is shown."""
@@ -163,8 +167,8 @@ class Reader:
         """What has the focus. The tab in front and what holds others tell of it too, where something inside them has it."""
         found = [thing for thing in self.all_of(frame)
                  if thing != frame and self.is_(thing, "FOCUSABLE") and self.is_(thing, "FOCUSED")]
-        outer = ("filler", "page tab", "page tab list")
-        return next(iter(sorted(found, key=lambda thing: thing.get_role_name() in outer)), None)
+        outer = {"page tab": 1, "page tab list": 2, "filler": 3}  # outwards
+        return min(found, key=lambda thing: outer.get(thing.get_role_name(), 0), default=None)
 
     def lines_of(self, thing):
         """Of a list, or of the list that a box of choices holds."""

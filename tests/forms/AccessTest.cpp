@@ -6,10 +6,10 @@
 #include "toolkit/desktop/Theme.h"
 
 #include "fakes/FakePlatform.h"
+#include "forms/Contrast.h"
 #include "forms/FormDriver.h"
 #include "forms/GraphForms.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
@@ -19,9 +19,7 @@
 #include <QTest>
 
 #include <algorithm>
-#include <cmath>
 #include <functional>
-#include <map>
 #include <memory>
 #include <utility>
 
@@ -29,15 +27,10 @@ namespace korvel {
 
 namespace {
 
-constexpr double leastContrast = 4.5;
 constexpr std::size_t mostStops = 60;
 
 std::string nameOf(const QWidget& control) {
     return control.objectName().toStdString();
-}
-
-QRect placeInWindow(const QWidget& control) {
-    return {control.mapTo(control.window(), QPoint(0, 0)), control.size()};
 }
 
 // Where Tab leads from the first stop on, once round.
@@ -69,62 +62,11 @@ bool isStop(const QWidget& control) {
            !control.objectName().isEmpty() && !control.objectName().startsWith("qt_");
 }
 
-double luminance(QRgb colour) {
-    const auto part = [](int value) {
-        const double share = value / 255.0;
-        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(qRed(colour)) + 0.7152 * part(qGreen(colour)) + 0.0722 * part(qBlue(colour));
-}
-
-double contrast(QRgb one, QRgb other) {
-    const double a = luminance(one), b = luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
-// Of its words as they are painted: between the most frequent colour and the one farthest from it, borders
-// left out.
-double paintedContrast(QWidget& control) {
-    constexpr int border = 4;
-    const QImage all = control.window()->grab().toImage();
-    const QImage image = all.copy(placeInWindow(control).adjusted(border, border, -border, -border));
-    std::map<QRgb, int> counts;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            ++counts[image.pixel(x, y)];
-    const auto byCount = [](const auto& a, const auto& b) { return a.second < b.second; };
-    const QRgb ground = std::ranges::max_element(counts, byCount)->first;
-    double most = 1;
-    for (const auto& [colour, count] : counts)
-        most = std::max(most, contrast(ground, colour));
-    return most;
-}
-
-std::string wordsOf(const QWidget& control) {
-    if (const auto* label = qobject_cast<const QLabel*>(&control)) return label->text().toStdString();
-    if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
-        return button->text().toStdString();
-    return "";
-}
-
-void expectWordsStandOut(QWidget& form) {
-    for (QWidget* control : form.findChildren<QWidget*>()) {
-        const bool isShadow = control->objectName() == "lblKorvel_0"; // of the same words
-        if (!control->isVisible() || !control->isEnabled() || isShadow || wordsOf(*control).empty()) continue;
-        EXPECT_GE(paintedContrast(*control), leastContrast) << nameOf(*control) << ": " << wordsOf(*control);
-    }
-}
-
 // What a form is painted with in its lower right corner, where no control stands.
 QRgb groundOf(QWidget& form) {
     const QImage image = form.grab().toImage();
     return image.pixel(image.width() - 3, image.height() - 3);
 }
-
-struct Dark {
-    Dark() { QApplication::setPalette(paletteOf(Theme::dark)); }
-    ~Dark() { QApplication::setPalette(paletteOf(Theme::light)); }
-};
 
 class Access : public CleanGlobals, public testing::WithParamInterface<const char*> {
   protected:

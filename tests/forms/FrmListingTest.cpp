@@ -63,6 +63,23 @@ TEST_F(FrmListing, OpensTheGuideWithF1) {
     });
 }
 
+TEST_F(FrmListing, ZoomsItsButtonsWithItsText) {
+    view(river, [&] {
+        for (int k = 0; k < 10; ++k)
+            key(Qt::Key_Plus, Qt::ControlModifier);
+        EXPECT_EQ(text().font().pointSize(), 20);
+        for (const char* name : {"lblFind", "txtFind", "cmdNext", "cmdPrevious", "cmdPrint", "cmdClose"}) {
+            const auto& each = control<QWidget>(form, name);
+            EXPECT_EQ(each.font().pointSize(), 20) << name;
+            EXPECT_GE(each.width(), each.minimumSizeHint().width()) << name;
+            EXPECT_GE(each.height(), each.minimumSizeHint().height()) << name;
+            EXPECT_TRUE(form.centralWidget()->rect().contains(each.geometry())) << name;
+        }
+        EXPECT_LE(form.minimumSizeHint().width(), 1366);
+    });
+    view(river, [&] { EXPECT_EQ(text().font().pointSize(), 20) << "kept for the next file"; });
+}
+
 TEST_F(FrmListing, ZoomsWithKeysAndTheWheel) {
     view(river, [&] {
         const auto size = [&] { return text().font().pointSize(); };

@@ -1,4 +1,5 @@
 // The main form's start page: the last runs, and what their buttons do.
+#include "forms/Contrast.h"
 #include "forms/FrmStartFixture.h"
 
 #include <QDateTime>
@@ -318,6 +319,18 @@ TEST_F(FrmStartPage, IsReachedAndWorkedByKeys) {
     platform.willActOn("frmGraphData", [](ShownForm&) {});
     QTest::keyClick(&list(), Qt::Key_Return);
     EXPECT_EQ(platform.takeTranscript(), "show modal frmGraphData\nclosed frmGraphData\n");
+}
+
+TEST_F(FrmStartPage, HasWordsThatStandOut) {
+    for (const bool withRuns : {true, false}) {
+        if (withRuns) remember("ALDER");
+        startWithPage();
+        expectWordsStandOut(*form);
+        const Dark dark;
+        passEvents();
+        expectWordsStandOut(*form);
+        platform.rememberedRuns.clear();
+    }
 }
 
 TEST_F(FrmStartPage, TakesNoKeyOfMenusAndButtons) {

@@ -89,6 +89,8 @@ void PictureDialog::tellSize() {
         return QString::number(pixels / dots * centimetresOfInch, 'f', 1);
     };
     m_size->setText(QString("%1 x %2 cm").arg(centimetres(m_width->value()), centimetres(m_height->value())));
+    for (QSpinBox* box : {m_width, m_height, m_dots})
+        box->setAccessibleDescription("On paper " + m_size->text());
 }
 
 PictureWish PictureDialog::wish() const {

@@ -16,6 +16,7 @@ namespace korvel {
 namespace {
 
 constexpr const char* fontDpi = "QT_FONT_DPI";
+constexpr double usualDpi = 96;
 
 // What the desktop asks for; nothing before it was settled otherwise.
 std::optional<QString>& desktopsFontDpi() {
@@ -41,6 +42,11 @@ QProcessEnvironment desktopsEnvironment() {
     environment.remove(fontDpi);
     if (!desktopsFontDpi()->isEmpty()) environment.insert(fontDpi, *desktopsFontDpi());
     return environment;
+}
+
+double desktopsTextFactor() {
+    const double dpi = desktopsFontDpi().value_or("").toDouble();
+    return dpi > 0 ? dpi / usualDpi : 1;
 }
 
 void settleForNoDisplay() {

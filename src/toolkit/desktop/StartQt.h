@@ -12,6 +12,10 @@ void settleBeforeQt();
 // As it was before that: windows of our own that follow the desktop's text are started with it.
 QProcessEnvironment desktopsEnvironment();
 
+// How much larger than usual the desktop wants text, as far as the environment tells; 1 where it says
+// nothing.
+double desktopsTextFactor();
+
 // For commands: no display is needed.
 void settleForNoDisplay();
 

@@ -9,19 +9,29 @@ namespace korvel {
 
 namespace {
 
-const char* const isChart = "isChart";
+const char* const spokenRole = "spokenRole";
 
-QAccessibleInterface* chartOf(const QString&, QObject* object) {
+QAccessibleInterface* spoken(const QString&, QObject* object) {
     auto* const widget = qobject_cast<QWidget*>(object);
-    if (widget == nullptr || !widget->property(isChart).toBool()) return nullptr;
-    return new QAccessibleWidget(widget, QAccessible::Chart); // Qt keeps and deletes it
+    const QVariant role = widget != nullptr ? widget->property(spokenRole) : QVariant();
+    if (!role.isValid()) return nullptr;
+    // Qt keeps and deletes it.
+    return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
+}
+
+void tellAs(QWidget& picture, QAccessible::Role role) {
+    [[maybe_unused]] static const bool isInstalled = (QAccessible::installFactory(spoken), true);
+    picture.setProperty(spokenRole, static_cast<int>(role));
 }
 
 } // namespace
 
 void tellAsChart(QWidget& picture) {
-    static const bool isInstalled = (QAccessible::installFactory(chartOf), true);
-    picture.setProperty(isChart, isInstalled);
+    tellAs(picture, QAccessible::Chart);
+}
+
+void tellAsImage(QWidget& picture) {
+    tellAs(picture, QAccessible::Graphic);
 }
 
 } // namespace korvel

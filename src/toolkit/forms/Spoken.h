@@ -7,5 +7,6 @@ namespace korvel {
 
 // Before anything is told of it, its name among that: what it is, is asked once.
 void tellAsChart(QWidget& picture);
+void tellAsImage(QWidget& picture);
 
 } // namespace korvel

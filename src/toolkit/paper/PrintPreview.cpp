@@ -3,6 +3,7 @@
 #include "basic/RunTimeError.h"
 #include "drawing/paint/DrawingPainter.h"
 #include "drawing/paint/GlyphFonts.h"
+#include "toolkit/forms/Spoken.h"
 
 #include <QAbstractScrollArea>
 #include <QDialog>
@@ -66,8 +67,11 @@ bool showPrintPreview(const std::vector<Drawing>& pages, Orientation orientation
     dialog.setWindowTitle("Print");
     dialog.resize(window.size() * shareOfWindow);
     auto* preview = new QPrintPreviewWidget(&printer);
-    for (QWidget* view : preview->findChildren<QAbstractScrollArea*>()) // which takes the focus
+    for (QWidget* view : preview->findChildren<QAbstractScrollArea*>()) { // which takes the focus
+        tellAsImage(*view);
         view->setAccessibleName("Preview");
+        view->setAccessibleDescription("The page as it will be printed");
+    }
     auto* buttons = new QDialogButtonBox;
     auto* print = buttons->addButton("&Print", QDialogButtonBox::AcceptRole);
     auto* setup = buttons->addButton("Printer &Setup ...", QDialogButtonBox::ActionRole);
