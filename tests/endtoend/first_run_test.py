@@ -56,24 +56,14 @@ def follow_commands(folder):
     check_page(folder / "ALDER.html", "River Alder today")
 
 
-def fresh_folder(home):
-    """An application folder as after the first start of an installed program."""
-    own = home / "app"
-    own.mkdir()
-    (own / "korvelf157.exe").symlink_to(APP / "korvelf157.exe")
-    model_name = "Z:" + str(home).replace("/", "\\")
-    (own / "MISC.TXT").write_bytes(f"{model_name}\r\n\r\nFalse\r\n".encode())
-    return own
-
-
 def follow_windows(home):
     import screen_reader  # ends the test as skipped where there is no screen
     screen = screen_reader.start_screen(home)
     reader = screen_reader.Reader()
     try:
         begun = time.monotonic()
-        program = subprocess.Popen([APP / "korvel", "--application-folder", fresh_folder(home)])
-        screen.insert(0, program)
+        own = screen_reader.fresh_folder(home, APP)
+        screen.insert(0, subprocess.Popen([APP / "korvel", "--application-folder", own]))
         take_steps(reader, home / "korvel-samples")
         print(f"in the windows: {time.monotonic() - begun:.1f} s")
     finally:

@@ -80,8 +80,16 @@ class Walk:
     # Doing
 
     def in_front(self):
-        """The window that keys go to; waited for, as one comes after another."""
-        return self.await_(lambda: next((f for f in self.reader.frames(None) if self.reader.is_(f, "ACTIVE")), None), "a window in front")
+        """The window that keys go to; waited for, as one comes after another. After a dialog the bus is not always told which
+        that is: the window manager knows."""
+        def found():
+            frames = self.reader.frames(None)
+            active = [frame for frame in frames if self.reader.is_(frame, "ACTIVE")]
+            if active:
+                return active[0]
+            title = subprocess.run(["xdotool", "getactivewindow", "getwindowname"], capture_output=True, text=True, check=False).stdout
+            return next((frame for frame in reversed(frames) if frame.get_name() == title.rstrip("\n")), None)
+        return self.await_(found, "a window in front")
 
     def named(self, caption):
         """What can be pressed in the window in front and is called so, shortened by nothing but blanks and what follows."""
@@ -107,19 +115,21 @@ class Walk:
             return self.read(words)
         if before.endswith("writes "):
             return self.await_(lambda: (self.folder / words).is_file(), f"the file {words}")
+        if before.endswith((": ", " is ")) and (self.folder / words).is_file():
+            return None  # told of, not used
         if before.endswith("mark "):
             return self.mark(words, with_ctrl="hold Ctrl" in before)
-        if not before.endswith("choose "):
-            raise NotFollowed(f"nobody can tell what to do with {words}")
-        if self.is_file_dialog():
+        if before.endswith(("pick ", "say ")) or before.endswith("choose ") and self.is_file_dialog():
             return self.type_file(words)
-        return self.choose(words)
+        if before.endswith("choose "):
+            return self.choose(words)
+        raise NotFollowed(f"nobody can tell what to do with {words}")
 
     def is_file_dialog(self):
-        roles = [thing.get_role() for thing in self.reader.all_of(self.in_front())]
-        return self.in_front().get_name() == self.quoted and self.reader.role.TEXT in roles
+        return any(plain(thing.get_name()) == "File name:" for thing in self.reader.all_of(self.in_front()))
 
     def type_file(self, name):
+        self.await_(self.is_file_dialog, "a dialog for files")
         subprocess.run(["xdotool", "type", "--delay", "20", name], check=True)
         screen_reader.keys("Return")
 

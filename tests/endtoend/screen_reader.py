@@ -114,15 +114,19 @@ class Reader:
         except self.gone:
             pass  # already
 
-    def open_menu(self):
-        """That was opened last, while it is shown."""
+    def take_news(self):
         while self.context.iteration(False):
             pass
+
+    def open_menu(self):
+        """That was opened last, while it is shown."""
+        self.take_news()
         return next((menu for menu in reversed(self.menus) if self.is_(menu, "SHOWING")), None)
 
     def wait(self, condition, what):
         end = time.monotonic() + PATIENCE
         while time.monotonic() < end:
+            self.take_news()
             try:
                 found = condition()
             except self.gone:
@@ -236,6 +240,16 @@ def end_windows(reader):
     for pid in {frame.get_process_id() for frame in reader.frames(None)}:
         if b"korvel" in pathlib.Path(f"/proc/{pid}/cmdline").read_bytes():
             os.kill(pid, 15)
+
+
+def fresh_folder(home, application):
+    """An application folder as after the first start of an installed program."""
+    own = home / "app"
+    own.mkdir()
+    (own / "korvelf157.exe").symlink_to(application / "korvelf157.exe")
+    model_name = "Z:" + str(home).replace("/", "\\")
+    (own / "MISC.TXT").write_bytes(f"{model_name}\r\n\r\nFalse\r\n".encode())
+    return own
 
 
 def prepared_folder(samples, application):
