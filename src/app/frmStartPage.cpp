@@ -94,10 +94,10 @@ QPushButton& StartPage::button(const char* name, const char* caption, const char
 void StartPage::layOutRuns() {
     m_runs.setObjectName("frameLastRuns");
     lblLastRuns.setText("Las&t runs");
+    lblLastRuns.setWordWrap(false);
     lblLastRuns.setBuddy(&lstLastRuns);
     lstLastRuns.setObjectName("lstLastRuns");
     lstLastRuns.setAccessibleName("Last runs");
-    lstLastRuns.setAccessibleDescription("The buttons that follow act on the selected run");
     lstLastRuns.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstLastRuns.setUniformItemSizes(true);
     lstLastRuns.setSpacing(betweenRuns);
@@ -214,6 +214,7 @@ void StartPage::setLetters(double points, double factor) {
     font.setBold(true);
     for (QLabel* each : {&lblLastRuns, &lblRun})
         each->setFont(font);
+    lblLastRuns.adjustSize(); // before the first run nothing lays it out
 }
 
 void StartPage::showParts() {
@@ -256,6 +257,9 @@ void StartPage::showSelected() {
     lblRunFacts.setText(capitalised(timeWords(run.ended)) + ", " + shown(runTypeWords(run.runType)) +
                         ", in " + QFileInfo(hostPath(run.dataFile)).path());
     lblVerdict.setText(shown(fullVerdict(run, today)));
+    // What stands beside the list is no stop of Tab's.
+    lstLastRuns.setAccessibleDescription(lblRunFacts.text() + ". " + lblVerdict.text() +
+                                         " The buttons that follow act on it.");
     cmdRunAgain.setEnabled(today.hasData);
     for (QPushButton* each : {&cmdRunGraphs, &cmdRunReports, &cmdRunExplore})
         each->setEnabled(today.hasResults);

@@ -172,20 +172,25 @@ class OwnWindowsTest(WalkTest):
     def test_letters_of_twice_the_size(self):
         """The desktop asks for them: everything that is said or can be pressed is on the screen as a whole."""
         os.environ["QT_FONT_DPI"] = "192"
-        viewer = self.listing()
-        self.expect_on_screen(viewer)
+        self.expect_on_screen(self.listing(), 1)  # a window of the given forms' program, which has its own measure
         self.tearDown()
+        self.walk.scale = 2
         program, frame = self.explorer("ALDER.SGR")
-        keys("ctrl+p")
-        preview = self.other(program, [frame], "the preview")
-        READER.wait(lambda: READER.focused(preview), "its focus")
-        self.expect_on_screen(preview)
-        self.back_to(program, frame)
+        self.expect_on_screen(frame, 2)
+        for item in ("Print ...", "Save picture ...", "Save page for browsers ..."):
+            self.expect_on_screen(self.from_menu(program, frame, "Export", item), 2)
+            self.back_to(program, frame)
+        self.tearDown()
+        _, frame = self.explorer()
+        self.expect_on_screen(frame, 2)
 
-    def expect_on_screen(self, frame):
+    def expect_on_screen(self, frame, scale):
+        """The bus tells places in pixels of the desktop's measure: that many of the screen's."""
         self.expect_inside(frame)
         place = READER.place(frame)
-        self.assertGreaterEqual(min(place.x, place.y), 0)
+        self.assertGreaterEqual(min(place.x, place.y), 0, frame.get_name())
+        self.assertLessEqual(scale * (place.x + place.width), 1366 + scale, frame.get_name())
+        self.assertLessEqual(scale * (place.y + place.height), 768 + scale, frame.get_name())
 
 
 if __name__ == "__main__":

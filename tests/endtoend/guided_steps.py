@@ -36,6 +36,7 @@ class Walk:
     def __init__(self, reader, folder, seen=print):
         self.reader, self.folder, self.seen = reader, folder, seen
         self.quoted = ""
+        self.scale = 1  # pixels of the screen in one that the bus tells of
 
     def follow(self, step):
         self.seen(step)
@@ -160,5 +161,6 @@ class Walk:
 
     def click(self, thing, held=None):
         place = self.reader.place(thing)
-        click = ["mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2), "click", "1"]
+        middle = (place.x + place.width // 2, place.y + place.height // 2)
+        click = ["mousemove", *(str(self.scale * number) for number in middle), "click", "1"]
         subprocess.run(["xdotool", *(["keydown", held] if held else []), *click, *(["keyup", held] if held else [])], check=True)

@@ -77,6 +77,9 @@ TEST_F(FrmStartPage, ListsTheLastRunsWithTheirVerdicts) {
     EXPECT_EQ(list().currentRow(), 0) << "the last run is selected";
     EXPECT_EQ(words("lblRun"), "ALDER.DAT");
     EXPECT_EQ(words("lblVerdict"), "9 of 14 reaches miss at least one target; 5 pass for sure.");
+    EXPECT_TRUE(list().accessibleDescription().endsWith(
+        ". 9 of 14 reaches miss at least one target; 5 pass for sure. The buttons that follow act on it."))
+        << list().accessibleDescription().toStdString();
     list().setCurrentRow(1);
     EXPECT_EQ(words("lblRun"), "OTHER.DAT");
     EXPECT_NE(words("lblRunFacts").find("run type 7, effluent standards to meet river targets"),
