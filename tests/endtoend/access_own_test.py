@@ -177,9 +177,16 @@ class OwnWindowsTest(WalkTest):
         self.walk.scale = 2
         program, frame = self.explorer("ALDER.SGR")
         self.expect_on_screen(frame, 2)
-        for item in ("Print ...", "Save picture ...", "Save page for browsers ..."):
-            self.expect_on_screen(self.from_menu(program, frame, "Export", item), 2)
+        for shortcut in ("ctrl+p", "ctrl+o", "ctrl+shift+s"):
+            keys(shortcut)
+            dialog = self.other(program, [frame], shortcut)
+            READER.wait(lambda dialog=dialog: READER.focused(dialog), shortcut)
+            self.expect_on_screen(dialog, 2)
             self.back_to(program, frame)
+        self.walk.press("More tools")
+        self.walk.press("Export")
+        self.walk.press("Save picture ...")
+        self.expect_on_screen(self.other(program, [frame], "the picture's dialog"), 2)
         self.tearDown()
         _, frame = self.explorer()
         self.expect_on_screen(frame, 2)

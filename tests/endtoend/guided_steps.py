@@ -98,7 +98,7 @@ class Walk:
         places = [place for place in (self.reader.open_menu(), self.in_front()) if place is not None]
         for thing in itertools.chain.from_iterable(self.reader.all_of(place) for place in places):
             ways = (roles.PUSH_BUTTON, roles.MENU_ITEM, roles.CHECK_BOX, roles.RADIO_BUTTON, roles.PUSH_BUTTON_MENU)
-            if thing.get_role() in ways and self.reader.is_(thing, "SENSITIVE"):
+            if thing.get_role() in ways and self.reader.is_(thing, "SENSITIVE") and self.reader.is_(thing, "SHOWING"):
                 name = plain(thing.get_name())
                 if name == caption or (thing.get_role() == roles.MENU_ITEM and name.startswith(caption)):
                     yield thing

@@ -71,6 +71,16 @@ ExploreBar::ExploreBar(Handlers& handlers, QWidget* parent)
     m_export->setPopupMode(QToolButton::InstantPopup);
     m_export->defaultAction()->setToolTip("Hand on the picture, the table in front, a page or an atlas");
     setIcons();
+    nameTheRest();
+}
+
+// What has no room stands behind a button of Qt's, which keys and screen readers would pass over.
+void ExploreBar::nameTheRest() {
+    auto* const rest = findChild<QToolButton*>("qt_toolbar_ext_button");
+    if (rest == nullptr) return;
+    rest->setFocusPolicy(Qt::TabFocus);
+    rest->setAccessibleName("More tools");
+    rest->setToolTip("More tools");
 }
 
 QToolButton* ExploreBar::addMenuButton(const char* name, QAction* action, QMenu* menu) {

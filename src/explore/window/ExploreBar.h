@@ -54,6 +54,7 @@ class ExploreBar : public QToolBar {
     void addLooks();
     void addMoves();
     void setIcons();
+    void nameTheRest();
     QToolButton* addMenuButton(const char* name, QAction* action, QMenu* menu);
     void showWays(const ExploreState& state);
 

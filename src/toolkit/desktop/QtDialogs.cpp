@@ -16,10 +16,13 @@
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 
 namespace korvel {
 
 namespace {
+
+constexpr int besideWindow = 8, aboveWindow = 40; // pixels, of a window's frame and title bar
 
 QWidget* topForm() {
     QWidget* modal = QApplication::activeModalWidget();
@@ -83,6 +86,12 @@ void followFilter(QFileDialog& dialog) {
     });
 }
 
+// Where letters are large the screen has few pixels of their measure.
+void keepOnScreen(QFileDialog& dialog) {
+    const QSize room = dialog.screen()->availableGeometry().size() - QSize(besideWindow, aboveWindow);
+    dialog.resize(dialog.size().boundedTo(room));
+}
+
 // The dialog takes any name: what is wrong with it is the program's own check to say.
 void prepare(QFileDialog& dialog, FileDialogKind kind, const FileDialogSettings& settings) {
     dialog.setObjectName(shown(settings.objectName));
@@ -98,6 +107,7 @@ void prepare(QFileDialog& dialog, FileDialogKind kind, const FileDialogSettings&
     if (!settings.initialFolder.empty())
         dialog.setDirectory(QFile::decodeName(hostPathOf(settings.initialFolder).c_str()));
     if (!settings.proposedName.empty()) dialog.selectFile(shown(settings.proposedName));
+    keepOnScreen(dialog);
 }
 
 ChosenFile chosenFile(const QString& path, NameUse use) {
