@@ -21,9 +21,9 @@ constexpr int leastProfile = 90, panelMargin = 12; // pixels
 constexpr int cursorRest = 40;                     // milliseconds
 constexpr double shareOfScreen = 0.85;             // of a window that is not maximised any more
 
-// Panels can be more than there is room for.
+// Panels can be more than there is room for. In the window from the beginning, so that Tab keeps its order.
 QScrollArea* scrolled(ProfilePicture& profile) {
-    auto* area = new QScrollArea;
+    auto* area = new QScrollArea(profile.parentWidget());
     area->setObjectName("scrProfile");
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
@@ -40,7 +40,7 @@ QScrollArea* scrolled(ProfilePicture& profile) {
 
 // On low screens it is higher than they are.
 QScrollArea* scrolled(SidePanel& side) {
-    auto* area = new QScrollArea;
+    auto* area = new QScrollArea(side.parentWidget());
     area->setObjectName("scrSide");
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);

@@ -64,6 +64,15 @@ TEST_F(FrmExploreAccess, GoesThroughTheSideAsTheEyeDoes) {
                                         "chkObserved", "chkInterpolated", "cboColouring"}));
 }
 
+TEST_F(FrmExploreAccess, GoesFromTheSideThroughThePictureToTheTables) {
+    show({"a.sgr"});
+    combo("cboColouring").setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &profile());
+    QTest::keyClick(&profile(), Qt::Key_Tab);
+    EXPECT_TRUE(control<QTabWidget>(*form, "tabTables").isAncestorOf(QApplication::focusWidget()));
+}
+
 TEST_F(FrmExploreAccess, GivesThePathASecondEndByAClickWithCtrl) {
     show({"a.sgr"});
     auto& network = control<QWidget>(*form, "picNetwork");
