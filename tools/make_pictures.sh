@@ -197,8 +197,8 @@ press_times 14 Tab
 
 # The tables as high as they may be.
 press Escape Tab Right Right
-xdotool mousemove 811 534 mousedown 1
-for y in 500 400 320; do sleep 0.2; xdotool mousemove 811 $y; done
+xdotool mousemove 811 570 mousedown 1
+for y in 540 400 320; do sleep 0.2; xdotool mousemove 811 $y; done
 xdotool mouseup 1
 picture explorer-compliance
 press Right Tab Tab Tab ctrl+Home Down Down Down Down Down Down Down Down
