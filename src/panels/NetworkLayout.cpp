@@ -18,6 +18,7 @@ namespace {
 constexpr double large = 0.4, middling = 0.1; // of the largest mean flow: where lines become wider
 constexpr std::size_t mostFeatures = 5000;
 constexpr double leastKeyed = 7;     // lines: lower pictures have no key
+constexpr double overLine = 0.7;     // of a lane
 constexpr double widestOfLane = 0.6; // of a lane, where lanes are narrow
 
 std::size_t at(int place) {
@@ -197,13 +198,15 @@ class NetworkMaking {
         }
         const std::vector<int> lanes = riverLanes(m_network, extents, 1.5 * m_measures.line);
         const int count = lanes.empty() ? 1 : *std::ranges::max_element(lanes) + 1;
-        const double top = 0.3 * m_measures.pad;
-        const double spacing =
-            std::min((m_layout.axisY - 0.5 * m_measures.line - top) / count, 8 * m_measures.line);
+        const double bottom = m_layout.axisY - 0.5 * m_measures.line;
+        double top = 0.3 * m_measures.pad;
+        // Room for a name over the highest one.
+        top += std::max(0.0, 1.4 * m_measures.line - overLine * (bottom - top) / count);
+        const double spacing = std::min((bottom - top) / count, 8 * m_measures.line);
         m_widest = std::max(m_look.hairline, widestOfLane * spacing / m_look.pixel);
-        const double spare = m_layout.axisY - 0.5 * m_measures.line - top - spacing * count;
+        const double spare = bottom - top - spacing * count;
         for (const int lane : lanes)
-            m_riverY.push_back(top + spare / 2 + spacing * (lane + 0.7));
+            m_riverY.push_back(top + spare / 2 + spacing * (lane + overLine));
     }
 
     double yOf(int place) const { return m_riverY[at(m_network.riverOf[at(place)])]; }

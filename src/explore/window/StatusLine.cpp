@@ -66,6 +66,7 @@ StatusLine::StatusLine(QStatusBar& bar, Machine& machine, Handlers& handlers)
     lblReadout->setWordWrap(true);
     lblReadout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // no text widens the window
     lblDone->setObjectName("lblDone");
+    lblDone->setContentsMargins(aside, 0, aside, 0);
     lblDone->setMinimumWidth(1); // nor does one that tells of a long name
     m_progress->setObjectName("Progress");
     m_progress->setAccessibleName("Progress");
