@@ -185,7 +185,7 @@ sleep 2 # until the focus is in the picture
 press Home Next Next # to the panel of BOD
 press_times 14 ctrl+Right
 picture explorer
-cut explorer explorer-network 1110x115+256+52
+cut explorer explorer-network 1110x122+256+52
 
 press_times 14 shift+Tab
 press Down # Change
