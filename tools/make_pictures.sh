@@ -206,7 +206,7 @@ picture explorer-fit
 press shift+Tab shift+Tab shift+Tab Right Tab
 xdotool type --delay 20 Phosphate
 picture explorer-sources
-for part in compliance fit sources; do cut explorer-$part explorer-$part 1110x450+256+318; done
+for part in compliance fit sources; do cut explorer-$part explorer-$part 1110x424+256+318; done
 
 python3 -B "$root/tools/page_pictures.py" "$app" "$pictures"
 python3 -B "$root/tools/document_pictures.py" "$app" "$pictures"
