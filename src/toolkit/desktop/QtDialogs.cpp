@@ -29,6 +29,13 @@ QWidget* topForm() {
     return modal != nullptr ? modal : QApplication::activeWindow();
 }
 
+// While a list of proposals hangs from a dialog, Qt ignores that the form behind has the focus again, and
+// would give no key to it.
+void wakeUp(QWidget* form) {
+    if (form == nullptr || form->isActiveWindow()) return;
+    if (form->windowHandle() == QGuiApplication::focusWindow()) QApplication::setActiveWindow(form);
+}
+
 QMessageBox::Icon iconOf(Icon icon) {
     switch (icon) {
     case Icon::exclamation: return QMessageBox::Warning;
@@ -157,19 +164,25 @@ Answer QtDialogs::show(const Message& message) {
 }
 
 std::optional<ChosenFile> QtDialogs::chooseFile(FileDialogKind kind, const FileDialogSettings& settings) {
-    QFileDialog dialog(topForm());
+    QWidget* const form = topForm();
+    QFileDialog dialog(form);
     prepare(dialog, kind, settings);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    const int answer = dialog.exec();
+    wakeUp(form);
+    if (answer != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     const QString path = QDir::cleanPath(dialog.selectedFiles().constFirst());
     QDir::setCurrent(QFileInfo(path).absolutePath());
     return chosenFile(path, settings.nameUse);
 }
 
 std::vector<ChosenFile> QtDialogs::chooseFiles(const FileDialogSettings& settings) {
-    QFileDialog dialog(topForm());
+    QWidget* const form = topForm();
+    QFileDialog dialog(form);
     prepare(dialog, FileDialogKind::open, settings);
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    const int answer = dialog.exec();
+    wakeUp(form);
+    if (answer != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     std::vector<ChosenFile> files;
     for (const QString& path : dialog.selectedFiles())
         files.push_back(chosenFile(QDir::cleanPath(path), settings.nameUse));
