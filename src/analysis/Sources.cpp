@@ -130,6 +130,7 @@ std::vector<ComparedSource> compareSources(const std::vector<std::span<const Con
 
 std::vector<Contribution> asContributions(const std::vector<Loss>& losses) {
     std::vector<Contribution> contributions;
+    contributions.reserve(losses.size());
     for (const Loss& loss : losses)
         contributions.push_back({SourceKind::other, loss.name, loss.reach, loss.distance, loss.load, 0, {}});
     return contributions;

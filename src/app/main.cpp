@@ -112,7 +112,7 @@ int showExplorer(const std::function<std::string()>& findFolder, const std::vect
 
 bool isSet(const char* variable) {
     const char* const value = std::getenv(variable);
-    return value && *value;
+    return value != nullptr && *value != '\0';
 }
 
 ConsoleTraits consoleTraits() {
@@ -120,7 +120,7 @@ ConsoleTraits consoleTraits() {
     traits.outIsTerminal = isatty(STDOUT_FILENO) == 1;
     traits.errorsAreShown = isatty(STDERR_FILENO) == 1;
     const char* const terminal = std::getenv("TERM");
-    const bool isDumb = !terminal || std::string_view(terminal) == "dumb";
+    const bool isDumb = terminal == nullptr || std::string_view(terminal) == "dumb";
     traits.coloursAreShown = traits.outIsTerminal && !isDumb && !isSet("NO_COLOR");
     return traits;
 }
@@ -153,7 +153,7 @@ int runProgram(int argc, char** argv) {
     const ProgramArguments arguments = takeProgramOptions({argv + 1, argv + argc});
     const auto findFolder = [&arguments] {
         const ApplicationFolderSources sources = applicationFolderSources(arguments.applicationFolder);
-        const std::string folder = applicationFolder(sources);
+        std::string folder = applicationFolder(sources);
         fillApplicationFolder(folder, sources);
         return folder;
     };
