@@ -55,7 +55,7 @@ bool hasRoom(QWidget& frame) {
 
 } // namespace
 
-StartPage::StartPage(QWidget& form, Platform& services, Handlers& handlers, Deeds deeds)
+StartPage::StartPage(QWidget& form, Platform& services, Handlers& handlers, const Deeds& deeds)
     : m_services(services),
       m_runs(*new QWidget(&form)),
       m_next(*new QWidget(&form)),

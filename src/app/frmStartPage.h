@@ -25,7 +25,7 @@ class StartPage {
         std::function<void()> samples;
     };
 
-    StartPage(QWidget& form, Platform& services, Handlers& handlers, Deeds deeds);
+    StartPage(QWidget& form, Platform& services, Handlers& handlers, const Deeds& deeds);
 
     // Points at the factor 1; the widths of buttons grow alike.
     void setLetters(double points, double factor);

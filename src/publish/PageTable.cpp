@@ -22,7 +22,7 @@ std::string classOf(std::string_view text) {
 // As a rounded number without the noughts at its end, which the page's script leaves out, too.
 bool isSaidBy(std::string_view shown, std::string_view exact) {
     if (shown == exact) return true;
-    if (shown.find('.') == shown.npos || shown.find('e') != shown.npos) return false;
+    if (shown.find('.') == std::string_view::npos || shown.find('e') != std::string_view::npos) return false;
     const std::size_t last = shown.find_last_not_of('0');
     return shown.substr(0, shown[last] == '.' ? last : last + 1) == exact;
 }
@@ -52,8 +52,9 @@ class PageRows : public RowTaker {
     }
     void beginCell(std::size_t column, std::string_view kind) {
         m_html.markup(column < m_headers ? "<th scope=row" : "<td");
-        if (!kind.empty()) m_html.markup(kind.find(' ') == kind.npos ? " class=" : " class=\"").markup(kind);
-        if (kind.find(' ') != kind.npos) m_html.markup("\"");
+        if (!kind.empty())
+            m_html.markup(kind.find(' ') == std::string_view::npos ? " class=" : " class=\"").markup(kind);
+        if (kind.find(' ') != std::string_view::npos) m_html.markup("\"");
     }
     void cell(std::size_t column, Nothing) { begin(column, ""); }
     void cell(std::size_t column, bool value) {
