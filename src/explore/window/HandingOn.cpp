@@ -30,7 +30,7 @@ class WritingProgress {
     WritingProgress(const char* words, QWidget& window) : m_dialog(words, "Cancel", 0, steps, &window) {
         m_dialog.setObjectName("dlgWriting");
         m_dialog.setWindowModality(Qt::WindowModal);
-        m_dialog.setMinimumDuration(500);                                                     // milliseconds
+        m_dialog.setMinimumDuration(HandingOn::patience);
         QObject::connect(&m_dialog, &QDialog::rejected, &m_dialog, &QProgressDialog::cancel); // Esc, too
     }
     bool goesOn(double share) {

@@ -41,6 +41,8 @@ struct HandingOnNews {
 
 class HandingOn {
   public:
+    static inline int patience = 500; // milliseconds, until what takes long shows its progress
+
     HandingOn(Platform& services, HandedOn what, HandingOnNews news, QWidget& window);
 
     void savePicture();
