@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace korvel {
 
@@ -101,11 +100,10 @@ class NetworkMaking {
 
     // In narrow lanes all are as thin as can be.
     bool hasWiderLines() const {
-        const auto [thinnest, widest] =
-            std::ranges::minmax(m_layout.reaches | std::views::transform([](const NetworkReach& reach) {
-                                    return reach.pen.width;
-                                }));
-        return thinnest < widest || m_layout.reaches.size() == 1;
+        if (m_layout.reaches.size() == 1) return true;
+        const auto widthOf = [](const NetworkReach& reach) { return reach.pen.width; };
+        const auto [thinnest, widest] = std::ranges::minmax_element(m_layout.reaches, {}, widthOf);
+        return widthOf(*thinnest) < widthOf(*widest);
     }
 
     // Where there is room beside the key.

@@ -103,7 +103,7 @@ TEST_F(EngineStart, TakesAnEngineThatClosesItsOutputBeforeItsEnd) {
 TEST_F(EngineStart, KeepsItsTurnUntilTheEngineHasOpenedTheRun) {
     folder.put(RunControlFileName, "the run");
     const std::string script = "while [ ! -e go ]; do sleep 0.02; done\ncat RUNDAT.TMP > seen\n"
-                               "while [ ! -e end ]; do sleep 0.02; done\n";
+                               "while [ -e seen ] && [ ! -e end ]; do sleep 0.02; done\n";
     startEngineAlone(engine(script), folder.path(), turn());
     EXPECT_FALSE(turn(std::chrono::milliseconds(200)).isHeld());
     folder.put("go");

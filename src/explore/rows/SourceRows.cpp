@@ -4,7 +4,6 @@
 #include "tables/PeopleNumbers.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace korvel {
 
@@ -148,9 +147,9 @@ void SourceRows::takeKinds() {
 std::string SourceRows::loadsText() const {
     std::string text;
     if (m_runs.size() > mostNamed) {
-        const auto [least, most] = std::ranges::minmax(m_sources | std::views::transform(&LoadSources::load));
-        return shownFigures(least) + " to " + shownFigures(most) + " in " + std::to_string(m_runs.size()) +
-               " runs";
+        const auto [least, most] = std::ranges::minmax_element(m_sources, {}, &LoadSources::load);
+        return shownFigures(least->load) + " to " + shownFigures(most->load) + " in " +
+               std::to_string(m_runs.size()) + " runs";
     }
     for (std::size_t run = 0; run < m_runs.size(); ++run)
         text += (run == 0 ? "" : "; ") + shownFigures(m_sources[run].load) + " (" + m_runs[run].name + ")";

@@ -140,8 +140,8 @@ std::vector<int> ValueRows::rowsAt(const ExplorePlace& place) const {
         if (reach.number != place.reach) continue;
         const double km = reach.from + place.distance;
         const auto kmOf = [&](std::size_t each) { return m_path.places[each].km; };
-        const auto there = std::ranges::equal_range(m_rows, km, {}, kmOf);
-        for (auto each = there.begin(); each != there.end(); ++each) {
+        const auto end = std::ranges::upper_bound(m_rows, km, {}, kmOf);
+        for (auto each = std::ranges::lower_bound(m_rows, km, {}, kmOf); each != end; ++each) {
             const int row = static_cast<int>(each - m_rows.begin());
             if (explorePlace(row) == place) rows.push_back(row);
         }

@@ -27,7 +27,7 @@ void OpenRuns::open(const std::vector<std::string>& files) {
     for (const std::string& file : files)
         m_watch.watch(file); // what changes while it is read is read again
     onProgress(0);
-    m_loading.load(files, [this](const std::vector<std::string>& names, std::vector<ReadRun> runs) {
+    m_loading.load(files, [this](const std::vector<std::string>& names, const std::vector<ReadRun>& runs) {
         ended(take(names, runs));
     });
 }
@@ -37,7 +37,7 @@ void OpenRuns::openInstead(const std::vector<std::string>& files, std::function<
         m_watch.watch(file);
     onProgress(0);
     m_loading.load(files, [this, then = std::move(then)](const std::vector<std::string>& names,
-                                                         std::vector<ReadRun> runs) {
+                                                         const std::vector<ReadRun>& runs) {
         m_state = {};
         const std::vector<std::string> problems = take(names, runs);
         then();
@@ -63,7 +63,7 @@ std::vector<std::string> OpenRuns::take(const std::vector<std::string>& files,
 }
 
 // What went wrong is told when all else is shown as it is to be.
-void OpenRuns::ended(const std::vector<std::string>& problems) {
+void OpenRuns::ended(const std::vector<std::string>& problems) const {
     if (!isLoading()) onLoaded();
     if (!problems.empty()) onRefused(problems);
 }
@@ -90,7 +90,7 @@ void OpenRuns::hear(const std::string& file, SettledFile::News news) {
 
 void OpenRuns::readAgain(const std::string& file) {
     m_watch.wasRead(file);
-    m_loading.load({file}, [this](const std::vector<std::string>& names, std::vector<ReadRun> runs) {
+    m_loading.load({file}, [this](const std::vector<std::string>& names, const std::vector<ReadRun>& runs) {
         takeAgain(names.front(), runs.front());
         ended();
     });

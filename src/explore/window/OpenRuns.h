@@ -45,7 +45,7 @@ class OpenRuns {
     void hear(const std::string& file, SettledFile::News news);
     void readAgain(const std::string& file);
     void note(const std::string& file, const std::string& text);
-    void ended(const std::vector<std::string>& problems = {});
+    void ended(const std::vector<std::string>& problems = {}) const;
 
     ExploreState& m_state;
     RunLoading m_loading;

@@ -15,7 +15,8 @@ namespace korvel {
 
 class RunLoading {
   public:
-    using Loaded = std::function<void(const std::vector<std::string>& files, std::vector<ReadRun> runs)>;
+    using Loaded =
+        std::function<void(const std::vector<std::string>& files, const std::vector<ReadRun>& runs)>;
 
     RunLoading(Files& files, Handlers& handlers);
 
