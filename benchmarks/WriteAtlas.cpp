@@ -106,5 +106,5 @@ int main(int argc, char** argv) {
     const std::string folder = argv[1];
     const int rounds = std::atoi(argv[2]);
     measure("atlas of the samples' two runs", samples(folder), folder, rounds);
-    measure("atlas of 59999 points x 10", large(folder), folder, rounds / 3);
+    measure("atlas of 59999 points x 10", large(folder), folder, std::max(1, rounds / 3));
 }

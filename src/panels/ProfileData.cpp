@@ -181,8 +181,10 @@ class DataMaking {
     bool isBesideBase(std::size_t run) const { return run > 0 && m_view.shows(0) && m_hasBasesPoints[run]; }
     bool isAsInBase(const PanelData& panel, const RunInPanel& made,
                     std::span<const double> SeriesValues::*column) const {
+        // Columns have room for the longest river: what is behind the last point is not looked at.
         const auto of = [&](const StudyRun& run) {
-            return seriesValues(run.results(), panel.series, made.statistic).*column;
+            const auto all = seriesValues(run.results(), panel.series, made.statistic).*column;
+            return all.first(std::min(all.size(), SeriesValues::at(run.results().pointCount) + 1));
         };
         return std::ranges::equal(of(m_study.base()), of(m_study.runs()[made.run]));
     }
