@@ -1,5 +1,6 @@
 #include "panels/TextFitting.h"
 
+#include "basic/Fitting.h"
 #include "basic/Text.h"
 
 namespace korvel {
@@ -26,11 +27,8 @@ std::string fittedText(const std::string& utf8, double width, const Font& font, 
                        Shorten shorten) {
     const auto fits = [&](const std::string& text) { return metrics.measure(text, font).width <= width; };
     if (fits(utf8)) return utf8;
-    std::size_t fitting = 0, tooLong = shownLength(utf8);
-    while (tooLong > fitting + 1) {
-        const std::size_t middle = (fitting + tooLong) / 2;
-        (fits(shortened(utf8, middle, shorten)) ? fitting : tooLong) = middle;
-    }
+    const std::size_t fitting = mostFitting(
+        0, shownLength(utf8), [&](std::size_t letters) { return fits(shortened(utf8, letters, shorten)); });
     return fitting == 0 ? "" : shortened(utf8, fitting, shorten);
 }
 

@@ -1,5 +1,6 @@
 #include "publish/AtlasSheet.h"
 
+#include "basic/Fitting.h"
 #include "basic/Text.h"
 #include "panels/TextFitting.h"
 
@@ -42,12 +43,9 @@ struct Moving {
 // As many letters as fit, one at least.
 std::string firstFitting(const std::string& word, double width, const Font& font,
                          const TextMetrics& metrics) {
-    std::size_t fitting = 1, tooLong = shownLength(word);
-    while (tooLong > fitting + 1) {
-        const std::size_t middle = (fitting + tooLong) / 2;
-        (metrics.measure(firstShown(word, middle), font).width <= width ? fitting : tooLong) = middle;
-    }
-    return firstShown(word, fitting);
+    return firstShown(word, mostFitting(1, shownLength(word), [&](std::size_t length) {
+                          return metrics.measure(firstShown(word, length), font).width <= width;
+                      }));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "reports/PrintedPage.h"
 
+#include "basic/Fitting.h"
 #include "basic/Text.h"
 
 #include <algorithm>
@@ -48,11 +49,10 @@ FittedText PrintedPage::fitted(const std::string& text) const {
 
 std::string PrintedPage::cutToRoom(const std::string& text) const {
     const std::string whole = shownUtf8(text);
-    for (std::size_t length = shownLength(whole); length > 0; --length) {
-        std::string cut = trimRight(firstShown(whole, length - 1)) + ellipsis;
-        if (sizeOf(cut).width * narrowest <= room.width) return cut;
-    }
-    return ellipsis;
+    const auto cut = [&](std::size_t length) { return trimRight(firstShown(whole, length)) + ellipsis; };
+    return cut(mostFitting(0, shownLength(whole), [&](std::size_t length) {
+        return sizeOf(cut(length)).width * narrowest <= room.width;
+    }));
 }
 
 void PrintedPage::print(FittedText text) {

@@ -1,4 +1,5 @@
 #include "basic/Text.h"
+#include "basic/Fitting.h"
 
 #include <gtest/gtest.h>
 
@@ -135,5 +136,17 @@ TEST(Text, ListsPartsInWords) {
 }
 
 } // namespace
+
+TEST(Text, FitsAsManyCharactersAsThereIsRoomFor) {
+    for (std::size_t room = 1; room < 20; ++room) {
+        const auto fits = [&](std::size_t length) { return length <= room; };
+        EXPECT_EQ(mostFitting(0, 12, fits), std::min<std::size_t>(room, 11)) << room;
+    }
+    EXPECT_EQ(mostFitting(0, 12, [](std::size_t) { return false; }), 0U);
+    EXPECT_EQ(mostFitting(1, 1, [](std::size_t) { return true; }), 1U);
+    int asked = 0;
+    mostFitting(0, 30000, [&](std::size_t length) { return ++asked, length < 7; });
+    EXPECT_LE(asked, 15);
+}
 
 } // namespace korvel

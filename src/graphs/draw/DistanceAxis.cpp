@@ -1,5 +1,6 @@
 #include "graphs/draw/DistanceAxis.h"
 
+#include "basic/Fitting.h"
 #include "basic/Numbers.h"
 #include "basic/Text.h"
 
@@ -11,13 +12,14 @@ namespace {
 
 constexpr double leastStep = 0.1; // km; distances are shown with one decimal
 
+constexpr std::size_t leastLetters = 2; // of a name that is cut
+
 std::string cutToFit(const GraphSheet& sheet, const std::string& name, double width) {
     if (sheet.narrowWidth(name) <= width) return name;
-    for (std::size_t length = shownLength(name); length-- > 2;) {
-        std::string cut = trimRight(firstShown(name, length)) + "..";
-        if (sheet.narrowWidth(cut) <= width) return cut;
-    }
-    return "";
+    const auto cut = [&](std::size_t length) { return trimRight(firstShown(name, length)) + ".."; };
+    const auto fits = [&](std::size_t length) { return sheet.narrowWidth(cut(length)) <= width; };
+    const std::size_t length = mostFitting(leastLetters - 1, shownLength(name), fits);
+    return length < leastLetters ? "" : cut(length);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "graphs/draw/FeatureLabels.h"
 
+#include "basic/Fitting.h"
 #include "basic/Numbers.h"
 #include "basic/Text.h"
 
@@ -48,12 +49,8 @@ std::string shortened(const GraphSheet& sheet, const std::string& text, double w
     const auto cut = [&](std::size_t length) {
         return trimRight(firstShown(name, length)) + "\u2026" + text.substr(bracket);
     };
-    std::size_t fits = 0, tooLong = shownLength(name);
-    while (tooLong > fits + 1) {
-        const std::size_t middle = (fits + tooLong) / 2;
-        (sheet.labelWidth(cut(middle)) <= width ? fits : tooLong) = middle;
-    }
-    return cut(fits);
+    return cut(mostFitting(0, shownLength(name),
+                           [&](std::size_t length) { return sheet.labelWidth(cut(length)) <= width; }));
 }
 
 } // namespace
