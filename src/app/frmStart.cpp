@@ -11,11 +11,8 @@
 #include "global/GLOBAL.h"
 #include "platform/Guide.h"
 #include "platform/StartTurn.h"
-#include "results/ResultsDataSet.h"
 #include "runs/RunModel.h"
-#include "toolkit/forms/DroppedFiles.h"
 
-#include <QDragEnterEvent>
 #include <QMenuBar>
 
 #include <algorithm>
@@ -35,7 +32,6 @@ constexpr std::array<const char*, 10> runCaptions = {
 const std::string productAndVersion = std::string(productName) + " " + productVersion;
 const std::string designCaption = productAndVersion + " ... " + productReleaseDate;
 
-constexpr std::size_t mostExplored = 12;
 constexpr double titleFontSize = 30;                       // points
 constexpr double titleWidth = 5600;                        // twips, as designed
 constexpr double creditsHeight = 780;                      // twips above the bottom
@@ -297,51 +293,6 @@ void frmStart::choosePrinter() {
     } catch (const RunTimeError&) {
         // Kept so: whatever goes wrong here, a cancel included, changes nothing.
     }
-}
-
-// The last run's results; where there are none, the user says which.
-void frmStart::explore() {
-    if (!GLOBAL.fileNames[0].empty() && services().files.exists(GLOBAL.fileNames[0]))
-        return services().machine.startExplorer({GLOBAL.fileNames[0]});
-    m_exploreDialog.initialFolder = GLOBAL.LastFolder;
-    const std::vector<ChosenFile> chosen = services().dialogs.chooseFiles(m_exploreDialog);
-    if (chosen.empty()) return;
-    services().files.setCurrentFolder(services().machine.applicationFolder());
-    std::vector<std::string> files;
-    for (const ChosenFile& file : chosen) {
-        if (file.refusal) return (void)services().dialogs.show(refusedName(file));
-        files.push_back(file.name);
-    }
-    startExplorer(files);
-}
-
-// A process that refuses its files would do so unseen.
-void frmStart::startExplorer(const std::vector<std::string>& files) {
-    if (files.size() > mostExplored)
-        return (void)services().dialogs.show({"The Explorer takes 12 results files at most.",
-                                              "Explore results", Icon::exclamation, Buttons::ok});
-    services().machine.startExplorer(files);
-}
-
-// What the form in front shows; asks as the main form does where nothing is loaded.
-void frmStart::exploreLoaded() {
-    if (!RESULTS.slotLoaded[0]) return explore();
-    std::vector<std::string> files{GLOBAL.fileNames[0]};
-    if (RESULTS.slotLoaded[1]) files.push_back(GLOBAL.fileNames[1]);
-    services().machine.startExplorer(files);
-}
-
-// Results files that are dropped on the form.
-void frmStart::dragEnterEvent(QDragEnterEvent* event) {
-    if (droppedFiles(*event->mimeData(), ".SGR").empty()) return;
-    event->setDropAction(Qt::CopyAction); // whatever the key: the files stay where they are
-    event->accept();
-}
-
-void frmStart::dropEvent(QDropEvent* event) {
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    handlers().run([&] { startExplorer(droppedFiles(*event->mimeData(), ".SGR")); });
 }
 
 void frmStart::setDisplayLevel(int level) {

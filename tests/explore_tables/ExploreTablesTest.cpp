@@ -1,82 +1,13 @@
-#include "explore/tables/ExploreTables.h"
-#include "ScopeSample.h"
-#include "fakes/FakePlatform.h"
-#include "forms/FormDriver.h"
+#include "ShownTables.h"
 #include "tables/Csv.h"
 
 #include <QClipboard>
-#include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
 
 namespace korvel {
 
 namespace {
-
-ExploreState stateOf(const std::vector<ResultsFileBuilder>& files) {
-    ExploreState state;
-    const auto study = std::make_shared<Study>(studyOf(files));
-    state.study = study;
-    state.network = std::make_shared<Network>(networkOf(*study->base().file));
-    const ReachPoints& reaches = study->base().reaches();
-    state.from = reaches.number(0);
-    state.to = reaches.number(reaches.count() - 1);
-    state.series = {1};
-    return state;
-}
-
-// Two reaches: the first fails for sure in the base, the second passes; observed, with loads.
-ResultsFileBuilder sampleFile(double works = 2) {
-    ResultsFileBuilder file = riverOf({{3, 10}, {5, 4}});
-    addPoints(file, 3, {{0, 5, 4, 4.5, 6, 10, 4, "Weir"}, {6.5, 12.25, 0, 0, 0, 10, 0, "Mill"}});
-    file.set(ValueField::meanValue, 2, 8.0);
-    addPoints(file, 5,
-              {{0.5, 0.125, 4, 0.1, 0.2, 3, 0.25, "U/S Works"}, {0.5, works, 4, 1, 3.5, 3, 0, "D/S Works"}});
-    return file.set(ValueField::meanValue, 2, 8.0 + works);
-}
-
-struct Tables {
-    FakePlatform platform;
-    Handlers handlers{platform.platform().windows};
-    ExploreTables widget{handlers};
-
-    explicit Tables(const ExploreState& state) {
-        widget.resize(900, 400);
-        widget.show(state);
-        showActive(widget);
-    }
-
-    RowsView& view(const char* name) { return control<RowsView>(widget, name); }
-    void open(int tab) {
-        control<QTabWidget>(widget, "tabTables").setCurrentIndex(tab);
-        passEvents();
-    }
-    // Of the rows as they are shown.
-    std::vector<std::string> column(const char* name, int column) {
-        std::vector<std::string> texts;
-        const RowsModel& rows = view(name).rows();
-        for (int row = 0; row < rows.rowCount(); ++row)
-            texts.push_back(rows.index(row, column).data().toString().toStdString());
-        return texts;
-    }
-    void clickHeading(const char* name, int column) {
-        QHeaderView& header = *view(name).horizontalHeader();
-        const QPoint middle(header.sectionViewportPosition(column) + header.sectionSize(column) / 2,
-                            header.height() / 2);
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, middle);
-    }
-    void clickCell(const char* name, int row, int column) {
-        RowsView& table = view(name);
-        const QModelIndex index = table.rows().index(row, column);
-        table.scrollTo(index);
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualRect(index).center());
-    }
-};
-
-using Texts = std::vector<std::string>;
-enum { valuesTab, changesTab, complianceTab, fitTab, sourcesTab };
-constexpr int featureColumn = 4, bodColumn = 7;
 
 QString captionOf(const QWidget& tables, const QWidget& choice) {
     for (const QLabel* label : tables.findChildren<QLabel*>())
@@ -279,76 +210,6 @@ TEST(ExploreTables, AreMadeAnewOnlyForWhatTheyDependOn) {
     tables.open(valuesTab);
     EXPECT_EQ(tables.view("tblValues").rows().rowCount(), 2);
     EXPECT_EQ(tables.view("tblValues").rows().columnCount(), 7 + 4);
-}
-
-TEST(ExploreTables, FindSourcesOfWhatIsChosen) {
-    Tables tables(stateOf({sampleFile()}));
-    tables.open(sourcesTab);
-    auto& of = control<QComboBox>(tables.widget, "cboSourcesOf");
-    EXPECT_EQ(of.currentText(), "BOD");
-    EXPECT_EQ(tables.column("tblSources", 0), (Texts{"sewage works", "headwater", "diffuse", "loss"}));
-    control<QComboBox>(tables.widget, "cboSourcesBy").setCurrentIndex(1);
-    EXPECT_EQ(tables.view("tblSources").rows().columnCount(), 4);
-    of.setCurrentIndex(0);
-    EXPECT_TRUE(control<QLabel>(tables.widget, "lblSources").text().startsWith("Mean flow at reach 5"));
-}
-
-TEST(ExploreTables, FindSourcesAtTheCursorOnceItRests) {
-    Tables tables(stateOf({sampleFile()}));
-    tables.open(sourcesTab);
-    tables.widget.followCursor(ExplorePlace{3, 6.5, ""});
-    control<QComboBox>(tables.widget, "cboSourcesAt").setCurrentIndex(1);
-    auto& heading = control<QLabel>(tables.widget, "lblSources");
-    EXPECT_TRUE(heading.text().startsWith("Mean load of BOD at reach 3 Reach 3, 6.5 km"));
-    const QSignalSpy chosen(&tables.widget, &ExploreTables::placeChosen);
-    tables.widget.followCursor(ExplorePlace{5, 0.5, "D/S"});
-    EXPECT_TRUE(
-        waitFor([&] { return heading.text().startsWith("Mean load of BOD at reach 5 Reach 5, 0.5"); }));
-    tables.clickCell("tblSources", 0, 1); // looking at a source doesn't move the cursor
-    EXPECT_EQ(chosen.size(), 0);
-}
-
-TEST(ExploreTables, SayWhatRefusesSources) {
-    ResultsFileBuilder file = riverOf({{1, 10}});
-    file.point(1, 0, "P").setAll(0).set(ValueField::meanValue, 2, -1.0);
-    Tables tables(stateOf({file}));
-    tables.open(sourcesTab);
-    EXPECT_TRUE(tables.view("tblSources").emptyText().startsWith("a.sgr: "));
-    EXPECT_EQ(control<QLabel>(tables.widget, "lblSources").text(), "");
-}
-
-TEST(ExploreTables, ShowTheFitAsNumbersAndAsAPicture) {
-    Tables tables(stateOf({sampleFile(), sampleFile()}));
-    tables.open(fitTab);
-    auto& picture = control<ScatterPicture>(tables.widget, "picFit");
-    EXPECT_EQ(tables.view("tblFit").rows().rowCount(), 2);
-    EXPECT_EQ(picture.scatter().title, "BOD (Conc), mean, a.sgr");
-    tables.clickCell("tblFit", 1, 1);
-    EXPECT_EQ(picture.scatter().title, "BOD (Conc), mean, b.sgr");
-    control<QComboBox>(tables.widget, "cboFitBy").setCurrentIndex(2);
-    EXPECT_EQ(tables.view("tblFit").rows().rowCount(), 4);
-}
-
-TEST(ExploreTables, NameAndChooseAPointOfThePicture) {
-    Tables tables(stateOf({sampleFile()}));
-    tables.open(fitTab);
-    auto& picture = control<ScatterPicture>(tables.widget, "picFit");
-    ASSERT_EQ(picture.scatter().points.size(), 2U);
-    const DrawnPoint at = picture.scatter().points[0].at;
-    const QPoint place = QPointF(at.x / 15, at.y / 15).toPoint();
-    const QSignalSpy chosen(&tables.widget, &ExploreTables::placeChosen);
-    QTest::mouseMove(&picture, place);
-    EXPECT_TRUE(waitFor([&] { return picture.marked() == 0; }));
-    EXPECT_EQ(picture.accessibleDescription(),
-              "0 km, Weir, reach 3 Reach 3: observed 4.000, simulated 5.000");
-    QTest::mouseClick(&picture, Qt::LeftButton, {}, place);
-    ASSERT_EQ(chosen.size(), 1);
-    EXPECT_EQ(chosen[0], (QVariantList{3, 0.0, QString("")}));
-    picture.setFocus();
-    QTest::keyClick(&picture, Qt::Key_Right);
-    QTest::keyClick(&picture, Qt::Key_Return);
-    ASSERT_EQ(chosen.size(), 2);
-    EXPECT_EQ(chosen[1], (QVariantList{5, 0.5, QString("U/S")}));
 }
 
 TEST(ExploreTables, HandTheTableInFrontOverAsItIsShown) {
