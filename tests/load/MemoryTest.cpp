@@ -1,8 +1,8 @@
 // What little memory does, and how much is taken: not with the sanitizers, which map memory of their own.
-#include "SpareMemory.h"
 #include "basic/DiskNames.h"
 #include "commands/CommandFixture.h"
 #include "commands/CommandList.h"
+#include "fakes/ResourceLimits.h"
 #include "global/GLOBAL.h"
 #include "results/DataSetReading.h"
 #include "results/LoadResultsFile.h"

@@ -1,11 +1,10 @@
 #include "many/RecordFile.h"
 
 #include "basic/RunTimeError.h"
+#include "fakes/ResourceLimits.h"
 #include "platform/TemporaryFolder.h"
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace korvel {
@@ -34,24 +33,6 @@ std::string refusal(const std::string& path) {
     }
     return "";
 }
-
-// Files of this process may not grow beyond so many bytes.
-class SizeLimit {
-  public:
-    explicit SizeLimit(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~SizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    SizeLimit(const SizeLimit&) = delete;
-    SizeLimit& operator=(const SizeLimit&) = delete;
-
-  private:
-    rlimit m_before{};
-};
 
 struct Record : testing::Test {
     std::string path() const { return folder.path("p.runs.jsonl"); }

@@ -2,15 +2,14 @@
 
 #include "basic/RunTimeError.h"
 #include "basic/ScratchFile.h"
+#include "fakes/ResourceLimits.h"
 #include "tables/TableFormats.h"
 #include "tables/TableSample.h"
 #include "tables/XlsxLibrary.h"
 #include "tables/ZipParts.h"
 
 #include <array>
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace korvel {
@@ -34,25 +33,8 @@ std::map<std::string, std::uint64_t> partsOf(const std::string& bytes) {
     return zipPartSizes(file.descriptor());
 }
 
-// As long as it lives a file can't grow further than so many bytes.
-class SmallFiles {
-  public:
-    explicit SmallFiles(rlim_t most) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit small{most, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallFiles() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    SmallFiles(const SmallFiles&) = delete;
-    SmallFiles& operator=(const SmallFiles&) = delete;
-
-  private:
-    rlimit m_before{};
-};
-
 int failureWithFilesUpTo(rlim_t most, const WorkbookContent& content) {
-    const SmallFiles small(most);
+    const SizeLimit limit(most);
     try {
         workbook(content);
     } catch (const RunTimeError& error) {
